@@ -1,0 +1,31 @@
+# Compile options shared by every target of the project.
+add_library(tamberline_options INTERFACE)
+target_include_directories(tamberline_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(tamberline_options INTERFACE
+  -Wall -Wextra -Wpedantic -Werror
+  -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
+  -Woverloaded-virtual -Wcast-align -Wformat=2 -Wnull-dereference)
+# g++ 12 sees overlapping copies in plain text concatenation (its bug 105651).
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(tamberline_options INTERFACE -Wno-restrict)
+endif()
+
+if(TAMBERLINE_SANITIZE)
+  target_compile_options(tamberline_options INTERFACE
+    -fsanitize=${TAMBERLINE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tamberline_options INTERFACE -fsanitize=${TAMBERLINE_SANITIZE})
+endif()
+
+if(TAMBERLINE_COVERAGE)
+  target_compile_options(tamberline_options INTERFACE --coverage -fprofile-abs-path)
+  target_link_options(tamberline_options INTERFACE --coverage)
+endif()
+
+# tamberline_layer(<name> SOURCES ... LINKS ...): one folder under src/ as one static library.
+function(tamberline_layer name)
+  cmake_parse_arguments(LAYER "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+  add_library(tamberline_${name} STATIC ${LAYER_SOURCES})
+  target_link_libraries(tamberline_${name}
+    PUBLIC tamberline_options ${LAYER_LINKS}
+    PRIVATE ${LAYER_PRIVATE_LINKS})
+endfunction()

@@ -1,0 +1,108 @@
+#include "base/text.h"
+
+#include <charconv>
+#include <iomanip>
+#include <ios>
+#include <locale>
+#include <sstream>
+
+namespace tamberline {
+namespace {
+
+constexpr std::string_view asciiWhiteSpace = " \t\n\v\f\r";
+
+std::optional<std::int64_t> parseInteger(std::string_view text, int base) {
+  if (text.starts_with('+')) {
+    text.remove_prefix(1);
+    if (text.starts_with('-')) {
+      return std::nullopt;
+    }
+  }
+  std::int64_t value = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, value, base);
+  if (error != std::errc() || stop != end) {
+    return std::nullopt;
+  }
+  return value;
+}
+
+} // namespace
+
+bool contains(std::string_view text, std::string_view part) {
+  return text.find(part) != std::string_view::npos;
+}
+
+std::string_view trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(asciiWhiteSpace);
+  if (first == std::string_view::npos) {
+    return {};
+  }
+  return text.substr(first, text.find_last_not_of(asciiWhiteSpace) - first + 1);
+}
+
+std::vector<std::string_view> split(std::string_view text, char separator) {
+  std::vector<std::string_view> pieces;
+  std::size_t start = 0;
+  for (std::size_t end = text.find(separator); end != std::string_view::npos;
+       end = text.find(separator, start)) {
+    pieces.push_back(text.substr(start, end - start));
+    start = end + 1;
+  }
+  pieces.push_back(text.substr(start));
+  return pieces;
+}
+
+std::vector<std::string_view> splitNonEmpty(std::string_view text, char separator) {
+  std::vector<std::string_view> pieces = split(text, separator);
+  std::erase_if(pieces, [](std::string_view piece) { return piece.empty(); });
+  return pieces;
+}
+
+std::string joined(const std::vector<std::string>& pieces, std::string_view separator) {
+  std::string text;
+  for (const std::string& piece : pieces) {
+    if (&piece != &pieces.front()) {
+      text += separator;
+    }
+    text += piece;
+  }
+  return text;
+}
+
+std::string replacedAll(std::string_view text, std::string_view from, std::string_view to) {
+  std::string result;
+  std::size_t start = 0;
+  for (std::size_t hit = text.find(from); hit != std::string_view::npos;
+       hit = text.find(from, start)) {
+    result += text.substr(start, hit - start);
+    result += to;
+    start = hit + from.size();
+  }
+  result += text.substr(start);
+  return result;
+}
+
+std::optional<std::int64_t> parseDecimal(std::string_view text) {
+  return parseInteger(text, 10);
+}
+
+std::optional<std::int64_t> parseHexadecimal(std::string_view text) {
+  return parseInteger(text, 16);
+}
+
+std::string fixedText(double value, int decimals) {
+  std::ostringstream stream;
+  stream.imbue(std::locale::classic());
+  stream << std::fixed << std::setprecision(decimals) << value;
+  return stream.str();
+}
+
+std::string generalText(double value) {
+  std::ostringstream stream;
+  stream.imbue(std::locale::classic());
+  stream << value;
+  return stream.str();
+}
+
+} // namespace tamberline

@@ -1,0 +1,43 @@
+#include "base/uuid.h"
+
+#include <cstring>
+#include <random>
+#include <string_view>
+
+namespace tamberline {
+namespace {
+
+std::mt19937_64 seededGenerator() {
+  std::random_device source;
+  std::seed_seq seed = {source(), source(), source(), source(),
+                        source(), source(), source(), source()};
+  return std::mt19937_64(seed);
+}
+
+} // namespace
+
+Uuid Uuid::random() {
+  thread_local std::mt19937_64 generator = seededGenerator();
+  const std::array<std::uint64_t, 2> words = {generator(), generator()};
+  Uuid result;
+  std::memcpy(result.bytes_.data(), words.data(), result.bytes_.size());
+  result.bytes_[6] = static_cast<std::uint8_t>((result.bytes_[6] & 0x0FU) | 0x40U); // version 4
+  result.bytes_[8] = static_cast<std::uint8_t>((result.bytes_[8] & 0x3FU) | 0x80U); // its variant
+  return result;
+}
+
+std::string Uuid::text() const {
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string text;
+  text.reserve(36);
+  for (std::size_t index = 0; index < bytes_.size(); ++index) {
+    if (index == 4 || index == 6 || index == 8 || index == 10) {
+      text += '-';
+    }
+    text += digits[bytes_[index] >> 4U];
+    text += digits[bytes_[index] & 0x0FU];
+  }
+  return text;
+}
+
+} // namespace tamberline

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace tamberline {
+
+/// A random (version 4) UUID: the identity of one record of one scan, never stable across scans.
+/// Drawn from a generator of the calling thread that the system's random source seeds once: a scan
+/// draws several for each device, and nothing secret hangs on them.
+class Uuid {
+public:
+  static Uuid random();
+
+  /// Thirty-six characters, lower case.
+  std::string text() const;
+
+  friend bool operator==(const Uuid&, const Uuid&) = default;
+  friend bool operator<(const Uuid& left, const Uuid& right) { return left.bytes_ < right.bytes_; }
+
+private:
+  std::array<std::uint8_t, 16> bytes_{};
+};
+
+} // namespace tamberline
