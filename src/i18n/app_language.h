@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tamberline {
+
+/// One of the languages that every text is offered in.
+class AppLanguage {
+public:
+  enum Case : std::uint8_t { en, de, fr, it, es };
+  static constexpr int count = 5;
+
+  explicit(false) constexpr AppLanguage(Case language) : case_(language) {}
+  explicit(false) constexpr operator Case() const { return case_; }
+
+  /// The language of this run. `main` chooses it once, before the first text is read; main thread
+  /// only. English until then.
+  static AppLanguage current();
+  static void choose(AppLanguage language);
+
+  /// Only the first entry counts (such as "de-CH" or "pt_BR.UTF-8"): who prefers a language that
+  /// is not offered gets English, whatever stands second.
+  static AppLanguage forPreferredLanguages(const std::vector<std::string>& preferredLanguages);
+
+  /// Absent unless the code is exactly one of "en", "de", "fr", "it", "es".
+  static std::optional<AppLanguage> forCode(std::string_view code);
+
+  std::string_view code() const;
+
+private:
+  Case case_;
+};
+
+} // namespace tamberline

@@ -1,0 +1,119 @@
+#include "i18n/loc.h"
+
+#include "i18n/app_language.h"
+
+#include <array>
+
+namespace tamberline::Loc {
+namespace {
+
+using Translations = std::array<std::string_view, AppLanguage::count>;
+
+std::string_view inCurrentLanguage(const Translations& translations) {
+  return translations[AppLanguage::current()];
+}
+
+std::string withPrefix(const Translations& prefixes, std::string_view argument) {
+  return std::string(inCurrentLanguage(prefixes)).append(argument);
+}
+
+std::string withSuffix(std::string_view argument, const Translations& suffixes) {
+  return std::string(argument).append(inCurrentLanguage(suffixes));
+}
+
+std::string between(const Translations& prefixes, std::string_view argument,
+                    const Translations& suffixes) {
+  return withPrefix(prefixes, argument).append(inCurrentLanguage(suffixes));
+}
+
+constexpr Translations everywhere(std::string_view text) {
+  return {text, text, text, text, text};
+}
+
+} // namespace
+
+#define TAMBERLINE_TEXT(key, en, de, fr, it, es)                                                   \
+  std::string_view key() {                                                                         \
+    static constexpr Translations translations = {en, de, fr, it, es};                             \
+    return inCurrentLanguage(translations);                                                        \
+  }
+#include "i18n/fixed_texts.def"
+#undef TAMBERLINE_TEXT
+
+const std::vector<FixedText>& fixedTexts() {
+  static const std::vector<FixedText> texts = {
+#define TAMBERLINE_TEXT(key, en, de, fr, it, es) {#key, &(key)},
+#include "i18n/fixed_texts.def"
+#undef TAMBERLINE_TEXT
+  };
+  return texts;
+}
+
+std::string updated(std::string_view when) {
+  return withPrefix({"Updated ", "Aktualisiert ", "Mis à jour ", "Aggiornato ", "Actualizado "},
+                    when);
+}
+
+std::string items(std::int64_t count) {
+  if (count == 1) {
+    return std::string(
+        inCurrentLanguage({"1 item", "1 Gerät", "1 élément", "1 elemento", "1 elemento"}));
+  }
+  return withSuffix(std::to_string(count),
+                    {" items", " Geräte", " éléments", " elementi", " elementos"});
+}
+
+std::string hubTotalRatedDraw(std::string_view watts) {
+  return withSuffix(watts,
+                    {" hub total (rated draw)", " Hub gesamt (nominal)", " total hub (nominal)",
+                     " totale hub (nominale)", " total hub (nominal)"});
+}
+
+std::string chargingAtW(std::int64_t watts) {
+  return between({"Charging at ", "Lädt mit ", "Charge à ", "In carica a ", "Cargando a "},
+                 std::to_string(watts), everywhere(" W"));
+}
+
+std::string poweringSystemW(std::int64_t watts) {
+  return between({"Powering system · ", "Versorgt System · ", "Alimente le système · ",
+                  "Alimenta il sistema · ", "Alimentando el sistema · "},
+                 std::to_string(watts),
+                 {" W (battery full)", " W (Akku voll)", " W (batterie pleine)",
+                  " W (batteria carica)", " W (batería llena)"});
+}
+
+std::string speedNote(std::string_view portMaximum) {
+  return between({"Port supports up to ", "Port unterstützt bis zu ",
+                  "Le port prend en charge jusqu’à ", "La porta supporta fino a ",
+                  "El puerto admite hasta "},
+                 portMaximum,
+                 {" — device or cable is the bottleneck", " — Gerät oder Kabel ist der Engpass",
+                  " — l’appareil ou le câble est le goulot d’étranglement",
+                  " — il collo di bottiglia è il dispositivo o il cavo",
+                  " — el cuello de botella es el dispositivo o el cable"});
+}
+
+std::string thunderboltPort(std::int64_t number) {
+  return withPrefix({"Thunderbolt Port ", "Thunderbolt-Port ", "Port Thunderbolt ",
+                     "Porta Thunderbolt ", "Puerto Thunderbolt "},
+                    std::to_string(number));
+}
+
+std::string hdmiPort(std::string_view number) {
+  constexpr Translations bare = {"HDMI Port", "HDMI-Port", "Port HDMI", "Porta HDMI",
+                                 "Puerto HDMI"};
+  if (number.empty()) {
+    return std::string(inCurrentLanguage(bare));
+  }
+  return withPrefix(bare, " ").append(number);
+}
+
+std::string hintPortCapacity(std::int64_t milliamperes) {
+  return between(
+      {"Port power capacity: ", "Port-Leistungskapazität: ", "Capacité d’alimentation du port : ",
+       "Capacità di alimentazione della porta: ", "Capacidad de potencia del puerto: "},
+      std::to_string(milliamperes),
+      {" mA at 5 V", " mA bei 5 V", " mA à 5 V", " mA a 5 V", " mA a 5 V"});
+}
+
+} // namespace tamberline::Loc

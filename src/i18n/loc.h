@@ -1,0 +1,34 @@
+// The language table: every text a person reads, in the language of this run
+// (AppLanguage::current). Texts without an argument stand in fixed_texts.def, the others in
+// loc.cpp. Arguments go in unchanged; integers are written in plain decimal.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tamberline::Loc {
+
+#define TAMBERLINE_TEXT(key, en, de, fr, it, es) std::string_view key();
+#include "i18n/fixed_texts.def"
+#undef TAMBERLINE_TEXT
+
+std::string updated(std::string_view when);
+std::string items(std::int64_t count);
+std::string hubTotalRatedDraw(std::string_view watts);
+std::string chargingAtW(std::int64_t watts);
+std::string poweringSystemW(std::int64_t watts);
+std::string speedNote(std::string_view portMaximum);
+std::string thunderboltPort(std::int64_t number);
+std::string hdmiPort(std::string_view number);
+std::string hintPortCapacity(std::int64_t milliamperes);
+
+/// The names of all texts without an argument, for checks that no language was forgotten.
+struct FixedText {
+  std::string_view key;
+  std::string_view (*text)();
+};
+const std::vector<FixedText>& fixedTexts();
+
+} // namespace tamberline::Loc
