@@ -1,0 +1,26 @@
+#include "model/container_ids.h"
+
+#include <limits>
+
+namespace tamberline {
+namespace {
+
+std::int64_t unsignedLocation(std::int64_t locationID) {
+  constexpr std::int64_t twoToThe32nd = std::int64_t{1} << 32U;
+  const bool isWrittenSigned =
+      locationID < 0 && locationID >= std::numeric_limits<std::int32_t>::min();
+  return isWrittenSigned ? locationID + twoToThe32nd : locationID;
+}
+
+} // namespace
+
+void ContainerIDs::add(std::int64_t locationID, const std::string& containerID) {
+  identifiers_.try_emplace(unsignedLocation(locationID), containerID);
+}
+
+std::optional<std::string> ContainerIDs::find(std::int64_t locationID) const {
+  const auto found = identifiers_.find(unsignedLocation(locationID));
+  return found == identifiers_.end() ? std::nullopt : std::optional(found->second);
+}
+
+} // namespace tamberline

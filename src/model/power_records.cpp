@@ -1,0 +1,33 @@
+#include "model/power_records.h"
+
+#include "model/usb_records.h"
+
+namespace tamberline {
+
+bool HPMPort::suppliesPowerOnly() const {
+  return !isMagSafe && connectionActive && !hasData && !hasVideo;
+}
+
+bool HPMPort::isCharger() const {
+  return (isMagSafe && connectionActive) || (suppliesPowerOnly() && accessoryID == -1);
+}
+
+bool HPMPort::isChargeOnlyDevice() const {
+  return suppliesPowerOnly() && accessoryID != -1;
+}
+
+std::optional<std::string> HPMPort::cableLabel() const {
+  if (opticalCable) {
+    return "optical cable";
+  }
+  if (activeCable) {
+    return "active cable";
+  }
+  return std::nullopt;
+}
+
+std::string HPMPort::label() const {
+  return friendlyPortName((isMagSafe ? "MagSafe 3@" : "USB-C@") + std::to_string(portNumber));
+}
+
+} // namespace tamberline

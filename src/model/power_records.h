@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tamberline {
+
+/// The power adapter as the power report knows it. Texts are empty when the report has none.
+struct ChargerInfo {
+  std::string name = {};
+  std::string manufacturer = {};
+  /// From the adapter's name; absent when the name holds no wattage.
+  std::optional<std::int64_t> ratedWatts = {};
+  /// What the adapter reports delivering now; absent when it reports nothing.
+  std::optional<std::int64_t> currentWatts = {};
+  std::string hardwareVersion = {};
+  std::string firmwareVersion = {};
+  bool isConnected = false;
+  bool isCharging = false;
+  /// Set together with `portLabel` by the port tree, which knows the adapter's port.
+  bool connectsViaUSBC = false;
+  std::optional<std::string> portLabel = {};
+
+  friend bool operator==(const ChargerInfo&, const ChargerInfo&) = default;
+};
+
+/// The battery as the power report knows it.
+struct BatteryInfo {
+  std::int64_t stateOfCharge = 0; // percent
+  bool isFullyCharged = false;
+  bool isCharging = false;
+  std::string health = {};
+  /// The report's wording, such as "91%".
+  std::string maxCapacityPercent = {};
+  std::int64_t cycleCount = 0;
+
+  friend bool operator==(const BatteryInfo&, const BatteryInfo&) = default;
+};
+
+/// One USB-C or MagSafe port as its port controller sees it.
+struct HPMPort {
+  std::int64_t portNumber = 0; // 1-based
+  bool isMagSafe = false;
+  bool connectionActive = false;
+  bool hasData = false;
+  bool hasVideo = false;
+  bool activeCable = false;
+  bool opticalCable = false;
+  /// -1 when the controller reports none, which is what tells a power adapter from a device that
+  /// only draws power.
+  std::int64_t accessoryID = -1;
+
+  bool isCharger() const;
+  bool isChargeOnlyDevice() const;
+  /// Absent for a passive cable or none.
+  std::optional<std::string> cableLabel() const;
+  std::string label() const;
+
+  friend bool operator==(const HPMPort&, const HPMPort&) = default;
+
+private:
+  bool suppliesPowerOnly() const;
+};
+
+/// One port as the battery controller sees it.
+struct FedPortState {
+  std::int64_t index = 0; // 0-based
+  bool isConnected = false;
+  bool isDualRole = false;
+  std::int64_t vendorID = 0;
+  std::int64_t productID = 0;
+  std::int64_t powerRole = 1;
+
+  friend bool operator==(const FedPortState&, const FedPortState&) = default;
+};
+
+/// The live power that one port delivers.
+struct PortPowerOut {
+  double usedWatts = 0;
+  double allocatedWatts = 0;
+  double volts = 0;
+  double amps = 0;
+
+  friend bool operator==(const PortPowerOut&, const PortPowerOut&) = default;
+};
+
+} // namespace tamberline
