@@ -1,0 +1,170 @@
+#include "reports/container_hubs.h"
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+using Devices = std::vector<const USBDevice*>;
+
+/// The devices of one container identifier, in bus order and then depth-first.
+struct Group {
+  Devices instances;
+  const USBDevice* keeper = nullptr;
+};
+
+Devices pointersTo(const SharedList<USBDevice>& devices) {
+  Devices pointers;
+  std::transform(devices.begin(), devices.end(), std::back_inserter(pointers),
+                 [](const USBDevice& device) { return &device; });
+  return pointers;
+}
+
+const USBDevice* fastest(const Devices& instances) {
+  return *std::max_element(instances.begin(), instances.end(),
+                           [](const USBDevice* left, const USBDevice* right) {
+                             return left->speedGbps() < right->speedGbps();
+                           });
+}
+
+/// The groups of a report that merge, and where each device stands.
+class Merge {
+public:
+  explicit Merge(const std::vector<USBBus>& buses) {
+    for (const USBBus& bus : buses) {
+      collect(bus.devices, nullptr);
+    }
+    for (auto& [identifier, group] : groups_) {
+      group.keeper = fastest(group.instances);
+      if (group.instances.size() >= 2) {
+        setMerged(group, true);
+      }
+    }
+    for (std::set<const Group*> looping = groupsInLoops(); !looping.empty();
+         looping = groupsInLoops()) {
+      for (const Group* group : looping) {
+        setMerged(*group, false);
+      }
+    }
+  }
+
+  bool changesNothing() const { return mergedGroupOf_.empty(); }
+
+  std::vector<USBDevice> rebuild(const Devices& devices) const {
+    std::vector<USBDevice> rebuilt;
+    for (const USBDevice* device : devices) {
+      const Group* group = mergedGroupOf(device);
+      if (group == nullptr) {
+        rebuilt.push_back(device->children.empty()
+                              ? *device
+                              : device->replacingChildren(rebuild(pointersTo(device->children))));
+      } else if (group->keeper == device) {
+        rebuilt.push_back(device->replacingChildren(rebuild(childrenOfAll(group->instances))));
+      }
+    }
+    return rebuilt;
+  }
+
+private:
+  void collect(const SharedList<USBDevice>& devices, const USBDevice* parent) {
+    for (const USBDevice& device : devices) {
+      parentOf_[&device] = parent;
+      if (device.containerID && !device.containerID->empty()) {
+        groups_[*device.containerID].instances.push_back(&device);
+      }
+      collect(device.children, &device);
+    }
+  }
+
+  void setMerged(const Group& group, bool isMerged) {
+    for (const USBDevice* instance : group.instances) {
+      if (isMerged) {
+        mergedGroupOf_[instance] = &group;
+      } else {
+        mergedGroupOf_.erase(instance);
+      }
+    }
+  }
+
+  const Group* mergedGroupOf(const USBDevice* device) const {
+    const auto found = mergedGroupOf_.find(device);
+    return found == mergedGroupOf_.end() ? nullptr : found->second;
+  }
+
+  /// The group of an instance that goes, because its children move to the keeper.
+  const Group* groupThatDrops(const USBDevice* device) const {
+    const Group* group = mergedGroupOf(device);
+    return group == nullptr || group->keeper == device ? nullptr : group;
+  }
+
+  /// Groups that would end up below themselves: whoever goes up from the keeper, from each dropped
+  /// instance on to its keeper, comes back to where they were. What hangs there would be lost.
+  std::set<const Group*> groupsInLoops() const {
+    std::set<const Group*> looping;
+    for (const auto& [device, group] : mergedGroupOf_) {
+      if (group->keeper == device) {
+        const std::set<const Group*> found = groupsInLoopAbove(device);
+        looping.insert(found.begin(), found.end());
+      }
+    }
+    return looping;
+  }
+
+  std::set<const Group*> groupsInLoopAbove(const USBDevice* device) const {
+    Devices path;
+    std::set<const USBDevice*> visited;
+    while (device != nullptr && visited.insert(device).second) {
+      path.push_back(device);
+      const Group* dropping = groupThatDrops(device);
+      device = dropping == nullptr ? parentOf_.at(device) : dropping->keeper;
+    }
+    std::set<const Group*> groups;
+    const auto loopStart = std::find(path.begin(), path.end(), device);
+    for (auto step = loopStart; step != path.end(); ++step) {
+      if (const Group* dropping = groupThatDrops(*step)) {
+        groups.insert(dropping);
+      }
+    }
+    return groups;
+  }
+
+  static Devices childrenOfAll(const Devices& instances) {
+    Devices children;
+    for (const USBDevice* instance : instances) {
+      const Devices own = pointersTo(instance->children);
+      children.insert(children.end(), own.begin(), own.end());
+    }
+    return children;
+  }
+
+  std::unordered_map<const USBDevice*, const USBDevice*> parentOf_;
+  std::map<std::string, Group> groups_;
+  std::unordered_map<const USBDevice*, const Group*> mergedGroupOf_;
+};
+
+} // namespace
+
+std::vector<USBBus> mergeContainerHubs(const std::vector<USBBus>& buses) {
+  const Merge merge(buses);
+  if (merge.changesNothing()) {
+    return buses;
+  }
+  std::vector<USBBus> merged;
+  for (const USBBus& bus : buses) {
+    USBBus rebuilt = bus;
+    rebuilt.devices = merge.rebuild(pointersTo(bus.devices));
+    const bool becameEmpty = rebuilt.devices.empty() && !bus.devices.empty();
+    if (!becameEmpty || bus.isInternalTBController()) {
+      merged.push_back(std::move(rebuilt));
+    }
+  }
+  return merged;
+}
+
+} // namespace tamberline

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "model/thunderbolt_records.h"
+
+#include <nlohmann/json_fwd.hpp>
+
+#include <string_view>
+#include <vector>
+
+namespace tamberline {
+
+/// The host ports of the Thunderbolt section, in report order.
+std::vector<ThunderboltBus> parseThunderbolt(const nlohmann::json& report);
+
+/// One level of devices and what is behind them; an entry without a name goes with its subtree.
+std::vector<ThunderboltDevice> parseThunderboltDevices(const nlohmann::json& items);
+
+/// The receptacle object under `key`; an empty object when absent.
+const nlohmann::json& receptacleTag(const nlohmann::json& entry, std::string_view key);
+
+} // namespace tamberline

@@ -1,0 +1,87 @@
+#include "reports/usb_report.h"
+
+#include "base/text.h"
+#include "reports/json_values.h"
+
+#include <nlohmann/json.hpp>
+
+namespace tamberline {
+namespace {
+
+using nlohmann::json;
+
+void appendMountedVolumes(const json& medium, std::vector<USBVolume>& volumes) {
+  for (const json& volume : objectsMember(medium, "volumes")) {
+    std::string mountPoint = textMember(volume, "mount_point", "");
+    if (!mountPoint.empty()) {
+      volumes.push_back({textMember(volume, "_name", ""), std::move(mountPoint)});
+    }
+  }
+}
+
+std::vector<USBVolume> mountedVolumes(const json& item) {
+  std::vector<USBVolume> volumes;
+  for (const json& medium : objectsMember(item, "Media")) {
+    appendMountedVolumes(medium, volumes);
+  }
+  return volumes;
+}
+
+/// The port stands in bits 24 to 31 of a location.
+std::int64_t physicalPortOf(std::int64_t locationID) {
+  return static_cast<std::int64_t>((static_cast<std::uint64_t>(locationID) >> 24U) & 0xFFU);
+}
+
+USBDevice parseDevice(const json& item, std::string name, const ContainerIDs& containerIDs) {
+  USBDevice device{
+      .name = std::move(name),
+      .vendorID = textMember(item, "vendor_id", ""),
+      .productID = textMember(item, "product_id", ""),
+      .speed = textMember(item, "device_speed", ""),
+      .manufacturer = textMember(item, "manufacturer", ""),
+      .serialNumber = textMember(item, "serial_num"),
+      .busPower = integerTextMember(item, "bus_power"),
+      .busPowerUsed = integerTextMember(item, "bus_power_used"),
+      .volumes = mountedVolumes(item),
+      .children = parseUSBDevices(objectsMember(item, "_items"), containerIDs),
+  };
+  if (const auto locationID = parseLocationID(textMember(item, "location_id", ""))) {
+    device.physicalPort = physicalPortOf(*locationID);
+    device.containerID = containerIDs.find(*locationID);
+  }
+  return device;
+}
+
+} // namespace
+
+std::vector<USBBus> parseUSB(const json& report, const ContainerIDs& containerIDs) {
+  std::vector<USBBus> buses;
+  for (const json& entry : objectsMember(report, "SPUSBDataType")) {
+    buses.push_back(USBBus{
+        .rawName = textMember(entry, "_name", "USBBus"),
+        .hostController = textMember(entry, "host_controller", ""),
+        .devices = parseUSBDevices(objectsMember(entry, "_items"), containerIDs),
+    });
+  }
+  return buses;
+}
+
+std::vector<USBDevice> parseUSBDevices(const json& items, const ContainerIDs& containerIDs) {
+  std::vector<USBDevice> devices;
+  for (const json& item : items) {
+    if (std::optional<std::string> name = textMember(item, "_name")) {
+      devices.push_back(parseDevice(item, std::move(*name), containerIDs));
+    }
+  }
+  return devices;
+}
+
+std::optional<std::int64_t> parseLocationID(std::string_view text) {
+  std::string_view digits = trimmed(split(trimmed(text), '/').front());
+  if (digits.starts_with("0x")) {
+    digits.remove_prefix(2);
+  }
+  return parseHexadecimal(digits);
+}
+
+} // namespace tamberline

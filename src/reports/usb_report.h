@@ -1,0 +1,26 @@
+#pragma once
+
+#include "model/container_ids.h"
+#include "model/usb_records.h"
+
+#include <nlohmann/json_fwd.hpp>
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace tamberline {
+
+/// The buses of the USB section, in report order; `containerIDs` comes from the registry of the
+/// same scan.
+std::vector<USBBus> parseUSB(const nlohmann::json& report, const ContainerIDs& containerIDs);
+
+/// One level of devices and what is behind them; an entry without a name goes with its subtree.
+std::vector<USBDevice> parseUSBDevices(const nlohmann::json& items,
+                                       const ContainerIDs& containerIDs);
+
+/// The location of a text such as "0x01100000 / 1"; absent when it holds none.
+std::optional<std::int64_t> parseLocationID(std::string_view text);
+
+} // namespace tamberline
