@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pugi {
+struct xml_node_struct;
+} // namespace pugi
+
+namespace tamberline {
+
+/// One value of a property list: a view that is valid as long as its PropertyList. Asked for
+/// another type than it has, a value gives nothing; nothing throws.
+class PropertyListValue {
+public:
+  /// A value of no type, which answers every question with nothing.
+  PropertyListValue() = default;
+  explicit PropertyListValue(pugi::xml_node_struct* element) : element_(element) {}
+
+  bool isDictionary() const;
+  bool isArray() const;
+
+  /// The value under `key` of a dictionary; of equal keys the last one counts.
+  PropertyListValue member(std::string_view key) const;
+  /// The elements of an array, in order.
+  std::vector<PropertyListValue> elements() const;
+
+  std::optional<std::string> text() const;
+  /// Absent beyond 64 signed bits; neither a boolean nor a real number is an integer.
+  std::optional<std::int64_t> integer() const;
+  std::optional<bool> boolean() const;
+  std::optional<std::vector<unsigned char>> data() const;
+
+private:
+  pugi::xml_node_struct* element_ = nullptr;
+};
+
+/// A decoded XML property list. Movable; owns everything its values refer to.
+class PropertyList {
+public:
+  /// Absent when the bytes are no well-formed XML property list in UTF-8, or nest deeper than
+  /// `deepestNesting`: the walks recurse, and no real registry comes near.
+  static std::optional<PropertyList> decode(std::string bytes);
+
+  static constexpr int deepestNesting = 512;
+
+  PropertyList(PropertyList&& other) noexcept;
+  PropertyList& operator=(PropertyList&& other) noexcept;
+  PropertyList(const PropertyList&) = delete;
+  PropertyList& operator=(const PropertyList&) = delete;
+  ~PropertyList();
+
+  PropertyListValue root() const;
+
+private:
+  struct Document;
+  explicit PropertyList(std::unique_ptr<Document> document);
+
+  std::unique_ptr<Document> document_;
+};
+
+} // namespace tamberline

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string_view>
+
+namespace tamberline {
+
+/// Whether every "&" of an XML text, outside of comments and character sections, starts one of the
+/// five predefined entities or a reference to a character that XML allows.
+bool hasOnlyKnownReferences(std::string_view xml);
+
+} // namespace tamberline
