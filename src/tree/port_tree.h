@@ -1,0 +1,42 @@
+#pragma once
+
+#include "model/power_records.h"
+#include "model/thunderbolt_records.h"
+#include "model/usb_records.h"
+#include "tree/tree_node.h"
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace tamberline {
+
+/// What one scan found, as far as the port tree needs it.
+struct PortTreeInputs {
+  std::vector<ThunderboltBus> thunderboltBuses = {};
+  std::vector<USBBus> usbBuses = {};
+  std::optional<ChargerInfo> charger = {};
+  std::vector<HPMPort> hpmPorts = {};
+  /// mA by 1-based port number.
+  std::map<std::int64_t, std::int64_t> portCurrentLimitMa = {};
+};
+
+/// The tree of physical ports: a MagSafe adapter first, then the ports in ascending order, then the
+/// add-on buses that no dock claimed. Identifiers are still random. A device on the computer's own
+/// controllers whose port has no Thunderbolt bus appears nowhere, and so does an adapter without a
+/// port.
+std::vector<TreeNode> buildPortTree(const PortTreeInputs& inputs);
+
+/// One node per device; hubs hand both ceilings down unchanged.
+std::vector<TreeNode> usbDeviceNodes(const SharedList<USBDevice>& devices, double maxGbps,
+                                     std::int64_t maxMa);
+
+/// One node per device; a device named like a dock takes every add-on bus that no device behind it
+/// took, and notes it in `usedBusIDs`.
+std::vector<TreeNode> buildTBDeviceNodes(const SharedList<ThunderboltDevice>& devices,
+                                         const std::vector<USBBus>& externalUSBBuses,
+                                         std::set<Uuid>& usedBusIDs);
+
+} // namespace tamberline

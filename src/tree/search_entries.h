@@ -1,0 +1,28 @@
+#pragma once
+
+#include "tree/tree_node.h"
+
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// What the search field finds: a node by its name or maker.
+struct SearchEntry {
+  std::string id;
+  std::string name;
+  std::string detail;
+  /// The names of the containing nodes, joined with " › ".
+  std::string breadcrumb;
+
+  friend bool operator==(const SearchEntry&, const SearchEntry&) = default;
+};
+
+/// The devices and adapters of the tree, in tree order; `trail` names what contains `nodes`.
+std::vector<SearchEntry> flattenSearchable(const std::vector<TreeNode>& nodes,
+                                           const std::vector<std::string>& trail = {});
+
+/// The name a person knows a device by: the report calls every unnamed hub "hub_device".
+std::string shownName(const USBDevice& device);
+
+} // namespace tamberline
