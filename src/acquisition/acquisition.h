@@ -1,0 +1,17 @@
+#pragma once
+
+#include "acquisition/main_queue.h"
+#include "acquisition/tool_runner.h"
+
+#include <memory>
+
+namespace tamberline {
+
+/// What every acquisition needs of the outside world. Background tasks may outlive the caller, so
+/// both are shared.
+struct Acquisition {
+  std::shared_ptr<ToolRunner> tools;
+  std::shared_ptr<MainQueue> queue;
+};
+
+} // namespace tamberline

@@ -1,0 +1,35 @@
+// The registry probes: each runs the registry tool in the background and reads its dump on the main
+// thread. They never fail; a missing tool and any unexpected output give an empty result. Main
+// thread only.
+#pragma once
+
+#include "acquisition/acquisition.h"
+#include "model/container_ids.h"
+#include "model/power_records.h"
+#include "registry/battery_controller_ports.h"
+
+#include <QCoro/QCoroTask>
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// The arguments that the registry tool gets for each probe.
+namespace registryArguments {
+extern const std::vector<std::string> portControllers;
+extern const std::vector<std::string> portPower;
+extern const std::vector<std::string> deviceTree;
+extern const std::vector<std::string> usbHostDevices;
+extern const std::vector<std::string> powerSource;
+} // namespace registryArguments
+
+QCoro::Task<std::vector<HPMPort>> fetchHPMPorts(Acquisition acquisition);
+QCoro::Task<std::map<std::int64_t, PortPowerOut>> fetchPortPowerOut(Acquisition acquisition);
+QCoro::Task<std::map<std::int64_t, std::int64_t>> fetchPortCurrentLimits(Acquisition acquisition);
+QCoro::Task<ContainerIDs> fetchContainerIDs(Acquisition acquisition);
+QCoro::Task<FedDetails> fetchFedDetails(Acquisition acquisition);
+
+} // namespace tamberline

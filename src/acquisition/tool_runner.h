@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+struct ToolOutput {
+  /// Whatever the tool wrote before it ended, as bytes; empty when it could not be started.
+  std::string standardOutput;
+  /// Absent when the tool could not be started or was ended by a signal.
+  std::optional<int> exitStatus;
+};
+
+/// Runs one of the system's tools to its end. Blocking, and called on background tasks, several at
+/// once. Failure is a value: nothing is thrown. There is no time limit.
+class ToolRunner {
+public:
+  ToolRunner() = default;
+  ToolRunner(const ToolRunner&) = delete;
+  ToolRunner& operator=(const ToolRunner&) = delete;
+  virtual ~ToolRunner() = default;
+
+  virtual ToolOutput run(const std::string& executable,
+                         const std::vector<std::string>& arguments) = 0;
+};
+
+} // namespace tamberline

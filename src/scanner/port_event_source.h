@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+
+namespace tamberline {
+
+/// What the system tells: something was attached or removed; the power source may have changed.
+struct PortEvents {
+  std::function<void()> registryChanged;
+  std::function<void()> powerChanged;
+};
+
+/// Where the events come from. Main thread only; events arrive between `start` and `stop`, and not
+/// for what was attached before.
+class PortEventSource {
+public:
+  PortEventSource() = default;
+  PortEventSource(const PortEventSource&) = delete;
+  PortEventSource& operator=(const PortEventSource&) = delete;
+  virtual ~PortEventSource() = default;
+
+  virtual void start(PortEvents events) = 0;
+
+  /// Harmless without `start` and a second time.
+  virtual void stop() = 0;
+
+  virtual bool isOnExternalPower() const = 0;
+};
+
+} // namespace tamberline

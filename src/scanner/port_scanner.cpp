@@ -1,0 +1,151 @@
+#include "scanner/port_scanner.h"
+
+#include "acquisition/awaitables.h"
+#include "acquisition/fetch_json.h"
+#include "acquisition/registry_probes.h"
+#include "reports/container_hubs.h"
+#include "reports/power_report.h"
+#include "reports/thunderbolt_report.h"
+#include "reports/usb_report.h"
+#include "tree/node_identifiers.h"
+
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+constexpr std::chrono::milliseconds lagOfSomeReports{2000};
+
+/// What the four tools of a scan's first step gave.
+struct FirstResults {
+  FetchedReport thunderbolt;
+  FetchedReport usb;
+  FetchedReport power;
+  ContainerIDs containerIDs;
+  /// The first failure, in this order; everything else is worthless then.
+  std::optional<ReportError> error;
+};
+
+QCoro::Task<FirstResults> fetchFirstResults(Acquisition acquisition) {
+  const auto cancelRequest = std::make_shared<CancelRequest>();
+  auto thunderbolt = fetchJSON(acquisition, "SPThunderboltDataType", cancelRequest);
+  auto usb = fetchJSON(acquisition, "SPUSBDataType", cancelRequest);
+  auto power = fetchJSON(acquisition, "SPPowerDataType", cancelRequest);
+  auto containerIDs = fetchContainerIDs(acquisition);
+
+  FirstResults results;
+  results.thunderbolt = co_await thunderbolt;
+  cancelRequest->isCancelled = results.thunderbolt.error.has_value();
+  results.usb = co_await usb;
+  cancelRequest->isCancelled = cancelRequest->isCancelled || results.usb.error.has_value();
+  results.power = co_await power;
+  results.containerIDs = co_await containerIDs;
+  for (const FetchedReport* report : {&results.thunderbolt, &results.usb, &results.power}) {
+    if (!results.error) {
+      results.error = report->error;
+    }
+  }
+  co_return results;
+}
+
+/// Some reports lag behind the event that told of a change, so a second scan follows the first.
+QCoro::Task<> scanTwice(std::weak_ptr<PortScanner> weakScanner, std::shared_ptr<MainQueue> queue) {
+  if (const std::shared_ptr<PortScanner> scanner = weakScanner.lock()) {
+    auto scan = scanner->scan();
+    co_await scan;
+  }
+  Delay lag(std::move(queue), lagOfSomeReports);
+  co_await lag;
+  if (const std::shared_ptr<PortScanner> scanner = weakScanner.lock()) {
+    auto scan = scanner->scan();
+    co_await scan;
+  }
+}
+
+} // namespace
+
+PortScanner::PortScanner(ScannerOutside outside) : outside_(std::move(outside)) {}
+
+std::shared_ptr<PortScanner> PortScanner::create(ScannerOutside outside) {
+  return std::shared_ptr<PortScanner>(new PortScanner(std::move(outside)));
+}
+
+QCoro::Task<> PortScanner::scan() {
+  return runScan(shared_from_this());
+}
+
+QCoro::Task<> PortScanner::runScan(std::shared_ptr<PortScanner> self) {
+  HopToMainThread hop(self->outside_.acquisition.queue);
+  co_await hop;
+  if (self->isScanning.get()) {
+    co_return;
+  }
+  self->isScanning.set(true);
+  const bool wasNothingShown = self->portTree.get().empty();
+  auto gathering = gather(self);
+  const std::optional<std::string> failure = co_await gathering;
+  if (failure && wasNothingShown) {
+    self->errorMessage.set(failure);
+  }
+  self->isScanning.set(false);
+  self->startMonitor();
+}
+
+/// Publishes each result as soon as it is there; the failure's text when a report is missing.
+QCoro::Task<std::optional<std::string>> PortScanner::gather(std::shared_ptr<PortScanner> self) {
+  const Acquisition acquisition = self->outside_.acquisition;
+  auto firstStep = fetchFirstResults(acquisition);
+  FirstResults results = co_await firstStep;
+  if (results.error) {
+    co_return results.error->description;
+  }
+  self->thunderboltBuses.set(parseThunderbolt(results.thunderbolt.content));
+  self->usbBuses.set(mergeContainerHubs(parseUSB(results.usb.content, results.containerIDs)));
+  self->publishPower(parsePower(results.power.content));
+  auto fedStep = fetchFedDetails(acquisition);
+  FedDetails fedDetails = co_await fedStep;
+  self->fedPortStates.set(std::move(fedDetails.ports));
+  self->bestAdapterIndex.set(fedDetails.bestAdapterIndex);
+  auto controllerStep = fetchHPMPorts(acquisition);
+  self->hpmPorts.set(co_await controllerStep);
+  auto powerStep = fetchPortPowerOut(acquisition);
+  self->portPowerOut.set(co_await powerStep);
+  if (self->portCurrentLimitMa.get().empty()) {
+    auto limitStep = fetchPortCurrentLimits(acquisition);
+    self->portCurrentLimitMa.set(co_await limitStep);
+  }
+  self->publishTree();
+  co_return std::nullopt;
+}
+
+void PortScanner::publishPower(PowerReading reading) {
+  if (reading.battery) {
+    battery.set(std::move(reading.battery));
+  }
+  if (reading.charger) {
+    charger.set(std::move(reading.charger));
+  }
+}
+
+void PortScanner::publishTree() {
+  portTree.set(assignStableIDs(buildPortTree({.thunderboltBuses = thunderboltBuses.get(),
+                                              .usbBuses = usbBuses.get(),
+                                              .charger = charger.get(),
+                                              .hpmPorts = hpmPorts.get(),
+                                              .portCurrentLimitMa = portCurrentLimitMa.get()}),
+                               ""));
+  lastScanned.set(outside_.now());
+  errorMessage.set(std::nullopt);
+}
+
+void PortScanner::startMonitor() {
+  if (monitor_ != nullptr) {
+    return;
+  }
+  const std::shared_ptr<MainQueue> queue = outside_.acquisition.queue;
+  monitor_ = std::make_unique<PortMonitor>(
+      [weakSelf = weak_from_this(), queue] { scanTwice(weakSelf, queue); }, outside_.events, queue);
+  monitor_->start();
+}
+
+} // namespace tamberline

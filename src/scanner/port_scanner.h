@@ -1,0 +1,94 @@
+#pragma once
+
+#include "acquisition/acquisition.h"
+#include "model/power_records.h"
+#include "model/thunderbolt_records.h"
+#include "model/usb_records.h"
+#include "model/volume_states.h"
+#include "reports/power_report.h"
+#include "scanner/observable_field.h"
+#include "scanner/port_event_source.h"
+#include "scanner/port_monitor.h"
+#include "tree/port_tree.h"
+#include "tree/tree_node.h"
+
+#include <QCoro/QCoroTask>
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// What the scanner needs of the outside world.
+struct ScannerOutside {
+  Acquisition acquisition;
+  std::shared_ptr<PortEventSource> events;
+  std::function<std::chrono::system_clock::time_point()> now = std::chrono::system_clock::now;
+};
+
+/// The one model object: it owns all shown state, and one scan fills it. Every field is read and
+/// written on the main thread only and has its own observers. A running scan keeps its scanner
+/// alive; the monitor does not.
+class PortScanner : public std::enable_shared_from_this<PortScanner> {
+public:
+  static std::shared_ptr<PortScanner> create(ScannerOutside outside);
+
+  /// Runs one scan; returns at once when one is running already. Never fails: what goes wrong ends
+  /// in `errorMessage`. Called on any thread, runs on the main thread. The monitor starts after the
+  /// first scan.
+  QCoro::Task<> scan();
+
+  /// In the order of the report. A scan publishes field by field, so these can be newer than
+  /// `portTree` while it runs.
+  ObservableField<std::vector<ThunderboltBus>> thunderboltBuses;
+  /// After merging the halves of hubs.
+  ObservableField<std::vector<USBBus>> usbBuses;
+  /// With stable identifiers; what the views draw from. Changes last.
+  ObservableField<std::vector<TreeNode>> portTree;
+  /// The last ones that a report told of; a report that says nothing of them clears nothing.
+  ObservableField<std::optional<ChargerInfo>> charger;
+  ObservableField<std::optional<BatteryInfo>> battery;
+  ObservableField<std::vector<FedPortState>> fedPortStates;
+  ObservableField<std::int64_t> bestAdapterIndex;
+  ObservableField<bool> isScanning;
+  /// When the last successful scan ended; absent before the first.
+  ObservableField<std::optional<std::chrono::system_clock::time_point>> lastScanned;
+  /// Why there is nothing to show; absent as soon as anything was shown.
+  ObservableField<std::optional<std::string>> errorMessage;
+  /// Speed tests by mount point.
+  ObservableField<std::map<std::string, BenchmarkPhase>> benchmarks;
+  ObservableField<std::vector<HPMPort>> hpmPorts;
+  /// By 1-based port number.
+  ObservableField<std::map<std::int64_t, PortPowerOut>> portPowerOut;
+  /// mA by 1-based port number; read until a scan finds any, and then kept.
+  ObservableField<std::map<std::int64_t, std::int64_t>> portCurrentLimitMa;
+  /// Ejections by mount point.
+  ObservableField<std::map<std::string, EjectState>> ejectStates;
+  /// Nodes shown expanded on request. Identifiers are stable, so this holds across scans.
+  ObservableField<std::set<std::string>> expandedOverrideIDs;
+  /// The target of the last jump while it pulses; absent otherwise.
+  ObservableField<std::optional<std::string>> highlightedNodeID;
+  /// Every change tells the rows to drop their own expansion.
+  ObservableField<std::int64_t> collapseAllEpoch;
+
+private:
+  explicit PortScanner(ScannerOutside outside);
+
+  static QCoro::Task<> runScan(std::shared_ptr<PortScanner> self);
+  static QCoro::Task<std::optional<std::string>> gather(std::shared_ptr<PortScanner> self);
+  void publishPower(PowerReading reading);
+  void publishTree();
+  void startMonitor();
+
+  ScannerOutside outside_;
+  std::unique_ptr<PortMonitor> monitor_; // after the first scan
+};
+
+} // namespace tamberline

@@ -1,0 +1,308 @@
+#include "scanner_fixture.h"
+#include "support/bus_text.h"
+#include "support/property_list_text.h"
+#include "support/tree_text.h"
+
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+using namespace std::chrono_literals;
+
+class PortScannerTest : public ScannerFixture {
+protected:
+  /// Notes the name of every field that a scan publishes, in order.
+  template <typename Value>
+  void note(ObservableField<Value>& field, const std::string& name) {
+    observations.push_back(field.observe([this, name] { published.push_back(name); }));
+  }
+
+  void noteAllFields() {
+    note(scanner->thunderboltBuses, "thunderboltBuses");
+    note(scanner->usbBuses, "usbBuses");
+    note(scanner->portTree, "portTree");
+    note(scanner->charger, "charger");
+    note(scanner->battery, "battery");
+    note(scanner->fedPortStates, "fedPortStates");
+    note(scanner->bestAdapterIndex, "bestAdapterIndex");
+    note(scanner->isScanning, "isScanning");
+    note(scanner->lastScanned, "lastScanned");
+    note(scanner->errorMessage, "errorMessage");
+    note(scanner->hpmPorts, "hpmPorts");
+    note(scanner->portPowerOut, "portPowerOut");
+    note(scanner->portCurrentLimitMa, "portCurrentLimitMa");
+  }
+
+  void answerWithAFullMachine() {
+    answerWithOnePort();
+    tools->answer("SPPowerDataType.json", R"({"SPPowerDataType": [
+        {"_name": "spbattery_information"},
+        {"_name": "sppower_ac_charger_information", "sppower_ac_charger_name": "96W Adapter",
+         "sppower_battery_charger_connected": "TRUE"}]})");
+    tools->answer("AppleHPMDevice.plist",
+                  propertyList("<array><dict><key>PortNumber</key><integer>1</integer>"
+                               "<key>PortDescription</key><string>Port-USB-C@1</string>"
+                               "<key>ConnectionActive</key><true/></dict></array>"));
+    tools->answer("AppleSmartBattery.plist",
+                  propertyList("<array><dict><key>PowerOutDetails</key><array><dict>"
+                               "<key>PortIndex</key><integer>1</integer></dict></array>"
+                               "</dict></array>"));
+    tools->answer("IODeviceTree.plist",
+                  propertyList("<dict><key>IORegistryEntryName</key><string>port-usb-c-1</string>"
+                               "<key>port-number</key><data>AQAAAA==</data>"
+                               "<key>acc_bm3-current-limit</key><data>uAsAAA==</data></dict>"));
+    tools->answer("IOPMPowerSource.plist",
+                  propertyList("<array><dict><key>FedDetails</key><array><dict/></array>"
+                               "<key>BestAdapterIndex</key><integer>3</integer></dict></array>"));
+  }
+
+  std::vector<Observation> observations;
+  std::vector<std::string> published;
+};
+
+TEST_F(PortScannerTest, KnowsNothingBeforeTheFirstScan) {
+  EXPECT_TRUE(scanner->portTree.get().empty());
+  EXPECT_FALSE(scanner->isScanning.get());
+  EXPECT_FALSE(scanner->lastScanned.get().has_value());
+  EXPECT_FALSE(scanner->errorMessage.get().has_value());
+  EXPECT_FALSE(scanner->charger.get().has_value());
+  EXPECT_FALSE(scanner->highlightedNodeID.get().has_value());
+  EXPECT_TRUE(scanner->expandedOverrideIDs.get().empty());
+  EXPECT_TRUE(scanner->benchmarks.get().empty());
+  EXPECT_TRUE(scanner->ejectStates.get().empty());
+  EXPECT_EQ(scanner->collapseAllEpoch.get(), 0);
+  EXPECT_EQ(scanner->bestAdapterIndex.get(), 0);
+  EXPECT_EQ(events->startCount, 0);
+  EXPECT_TRUE(tools->commandLines().empty());
+}
+
+TEST_F(PortScannerTest, StartsFourToolsAtOnce) {
+  scanner->scan();
+  EXPECT_TRUE(scanner->isScanning.get());
+  EXPECT_EQ(queue->backgroundCount(), 4U);
+  queue->settle();
+  const std::vector<std::string> commandLines = tools->commandLines();
+  const std::vector<std::string> firstFour(commandLines.begin(), commandLines.begin() + 4);
+  EXPECT_EQ(firstFour, (std::vector<std::string>{
+                           "/usr/sbin/system_profiler SPThunderboltDataType -json",
+                           "/usr/sbin/system_profiler SPUSBDataType -json",
+                           "/usr/sbin/system_profiler SPPowerDataType -json",
+                           "/usr/sbin/ioreg -a -r -c IOUSBHostDevice -l",
+                       }));
+}
+
+TEST_F(PortScannerTest, RunsTheRegistryProbesOneAfterAnother) {
+  scanner->scan();
+  queue->settle();
+  const std::vector<std::string> commandLines = tools->commandLines();
+  const std::vector<std::string> probes(commandLines.begin() + 4, commandLines.end());
+  EXPECT_EQ(probes, (std::vector<std::string>{
+                        "/usr/sbin/ioreg -c IOPMPowerSource -r -a",
+                        "/usr/sbin/ioreg -a -r -c AppleHPMDevice -l",
+                        "/usr/sbin/ioreg -a -r -c AppleSmartBattery -l",
+                        "/usr/sbin/ioreg -a -l -p IODeviceTree",
+                    }));
+}
+
+TEST_F(PortScannerTest, PublishesEachFieldInItsTurnAndTheTreeLast) {
+  answerWithAFullMachine();
+  noteAllFields();
+  scan();
+  EXPECT_EQ(published, (std::vector<std::string>{
+                           "isScanning", "thunderboltBuses", "usbBuses", "battery", "charger",
+                           "fedPortStates", "bestAdapterIndex", "hpmPorts", "portPowerOut",
+                           "portCurrentLimitMa", "portTree", "lastScanned", "isScanning"}));
+}
+
+TEST_F(PortScannerTest, PublishesOnlyWhatDiffersWhereThatCanBeKnown) {
+  answerWithAFullMachine();
+  scan();
+  noteAllFields();
+  now += 5s;
+  scan();
+  EXPECT_EQ(published, (std::vector<std::string>{"isScanning", "thunderboltBuses", "usbBuses",
+                                                 "portTree", "lastScanned", "isScanning"}));
+}
+
+TEST_F(PortScannerTest, ShowsNewBusesBesideTheOldTreeWhileTheProbesRun) {
+  scanner->scan();
+  answerWithOnePort();
+  for (int tool = 0; tool < 4; ++tool) {
+    queue->finishOneBackgroundWork();
+  }
+  EXPECT_EQ(scanner->thunderboltBuses.get().size(), 1U);
+  EXPECT_TRUE(scanner->portTree.get().empty());
+  EXPECT_TRUE(scanner->isScanning.get());
+  queue->settle();
+  EXPECT_EQ(scanner->portTree.get().size(), 1U);
+  EXPECT_FALSE(scanner->isScanning.get());
+}
+
+TEST_F(PortScannerTest, BuildsTheTreeFromEverythingThatWasFound) {
+  answerWithAFullMachine();
+  scan();
+  EXPECT_EQ(treeText(scanner->portTree.get()), "port 1\n"
+                                               "  charger 96W Adapter on Thunderbolt Port 1 via "
+                                               "USB-C\n");
+  EXPECT_EQ(scanner->portTree.get().front().id, "/port1");
+  EXPECT_EQ(scanner->portCurrentLimitMa.get().at(1), 3000);
+  EXPECT_EQ(scanner->bestAdapterIndex.get(), 3);
+  EXPECT_EQ(scanner->lastScanned.get(), now);
+}
+
+TEST_F(PortScannerTest, LeavesTheScannersOwnChargerWithoutAPort) {
+  answerWithAFullMachine();
+  scan();
+  ASSERT_TRUE(scanner->charger.get().has_value());
+  EXPECT_FALSE(scanner->charger.get()->connectsViaUSBC);
+  EXPECT_FALSE(scanner->charger.get()->portLabel.has_value());
+}
+
+TEST_F(PortScannerTest, DropsAScanThatIsAskedForWhileOneRuns) {
+  scanner->scan();
+  const auto second = scanner->scan();
+  EXPECT_TRUE(second.isReady());
+  EXPECT_EQ(queue->backgroundCount(), 4U);
+  queue->settle();
+  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U);
+}
+
+TEST_F(PortScannerTest, HopsToTheMainThreadWhenCalledElsewhere) {
+  queue->pretendOtherThread(true);
+  scanner->scan();
+  EXPECT_FALSE(scanner->isScanning.get());
+  EXPECT_EQ(queue->backgroundCount(), 0U);
+  queue->pretendOtherThread(false);
+  queue->runPosted();
+  EXPECT_TRUE(scanner->isScanning.get());
+  queue->settle();
+}
+
+TEST_F(PortScannerTest, SaysWhichReportIsMissingWhenNothingWasShownYet) {
+  tools->answer("SPUSBDataType.json", "not JSON");
+  scan();
+  EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPUSBDataType");
+  EXPECT_TRUE(scanner->portTree.get().empty());
+  EXPECT_FALSE(scanner->isScanning.get());
+  EXPECT_FALSE(scanner->lastScanned.get().has_value());
+  EXPECT_TRUE(events->isRunning());
+}
+
+TEST_F(PortScannerTest, NamesTheFirstOfSeveralMissingReports) {
+  tools->answer("SPPowerDataType.json", "");
+  tools->answer("SPUSBDataType.json", "");
+  scan();
+  EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPUSBDataType");
+  tools->answer("SPThunderboltDataType.json", "");
+  scan();
+  EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPThunderboltDataType");
+}
+
+TEST_F(PortScannerTest, PublishesNothingOfAScanThatFailed) {
+  tools->answer("SPPowerDataType.json", "");
+  noteAllFields();
+  scan();
+  EXPECT_EQ(published, (std::vector<std::string>{"isScanning", "errorMessage", "isScanning"}));
+}
+
+TEST_F(PortScannerTest, WaitsForTheToolsThatStillRunWhenOneFailed) {
+  tools->answer("SPThunderboltDataType.json", "");
+  scanner->scan();
+  queue->finishOneBackgroundWork();
+  queue->advance(0ms);
+  EXPECT_TRUE(scanner->isScanning.get());
+  queue->advance(150ms);
+  EXPECT_FALSE(scanner->isScanning.get());
+  EXPECT_EQ(queue->backgroundCount(), 0U);
+}
+
+TEST_F(PortScannerTest, KeepsWhatItShowsWhenALaterScanFails) {
+  answerWithOnePort();
+  scan();
+  const auto firstTime = scanner->lastScanned.get();
+  now += 60s;
+  tools->answer("SPUSBDataType.json", "");
+  tools->answer("SPThunderboltDataType.json", "");
+  scan();
+  EXPECT_FALSE(scanner->errorMessage.get().has_value());
+  EXPECT_EQ(treeText(scanner->portTree.get()), "port 1\n");
+  EXPECT_EQ(scanner->lastScanned.get(), firstTime);
+}
+
+TEST_F(PortScannerTest, ClearsTheErrorWithTheFirstScanThatSucceeds) {
+  tools->answer("SPUSBDataType.json", "");
+  scan();
+  answerWithEmptyReports(*tools);
+  scan();
+  EXPECT_FALSE(scanner->errorMessage.get().has_value());
+}
+
+TEST_F(PortScannerTest, RecoversWithinTheScanWhenTheSecondAttemptWorks) {
+  answerWithOnePort();
+  tools->answerOnce("SPUSBDataType.json", "half a rep");
+  scan();
+  EXPECT_FALSE(scanner->errorMessage.get().has_value());
+  EXPECT_EQ(scanner->portTree.get().size(), 1U);
+}
+
+TEST_F(PortScannerTest, ReadsTheCurrentLimitsOnlyUntilItHasSome) {
+  scan();
+  scan();
+  EXPECT_EQ(tools->runCount("IODeviceTree.plist"), 2U);
+  answerWithAFullMachine();
+  scan();
+  tools->answer("IODeviceTree.plist", "");
+  scan();
+  EXPECT_EQ(tools->runCount("IODeviceTree.plist"), 3U);
+  EXPECT_EQ(scanner->portCurrentLimitMa.get().at(1), 3000);
+}
+
+TEST_F(PortScannerTest, KeepsChargerAndBatteryThatALaterReportDoesNotMention) {
+  answerWithAFullMachine();
+  scan();
+  tools->answer("SPPowerDataType.json", R"({"SPPowerDataType": []})");
+  scan();
+  ASSERT_TRUE(scanner->charger.get().has_value());
+  EXPECT_EQ(scanner->charger.get()->name, "96W Adapter");
+  EXPECT_TRUE(scanner->battery.get().has_value());
+}
+
+TEST_F(PortScannerTest, GivesTheSameIdentifiersInEveryScan) {
+  answerWithAFullMachine();
+  scan();
+  const std::string id = scanner->portTree.get().front().children.front().id;
+  scan();
+  EXPECT_EQ(scanner->portTree.get().front().children.front().id, id);
+}
+
+TEST_F(PortScannerTest, MergesTheHalvesOfAHub) {
+  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": [
+      {"_name": "USB31Bus", "_items": [{"_name": "Fast", "device_speed": "super_speed",
+        "location_id": "0x00100000 / 1"}]},
+      {"_name": "USB20Bus", "_items": [{"_name": "Slow", "device_speed": "high_speed",
+        "location_id": "0x00200000 / 2", "_items": [{"_name": "Stick"}]}]}]})");
+  tools->answer("IOUSBHostDevice.plist",
+                propertyList("<array>"
+                             "<dict><key>locationID</key><integer>1048576</integer>"
+                             "<key>kUSBContainerID</key><string>box</string></dict>"
+                             "<dict><key>locationID</key><integer>2097152</integer>"
+                             "<key>kUSBContainerID</key><string>box</string></dict>"
+                             "</array>"));
+  scan();
+  EXPECT_EQ(busText(scanner->usbBuses.get()), "USB31Bus\n"
+                                              "  Fast super_speed\n"
+                                              "    Stick\n");
+}
+
+TEST_F(PortScannerTest, LivesUntilItsScanEnds) {
+  const std::weak_ptr<PortScanner> weak = scanner;
+  scanner->scan();
+  scanner.reset();
+  EXPECT_FALSE(weak.expired());
+  queue->settle();
+  EXPECT_TRUE(weak.expired());
+}
+
+} // namespace
+} // namespace tamberline

@@ -1,0 +1,61 @@
+#include "support/hand_driven_queue.h"
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+namespace tamberline {
+
+MainQueue::WorkItem HandDrivenQueue::postLater(std::chrono::milliseconds delay, Work work) {
+  delayed_[++lastItem_] = {now_ + delay, std::move(work)};
+  return lastItem_;
+}
+
+void HandDrivenQueue::runInBackground(Work work, Work next) {
+  background_.push_back({std::move(work), std::move(next)});
+}
+
+void HandDrivenQueue::runPosted() {
+  while (!posted_.empty()) {
+    const Work work = std::move(posted_.front());
+    posted_.pop_front();
+    work();
+  }
+}
+
+void HandDrivenQueue::finishOneBackgroundWork() {
+  Background background = std::move(background_.front());
+  background_.pop_front();
+  std::thread(std::move(background.work)).join();
+  post(std::move(background.next));
+  runPosted();
+}
+
+void HandDrivenQueue::settle() {
+  runPosted();
+  while (!background_.empty()) {
+    finishOneBackgroundWork();
+  }
+}
+
+std::map<MainQueue::WorkItem, HandDrivenQueue::Delayed>::iterator HandDrivenQueue::earliest() {
+  return std::min_element(
+      delayed_.begin(), delayed_.end(),
+      [](const auto& left, const auto& right) { return left.second.due < right.second.due; });
+}
+
+void HandDrivenQueue::advance(std::chrono::milliseconds duration) {
+  const std::chrono::milliseconds end = now_ + duration;
+  settle();
+  for (auto next = earliest(); next != delayed_.end() && next->second.due <= end;
+       next = earliest()) {
+    now_ = next->second.due;
+    const Work work = std::move(next->second.work);
+    delayed_.erase(next);
+    work();
+    settle();
+  }
+  now_ = end;
+}
+
+} // namespace tamberline

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "acquisition/main_queue.h"
+
+#include <chrono>
+#include <cstddef>
+#include <deque>
+#include <map>
+
+namespace tamberline {
+
+/// A main queue whose clock stands still until a test moves it. Background work waits until the
+/// test lets it run, each piece on a thread of its own, one after another. Single-threaded
+/// otherwise: the test is the main thread.
+class HandDrivenQueue final : public MainQueue {
+public:
+  bool isMainThread() const override { return isMainThread_; }
+  void post(Work work) override { posted_.push_back(std::move(work)); }
+  WorkItem postLater(std::chrono::milliseconds delay, Work work) override;
+  void cancel(WorkItem item) override { delayed_.erase(item); }
+  void runInBackground(Work work, Work next) override;
+
+  /// Runs everything that can run at the present time, background work included.
+  void settle();
+
+  /// Moves the clock, stopping at every delayed item on the way and settling there.
+  void advance(std::chrono::milliseconds duration);
+
+  /// Runs what was posted; background work keeps waiting.
+  void runPosted();
+
+  /// Runs the oldest waiting background work to its end, and what it posted.
+  void finishOneBackgroundWork();
+
+  std::chrono::milliseconds now() const { return now_; }
+  std::size_t delayedCount() const { return delayed_.size(); }
+  std::size_t backgroundCount() const { return background_.size(); }
+
+  /// What isMainThread answers, to act as a caller on another thread.
+  void pretendOtherThread(bool isOther) { isMainThread_ = !isOther; }
+
+private:
+  struct Delayed {
+    std::chrono::milliseconds due{0};
+    Work work;
+  };
+  struct Background {
+    Work work;
+    Work next;
+  };
+
+  std::map<WorkItem, Delayed>::iterator earliest();
+
+  bool isMainThread_ = true;
+  std::chrono::milliseconds now_{0};
+  WorkItem lastItem_ = 0;
+  std::deque<Work> posted_;
+  std::map<WorkItem, Delayed> delayed_;
+  std::deque<Background> background_;
+};
+
+} // namespace tamberline
