@@ -1,0 +1,42 @@
+#include "platform/linux/preferred_languages.h"
+
+#include "base/text.h"
+
+#include <cstdlib>
+#include <string_view>
+
+namespace tamberline {
+namespace {
+
+std::string withoutCharacterSet(std::string_view locale) {
+  return std::string(locale.substr(0, locale.find_first_of(".@")));
+}
+
+std::string languageOf(std::string_view locale) {
+  const std::string name = withoutCharacterSet(locale);
+  return name == "C" || name == "POSIX" ? "en" : name;
+}
+
+} // namespace
+
+std::vector<std::string> preferredLanguages(const EnvironmentLookup& environment) {
+  for (const char* variable : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) {
+    std::vector<std::string> languages;
+    for (const std::string_view locale : splitNonEmpty(environment(variable).value_or(""), ':')) {
+      languages.push_back(languageOf(locale));
+    }
+    if (!languages.empty()) {
+      return languages;
+    }
+  }
+  return {};
+}
+
+std::vector<std::string> preferredLanguages() {
+  return preferredLanguages([](const char* name) -> std::optional<std::string> {
+    const char* value = std::getenv(name);
+    return value == nullptr ? std::nullopt : std::optional<std::string>(value);
+  });
+}
+
+} // namespace tamberline

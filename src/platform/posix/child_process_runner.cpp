@@ -1,0 +1,147 @@
+#include "platform/posix/child_process_runner.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+
+extern char** environ; // NOLINT(readability-redundant-declaration): not declared on every system
+
+namespace tamberline {
+namespace {
+
+class Descriptor {
+public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { close(); }
+
+  int number() const { return number_; }
+  void close() {
+    if (number_ >= 0) {
+      ::close(std::exchange(number_, -1));
+    }
+  }
+
+private:
+  int number_;
+};
+
+class SpawnActions {
+public:
+  explicit SpawnActions(int standardOutput) {
+    posix_spawn_file_actions_init(&actions_);
+    posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&actions_, standardOutput, STDOUT_FILENO);
+    posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+#ifndef __APPLE__
+    posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
+#endif
+  }
+  SpawnActions(const SpawnActions&) = delete;
+  SpawnActions& operator=(const SpawnActions&) = delete;
+  ~SpawnActions() {
+    posix_spawn_file_actions_destroy(&actions_);
+  }
+
+  const posix_spawn_file_actions_t* get() const {
+    return &actions_;
+  }
+
+private:
+  posix_spawn_file_actions_t actions_{};
+};
+
+/// The child gets the default treatment of SIGPIPE back, which this process ignores.
+class SpawnAttributes {
+public:
+  SpawnAttributes() {
+    sigset_t defaults;
+    sigemptyset(&defaults);
+    sigaddset(&defaults, SIGPIPE);
+    posix_spawnattr_init(&attributes_);
+    posix_spawnattr_setsigdefault(&attributes_, &defaults);
+    posix_spawnattr_setflags(&attributes_, flags);
+  }
+  SpawnAttributes(const SpawnAttributes&) = delete;
+  SpawnAttributes& operator=(const SpawnAttributes&) = delete;
+  ~SpawnAttributes() { posix_spawnattr_destroy(&attributes_); }
+
+  const posix_spawnattr_t* get() const { return &attributes_; }
+
+private:
+#ifdef __APPLE__
+  static constexpr short flags = POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_CLOEXEC_DEFAULT;
+#else
+  static constexpr short flags = POSIX_SPAWN_SETSIGDEF;
+#endif
+  posix_spawnattr_t attributes_{};
+};
+
+/// Absent when the tool cannot be started.
+std::optional<pid_t> spawn(const std::string& executable, const std::vector<std::string>& arguments,
+                           int standardOutput) {
+  std::vector<std::string> words = {executable};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<char*> pointers;
+  for (std::string& word : words) {
+    pointers.push_back(word.data());
+  }
+  pointers.push_back(nullptr);
+  const SpawnActions actions(standardOutput);
+  const SpawnAttributes attributes;
+  pid_t child = 0;
+  const int error = posix_spawn(&child, executable.c_str(), actions.get(), attributes.get(),
+                                pointers.data(), environ);
+  return error == 0 ? std::optional(child) : std::nullopt;
+}
+
+std::string readToEnd(int descriptor) {
+  std::string content;
+  std::array<char, 65536> buffer{};
+  while (true) {
+    const ssize_t count = read(descriptor, buffer.data(), buffer.size());
+    if (count > 0) {
+      content.append(buffer.data(), static_cast<std::size_t>(count));
+    } else if (count == 0 || errno != EINTR) {
+      return content;
+    }
+  }
+}
+
+std::optional<int> waitForExitStatus(pid_t child) {
+  int status = 0;
+  while (waitpid(child, &status, 0) < 0) {
+    if (errno != EINTR) {
+      return std::nullopt;
+    }
+  }
+  return WIFEXITED(status) ? std::optional(WEXITSTATUS(status)) : std::nullopt;
+}
+
+} // namespace
+
+ToolOutput ChildProcessRunner::run(const std::string& executable,
+                                   const std::vector<std::string>& arguments) {
+  std::signal(SIGPIPE, SIG_IGN);
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0) {
+    return {};
+  }
+  const Descriptor readEnd(ends[0]);
+  Descriptor writeEnd(ends[1]);
+  const std::optional<pid_t> child = spawn(executable, arguments, writeEnd.number());
+  writeEnd.close();
+  if (!child) {
+    return {};
+  }
+  std::string output = readToEnd(readEnd.number());
+  return {std::move(output), waitForExitStatus(*child)};
+}
+
+} // namespace tamberline

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "acquisition/tool_runner.h"
+
+#include <filesystem>
+
+namespace tamberline {
+
+/// Answers for the tools from a folder of saved reports (docs/report-folder.md): each file holds
+/// what one tool wrote. A file that is missing or unreadable stands for a tool that wrote nothing.
+class SavedReportsRunner final : public ToolRunner {
+public:
+  explicit SavedReportsRunner(std::filesystem::path folder);
+
+  ToolOutput run(const std::string& executable, const std::vector<std::string>& arguments) override;
+
+private:
+  std::filesystem::path folder_;
+};
+
+} // namespace tamberline

@@ -1,0 +1,81 @@
+#include "platform/saved/saved_reports_runner.h"
+#include "platform/saved/silent_event_source.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+namespace tamberline {
+namespace {
+
+class SavedReports : public testing::Test {
+protected:
+  SavedReportsRunner runner() const { return SavedReportsRunner(folder.path()); }
+
+  TemporaryFolder folder;
+};
+
+TEST_F(SavedReports, StandForEachToolByTheirNames) {
+  const struct {
+    std::string fileName;
+    std::string executable;
+    std::vector<std::string> arguments;
+  } table[] = {
+      {"SPThunderboltDataType.json",
+       "/usr/sbin/system_profiler",
+       {"SPThunderboltDataType", "-json"}},
+      {"SPUSBDataType.json", "/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}},
+      {"SPPowerDataType.json", "/usr/sbin/system_profiler", {"SPPowerDataType", "-json"}},
+      {"AppleHPMDevice.plist", "/usr/sbin/ioreg", {"-a", "-r", "-c", "AppleHPMDevice", "-l"}},
+      {"AppleSmartBattery.plist", "/usr/sbin/ioreg", {"-a", "-r", "-c", "AppleSmartBattery", "-l"}},
+      {"IODeviceTree.plist", "/usr/sbin/ioreg", {"-a", "-l", "-p", "IODeviceTree"}},
+      {"IOUSBHostDevice.plist", "/usr/sbin/ioreg", {"-a", "-r", "-c", "IOUSBHostDevice", "-l"}},
+      {"IOPMPowerSource.plist", "/usr/sbin/ioreg", {"-c", "IOPMPowerSource", "-r", "-a"}},
+  };
+  for (const auto& row : table) {
+    folder.save(row.fileName, "content of " + row.fileName);
+  }
+  SavedReportsRunner runner = this->runner();
+  for (const auto& row : table) {
+    EXPECT_EQ(runner.run(row.executable, row.arguments).standardOutput,
+              "content of " + row.fileName);
+  }
+}
+
+TEST_F(SavedReports, AreHandedOnByteForByte) {
+  const std::string bytes("\r\n\0\xff", 4);
+  folder.save("SPUSBDataType.json", bytes);
+  EXPECT_EQ(runner().run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}).standardOutput,
+            bytes);
+}
+
+TEST_F(SavedReports, AreEmptyWhereAFileIsMissingOrNoFile) {
+  std::filesystem::create_directories(folder.path() / "SPPowerDataType.json");
+  SavedReportsRunner runner = this->runner();
+  for (const std::string section : {"SPUSBDataType", "SPPowerDataType"}) {
+    EXPECT_EQ(runner.run("/usr/sbin/system_profiler", {section, "-json"}).standardOutput, "");
+  }
+}
+
+TEST_F(SavedReports, KnowNoOtherCommandLines) {
+  folder.save("SPUSBDataType.json", "content");
+  SavedReportsRunner runner = this->runner();
+  EXPECT_EQ(runner.run("/usr/sbin/system_profiler", {"SPUSBDataType"}).exitStatus, std::nullopt);
+  EXPECT_EQ(runner.run("/usr/sbin/system_profiler", {"../secret", "-json"}).standardOutput, "");
+  EXPECT_EQ(runner.run("/bin/cat", {"SPUSBDataType", "-json"}).standardOutput, "");
+}
+
+TEST(SilentEventSource, TellsNothing) {
+  SilentEventSource source;
+  bool wasTold = false;
+  source.start(
+      {.registryChanged = [&] { wasTold = true; }, .powerChanged = [&] { wasTold = true; }});
+  EXPECT_TRUE(source.isOnExternalPower());
+  source.stop();
+  EXPECT_FALSE(wasTold);
+}
+
+} // namespace
+} // namespace tamberline
