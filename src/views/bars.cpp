@@ -1,0 +1,77 @@
+#include "views/bars.h"
+
+#include "base/text.h"
+#include "i18n/loc.h"
+#include "model/usb_records.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+constexpr double visibleStep = 0.02;
+constexpr double nearlyFull = 0.92;
+constexpr double nearlyHalf = 0.45;
+
+Color speedBarColor(double ratio) {
+  if (ratio > nearlyFull) {
+    return Color::green;
+  }
+  return ratio >= nearlyHalf ? Color::amber : Color::orange;
+}
+
+std::string labelledWatts(std::int64_t milliamperes, std::string_view label) {
+  return wattsText(usbWatts(milliamperes)).append(" ").append(label);
+}
+
+} // namespace
+
+bool TriBar::showsCableLayer() const {
+  return cableFraction > usedFraction + visibleStep;
+}
+
+TriBar triBar(double usedFraction, double cableFraction) {
+  return {std::clamp(usedFraction, 0.0, 1.0), std::clamp(cableFraction, 0.0, 1.0)};
+}
+
+SpeedBarRow speedBarRow(double usedGbps, double portMaxGbps, std::string speedLabel,
+                        std::string portMaxLabel) {
+  const double ratio = portMaxGbps > 0 ? std::clamp(usedGbps / portMaxGbps, 0.0, 1.0) : 0.0;
+  return SpeedBarRow{
+      .usedGbps = usedGbps,
+      .portMaxGbps = portMaxGbps,
+      .ratio = ratio,
+      .color = speedBarColor(ratio),
+      .speedLabel = std::move(speedLabel),
+      .portMaxLabel = std::move(portMaxLabel),
+      .tooltip = std::string(Loc::hintSpeedBar()),
+  };
+}
+
+PowerBarRow powerBarRow(const PowerBarFacts& facts) {
+  PowerBarRow row{
+      .usedMa = facts.usedMa,
+      .allocatedMa = facts.allocatedMa,
+      .portMaxMa = facts.portMaxMa,
+      .used = labelledWatts(facts.usedMa, facts.usedLabel),
+      .tooltip = std::string(Loc::hintPowerBar()),
+  };
+  if (facts.allocatedMa != facts.usedMa) {
+    row.allocated = "· " + labelledWatts(facts.allocatedMa, Loc::allocated());
+  }
+  if (facts.showPortMax) {
+    row.portMax = labelledWatts(facts.portMaxMa, Loc::portMax());
+  }
+  // A missing maximum gives a full bar.
+  const double whole = facts.portMaxMa >= 2 ? static_cast<double>(facts.portMaxMa) : 1.0;
+  row.bar = triBar(static_cast<double>(facts.usedMa) / whole,
+                   static_cast<double>(facts.allocatedMa) / whole);
+  return row;
+}
+
+std::string wattsText(double watts) {
+  return fixedText(watts, 1) + " W";
+}
+
+} // namespace tamberline

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "views/colors.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tamberline {
+
+/// A thin bar: both fractions lie between 0 and 1.
+struct TriBar {
+  double usedFraction = 0;
+  double cableFraction = 0;
+
+  /// The cable layer is drawn only where it sticks out visibly behind the used one.
+  bool showsCableLayer() const;
+};
+
+TriBar triBar(double usedFraction, double cableFraction);
+
+/// A negotiated speed against a maximum.
+struct SpeedBarRow {
+  double usedGbps = 0;
+  double portMaxGbps = 0;
+  double ratio = 0; // 0 to 1
+  Color color = Color::orange;
+  std::string speedLabel = {};
+  std::string portMaxLabel = {};
+  std::string tooltip = {};
+};
+
+SpeedBarRow speedBarRow(double usedGbps, double portMaxGbps, std::string speedLabel,
+                        std::string portMaxLabel);
+
+/// A rated draw against a port's budget. Texts that are not shown are absent.
+struct PowerBarRow {
+  std::int64_t usedMa = 0;
+  std::int64_t allocatedMa = 0;
+  std::int64_t portMaxMa = 0;
+  std::string used = {};
+  std::optional<std::string> allocated = {};
+  std::optional<std::string> portMax = {};
+  TriBar bar = {};
+  std::string tooltip = {};
+};
+
+struct PowerBarFacts {
+  std::int64_t usedMa = 0;
+  std::int64_t allocatedMa = 0;
+  std::int64_t portMaxMa = 0;
+  std::string_view usedLabel = {};
+  bool showPortMax = true;
+};
+
+PowerBarRow powerBarRow(const PowerBarFacts& facts);
+
+/// Such as "7.5 W".
+std::string wattsText(double watts);
+
+} // namespace tamberline

@@ -1,0 +1,134 @@
+#include "views/port_card.h"
+
+#include "base/text.h"
+#include "i18n/loc.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+template <typename Value>
+std::optional<Value> lookUp(const std::map<std::int64_t, Value>& table, std::int64_t key) {
+  const auto found = table.find(key);
+  return found == table.end() ? std::nullopt : std::optional(found->second);
+}
+
+/// Whole watts without decimals, others with one: "15 W", "4.5 W".
+std::string capacityText(std::int64_t limitMa) {
+  std::string number = fixedText(usbWatts(limitMa), 1);
+  if (number.ends_with(".0")) {
+    number.resize(number.size() - 2);
+  }
+  return number + " W";
+}
+
+std::optional<std::int64_t> chargerWatts(const TreeNode& node) {
+  for (const TreeNode& child : node.children) {
+    if (const auto* charger = std::get_if<TreeNode::Charger>(&child.kind)) {
+      return charger->charger.currentWatts;
+    }
+  }
+  return std::nullopt;
+}
+
+/// The controller of a USB-C port; a MagSafe port can have the same number.
+const HPMPort* usbcController(const std::vector<HPMPort>& ports, std::int64_t portNumber) {
+  const auto found = std::find_if(ports.begin(), ports.end(), [&](const HPMPort& port) {
+    return port.portNumber == portNumber && !port.isMagSafe;
+  });
+  return found == ports.end() ? nullptr : &*found;
+}
+
+void appendControllerBadges(const HPMPort& port, std::vector<PortBadge>& badges) {
+  if (port.hasVideo) {
+    badges.push_back(
+        {PortBadge::Kind::video,
+         {std::string(Loc::video()), std::nullopt, Color::purple, std::string(Loc::hintVideo())}});
+  }
+  if (const auto label = port.cableLabel()) {
+    badges.push_back({PortBadge::Kind::cable,
+                      {*label, std::nullopt, Color::secondary, std::string(Loc::hintCable())}});
+  }
+}
+
+std::vector<PortBadge> portBadges(const TreeNode& node, const ThunderboltBus& bus,
+                                  const PortFacts& facts) {
+  std::vector<PortBadge> badges;
+  const std::int64_t limitMa = lookUp(facts.portCurrentLimitMa, bus.busNumber).value_or(0);
+  if (limitMa != 0) {
+    badges.push_back(
+        {PortBadge::Kind::capacity,
+         {capacityText(limitMa), std::nullopt, std::nullopt, Loc::hintPortCapacity(limitMa)}});
+  }
+  if (const auto watts = chargerWatts(node)) {
+    badges.push_back({PortBadge::Kind::charger,
+                      {std::to_string(*watts) + "W", "bolt.fill", Color::green,
+                       std::string(Loc::hintChargerWatts())}});
+  } else if (const HPMPort* port = usbcController(facts.hpmPorts, bus.busNumber)) {
+    appendControllerBadges(*port, badges);
+  }
+  if (std::string speed = bus.port.badgeText(); !speed.empty()) {
+    badges.push_back(
+        {PortBadge::Kind::speed,
+         {std::move(speed), std::nullopt, Color::accent, std::string(Loc::hintSpeedBadge())}});
+  }
+  return badges;
+}
+
+MeasuredPower measuredPower(const PortPowerOut& power) {
+  MeasuredPower row{
+      .used = wattsText(power.usedWatts).append(" ").append(Loc::used()),
+      .allocated = std::nullopt,
+      .voltageCurrent = fixedText(power.volts, 1) + " V · " + fixedText(power.amps, 2) + " A",
+      .bar = {},
+      .tooltip = std::string(Loc::hintMeasuredPower()),
+  };
+  if (power.allocatedWatts > 0) {
+    row.allocated = wattsText(power.allocatedWatts).append(" ").append(Loc::allocated());
+    row.bar = triBar(power.usedWatts / power.allocatedWatts, 0);
+  }
+  return row;
+}
+
+/// The total shows no separate allocation.
+std::optional<PowerBarRow> portPowerBar(std::int64_t usedMa, std::optional<std::int64_t> limitMa) {
+  if (!limitMa || usedMa < 1) {
+    return std::nullopt;
+  }
+  PowerBarRow row = powerBarRow({.usedMa = usedMa,
+                                 .allocatedMa = usedMa,
+                                 .portMaxMa = *limitMa,
+                                 .usedLabel = Loc::portTotal()});
+  row.tooltip = Loc::hintPortPowerBar();
+  return row;
+}
+
+} // namespace
+
+PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFacts& facts) {
+  const bool inUse = bus.port.isConnected() || node.hasChildren();
+  const std::int64_t itemCount = node.attachedItemCount();
+  PortCard card{
+      .id = node.id,
+      .inUse = inUse,
+      .dotTooltip = std::string(inUse ? Loc::hintDotInUse() : Loc::nothingAttached()),
+      .title = bus.displayName(),
+      .itemCount = itemCount > 0 ? std::optional(Loc::items(itemCount)) : std::nullopt,
+      .itemCountTooltip = std::string(Loc::hintItemCount()),
+      .badges = portBadges(node, bus, facts),
+      .portPowerBar = portPowerBar(node.aggregatedUSBPower().usedMa,
+                                   lookUp(facts.portCurrentLimitMa, bus.busNumber)),
+      .rows = expandableRows(node.children, 0),
+  };
+  if (const auto power = lookUp(facts.portPowerOut, bus.busNumber)) {
+    card.measuredPower = measuredPower(*power);
+  }
+  if (!node.hasChildren()) {
+    card.nothingAttached = Loc::nothingAttached();
+  }
+  return card;
+}
+
+} // namespace tamberline

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "model/power_records.h"
+#include "tree/tree_node.h"
+#include "views/badge.h"
+#include "views/bars.h"
+#include "views/tree_rows.h"
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// What the scanner knows about the ports beside the tree; see PortScanner.
+struct PortFacts {
+  std::vector<HPMPort> hpmPorts = {};
+  std::map<std::int64_t, PortPowerOut> portPowerOut = {};
+  std::map<std::int64_t, std::int64_t> portCurrentLimitMa = {};
+};
+
+struct PortBadge {
+  enum class Kind : std::uint8_t { capacity, charger, video, cable, speed };
+  Kind kind = Kind::capacity;
+  Badge badge = {};
+};
+
+/// The live measured power of a port.
+struct MeasuredPower {
+  std::string used = {};
+  std::optional<std::string> allocated = {};
+  std::string voltageCurrent = {};
+  TriBar bar = {};
+  std::string tooltip = {};
+};
+
+/// The card of one physical port. Parts that are not shown are absent.
+struct PortCard {
+  std::string id = {};
+  bool inUse = false;
+  std::string dotTooltip = {};
+  std::string title = {};
+  std::optional<std::string> itemCount = {};
+  std::string itemCountTooltip = {};
+  std::vector<PortBadge> badges = {};
+  std::optional<MeasuredPower> measuredPower = {};
+  std::optional<PowerBarRow> portPowerBar = {};
+  std::vector<ExpandableRow> rows = {};
+  std::optional<std::string> nothingAttached = {};
+};
+
+/// `node` carries the bus of a port (`bus` is the same one).
+PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFacts& facts);
+
+} // namespace tamberline

@@ -1,0 +1,218 @@
+#include "views/tree_rows.h"
+
+#include "base/overloaded.h"
+#include "base/text.h"
+#include "i18n/loc.h"
+#include "tree/search_entries.h"
+#include "views/device_icons.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+constexpr double thunderboltMaxGbps = 40.0; // the same on every port, whatever the port says
+constexpr double fullThunderboltRatio = 0.99;
+constexpr double fullSpeedFraction = 0.95;
+constexpr double greenFraction = 0.92;
+constexpr double amberFraction = 0.45;
+
+bool isHub(const USBDevice& device, bool hasChildren) {
+  return device.name == "hub_device" || hasChildren;
+}
+
+/// Such as "4.5W"; a draw below 1 mA is not shown.
+std::optional<std::string> compactWatts(std::int64_t usedMa, std::string_view suffix) {
+  if (usedMa < 1) {
+    return std::nullopt;
+  }
+  return fixedText(usbWatts(usedMa), 1).append("W").append(suffix);
+}
+
+std::string maximumLabel(double maxGbps, bool isAtMaximum) {
+  if (isAtMaximum) {
+    return std::string(Loc::atPortMax());
+  }
+  return generalText(maxGbps).append(" Gb/s ").append(Loc::portMax());
+}
+
+std::optional<Badge> modeBadge(const ThunderboltDevice& device) {
+  std::string label = device.modeLabel();
+  if (label.empty()) {
+    return std::nullopt;
+  }
+  return Badge{std::move(label), std::nullopt, Color::accent, std::string(Loc::hintTBMode())};
+}
+
+std::optional<SpeedBarRow> thunderboltSpeedBar(const ThunderboltDevice& device) {
+  if (device.upstreamSpeedGbps() < 1) {
+    return std::nullopt;
+  }
+  const auto usedGbps = static_cast<double>(device.upstreamSpeedGbps() * device.upstreamLanes());
+  const bool isAtMaximum = std::min(usedGbps / thunderboltMaxGbps, 1.0) >= fullThunderboltRatio;
+  return speedBarRow(usedGbps, thunderboltMaxGbps, device.upstreamLabel(),
+                     maximumLabel(thunderboltMaxGbps, isAtMaximum));
+}
+
+TBDeviceRow tbDeviceRow(const ThunderboltDevice& device, const AggregatedPower& power) {
+  return TBDeviceRow{
+      .icon = iconFor(device),
+      .name = device.name,
+      .modeBadge = modeBadge(device),
+      .ratedDraw = compactWatts(power.usedMa, ""),
+      .speedBar = thunderboltSpeedBar(device),
+  };
+}
+
+Color speedTextColor(double fraction) {
+  if (fraction >= greenFraction) {
+    return Color::green;
+  }
+  return fraction >= amberFraction ? Color::amber : Color::orange;
+}
+
+std::optional<SpeedNote> slowLinkNote(const TreeNode::USBDeviceEntry& entry) {
+  if (auto note = entry.device.speedNote(entry.busMaxGbps)) {
+    return SpeedNote{std::string(Loc::hintWhySlow()), std::move(*note)};
+  }
+  return std::nullopt;
+}
+
+std::optional<HubTotal> hubTotal(const AggregatedPower& power, bool hasChildren) {
+  std::optional<std::string> text = compactWatts(power.usedMa, " total");
+  if (!hasChildren || !text) {
+    return std::nullopt;
+  }
+  return HubTotal{std::move(*text), Loc::hubTotalRatedDraw(wattsText(usbWatts(power.usedMa)))};
+}
+
+std::optional<SpeedBarRow> usbSpeedBar(const TreeNode::USBDeviceEntry& entry) {
+  const USBDevice& device = entry.device;
+  if (device.speedGbps() <= 0) {
+    return std::nullopt;
+  }
+  const bool isAtMaximum = device.speedFraction(entry.busMaxGbps) >= fullSpeedFraction;
+  return speedBarRow(device.speedGbps(), entry.busMaxGbps, device.speedDetailLabel(),
+                     maximumLabel(entry.busMaxGbps, isAtMaximum));
+}
+
+/// A hub shows its own draw, which says nothing about the port's maximum.
+std::optional<PowerBarRow> ratedDrawBar(const TreeNode::USBDeviceEntry& entry, bool hub) {
+  const std::int64_t usedMa = entry.device.busPowerUsed.value_or(0);
+  if (usedMa < 1) {
+    return std::nullopt;
+  }
+  return powerBarRow({.usedMa = usedMa,
+                      .allocatedMa = entry.device.busPower.value_or(usedMa),
+                      .portMaxMa = entry.portMa,
+                      .usedLabel = hub ? Loc::ownDrawRated() : Loc::rated(),
+                      .showPortMax = !hub});
+}
+
+USBDeviceDetailRow usbDeviceDetailRow(const TreeNode::USBDeviceEntry& entry,
+                                      const AggregatedPower& power, bool hasChildren) {
+  const USBDevice& device = entry.device;
+  USBDeviceDetailRow row{
+      .icon = iconFor(device),
+      .name = shownName(device),
+      .speedText = device.speedShortLabel(),
+      .speedColor = speedTextColor(device.speedFraction(entry.busMaxGbps)),
+      .speedTooltip = std::string(Loc::hintDeviceSpeed()),
+      .speedNote = slowLinkNote(entry),
+      .hubTotal = hubTotal(power, hasChildren),
+      .speedBar = usbSpeedBar(entry),
+      .powerBar = ratedDrawBar(entry, isHub(device, hasChildren)),
+  };
+  std::transform(device.volumes.begin(), device.volumes.end(), std::back_inserter(row.volumes),
+                 volumeRow);
+  return row;
+}
+
+ChargingOnlyRow chargingOnlyRow() {
+  return ChargingOnlyRow{
+      .title = std::string(Loc::chargingOnly()),
+      .detail = std::string(Loc::chargingOnlyDetail()),
+      .badge = {std::string(Loc::noData()), std::nullopt, Color::orange,
+                std::string(Loc::hintNoData())},
+  };
+}
+
+ExpandableRow::Content contentOf(const TreeNode& node) {
+  using Content = ExpandableRow::Content;
+  return std::visit(
+      Overloaded{
+          [](const TreeNode::TBPort&) -> Content {
+            throw std::logic_error("a port is shown as a card, never as a row");
+          },
+          [&](const TreeNode::TBDevice& entry) -> Content {
+            return tbDeviceRow(entry.device, node.aggregatedUSBPower());
+          },
+          [&](const TreeNode::USBBusEntry& entry) -> Content {
+            return usbBusHeaderRow(entry.bus, node.aggregatedUSBPower());
+          },
+          [&](const TreeNode::USBDeviceEntry& entry) -> Content {
+            return usbDeviceDetailRow(entry, node.aggregatedUSBPower(), node.hasChildren());
+          },
+          [](const TreeNode::Charger& entry) -> Content { return chargerRow(entry.charger); },
+          [](const TreeNode::ChargingOnly&) -> Content { return chargingOnlyRow(); },
+      },
+      node.kind);
+}
+
+Tint tintOf(const TreeNode& node) {
+  return std::visit(
+      Overloaded{
+          [](const TreeNode::TBPort&) { return Tint{}; },
+          [](const TreeNode::TBDevice&) {
+            return Tint{Color::accent, 0.05};
+          },
+          [](const TreeNode::USBBusEntry&) {
+            return Tint{Color::grey, 0.06};
+          },
+          [&](const TreeNode::USBDeviceEntry&) {
+            return node.hasChildren() ? Tint{Color::grey, 0.06} : Tint{Color::textBackground, 0.5};
+          },
+          [](const TreeNode::Charger&) {
+            return Tint{Color::yellow, 0.07};
+          },
+          [](const TreeNode::ChargingOnly&) {
+            return Tint{Color::yellow, 0.07};
+          },
+      },
+      node.kind);
+}
+
+} // namespace
+
+std::vector<ExpandableRow> expandableRows(const std::vector<TreeNode>& siblings, int depth) {
+  std::vector<ExpandableRow> rows;
+  for (const TreeNode& node : siblings) {
+    const bool isTBDevice = std::holds_alternative<TreeNode::TBDevice>(node.kind);
+    rows.push_back(ExpandableRow{
+        .id = node.id,
+        .depth = depth,
+        .isLast = &node == &siblings.back(),
+        .startsExpanded = isTBDevice && node.hasChildren(),
+        .tint = tintOf(node),
+        .content = contentOf(node),
+        .children = expandableRows(node.children, depth + 1),
+    });
+  }
+  return rows;
+}
+
+USBBusHeaderRow usbBusHeaderRow(const USBBus& bus, const AggregatedPower& power) {
+  return {bus.displayName(), compactWatts(power.usedMa, " rated")};
+}
+
+ChargerRow chargerRow(const ChargerInfo& charger) {
+  ChargerRow row{.name = charger.name, .rated = std::nullopt, .isCharging = charger.isCharging};
+  if (charger.ratedWatts) {
+    row.rated = std::to_string(*charger.ratedWatts).append(" W ").append(Loc::rated());
+  }
+  return row;
+}
+
+} // namespace tamberline

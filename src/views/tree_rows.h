@@ -1,0 +1,92 @@
+#pragma once
+
+#include "tree/tree_node.h"
+#include "views/badge.h"
+#include "views/bars.h"
+#include "views/colors.h"
+#include "views/volume_row.h"
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace tamberline {
+
+struct TBDeviceRow {
+  std::string icon = {};
+  std::string name = {};
+  std::optional<Badge> modeBadge = {};
+  std::optional<std::string> ratedDraw = {};
+  std::optional<SpeedBarRow> speedBar = {};
+};
+
+struct USBBusHeaderRow {
+  std::string name = {};
+  std::optional<std::string> ratedDraw = {};
+};
+
+/// Why a link is slow: the title and the text of the popover.
+struct SpeedNote {
+  std::string title = {};
+  std::string note = {};
+};
+
+struct HubTotal {
+  std::string text = {};
+  std::string tooltip = {};
+};
+
+struct USBDeviceDetailRow {
+  std::string icon = {};
+  std::string name = {};
+  std::string speedText = {};
+  Color speedColor = Color::orange;
+  std::string speedTooltip = {};
+  std::optional<SpeedNote> speedNote = {};
+  std::optional<HubTotal> hubTotal = {};
+  std::optional<SpeedBarRow> speedBar = {};
+  std::optional<PowerBarRow> powerBar = {};
+  std::vector<VolumeRow> volumes = {};
+};
+
+struct ChargerRow {
+  std::string name = {};
+  std::optional<std::string> rated = {};
+  bool isCharging = false;
+};
+
+struct ChargingOnlyRow {
+  std::string title = {};
+  std::string detail = {};
+  Badge badge = {};
+};
+
+/// A faint colour behind a row.
+struct Tint {
+  Color color = Color::clear;
+  double opacity = 0;
+};
+
+/// One row of the tree below a card's header, with the rows that it opens onto.
+struct ExpandableRow {
+  using Content =
+      std::variant<TBDeviceRow, USBBusHeaderRow, USBDeviceDetailRow, ChargerRow, ChargingOnlyRow>;
+
+  std::string id = {};
+  int depth = 0;
+  bool isLast = false;
+  /// Before anybody touched the row.
+  bool startsExpanded = false;
+  Tint tint = {};
+  Content content = {};
+  std::vector<ExpandableRow> children = {};
+};
+
+/// The rows of siblings, all at `depth`.
+std::vector<ExpandableRow> expandableRows(const std::vector<TreeNode>& siblings, int depth);
+
+USBBusHeaderRow usbBusHeaderRow(const USBBus& bus, const AggregatedPower& power);
+ChargerRow chargerRow(const ChargerInfo& charger);
+
+} // namespace tamberline

@@ -1,0 +1,60 @@
+#include "views/volume_row.h"
+
+#include "base/overloaded.h"
+#include "base/text.h"
+#include "i18n/loc.h"
+
+namespace tamberline {
+namespace {
+
+SymbolButton retestButton() {
+  return {.symbol = "arrow.clockwise", .tooltip = std::string(Loc::hintRetest())};
+}
+
+void describeTest(const BenchmarkPhase& phase, VolumeTools& tools) {
+  std::visit(Overloaded{
+                 [&](const BenchmarkPhase::Idle&) {
+                   tools.testButton = {.symbol = "speedometer",
+                                       .tooltip = std::string(Loc::hintTestSpeed())};
+                 },
+                 [&](const BenchmarkPhase::Running& running) {
+                   tools.showsTestProgress = true;
+                   tools.testTexts = {{running.phase, Color::secondary}};
+                 },
+                 [&](const BenchmarkPhase::Done& done) {
+                   tools.testTexts = {{"W " + fixedText(done.writeMBps, 0), Color::blue},
+                                      {"R " + fixedText(done.readMBps, 0) + " MB/s", Color::green}};
+                   tools.testButton = retestButton();
+                 },
+                 [&](const BenchmarkPhase::Failed& failed) {
+                   tools.testTexts = {{failed.message, Color::orange}};
+                   tools.testButton = retestButton();
+                 },
+             },
+             phase.state);
+}
+
+} // namespace
+
+VolumeRow volumeRow(const USBVolume& volume) {
+  return {std::string(Loc::volume()), volume.name, volume.mountPoint};
+}
+
+VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectState>& eject) {
+  VolumeTools tools;
+  describeTest(phase, tools);
+  if (eject && std::holds_alternative<EjectState::Ejecting>(eject->state)) {
+    tools.showsEjectProgress = true;
+    return tools;
+  }
+  tools.ejectButton = {.symbol = "eject.circle", .tooltip = std::string(Loc::hintEject())};
+  if (eject) {
+    tools.ejectButton->symbol = "exclamationmark.circle";
+    tools.ejectButton->tooltip = std::get<EjectState::Failed>(eject->state).message;
+    tools.ejectButton->color = Color::orange;
+  }
+  tools.ejectButton->isEnabled = !phase.isRunning();
+  return tools;
+}
+
+} // namespace tamberline

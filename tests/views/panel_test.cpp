@@ -1,0 +1,134 @@
+#include "support/language_scope.h"
+#include "support/sample_records.h"
+#include "views/panel.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+TreeNode portNode(std::int64_t number) {
+  return TreeNode(TreeNode::TBPort{thunderboltBus(number)});
+}
+
+TreeNode drawing(std::int64_t usedMa) {
+  return TreeNode(TreeNode::USBDeviceEntry{USBDevice{.name = "Disk", .busPowerUsed = usedMa}});
+}
+
+TreeNode chargerNode(const ChargerInfo& charger) {
+  return TreeNode(TreeNode::Charger{charger});
+}
+
+Panel panelOf(std::vector<TreeNode> tree) {
+  return describePanel({.portTree = std::move(tree)});
+}
+
+template <typename ExpectedCard>
+ExpectedCard onlyCardOf(const TreeNode& node) {
+  return std::get<ExpectedCard>(panelOf({node}).cards.at(0));
+}
+
+TEST(Panel, ShowsAMessageWhereItHasNoCards) {
+  const std::vector<TreeNode> tree = {portNode(1)};
+  const struct {
+    const char* description;
+    PanelInputs inputs;
+    Panel::State state;
+    std::optional<std::string> message;
+  } rows[] = {
+      {"nothing found", {}, Panel::State::empty, "No ports detected"},
+      {"first scan", {.isScanning = true}, Panel::State::scanning, "Scanning ports…"},
+      {"failed", {.errorMessage = "broken"}, Panel::State::error, "broken"},
+      {"scanning after a failure",
+       {.isScanning = true, .errorMessage = "broken"},
+       Panel::State::error,
+       "broken"},
+      {"failed with a tree",
+       {.portTree = tree, .errorMessage = "broken"},
+       Panel::State::error,
+       "broken"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    const Panel panel = describePanel(row.inputs);
+    EXPECT_EQ(panel.state, row.state);
+    EXPECT_EQ(panel.message, row.message);
+    EXPECT_TRUE(panel.cards.empty());
+  }
+}
+
+TEST(Panel, KeepsItsCardsDuringARescan) {
+  const Panel panel = describePanel({.portTree = {portNode(1)}, .isScanning = true});
+
+  EXPECT_EQ(panel.state, Panel::State::cards);
+  EXPECT_EQ(panel.message, std::nullopt);
+  EXPECT_EQ(panel.cards.size(), 1U);
+}
+
+TEST(Panel, HasOneCardPerTopLevelNodeInOrder) {
+  const Panel panel = panelOf({chargerNode({}), portNode(1), portNode(2),
+                               TreeNode(TreeNode::USBBusEntry{addOnBus("USB31Bus", {})})});
+
+  ASSERT_EQ(panel.cards.size(), 4U);
+  EXPECT_TRUE(std::holds_alternative<ChargerCard>(panel.cards[0]));
+  EXPECT_EQ(std::get<PortCard>(panel.cards[1]).title, "Thunderbolt Port 1");
+  EXPECT_EQ(std::get<PortCard>(panel.cards[2]).title, "Thunderbolt Port 2");
+  EXPECT_TRUE(std::holds_alternative<StandaloneUSBCard>(panel.cards[3]));
+}
+
+TEST(Panel, HandsItsFactsToThePortCards) {
+  const Panel panel =
+      describePanel({.portTree = {portNode(1)}, .portFacts = {.portCurrentLimitMa = {{1, 3000}}}});
+
+  EXPECT_EQ(std::get<PortCard>(panel.cards.at(0)).badges.at(0).badge.text, "15 W");
+}
+
+TEST(BusCard, ShowsHeaderAndDevices) {
+  TreeNode node(TreeNode::USBBusEntry{addOnBus("USB30Bus", {})}, {drawing(500), drawing(400)});
+  node.id = "/bus";
+  const auto card = onlyCardOf<StandaloneUSBCard>(node);
+
+  EXPECT_EQ(card.id, "/bus");
+  EXPECT_EQ(card.header.name, "USB 3.0 Bus");
+  EXPECT_EQ(card.header.ratedDraw, "4.5W rated");
+  ASSERT_EQ(card.rows.size(), 2U);
+  EXPECT_EQ(card.rows[0].depth, 0);
+  EXPECT_TRUE(card.rows[1].isLast);
+}
+
+TEST(ChargerCard, ShowsTheAdapterAndItsPort) {
+  TreeNode node = chargerNode({.name = "Adapter", .ratedWatts = 140});
+  node.id = "/charger";
+  const auto card = onlyCardOf<ChargerCard>(node);
+
+  EXPECT_EQ(card.id, "/charger");
+  EXPECT_EQ(card.icon, "powerplug.fill");
+  EXPECT_EQ(card.title, "Power Adapter");
+  EXPECT_EQ(card.port, "MagSafe");
+  EXPECT_EQ(card.portTooltip, "Physical port the power adapter is plugged into");
+  EXPECT_EQ(card.row.name, "Adapter");
+  EXPECT_EQ(card.row.rated, "140 W rated");
+}
+
+TEST(ChargerCard, ShowsTheBoltWhileCharging) {
+  EXPECT_EQ(onlyCardOf<ChargerCard>(chargerNode({.isCharging = true})).icon, "bolt.fill");
+}
+
+TEST(ChargerCard, NamesAUSBCPort) {
+  EXPECT_EQ(onlyCardOf<ChargerCard>(chargerNode({.connectsViaUSBC = true})).port,
+            "USB-C / Thunderbolt");
+}
+
+TEST(Panel, SpeaksTheLanguageOfTheRun) {
+  const LanguageScope german(AppLanguage::de);
+
+  EXPECT_EQ(describePanel({}).message, "Keine Ports erkannt");
+  EXPECT_EQ(describePanel({.isScanning = true}).message, "Ports werden gescannt…");
+  EXPECT_EQ(onlyCardOf<ChargerCard>(chargerNode({})).title, "Netzteil");
+}
+
+} // namespace
+} // namespace tamberline

@@ -1,0 +1,124 @@
+#include "support/language_scope.h"
+#include "views/volume_row.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace tamberline {
+
+// How a failed comparison names these values.
+void PrintTo(const ColoredText& text, std::ostream* stream) {
+  *stream << nameOf(text.color) << " \"" << text.text << "\"";
+}
+
+void PrintTo(const SymbolButton& button, std::ostream* stream) {
+  *stream << nameOf(button.color) << " " << button.symbol << " \"" << button.tooltip << "\""
+          << (button.isEnabled ? "" : " (disabled)");
+}
+
+namespace {
+
+using Texts = std::vector<ColoredText>;
+
+const BenchmarkPhase idle{BenchmarkPhase::Idle{}};
+const BenchmarkPhase writing{BenchmarkPhase::Running{"Writing…"}};
+const BenchmarkPhase failed{BenchmarkPhase::Failed{"Volume is read-only"}};
+const EjectState ejecting{EjectState::Ejecting{}};
+const EjectState ejectFailed{EjectState::Failed{"in use"}};
+
+BenchmarkPhase done(double writeMBps, double readMBps) {
+  return {BenchmarkPhase::Done{writeMBps, readMBps}};
+}
+
+const SymbolButton retest = {.symbol = "arrow.clockwise", .tooltip = "Run the test again"};
+const SymbolButton eject = {.symbol = "eject.circle", .tooltip = "Eject this drive"};
+
+TEST(VolumeRow, NamesTheVolume) {
+  const VolumeRow row = volumeRow({"Data", "/Volumes/Data"});
+
+  EXPECT_EQ(row.label, "Volume");
+  EXPECT_EQ(row.name, "Data");
+  EXPECT_EQ(row.mountPoint, "/Volumes/Data");
+}
+
+TEST(VolumeRow, SpeaksTheLanguageOfTheRun) {
+  const LanguageScope spanish(AppLanguage::es);
+
+  EXPECT_EQ(volumeRow({"Data", "/Volumes/Data"}).label, "Volumen");
+  EXPECT_EQ(volumeTools(idle, std::nullopt).ejectButton->tooltip, "Expulsar esta unidad");
+}
+
+TEST(VolumeTest, IsOfferedByAnIdleVolume) {
+  const VolumeTools tools = volumeTools(idle, std::nullopt);
+
+  EXPECT_FALSE(tools.showsTestProgress);
+  EXPECT_EQ(tools.testTexts, Texts{});
+  EXPECT_EQ(tools.testButton,
+            (SymbolButton{.symbol = "speedometer",
+                          .tooltip = "Measure this volume's read & write speed (writes a temp "
+                                     "file, then deletes it)"}));
+}
+
+TEST(VolumeTest, ShowsItsPhaseWhileItRuns) {
+  const VolumeTools tools = volumeTools(writing, std::nullopt);
+
+  EXPECT_TRUE(tools.showsTestProgress);
+  EXPECT_EQ(tools.testTexts, (Texts{{"Writing…", Color::secondary}}));
+  EXPECT_EQ(tools.testButton, std::nullopt);
+}
+
+TEST(VolumeTest, ShowsBothSpeedsWhenDone) {
+  const VolumeTools tools = volumeTools(done(412.4, 1021.7), std::nullopt);
+
+  EXPECT_FALSE(tools.showsTestProgress);
+  EXPECT_EQ(tools.testTexts, (Texts{{"W 412", Color::blue}, {"R 1022 MB/s", Color::green}}));
+  EXPECT_EQ(tools.testButton, retest);
+}
+
+TEST(VolumeTest, ShowsWhyItFailed) {
+  const VolumeTools tools = volumeTools(failed, std::nullopt);
+
+  EXPECT_FALSE(tools.showsTestProgress);
+  EXPECT_EQ(tools.testTexts, (Texts{{"Volume is read-only", Color::orange}}));
+  EXPECT_EQ(tools.testButton, retest);
+}
+
+TEST(VolumeEjection, IsOfferedUnlessATestRuns) {
+  SymbolButton disabled = eject;
+  disabled.isEnabled = false;
+
+  EXPECT_EQ(volumeTools(idle, std::nullopt).ejectButton, eject);
+  EXPECT_EQ(volumeTools(done(1, 1), std::nullopt).ejectButton, eject);
+  EXPECT_EQ(volumeTools(failed, std::nullopt).ejectButton, eject);
+  EXPECT_EQ(volumeTools(writing, std::nullopt).ejectButton, disabled);
+  EXPECT_FALSE(volumeTools(idle, std::nullopt).showsEjectProgress);
+}
+
+TEST(VolumeEjection, ShowsProgressInPlaceOfItsButton) {
+  const VolumeTools tools = volumeTools(idle, ejecting);
+
+  EXPECT_TRUE(tools.showsEjectProgress);
+  EXPECT_EQ(tools.ejectButton, std::nullopt);
+  EXPECT_TRUE(tools.testButton.has_value());
+}
+
+TEST(VolumeEjection, OffersAnotherAttemptWithTheReasonOfTheFailure) {
+  const VolumeTools tools = volumeTools(idle, ejectFailed);
+
+  EXPECT_FALSE(tools.showsEjectProgress);
+  EXPECT_EQ(tools.ejectButton,
+            (SymbolButton{
+                .symbol = "exclamationmark.circle", .tooltip = "in use", .color = Color::orange}));
+}
+
+TEST(VolumeEjection, OffersNoSecondAttemptWhileATestRuns) {
+  EXPECT_EQ(volumeTools(writing, ejectFailed).ejectButton,
+            (SymbolButton{.symbol = "exclamationmark.circle",
+                          .tooltip = "in use",
+                          .color = Color::orange,
+                          .isEnabled = false}));
+}
+
+} // namespace
+} // namespace tamberline
