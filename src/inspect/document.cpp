@@ -1,0 +1,58 @@
+#include "inspect/document.h"
+
+#include "inspect/panel_document.h"
+#include "inspect/record_documents.h"
+#include "inspect/tree_document.h"
+#include "tree/node_identifiers.h"
+#include "views/panel_inputs.h"
+
+#include <map>
+#include <string>
+
+namespace tamberline {
+namespace {
+
+template <typename Record>
+Document describeAll(const std::vector<Record>& records) {
+  return listOf(records, [](const Record& record) { return describe(record); });
+}
+
+template <typename Record>
+Document describeOrNull(const std::optional<Record>& record) {
+  return record ? describe(*record) : Document(nullptr);
+}
+
+template <typename Value, typename Describe>
+Document tableOf(const std::map<std::int64_t, Value>& table, Describe describeValue) {
+  Document document = Document::object();
+  for (const auto& [key, value] : table) {
+    document[std::to_string(key)] = describeValue(value);
+  }
+  return document;
+}
+
+} // namespace
+
+Document inspectionDocument(const PortScanner& scanner) {
+  const std::vector<TreeNode>& tree = scanner.portTree.get();
+  return {
+      {"errorMessage", orNull(scanner.errorMessage.get())},
+      {"thunderboltBuses", describeAll(scanner.thunderboltBuses.get())},
+      {"usbBuses", describeAll(scanner.usbBuses.get())},
+      {"charger", describeOrNull(scanner.charger.get())},
+      {"battery", describeOrNull(scanner.battery.get())},
+      {"hpmPorts", describeAll(scanner.hpmPorts.get())},
+      {"fedPortStates", describeAll(scanner.fedPortStates.get())},
+      {"bestAdapterIndex", scanner.bestAdapterIndex.get()},
+      {"portPowerOut", tableOf(scanner.portPowerOut.get(),
+                               [](const PortPowerOut& power) { return describe(power); })},
+      {"portCurrentLimitMa",
+       tableOf(scanner.portCurrentLimitMa.get(), [](std::int64_t limitMa) { return limitMa; })},
+      {"portTree", describeAll(tree)},
+      {"allContainerIDs", allContainerIDs(tree)},
+      {"searchEntries", describeAll(flattenSearchable(tree))},
+      {"panel", describe(describePanel(panelInputs(scanner)))},
+  };
+}
+
+} // namespace tamberline

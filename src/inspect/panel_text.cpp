@@ -1,0 +1,215 @@
+#include "inspect/panel_text.h"
+
+#include "base/overloaded.h"
+#include "i18n/loc.h"
+#include "inspect/shown_text.h"
+#include "inspect/text_tree.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+constexpr int barWidth = 20;
+
+TextSpan gap() {
+  return {"  "};
+}
+
+void append(TextLine& line, TextSpan span) {
+  if (!line.empty()) {
+    line.push_back(gap());
+  }
+  line.push_back(std::move(span));
+}
+
+void appendIfShown(TextLine& line, const std::optional<std::string>& text,
+                   Color color = Color::secondary) {
+  if (text) {
+    append(line, {*text, color});
+  }
+}
+
+std::string repeated(std::string_view piece, int count) {
+  std::string text;
+  for (int index = 0; index < count; ++index) {
+    text += piece;
+  }
+  return text;
+}
+
+/// A layer that is drawn shows at least one cell.
+int cellsOf(double fraction) {
+  const int cells = static_cast<int>(std::lround(fraction * barWidth));
+  return fraction > 0 && cells == 0 ? 1 : cells;
+}
+
+void appendBar(TextLine& line, const TriBar& bar, Color color) {
+  const int used = cellsOf(bar.usedFraction);
+  const int beyondUsed = std::max(cellsOf(bar.cableFraction) - used, 1);
+  const int cable = bar.showsCableLayer() ? std::min(beyondUsed, barWidth - used) : 0;
+  append(line, {repeated("█", used), color});
+  line.push_back({repeated("▒", cable), color});
+  line.push_back({repeated("░", barWidth - used - cable), Color::grey});
+}
+
+TextSpan badgeSpan(const Badge& badge) {
+  if (!badge.color) {
+    return {badge.text, Color::secondary};
+  }
+  return {"[" + shownText(badge.text) + "]", *badge.color};
+}
+
+TextLine speedLine(const SpeedBarRow& bar) {
+  TextLine line;
+  appendBar(line, {bar.ratio, 0}, bar.color);
+  append(line, {bar.speedLabel, bar.color});
+  append(line, {bar.portMaxLabel, Color::secondary});
+  return line;
+}
+
+TextLine powerLine(const PowerBarRow& row) {
+  TextLine line;
+  appendBar(line, row.bar, Color::blue);
+  append(line, {row.used});
+  if (row.allocated) {
+    line.push_back({" " + *row.allocated, Color::secondary});
+  }
+  appendIfShown(line, row.portMax);
+  return line;
+}
+
+TextLine measuredLine(const MeasuredPower& power) {
+  TextLine line;
+  appendBar(line, power.bar, Color::blue);
+  append(line, {power.used});
+  if (power.allocated) {
+    line.push_back({" · " + *power.allocated, Color::secondary});
+  }
+  append(line, {power.voltageCurrent, Color::secondary});
+  return line;
+}
+
+TextLine volumeLine(const VolumeRow& volume) {
+  TextLine line = {{volume.label, Color::secondary}};
+  append(line, {shownText(volume.name)});
+  append(line, {shownText(volume.mountPoint), Color::secondary});
+  return line;
+}
+
+std::vector<TextLine> linesOf(const TBDeviceRow& row) {
+  TextLine first = {{shownText(row.name)}};
+  if (row.modeBadge) {
+    append(first, badgeSpan(*row.modeBadge));
+  }
+  appendIfShown(first, row.ratedDraw);
+  std::vector<TextLine> lines = {std::move(first)};
+  if (row.speedBar) {
+    lines.push_back(speedLine(*row.speedBar));
+  }
+  return lines;
+}
+
+std::vector<TextLine> linesOf(const USBBusHeaderRow& row) {
+  TextLine first = {{row.name}};
+  appendIfShown(first, row.ratedDraw);
+  return {std::move(first)};
+}
+
+std::vector<TextLine> linesOf(const USBDeviceDetailRow& row) {
+  TextLine first = {{shownText(row.name)}};
+  append(first, {shownText(row.speedText), row.speedColor});
+  if (row.hubTotal) {
+    append(first, {row.hubTotal->text, Color::secondary});
+  }
+  std::vector<TextLine> lines = {std::move(first)};
+  if (row.speedBar) {
+    lines.push_back(speedLine(*row.speedBar));
+  }
+  if (row.speedNote) {
+    lines.push_back({{"↑ " + row.speedNote->note, Color::orange}});
+  }
+  if (row.powerBar) {
+    lines.push_back(powerLine(*row.powerBar));
+  }
+  for (const VolumeRow& volume : row.volumes) {
+    lines.push_back(volumeLine(volume));
+  }
+  return lines;
+}
+
+std::vector<TextLine> linesOf(const ChargerRow& row) {
+  TextLine line = {{"⚡ ", Color::yellow}, {shownText(row.name)}};
+  if (row.rated) {
+    append(line, {(row.isCharging ? "▲ " : "") + *row.rated,
+                  row.isCharging ? Color::green : Color::secondary});
+  }
+  return {std::move(line)};
+}
+
+std::vector<TextLine> linesOf(const ChargingOnlyRow& row) {
+  TextLine first = {{"⚡ ", Color::yellow}, {row.title}};
+  append(first, badgeSpan(row.badge));
+  return {std::move(first), {{row.detail, Color::secondary}}};
+}
+
+std::vector<TextTree> treesOf(const std::vector<ExpandableRow>& rows) {
+  std::vector<TextTree> trees;
+  trees.reserve(rows.size());
+  for (const ExpandableRow& row : rows) {
+    trees.push_back({std::visit([](const auto& content) { return linesOf(content); }, row.content),
+                     treesOf(row.children)});
+  }
+  return trees;
+}
+
+TextTree treeOf(const PortCard& card) {
+  TextLine header = {{card.inUse ? "● " : "○ ", card.inUse ? Color::green : Color::grey},
+                     {card.title, Color::primary, /*isBold=*/true}};
+  appendIfShown(header, card.itemCount);
+  for (const PortBadge& badge : card.badges) {
+    append(header, badgeSpan(badge.badge));
+  }
+  TextTree tree{{std::move(header)}, treesOf(card.rows)};
+  if (card.measuredPower) {
+    tree.lines.push_back(measuredLine(*card.measuredPower));
+  }
+  if (card.portPowerBar) {
+    tree.lines.push_back(powerLine(*card.portPowerBar));
+  }
+  if (card.nothingAttached) {
+    tree.lines.push_back({{*card.nothingAttached, Color::secondary}});
+  }
+  return tree;
+}
+
+TextTree treeOf(const StandaloneUSBCard& card) {
+  TextTree tree{linesOf(card.header), treesOf(card.rows)};
+  tree.lines.front().front().isBold = true;
+  return tree;
+}
+
+TextTree treeOf(const ChargerCard& card) {
+  TextLine header = {{card.title, Color::primary, /*isBold=*/true}};
+  append(header, {card.port, Color::secondary});
+  return {{std::move(header)}, {TextTree{linesOf(card.row), {}}}};
+}
+
+} // namespace
+
+std::string panelText(const Panel& panel, bool useColors) {
+  std::vector<TextTree> trees;
+  if (panel.message) {
+    const Color color = panel.state == Panel::State::error ? Color::orange : Color::secondary;
+    trees.push_back({{{{shownText(*panel.message), color}}}, {}});
+  }
+  for (const Card& card : panel.cards) {
+    trees.push_back(std::visit([](const auto& one) { return treeOf(one); }, card));
+  }
+  return renderTextTrees(trees, useColors);
+}
+
+} // namespace tamberline

@@ -1,0 +1,46 @@
+// The records as parts of the inspection document: stored fields and derived values, without the
+// random identities, and without the children where the tree shows those itself.
+#pragma once
+
+#include "model/power_records.h"
+#include "model/thunderbolt_records.h"
+#include "model/usb_records.h"
+
+#include <nlohmann/json.hpp>
+
+#include <optional>
+#include <vector>
+
+namespace tamberline {
+
+using Document = nlohmann::ordered_json;
+
+template <typename Value>
+Document orNull(const std::optional<Value>& value) {
+  return value ? Document(*value) : Document(nullptr);
+}
+
+template <typename Records, typename Describe>
+Document listOf(const Records& records, Describe describe) {
+  Document list = Document::array();
+  for (const auto& record : records) {
+    list.push_back(describe(record));
+  }
+  return list;
+}
+
+Document describeBusAlone(const ThunderboltBus& bus);
+Document describe(const ThunderboltBus& bus);
+Document describeDeviceAlone(const ThunderboltDevice& device);
+Document describe(const ThunderboltDevice& device);
+Document describeBusAlone(const USBBus& bus);
+Document describe(const USBBus& bus);
+Document describeDeviceAlone(const USBDevice& device);
+Document describe(const USBDevice& device);
+Document describe(const ChargerInfo& charger);
+Document describe(const BatteryInfo& battery);
+Document describe(const HPMPort& port);
+Document describe(const FedPortState& port);
+Document describe(const PortPowerOut& power);
+
+} // namespace tamberline

@@ -1,0 +1,55 @@
+#include "inspect/shown_text.h"
+
+#include "base/text.h"
+#include "base/utf8.h"
+
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+constexpr std::size_t mostCharacters = 120;
+constexpr char32_t replacement = 0xFFFD;
+constexpr char32_t ellipsis = 0x2026;
+
+bool isWithin(char32_t character, char32_t first, char32_t last) {
+  return character >= first && character <= last;
+}
+
+bool couldDisturbATerminal(char32_t character) {
+  const bool isControl = character < 0x20 || isWithin(character, 0x7F, 0x9F);
+  const bool isSeparator = isWithin(character, 0x2028, 0x2029);
+  const bool turnsDirection = character == 0x061C || isWithin(character, 0x200E, 0x200F) ||
+                              isWithin(character, 0x202A, 0x202E) ||
+                              isWithin(character, 0x2066, 0x2069);
+  return isControl || isSeparator || turnsDirection;
+}
+
+std::vector<char32_t> harmlessCharacters(std::string_view text) {
+  std::vector<char32_t> characters;
+  while (!text.empty()) {
+    const DecodedCharacter next = decodeFirstCharacter(text);
+    const bool isHarmless = next.isValid && !couldDisturbATerminal(next.codePoint);
+    characters.push_back(isHarmless ? next.codePoint : replacement);
+    text.remove_prefix(next.length);
+  }
+  return characters;
+}
+
+} // namespace
+
+std::string shownText(std::string_view text) {
+  std::vector<char32_t> characters = harmlessCharacters(trimmed(text));
+  if (characters.size() > mostCharacters) {
+    const auto surplus = static_cast<std::ptrdiff_t>(characters.size() - mostCharacters);
+    const auto middle = characters.begin() + static_cast<std::ptrdiff_t>(mostCharacters / 2);
+    *characters.erase(middle, middle + surplus) = ellipsis;
+  }
+  std::string shown;
+  for (const char32_t character : characters) {
+    appendUtf8(character, shown);
+  }
+  return shown;
+}
+
+} // namespace tamberline

@@ -1,0 +1,236 @@
+#include "inspect/sample_scans.h"
+#include "support/language_scope.h"
+#include "support/property_list_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tamberline {
+namespace {
+
+TEST(Document, OfAScanThatFoundNothingHasEmptyMembers) {
+  EXPECT_EQ(jsonText(Scan().run()), normalized(R"({
+    "errorMessage": null, "thunderboltBuses": [], "usbBuses": [], "charger": null,
+    "battery": null, "hpmPorts": [], "fedPortStates": [], "bestAdapterIndex": 0,
+    "portPowerOut": {}, "portCurrentLimitMa": {}, "portTree": [], "allContainerIDs": [],
+    "searchEntries": [],
+    "panel": {"state": "empty", "message": "No ports detected", "cards": []}
+  })"));
+}
+
+TEST(Document, OfAFailedScanSaysWhatFailed) {
+  Scan scan;
+  scan.tools->answer("SPUSBDataType.json", "no JSON");
+  const Document document = scan.run();
+
+  EXPECT_EQ(document["errorMessage"], "Could not parse SPUSBDataType");
+  EXPECT_EQ(jsonText(document["panel"]), normalized(R"({
+    "state": "error", "message": "Could not parse SPUSBDataType", "cards": []
+  })"));
+}
+
+TEST(Document, OfASuccessAfterAFailureHasNoError) {
+  Scan scan;
+  scan.tools->answer("SPUSBDataType.json", "no JSON");
+  scan.run();
+  answerWithDesk(*scan.tools);
+
+  EXPECT_EQ(jsonText(scan.run()), jsonText(deskDocument()));
+}
+
+TEST(Document, OfAFailureAfterASuccessKeepsWhatWasShown) {
+  Scan scan;
+  answerWithDesk(*scan.tools);
+  scan.run();
+  scan.tools->answer("SPUSBDataType.json", "no JSON");
+
+  EXPECT_EQ(jsonText(scan.run()), jsonText(deskDocument()));
+}
+
+TEST(Document, DuringTheFirstScanSaysSo) {
+  Scan scan;
+  scan.scanner->scan();
+
+  EXPECT_EQ(jsonText(inspectionDocument(*scan.scanner)["panel"]), normalized(R"({
+    "state": "scanning", "message": "Scanning ports…", "cards": []
+  })"));
+  scan.run();
+}
+
+TEST(Document, IsTheSameForTheSameHardware) {
+  EXPECT_EQ(jsonText(deskDocument()), jsonText(deskDocument()));
+}
+
+TEST(Document, DescribesAThunderboltBus) {
+  Document bus = at(deskDocument(), "/thunderboltBuses/3");
+  bus["connectedDevices"] = bus["connectedDevices"].size();
+  EXPECT_EQ(jsonText(bus), normalized(R"({
+    "busNumber": 0, "hostName": "Workshop", "uid": "0xA0", "displayName": "Thunderbolt Port 0",
+    "port": {"status": "receptacle_connected", "speed": "Up to 40 Gb/s", "linkWidth": "0x2",
+             "isConnected": true, "speedGbps": 40, "laneCount": 2, "totalBandwidthGbps": 80,
+             "badgeText": "40 Gb/s ×2"},
+    "connectedDevices": 1
+  })"));
+}
+
+TEST(Document, DescribesThunderboltDevicesWithWhatIsBehindThem) {
+  EXPECT_EQ(jsonText(at(deskDocument(), "/thunderboltBuses/3/connectedDevices/0")), normalized(R"({
+    "name": "Harbour Dock", "vendorName": "Harbour", "mode": "usb4_gen3x2", "uid": "0xD0",
+    "firmwareVersion": "1.2", "upstreamSpeed": "20 Gb/s", "upstreamWidth": "0x2",
+    "modeLabel": "USB4 40G", "upstreamSpeedGbps": 20, "upstreamLanes": 2,
+    "upstreamLabel": "20 Gb/s ×2 = 40 Gb/s",
+    "children": [
+      {"name": "Bare", "vendorName": "", "mode": "", "uid": "", "firmwareVersion": "",
+       "upstreamSpeed": "", "upstreamWidth": "", "modeLabel": "", "upstreamSpeedGbps": 0,
+       "upstreamLanes": 1, "upstreamLabel": "", "children": []}]
+  })"));
+}
+
+TEST(Document, DescribesAUSBBusWithItsDevices) {
+  EXPECT_EQ(jsonText(at(deskDocument(), "/usbBuses/0")), normalized(R"({
+    "rawName": "USB31Bus", "hostController": "AppleT6020USBXHCI", "displayName": "USB 3.1 Bus",
+    "maxSpeedGbps": 10.0, "maxSpeedLabel": "max 10 Gb/s", "portMaxMa": 900,
+    "isInternalTBController": true,
+    "devices": [
+      {"name": "Quarry SSD", "vendorID": "0x1111", "productID": "0x2222", "speed": "super_speed",
+       "manufacturer": "Quarry", "serialNumber": "S1", "busPower": 900, "busPowerUsed": 450,
+       "containerID": null, "physicalPort": 1,
+       "volumes": [{"name": "Data", "mountPoint": "/Volumes/Data"}],
+       "speedGbps": 5.0, "speedShortLabel": "5 Gb/s", "speedDetailLabel": "USB 3.2 Gen 1",
+       "powerAvailableW": 4.5, "powerUsedW": 2.25, "powerFraction": 0.5, "children": []}]
+  })"));
+}
+
+TEST(Document, HasNullForWhatADeviceDoesNotReport) {
+  Document hub = at(deskDocument(), "/usbBuses/1/devices/0");
+  hub["children"] = hub["children"].size();
+  EXPECT_EQ(jsonText(hub), normalized(R"({
+    "name": "hub_device", "vendorID": "", "productID": "", "speed": "", "manufacturer": "",
+    "serialNumber": null, "busPower": null, "busPowerUsed": 100, "containerID": null,
+    "physicalPort": null, "volumes": [], "speedGbps": 0.0, "speedShortLabel": "—",
+    "speedDetailLabel": "", "powerAvailableW": null, "powerUsedW": 0.5, "powerFraction": null,
+    "children": 1
+  })"));
+}
+
+TEST(Document, DescribesUSBBusesAfterMergingTheHalvesOfAHub) {
+  Scan scan;
+  scan.tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
+    {"_name": "Hub 2", "device_speed": "high_speed", "location_id": "0x01000000"},
+    {"_name": "Hub 3", "device_speed": "super_speed", "location_id": "0x02000000"}]}]})");
+  scan.tools->answer("IOUSBHostDevice.plist", propertyList(R"(<array>
+    <dict><key>locationID</key><integer>16777216</integer>
+          <key>kUSBContainerID</key><string>box</string></dict>
+    <dict><key>locationID</key><integer>33554432</integer>
+          <key>kUSBContainerID</key><string>box</string></dict></array>)"));
+  const Document devices = at(scan.run(), "/usbBuses/0/devices");
+
+  ASSERT_EQ(devices.size(), 1U);
+  EXPECT_EQ(devices[0]["name"], "Hub 3");
+  EXPECT_EQ(devices[0]["containerID"], "box");
+}
+
+TEST(Document, DescribesTheAdapterAsReported) {
+  EXPECT_EQ(jsonText(deskDocument()["charger"]), normalized(R"({
+    "name": "96W USB-C Power Adapter", "manufacturer": "Volta", "ratedWatts": 96,
+    "currentWatts": 58, "hardwareVersion": "1.0", "firmwareVersion": "2.0", "isConnected": true,
+    "isCharging": true, "connectsViaUSBC": false, "portLabel": null
+  })"));
+}
+
+TEST(Document, HasNullForWhatAnAdapterDoesNotReport) {
+  Scan scan;
+  scan.tools->answer("SPPowerDataType.json",
+                     R"({"SPPowerDataType": [{"_name": "sppower_ac_charger_information"}]})");
+  const Document charger = scan.run()["charger"];
+
+  EXPECT_TRUE(charger.at("ratedWatts").is_null());
+  EXPECT_TRUE(charger.at("currentWatts").is_null());
+}
+
+TEST(Document, DescribesTheBattery) {
+  EXPECT_EQ(jsonText(deskDocument()["battery"]), normalized(R"({
+    "stateOfCharge": 72, "isFullyCharged": false, "isCharging": true, "health": "Good",
+    "maxCapacityPercent": "91%", "cycleCount": 120
+  })"));
+}
+
+TEST(Document, DescribesPortControllers) {
+  EXPECT_EQ(jsonText(at(deskDocument(), "/hpmPorts/0")), normalized(R"({
+    "portNumber": 1, "isMagSafe": false, "connectionActive": true, "hasData": true,
+    "hasVideo": true, "activeCable": true, "opticalCable": false, "accessoryID": -1,
+    "isCharger": false, "isChargeOnlyDevice": false, "cableLabel": "active cable",
+    "label": "Thunderbolt Port 1"
+  })"));
+  EXPECT_EQ(jsonText(at(cornerDocument(), "/hpmPorts/0")), normalized(R"({
+    "portNumber": 1, "isMagSafe": true, "connectionActive": true, "hasData": false,
+    "hasVideo": false, "activeCable": false, "opticalCable": false, "accessoryID": -1,
+    "isCharger": true, "isChargeOnlyDevice": false, "cableLabel": null, "label": "MagSafe"
+  })"));
+}
+
+TEST(Document, DescribesTheBatteryControllersPorts) {
+  EXPECT_EQ(jsonText(deskDocument()["fedPortStates"]), normalized(R"([
+    {"index": 0, "isConnected": true, "isDualRole": false, "vendorID": 1452, "productID": 7,
+     "powerRole": 2}
+  ])"));
+  EXPECT_EQ(deskDocument()["bestAdapterIndex"], 2);
+}
+
+TEST(Document, KeysTablesByDecimalPortNumbers) {
+  EXPECT_EQ(jsonText(deskDocument()["portPowerOut"]), normalized(R"({
+    "1": {"usedWatts": 3.75, "allocatedWatts": 15.0, "volts": 5.0, "amps": 0.75}
+  })"));
+  EXPECT_EQ(jsonText(deskDocument()["portCurrentLimitMa"]), normalized(R"({"1": 3000})"));
+}
+
+TEST(DocumentTexts, SpeakTheLanguageOfTheRun) {
+  const struct {
+    AppLanguage language;
+    const char* title;
+    const char* itemCount;
+    const char* speedNote;
+    const char* breadcrumb;
+  } rows[] = {
+      {AppLanguage::de, "Thunderbolt-Port 1", "4 Geräte",
+       "Port unterstützt bis zu 10 Gb/s — Gerät oder Kabel ist der Engpass", "Thunderbolt-Port 2"},
+      {AppLanguage::fr, "Port Thunderbolt 1", "4 éléments",
+       "Le port prend en charge jusqu’à 10 Gb/s — l’appareil ou le câble est le goulot "
+       "d’étranglement",
+       "Port Thunderbolt 2"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.title);
+    const LanguageScope scope(row.language);
+    const Document document = deskDocument();
+    EXPECT_EQ(at(document, "/panel/cards/0/title"), row.title);
+    EXPECT_EQ(at(document, "/panel/cards/0/itemCount"), row.itemCount);
+    EXPECT_EQ(at(document, "/portTree/1/children/0/speedNote"), row.speedNote);
+    EXPECT_EQ(at(document, "/searchEntries/4/breadcrumb"), row.breadcrumb);
+  }
+}
+
+TEST(DocumentTexts, KeepTheErrorAndTheNamesOfColoursInEnglish) {
+  const LanguageScope german(AppLanguage::de);
+  Scan scan;
+  scan.tools->answer("SPPowerDataType.json", "no JSON");
+
+  EXPECT_EQ(scan.run()["errorMessage"], "Could not parse SPPowerDataType");
+  EXPECT_EQ(at(deskDocument(), "/panel/cards/1/rows/0/speedColor"), "amber");
+}
+
+TEST(DocumentTexts, KeepHostileNamesUnchanged) {
+  Scan scan;
+  scan.tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
+    {"_name": "\u001b[31m<b>\u202e\"", "device_speed": ""}]}]})");
+  const Document document = scan.run();
+  const std::string name = "\x1b[31m<b>\u202E\"";
+
+  EXPECT_EQ(at(document, "/usbBuses/0/devices/0/name"), name);
+  EXPECT_EQ(at(document, "/panel/cards/0/rows/0/name"), name);
+  EXPECT_EQ(document.dump().find('\x1b'), std::string::npos);
+}
+
+} // namespace
+} // namespace tamberline

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "inspect/document.h"
+#include "support/fake_tools.h"
+#include "support/hand_driven_queue.h"
+
+#include <nlohmann/json.hpp>
+
+#include <memory>
+#include <string>
+
+namespace tamberline {
+
+using Document = nlohmann::ordered_json;
+
+/// A scanner whose tools answer what a test tells them to; empty reports until then.
+struct Scan {
+  Scan();
+
+  /// The document after one scan, with time for the second attempt of a report that failed.
+  Document run();
+
+  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
+  std::shared_ptr<PortScanner> scanner;
+};
+
+/// Four ports. Port 1 holds a dock with an add-on bus and a hub on it, port 2 a disk, port 3 an
+/// adapter, port 4 a device that only draws power.
+void answerWithDesk(FakeTools& tools);
+Document deskDocument();
+
+/// An adapter on MagSafe and an add-on bus that no dock brought.
+Document cornerDocument();
+
+/// The part of a document at a JSON pointer such as "/panel/cards/0".
+Document at(const Document& document, const std::string& pointer);
+
+/// The names of an object's members in their order.
+std::string keysOf(const Document& object);
+
+/// A document as text, one member a line. Members, their order, and whether a number is an integer
+/// all show.
+std::string jsonText(const Document& document);
+
+/// The same of a document that is written by hand.
+std::string normalized(const std::string& json);
+
+} // namespace tamberline

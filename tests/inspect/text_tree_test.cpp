@@ -1,0 +1,106 @@
+#include "inspect/text_tree.h"
+
+#include <gtest/gtest.h>
+
+namespace tamberline {
+namespace {
+
+TextTree entry(const std::vector<std::string>& lines, std::vector<TextTree> children = {}) {
+  TextTree tree{{}, std::move(children)};
+  for (const std::string& line : lines) {
+    tree.lines.push_back({{line}});
+  }
+  return tree;
+}
+
+TEST(TextTree, IsEmptyWithoutEntries) {
+  EXPECT_EQ(renderTextTrees({}, false), "");
+}
+
+TEST(TextTree, SeparatesEntriesByABlankLine) {
+  EXPECT_EQ(renderTextTrees({entry({"first"}), entry({"second"})}, false), "first\n\nsecond\n");
+}
+
+TEST(TextTree, ConnectsWhatIsBelowAnEntry) {
+  const TextTree root =
+      entry({"root"}, {entry({"first"}, {entry({"leaf"}, {entry({"deepest"})}), entry({"leaf"})}),
+                       entry({"last"}, {entry({"leaf"})})});
+
+  EXPECT_EQ(renderTextTrees({root}, false), R"(root
+├─ first
+│  ├─ leaf
+│  │  └─ deepest
+│  └─ leaf
+└─ last
+   └─ leaf
+)");
+}
+
+TEST(TextTree, KeepsTheGuideLinesBesideFurtherLines) {
+  const TextTree root =
+      entry({"root", "more"}, {entry({"first", "more"}, {entry({"leaf", "more"})}),
+                               entry({"last", "more"}, {entry({"leaf", "more"})})});
+
+  EXPECT_EQ(renderTextTrees({root}, false), R"(root
+│  more
+├─ first
+│  │  more
+│  └─ leaf
+│        more
+└─ last
+   │  more
+   └─ leaf
+         more
+)");
+}
+
+TEST(TextTree, JoinsTheSpansOfALine) {
+  const TextTree tree{{{{"a", Color::red}, {"b", Color::primary, true}, {"c"}}}, {}};
+
+  EXPECT_EQ(renderTextTrees({tree}, false), "abc\n");
+  EXPECT_EQ(renderTextTrees({tree}, true), "\x1b[31ma\x1b[0m\x1b[1mb\x1b[0mc\n");
+}
+
+TEST(TextTree, StylesASpanByItsColour) {
+  const struct {
+    Color color;
+    bool isBold;
+    const char* rendered;
+  } rows[] = {
+      {Color::green, false, "\x1b[32mx\x1b[0m\n"},
+      {Color::amber, false, "\x1b[33mx\x1b[0m\n"},
+      {Color::orange, false, "\x1b[38;5;208mx\x1b[0m\n"},
+      {Color::red, false, "\x1b[31mx\x1b[0m\n"},
+      {Color::blue, false, "\x1b[34mx\x1b[0m\n"},
+      {Color::purple, false, "\x1b[35mx\x1b[0m\n"},
+      {Color::yellow, false, "\x1b[33mx\x1b[0m\n"},
+      {Color::grey, false, "\x1b[90mx\x1b[0m\n"},
+      {Color::accent, false, "\x1b[36mx\x1b[0m\n"},
+      {Color::secondary, false, "\x1b[2mx\x1b[0m\n"},
+      {Color::primary, false, "x\n"},
+      {Color::textBackground, false, "x\n"},
+      {Color::clear, false, "x\n"},
+      {Color::primary, true, "\x1b[1mx\x1b[0m\n"},
+      {Color::red, true, "\x1b[1;31mx\x1b[0m\n"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(nameOf(row.color));
+    const TextTree tree{{{{"x", row.color, row.isBold}}}, {}};
+    EXPECT_EQ(renderTextTrees({tree}, true), row.rendered);
+    EXPECT_EQ(renderTextTrees({tree}, false), "x\n");
+  }
+}
+
+TEST(TextTree, StylesNothingWhereThereIsNoText) {
+  const TextTree tree{{{{"", Color::red, true}}}, {}};
+
+  EXPECT_EQ(renderTextTrees({tree}, true), "\n");
+}
+
+TEST(TextTree, DrawsItsConnectorsInGrey) {
+  EXPECT_EQ(renderTextTrees({entry({"root"}, {entry({"leaf"})})}, true),
+            "root\n\x1b[90m└─ \x1b[0mleaf\n");
+}
+
+} // namespace
+} // namespace tamberline

@@ -1,0 +1,196 @@
+#include "platform/posix/child_process_runner.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <clocale>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+using nlohmann::json;
+
+const std::string sampleFolder = SAMPLES_FOLDER;
+
+struct Outcome {
+  std::string output;
+  std::string errorOutput;
+  std::optional<int> exitStatus;
+};
+
+ToolOutput runInShell(const std::string& redirection, const std::vector<std::string>& arguments,
+                      const std::string& environment) {
+  std::vector<std::string> words = {"-c",
+                                    "exec env -u LANGUAGE -u LC_ALL -u LC_MESSAGES -u LANG " +
+                                        environment + " \"$@\" " + redirection,
+                                    "sh", INSPECT_PROGRAM};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return ChildProcessRunner().run("/bin/sh", words);
+}
+
+Outcome inspect(const std::vector<std::string>& arguments, const std::string& environment = "") {
+  const ToolOutput output = runInShell("", arguments, environment);
+  const ToolOutput errorOutput = runInShell("2>&1 >/dev/null", arguments, environment);
+  return {output.standardOutput, errorOutput.standardOutput, output.exitStatus};
+}
+
+bool contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+void saveEmptySections(const TemporaryFolder& folder) {
+  for (const std::string section : {"SPThunderboltDataType", "SPUSBDataType", "SPPowerDataType"}) {
+    folder.save(section + ".json", "{\"" + section + "\": []}");
+  }
+}
+
+TEST(InspectProgram, ShowsEverySampleAsTextAndAsADocument) {
+  for (const std::string machine : {"desk", "road", "desktop", "bare"}) {
+    SCOPED_TRACE(machine);
+    const Outcome text = inspect({"--reports", sampleFolder + "/" + machine});
+    EXPECT_EQ(text.exitStatus, 0);
+    EXPECT_EQ(text.errorOutput, "");
+    EXPECT_TRUE(contains(text.output, "Thunderbolt Port 1"));
+    const Outcome document = inspect({"--reports", sampleFolder + "/" + machine, "--json"});
+    EXPECT_EQ(document.exitStatus, 0);
+    EXPECT_EQ(json::parse(document.output)["panel"]["state"], "cards");
+  }
+}
+
+TEST(InspectProgram, ShowsWhatHangsOnTheDesk) {
+  const Outcome outcome = inspect({"--reports", sampleFolder + "/desk"});
+  EXPECT_TRUE(contains(outcome.output, "├─ Quarry Slate NVMe Enclosure  [TB3]\n"));
+  EXPECT_TRUE(contains(outcome.output, "Volume  Küste Sommer  /Volumes/Küste Sommer\n"));
+  EXPECT_TRUE(contains(outcome.output, "↑ Port supports up to 10 Gb/s — device or cable is"));
+}
+
+TEST(InspectProgram, UsesNoColorsWhereNoTerminalIs) {
+  EXPECT_FALSE(contains(inspect({"--reports", sampleFolder + "/desk"}).output, "\x1b"));
+}
+
+TEST(InspectProgram, SpeaksTheLanguageThatItIsToldOrThatThePersonPrefers) {
+  const struct {
+    std::vector<std::string> options;
+    std::string environment;
+    std::string expected;
+  } table[] = {
+      {{}, "", "Nothing attached"},
+      {{"--language", "de"}, "", "Nichts angeschlossen"},
+      {{"--language", "fr"}, "LANG=de_DE.UTF-8", "Rien de connecté"},
+      {{"--language=it"}, "", "Niente collegato"},
+      {{}, "LANG=es_ES.UTF-8", "Nada conectado"},
+      {{}, "LANGUAGE=de:fr LC_ALL=C", "Nichts angeschlossen"},
+      {{}, "LC_ALL=POSIX LANG=de_DE.UTF-8", "Nothing attached"},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.environment + " " + row.expected);
+    std::vector<std::string> arguments = {"--reports", sampleFolder + "/bare"};
+    arguments.insert(arguments.end(), row.options.begin(), row.options.end());
+    const Outcome outcome = inspect(arguments, row.environment);
+    EXPECT_TRUE(contains(outcome.output, row.expected));
+    EXPECT_EQ(outcome.errorOutput, "");
+  }
+}
+
+TEST(InspectProgram, WritesADecimalPointInEveryLocale) {
+  if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr) {
+    GTEST_SKIP() << "this machine has no locale with a decimal comma";
+  }
+  std::setlocale(LC_ALL, "C");
+  const Outcome outcome =
+      inspect({"--reports", sampleFolder + "/desk", "--language", "de"}, "LC_ALL=de_DE.UTF-8");
+  EXPECT_TRUE(contains(outcome.output, "8.8 W genutzt"));
+}
+
+TEST(InspectProgram, RefusesArgumentsThatMakeNoSense) {
+  const TemporaryFolder folder;
+  folder.save("file", "");
+  const std::string file = (folder.path() / "file").string();
+  const struct {
+    std::vector<std::string> arguments;
+    std::string message;
+  } table[] = {
+      {{"--reports", "/nowhere/at/all"}, "there is no folder '/nowhere/at/all'"},
+      {{"--reports", file}, "'" + file + "' is not a folder"},
+      {{"--reports"}, "option '--reports' requires an argument"},
+      {{"--language", "pt"}, "there is no language 'pt'; there are en, de, fr, it, es"},
+      {{"--language", ""}, "there is no language ''"},
+      {{"--frobnicate"}, "unrecognized option '--frobnicate'"},
+      {{"-x"}, "invalid option -- 'x'"},
+      {{"--json=yes"}, "option '--json' doesn't allow an argument"},
+      {{"surplus"}, "unexpected argument 'surplus'"},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.message);
+    const Outcome outcome = inspect(row.arguments);
+    EXPECT_EQ(outcome.exitStatus, 2);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_TRUE(contains(outcome.errorOutput, row.message)) << outcome.errorOutput;
+    EXPECT_TRUE(contains(outcome.errorOutput, "Usage: tamberline-inspect"));
+  }
+}
+
+TEST(InspectProgram, PrintsHelpAndVersionOnStandardOutput) {
+  const Outcome help = inspect({"--help"});
+  EXPECT_EQ(help.exitStatus, 0);
+  EXPECT_TRUE(contains(help.output, "Usage: tamberline-inspect"));
+  EXPECT_EQ(help.errorOutput, "");
+  const Outcome version = inspect({"--version"});
+  EXPECT_EQ(version.exitStatus, 0);
+  EXPECT_TRUE(contains(version.output, "tamberline-inspect "));
+}
+
+TEST(InspectProgram, SaysWhichReportItCouldNotParse) {
+  const TemporaryFolder folder;
+  saveEmptySections(folder);
+  folder.save("SPUSBDataType.json", "this is no JSON");
+  const Outcome text = inspect({"--reports", folder.path().string()});
+  EXPECT_EQ(text.exitStatus, 1);
+  EXPECT_EQ(text.output, "Could not parse SPUSBDataType\n");
+  EXPECT_EQ(text.errorOutput, "tamberline-inspect: Could not parse SPUSBDataType\n");
+  const Outcome document = inspect({"--reports", folder.path().string(), "--json"});
+  EXPECT_EQ(document.exitStatus, 1);
+  const json content = json::parse(document.output);
+  EXPECT_EQ(content["errorMessage"], "Could not parse SPUSBDataType");
+  EXPECT_EQ(content["panel"]["state"], "error");
+  EXPECT_EQ(content["panel"]["message"], "Could not parse SPUSBDataType");
+}
+
+TEST(InspectProgram, TakesAnEmptyFolderForToolsThatPrintedNothing) {
+  const TemporaryFolder folder;
+  const Outcome outcome = inspect({"--reports", folder.path().string()});
+  EXPECT_EQ(outcome.exitStatus, 1);
+  EXPECT_EQ(outcome.output, "Could not parse SPThunderboltDataType\n");
+}
+
+TEST(InspectProgram, SaysThatThereIsNothingToShow) {
+  const TemporaryFolder folder;
+  saveEmptySections(folder);
+  const Outcome outcome = inspect({"--reports", folder.path().string()});
+  EXPECT_EQ(outcome.exitStatus, 0);
+  EXPECT_EQ(outcome.output, "No ports detected\n");
+}
+
+TEST(InspectProgram, FailsWhenNobodyTakesItsOutput) {
+  const ToolOutput output =
+      runInShell(">/dev/full 2>&1", {"--reports", sampleFolder + "/desk", "--json"}, "");
+  EXPECT_EQ(output.exitStatus, 1);
+}
+
+TEST(InspectProgram, HandsOnNamesOfDevicesAsTheyAreInTheDocument) {
+  const TemporaryFolder folder;
+  saveEmptySections(folder);
+  folder.save("SPUSBDataType.json", R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
+      {"_name": "<b>\u001b[31m\u0000Ä\u202e  "}]}]})");
+  const Outcome document = inspect({"--reports", folder.path().string(), "--json"});
+  const std::string name = json::parse(document.output)["usbBuses"][0]["devices"][0]["name"];
+  EXPECT_EQ(name, std::string("<b>\x1b[31m\0Ä\u202e  ", 16));
+  const Outcome text = inspect({"--reports", folder.path().string()});
+  EXPECT_TRUE(contains(text.output, "└─ <b>\uFFFD[31m\uFFFDÄ\uFFFD  —\n")) << text.output;
+}
+
+} // namespace
+} // namespace tamberline

@@ -1,0 +1,160 @@
+#include "random_machine.h"
+
+#include "support/property_list_text.h"
+
+#include <nlohmann/json.hpp>
+
+#include <random>
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+using nlohmann::json;
+
+class MachineMaker {
+public:
+  explicit MachineMaker(std::uint32_t seed) : random_(seed) {}
+
+  RandomMachine make() {
+    const unsigned portCount = upTo(5);
+    json thunderbolt = json::array();
+    for (unsigned port = 0; port < portCount; ++port) {
+      thunderbolt.push_back(thunderboltBus(port));
+    }
+    json usb = json::array();
+    for (unsigned bus = upTo(5); bus > 0; --bus) {
+      usb.push_back(usbBus(portCount));
+    }
+    addSplitHub(usb);
+    machine_.files["SPThunderboltDataType.json"] =
+        json{{"SPThunderboltDataType", thunderbolt}}.dump();
+    machine_.files["SPUSBDataType.json"] = json{{"SPUSBDataType", usb}}.dump();
+    machine_.files["SPPowerDataType.json"] = R"({"SPPowerDataType": []})";
+    machine_.files["IOUSBHostDevice.plist"] =
+        propertyList("<array>" + containerEntries_ + "</array>");
+    return machine_;
+  }
+
+private:
+  // std::uniform_int_distribution differs from system to system.
+  unsigned upTo(unsigned highest) { return static_cast<unsigned>(random_()) % (highest + 1); }
+  bool inOneOf(unsigned count) { return upTo(count - 1) == 0; }
+
+  std::string newName(bool isShown) {
+    static const std::vector<std::string> words = {"Dock",   "Hub",         "hub_device/", "SSD",
+                                                   "Küste",  "<b>bold</b>", "a/b",         "#1",
+                                                   "\u202e", "\x1b[0m"};
+    std::string name =
+        words[upTo(static_cast<unsigned>(words.size()) - 1)] + " " + std::to_string(++nameCount_);
+    (isShown ? machine_.shownDevices : machine_.hiddenDevices).insert(name);
+    return name;
+  }
+
+  void strewValues(json& item) {
+    static const std::vector<json> values = {
+        "500",          "n/a", "-3", 7, true, nullptr, json::array({1}), "9223372036854775808",
+        json::object(), 1.5};
+    for (const char* key : {"bus_power", "bus_power_used", "vendor_id", "serial_num",
+                            "manufacturer", "mode_key", "Media", "device_speed"}) {
+      if (inOneOf(3)) {
+        item[key] = values[upTo(static_cast<unsigned>(values.size()) - 1)];
+      }
+    }
+  }
+
+  json thunderboltDevice(unsigned depth, bool isShown) {
+    const bool hasName = !inOneOf(12);
+    json item = json::object();
+    strewValues(item);
+    if (hasName) {
+      item["_name"] = newName(isShown);
+    }
+    if (depth < 6 && inOneOf(2)) {
+      item["_items"] = json::array({thunderboltDevice(depth + 1, isShown && hasName)});
+    }
+    return item;
+  }
+
+  json thunderboltBus(unsigned number) {
+    json entry = {{"_name", "thunderbolt_bus_" + std::to_string(number)},
+                  {"_items", json::array()}};
+    for (unsigned device = upTo(2); device > 0; --device) {
+      entry["_items"].push_back(thunderboltDevice(0, true));
+    }
+    return entry;
+  }
+
+  json usbDevice(unsigned depth, bool isShown) {
+    const bool hasName = !inOneOf(15);
+    json item = json::object();
+    strewValues(item);
+    if (hasName) {
+      item["_name"] = newName(isShown);
+    }
+    const unsigned childCount = depth < 8 ? upTo(2) : 0;
+    for (unsigned child = 0; child < childCount; ++child) {
+      item["_items"].push_back(usbDevice(depth + 1, isShown && hasName));
+    }
+    return item;
+  }
+
+  std::string newLocation(unsigned port) {
+    return std::to_string((port << 24U) + ++locationCount_);
+  }
+
+  static std::string asReportText(const std::string& location) {
+    std::string digits(9, '\0');
+    const int length = std::snprintf(digits.data(), digits.size(), "%08lx", std::stoul(location));
+    return "0x" + digits.substr(0, static_cast<std::size_t>(length)) + " / 1";
+  }
+
+  /// Devices on the computer's own controllers are left out where their port has no bus.
+  json usbBus(unsigned portCount) {
+    const bool isInternal = inOneOf(2);
+    json entry = {{"_name", inOneOf(2) ? "USB31Bus" : "USB20Bus"},
+                  {"host_controller", isInternal ? "AppleT8112USBXHCI" : "AppleUSBXHCIPCI"},
+                  {"_items", json::array()}};
+    for (unsigned device = upTo(3); device > 0; --device) {
+      const unsigned port = upTo(6);
+      json item = usbDevice(0, !isInternal || port < portCount);
+      item["location_id"] = asReportText(newLocation(port));
+      entry["_items"].push_back(item);
+    }
+    return entry;
+  }
+
+  json hubHalf(const std::string& speed, bool isShown) {
+    const std::string location = newLocation(0);
+    containerEntries_ += "<dict><key>locationID</key><integer>" + location +
+                         "</integer><key>kUSBContainerID</key><string>split</string></dict>";
+    json half = {{"_name", newName(isShown)},
+                 {"location_id", asReportText(location)},
+                 {"device_speed", speed},
+                 {"_items", json::array()}};
+    for (unsigned child = upTo(2); child > 0; --child) {
+      half["_items"].push_back(usbDevice(4, true));
+    }
+    return half;
+  }
+
+  /// The slower half goes and leaves its devices to the faster one.
+  void addSplitHub(json& usb) {
+    usb.push_back({{"_name", "USB20Bus"}, {"_items", json::array({hubHalf("high_speed", false)})}});
+    usb.push_back({{"_name", "USB31Bus"}, {"_items", json::array({hubHalf("super_speed", true)})}});
+  }
+
+  std::mt19937 random_;
+  RandomMachine machine_;
+  std::string containerEntries_;
+  unsigned nameCount_ = 0;
+  unsigned locationCount_ = 0;
+};
+
+} // namespace
+
+RandomMachine makeRandomMachine(std::uint32_t seed) {
+  return MachineMaker(seed).make();
+}
+
+} // namespace tamberline

@@ -1,0 +1,99 @@
+#include "inspect_options.h"
+
+#include <array>
+#include <cstdio>
+#include <getopt.h>
+#include <string>
+#include <system_error>
+
+namespace tamberline {
+
+const std::string_view inspectUsage =
+    R"(Usage: tamberline-inspect [--reports DIR] [--json] [--language en|de|fr|it|es]
+
+Shows port by port what hangs on the USB-C and Thunderbolt ports of this machine.
+
+  --reports DIR    show the machine whose reports were saved in the folder DIR
+  --json           print everything the scan found as one JSON document
+  --language CODE  the language of the texts; without it, the system's
+  --help           print this text
+  --version        print the version
+
+Exit status: 0 after a scan that succeeded, 1 when there is nothing to show for an
+error, 2 for wrong arguments.
+)";
+
+namespace {
+
+enum OptionCode : int { reports = 1, json, language, help, version };
+
+bool complain(const std::string& message) {
+  std::fprintf(stderr, "tamberline-inspect: %s\n", message.c_str());
+  return false;
+}
+
+bool setReportsFolder(const std::filesystem::path& folder, InspectOptions& options) {
+  std::error_code error;
+  if (!std::filesystem::exists(folder, error)) {
+    return complain("there is no folder '" + folder.string() + "'");
+  }
+  if (!std::filesystem::is_directory(folder, error)) {
+    return complain("'" + folder.string() + "' is not a folder");
+  }
+  options.reportsFolder = folder;
+  return true;
+}
+
+bool setLanguage(std::string_view code, InspectOptions& options) {
+  options.language = AppLanguage::forCode(code);
+  return options.language.has_value() ||
+         complain("there is no language '" + std::string(code) + "'; there are en, de, fr, it, es");
+}
+
+/// False when the option was wrong, which has been said.
+bool apply(int code, InspectOptions& options) {
+  switch (code) {
+  case reports:
+    return setReportsFolder(optarg, options);
+  case json:
+    options.printsJson = true;
+    return true;
+  case language:
+    return setLanguage(optarg, options);
+  case help:
+    options.showsHelp = true;
+    return true;
+  case version:
+    options.showsVersion = true;
+    return true;
+  default:
+    return false; // the option parser has said it
+  }
+}
+
+} // namespace
+
+std::optional<InspectOptions> parseInspectOptions(int argc, char** argv) {
+  static constexpr std::array<option, 6> known = {{
+      {"reports", required_argument, nullptr, reports},
+      {"json", no_argument, nullptr, json},
+      {"language", required_argument, nullptr, language},
+      {"help", no_argument, nullptr, help},
+      {"version", no_argument, nullptr, version},
+      {nullptr, 0, nullptr, 0},
+  }};
+  InspectOptions options;
+  for (int code = getopt_long(argc, argv, "", known.data(), nullptr); code != -1;
+       code = getopt_long(argc, argv, "", known.data(), nullptr)) {
+    if (!apply(code, options)) {
+      return std::nullopt;
+    }
+  }
+  if (optind < argc) {
+    complain("unexpected argument '" + std::string(argv[optind]) + "'");
+    return std::nullopt;
+  }
+  return options;
+}
+
+} // namespace tamberline
