@@ -5,6 +5,9 @@
 #include <cwctype>
 // POSIX, not C++: newlocale and the functions with a locale argument.
 #include <locale.h> // NOLINT(modernize-deprecated-headers)
+#if __has_include(<xlocale.h>)
+#include <xlocale.h>
+#endif
 
 namespace tamberline {
 namespace {

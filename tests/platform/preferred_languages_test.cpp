@@ -1,5 +1,6 @@
 #include "i18n/app_language.h"
-#include "platform/linux/preferred_languages.h"
+#include "platform/linux/locale_environment.h"
+#include "platform/preferred_languages.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,7 @@ namespace {
 using Environment = std::map<std::string, std::string>;
 
 std::vector<std::string> preferredIn(const Environment& environment) {
-  return preferredLanguages([&](const char* name) -> std::optional<std::string> {
+  return languagesPreferredIn([&](const char* name) -> std::optional<std::string> {
     const auto found = environment.find(name);
     return found == environment.end() ? std::nullopt : std::optional(found->second);
   });
@@ -31,6 +32,8 @@ TEST(PreferredLanguages, ComeFromTheFirstVariableThatSaysAnything) {
       {{{"LANGUAGE", ""}, {"LC_ALL", ""}, {"LANG", "it_IT"}}, {"it_IT"}},
       {{{"LANGUAGE", "pt_BR:de:en"}}, {"pt_BR", "de", "en"}},
       {{{"LANGUAGE", ":de"}}, {"de"}},
+      {{{"LANGUAGE", "de_AT.UTF-8:fr_FR.UTF-8:es_ES.UTF-8:it_IT.UTF-8@euro"}},
+       {"de_AT", "fr_FR", "es_ES", "it_IT"}},
       {{{"LANG", "de_DE@euro"}}, {"de_DE"}},
       {{{"LANG", "C"}}, {"en"}},
       {{{"LANG", "POSIX"}}, {"en"}},

@@ -83,6 +83,7 @@ TEST(InspectProgram, SpeaksTheLanguageThatItIsToldOrThatThePersonPrefers) {
       {{"--language=it"}, "", "Niente collegato"},
       {{}, "LANG=es_ES.UTF-8", "Nada conectado"},
       {{}, "LANGUAGE=de:fr LC_ALL=C", "Nichts angeschlossen"},
+      {{}, "LANGUAGE=de_AT.UTF-8:fr_FR.UTF-8:es_ES.UTF-8", "Nichts angeschlossen"},
       {{}, "LC_ALL=POSIX LANG=de_DE.UTF-8", "Nothing attached"},
   };
   for (const auto& row : table) {

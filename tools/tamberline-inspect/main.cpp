@@ -1,12 +1,12 @@
-#include "acquisition/qt_main_queue.h"
+#include "async/qt_main_queue.h"
 #include "inspect/document.h"
 #include "inspect/panel_text.h"
 #include "inspect_options.h"
-#include "platform/linux/preferred_languages.h"
 #include "platform/posix/child_process_runner.h"
+#include "platform/preferred_languages.h"
 #include "platform/saved/saved_reports_runner.h"
-#include "platform/saved/silent_event_source.h"
 #include "scanner/port_scanner.h"
+#include "scanner/silent_event_source.h"
 #include "views/panel_inputs.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,7 @@
-#include "platform/linux/preferred_languages.h"
+#include "platform/preferred_languages.h"
 
 #include "base/text.h"
+#include "platform/linux/locale_environment.h"
 
 #include <cstdlib>
 #include <string_view>
@@ -19,10 +20,11 @@ std::string languageOf(std::string_view locale) {
 
 } // namespace
 
-std::vector<std::string> preferredLanguages(const EnvironmentLookup& environment) {
+std::vector<std::string> languagesPreferredIn(const EnvironmentLookup& environment) {
   for (const char* variable : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const std::string locales = environment(variable).value_or("");
     std::vector<std::string> languages;
-    for (const std::string_view locale : splitNonEmpty(environment(variable).value_or(""), ':')) {
+    for (const std::string_view locale : splitNonEmpty(locales, ':')) {
       languages.push_back(languageOf(locale));
     }
     if (!languages.empty()) {
@@ -33,7 +35,7 @@ std::vector<std::string> preferredLanguages(const EnvironmentLookup& environment
 }
 
 std::vector<std::string> preferredLanguages() {
-  return preferredLanguages([](const char* name) -> std::optional<std::string> {
+  return languagesPreferredIn([](const char* name) -> std::optional<std::string> {
     const char* value = std::getenv(name);
     return value == nullptr ? std::nullopt : std::optional<std::string>(value);
   });
