@@ -1,9 +1,10 @@
 // The main thread's share of one scan: everything between the bytes that the tools printed and the
 // tree with its identifiers.
 
-#include "acquisition/registry_probes.h"
+#include "acquisition/tool_commands.h"
 #include "large_machine.h"
 #include "platform/saved/saved_reports_runner.h"
+#include "registry/battery_controller_ports.h"
 #include "registry/container_id_entries.h"
 #include "registry/port_controllers.h"
 #include "registry/port_power.h"
@@ -58,20 +59,17 @@ std::vector<TreeNode> workOfOneScan(const Files& files) {
 Files readSample(const std::string& machine) {
   SavedReportsRunner runner(std::string(SAMPLES_FOLDER) + "/" + machine);
   Files files;
-  for (const std::string section : {"SPThunderboltDataType", "SPUSBDataType", "SPPowerDataType"}) {
-    files[section + ".json"] =
-        runner.run("/usr/sbin/system_profiler", {section, "-json"}).standardOutput;
-  }
-  const std::map<std::string, std::vector<std::string>> dumps = {
-      {"AppleHPMDevice.plist", registryArguments::portControllers},
-      {"AppleSmartBattery.plist", registryArguments::portPower},
-      {"IODeviceTree.plist", registryArguments::deviceTree},
-      {"IOUSBHostDevice.plist", registryArguments::usbHostDevices},
-      {"IOPMPowerSource.plist", registryArguments::powerSource},
+  const auto read = [&](const std::string& fileName, const ToolCommand& command) {
+    files[fileName] = runner.run(command.executable, command.arguments).standardOutput;
   };
-  for (const auto& [fileName, arguments] : dumps) {
-    files[fileName] = runner.run("/usr/sbin/ioreg", arguments).standardOutput;
+  for (const std::string section : {"SPThunderboltDataType", "SPUSBDataType", "SPPowerDataType"}) {
+    read(section + ".json", reportCommand(section));
   }
+  read("AppleHPMDevice.plist", registryCommand(RegistryDump::portControllers));
+  read("AppleSmartBattery.plist", registryCommand(RegistryDump::portPower));
+  read("IODeviceTree.plist", registryCommand(RegistryDump::deviceTree));
+  read("IOUSBHostDevice.plist", registryCommand(RegistryDump::usbHostDevices));
+  read("IOPMPowerSource.plist", registryCommand(RegistryDump::powerSource));
   return files;
 }
 

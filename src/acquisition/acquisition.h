@@ -1,7 +1,7 @@
 #pragma once
 
-#include "acquisition/main_queue.h"
 #include "acquisition/tool_runner.h"
+#include "async/main_queue.h"
 
 #include <memory>
 

@@ -1,6 +1,7 @@
 #include "acquisition/fetch_json.h"
 
-#include "acquisition/awaitables.h"
+#include "acquisition/tool_commands.h"
+#include "async/awaitables.h"
 #include "reports/report_decoding.h"
 
 #include <chrono>
@@ -14,9 +15,10 @@ constexpr std::chrono::milliseconds pauseBetweenAttempts{150};
 /// One run of the tool; absent when it gave no report.
 QCoro::Task<std::optional<nlohmann::json>> attemptReport(Acquisition acquisition,
                                                          std::string type) {
-  InBackground<ToolOutput> toolRun(acquisition.queue, [tools = acquisition.tools, type] {
-    return tools->run("/usr/sbin/system_profiler", {type, "-json"});
-  });
+  InBackground<ToolOutput> toolRun(acquisition.queue,
+                                   [tools = acquisition.tools, command = reportCommand(type)] {
+                                     return tools->run(command.executable, command.arguments);
+                                   });
   const ToolOutput output = co_await toolRun;
   co_return decodeReport(output.standardOutput);
 }

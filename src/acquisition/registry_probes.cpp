@@ -1,6 +1,7 @@
 #include "acquisition/registry_probes.h"
 
-#include "acquisition/awaitables.h"
+#include "acquisition/tool_commands.h"
+#include "async/awaitables.h"
 #include "registry/container_id_entries.h"
 #include "registry/port_controllers.h"
 #include "registry/port_power.h"
@@ -11,23 +12,16 @@
 
 namespace tamberline {
 
-namespace registryArguments {
-const std::vector<std::string> portControllers = {"-a", "-r", "-c", "AppleHPMDevice", "-l"};
-const std::vector<std::string> portPower = {"-a", "-r", "-c", "AppleSmartBattery", "-l"};
-const std::vector<std::string> deviceTree = {"-a", "-l", "-p", "IODeviceTree"};
-const std::vector<std::string> usbHostDevices = {"-a", "-r", "-c", "IOUSBHostDevice", "-l"};
-const std::vector<std::string> powerSource = {"-c", "IOPMPowerSource", "-r", "-a"};
-} // namespace registryArguments
-
 namespace {
 
 /// One dump, read by `read`; a default result when there is nothing to read.
 template <typename Result>
-QCoro::Task<Result> probe(Acquisition acquisition, std::vector<std::string> arguments,
+QCoro::Task<Result> probe(Acquisition acquisition, RegistryDump kind,
                           Result (*read)(const PropertyList& dump)) {
-  InBackground<ToolOutput> toolRun(acquisition.queue, [tools = acquisition.tools, arguments] {
-    return tools->run("/usr/sbin/ioreg", arguments);
-  });
+  InBackground<ToolOutput> toolRun(acquisition.queue,
+                                   [tools = acquisition.tools, command = registryCommand(kind)] {
+                                     return tools->run(command.executable, command.arguments);
+                                   });
   ToolOutput output = co_await toolRun;
   const std::optional<PropertyList> dump = PropertyList::decode(std::move(output.standardOutput));
   co_return dump ? read(*dump) : Result{};
@@ -36,23 +30,23 @@ QCoro::Task<Result> probe(Acquisition acquisition, std::vector<std::string> argu
 } // namespace
 
 QCoro::Task<std::vector<HPMPort>> fetchHPMPorts(Acquisition acquisition) {
-  return probe(std::move(acquisition), registryArguments::portControllers, portControllersIn);
+  return probe(std::move(acquisition), RegistryDump::portControllers, portControllersIn);
 }
 
 QCoro::Task<std::map<std::int64_t, PortPowerOut>> fetchPortPowerOut(Acquisition acquisition) {
-  return probe(std::move(acquisition), registryArguments::portPower, portPowerOutIn);
+  return probe(std::move(acquisition), RegistryDump::portPower, portPowerOutIn);
 }
 
 QCoro::Task<std::map<std::int64_t, std::int64_t>> fetchPortCurrentLimits(Acquisition acquisition) {
-  return probe(std::move(acquisition), registryArguments::deviceTree, portCurrentLimitsIn);
+  return probe(std::move(acquisition), RegistryDump::deviceTree, portCurrentLimitsIn);
 }
 
 QCoro::Task<ContainerIDs> fetchContainerIDs(Acquisition acquisition) {
-  return probe(std::move(acquisition), registryArguments::usbHostDevices, containerIDsIn);
+  return probe(std::move(acquisition), RegistryDump::usbHostDevices, containerIDsIn);
 }
 
 QCoro::Task<FedDetails> fetchFedDetails(Acquisition acquisition) {
-  return probe(std::move(acquisition), registryArguments::powerSource, fedDetailsIn);
+  return probe(std::move(acquisition), RegistryDump::powerSource, fedDetailsIn);
 }
 
 } // namespace tamberline

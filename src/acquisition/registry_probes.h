@@ -12,19 +12,9 @@
 
 #include <cstdint>
 #include <map>
-#include <string>
 #include <vector>
 
 namespace tamberline {
-
-/// The arguments that the registry tool gets for each probe.
-namespace registryArguments {
-extern const std::vector<std::string> portControllers;
-extern const std::vector<std::string> portPower;
-extern const std::vector<std::string> deviceTree;
-extern const std::vector<std::string> usbHostDevices;
-extern const std::vector<std::string> powerSource;
-} // namespace registryArguments
 
 QCoro::Task<std::vector<HPMPort>> fetchHPMPorts(Acquisition acquisition);
 QCoro::Task<std::map<std::int64_t, PortPowerOut>> fetchPortPowerOut(Acquisition acquisition);

@@ -1,70 +1,130 @@
 // What coroutines on the main thread wait for. Each of these resumes on the main thread.
 //
+// A queue that ends drops the work that waits in it. A coroutine that waits is then resumed once
+// more, with QueueEnded thrown into it, so that it unwinds and gives up everything that it holds;
+// whoever awaits it unwinds in turn. Nothing catches QueueEnded.
+//
 // Rules that the compilers in use make necessary: a coroutine takes its parameters by value; no
 // capturing lambda is a coroutine; a value that a co_await expression needs is named before it,
 // because g++ 12 frees an aggregate temporary there twice.
 #pragma once
 
-#include "acquisition/main_queue.h"
+#include "async/main_queue.h"
 
 #include <QCoro/QCoroTask>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <utility>
 
 namespace tamberline {
 
-/// Suspends for a time by the queue's clock.
-class Delay {
-public:
-  Delay(std::shared_ptr<MainQueue> queue, std::chrono::milliseconds duration)
-      : queue_(std::move(queue)), duration_(duration) {}
+/// Thrown into coroutines whose queue ended while they waited.
+struct QueueEnded {};
 
-  static bool await_ready() noexcept { return false; }
-  void await_suspend(std::coroutine_handle<> waiting) const {
-    queue_->postLater(duration_, [waiting] { waiting.resume(); });
+/// Resumes a coroutine exactly once: when called or, if nobody called it, when the last copy of the
+/// work that holds it is dropped. Main thread only.
+class Resumption {
+public:
+  /// `hasEnded` lives in the coroutine and tells it which of the two happened.
+  Resumption(std::coroutine_handle<> waiting, bool& hasEnded)
+      : waiting_(waiting), hasEnded_(hasEnded) {}
+  Resumption(const Resumption&) = delete;
+  Resumption& operator=(const Resumption&) = delete;
+  ~Resumption() {
+    if (waiting_) {
+      hasEnded_ = true;
+      resume();
+    }
   }
-  static void await_resume() noexcept {}
+
+  void resume() { std::exchange(waiting_, nullptr).resume(); }
+
+private:
+  std::coroutine_handle<> waiting_;
+  bool& hasEnded_;
+};
+
+/// What the awaitables share: a queue, and how they learn of its end.
+class QueueAwaitable {
+public:
+  explicit QueueAwaitable(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
+
+protected:
+  MainQueue& queue() const { return *queue_; }
+
+  MainQueue::Work resume(std::coroutine_handle<> waiting) {
+    return
+        [resumption = std::make_shared<Resumption>(waiting, hasEnded_)] { resumption->resume(); };
+  }
+
+  void throwIfEnded() const {
+    if (hasEnded_) {
+      throw QueueEnded();
+    }
+  }
 
 private:
   std::shared_ptr<MainQueue> queue_;
+  bool hasEnded_ = false;
+};
+
+/// Suspends for a time by the queue's clock.
+class Delay : public QueueAwaitable {
+public:
+  Delay(std::shared_ptr<MainQueue> queue, std::chrono::milliseconds duration)
+      : QueueAwaitable(std::move(queue)), duration_(duration) {}
+
+  static bool await_ready() noexcept { return false; }
+  void await_suspend(std::coroutine_handle<> waiting) {
+    queue().postLater(duration_, resume(waiting));
+  }
+  void await_resume() const { throwIfEnded(); }
+
+private:
   std::chrono::milliseconds duration_;
 };
 
 /// Continues on the main thread; does not suspend when already there.
-class HopToMainThread {
+class HopToMainThread : public QueueAwaitable {
 public:
-  explicit HopToMainThread(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
+  using QueueAwaitable::QueueAwaitable;
 
-  bool await_ready() const { return queue_->isMainThread(); }
-  void await_suspend(std::coroutine_handle<> waiting) const {
-    queue_->post([waiting] { waiting.resume(); });
-  }
-  static void await_resume() noexcept {}
-
-private:
-  std::shared_ptr<MainQueue> queue_;
+  bool await_ready() const { return queue().isMainThread(); }
+  void await_suspend(std::coroutine_handle<> waiting) { queue().post(resume(waiting)); }
+  void await_resume() const { throwIfEnded(); }
 };
 
 /// Runs a function on a background task and gives its result; a default one when no task could be
-/// had.
+/// had or the function threw. The function may outlive the coroutine and owns what it uses.
 template <typename Result>
-class InBackground {
+class InBackground : public QueueAwaitable {
 public:
   InBackground(std::shared_ptr<MainQueue> queue, std::function<Result()> work)
-      : queue_(std::move(queue)), work_(std::move(work)) {}
+      : QueueAwaitable(std::move(queue)), work_(std::move(work)) {}
 
   static bool await_ready() noexcept { return false; }
   void await_suspend(std::coroutine_handle<> waiting) {
-    queue_->runInBackground([this] { result_ = work_(); }, [waiting] { waiting.resume(); });
+    queue().runInBackground([work = std::move(work_), result = result_] { run(work, *result); },
+                            resume(waiting));
   }
-  Result await_resume() { return std::move(result_); }
+  Result await_resume() {
+    throwIfEnded();
+    return std::move(*result_);
+  }
 
 private:
-  std::shared_ptr<MainQueue> queue_;
+  static void run(const std::function<Result()>& work, Result& result) {
+    try {
+      result = work();
+    } catch (...) {
+      result = Result{};
+    }
+  }
+
   std::function<Result()> work_;
-  Result result_{};
+  std::shared_ptr<Result> result_ = std::make_shared<Result>();
 };
 
 } // namespace tamberline

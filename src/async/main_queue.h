@@ -8,6 +8,9 @@ namespace tamberline {
 
 /// The main thread as the layers see it: all shown state is touched on it and nowhere else. A
 /// hand-driven twin takes its place in tests, so that no test waits for a clock.
+///
+/// When a queue ends, it drops the work that still waits in it, on the main thread; work that holds
+/// a suspended coroutine unwinds the coroutine then (see awaitables.h).
 class MainQueue {
 public:
   using Work = std::function<void()>;
@@ -31,7 +34,8 @@ public:
   virtual void cancel(WorkItem item) = 0;
 
   /// Runs `work` off the main thread at once, beside any other background work, and then `next` on
-  /// the main thread. When no background task can be had, `work` is left out. Main thread only.
+  /// the main thread. `next` never leaves the main thread; `work` may outlive the queue. When no
+  /// background task can be had, `work` is left out. Main thread only.
   virtual void runInBackground(Work work, Work next) = 0;
 };
 

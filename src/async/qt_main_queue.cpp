@@ -1,4 +1,4 @@
-#include "acquisition/qt_main_queue.h"
+#include "async/qt_main_queue.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -24,11 +24,11 @@ public:
     receiver_ = receiver;
   }
 
-  void close() {
-    std::vector<Work> dropped;
+  /// What nobody will run any more; from now on everything is dropped on arrival.
+  std::vector<Work> close() {
     const std::lock_guard lock(mutex_);
     receiver_ = nullptr;
-    dropped.swap(works_);
+    return std::exchange(works_, {});
   }
 
   void post(Work work) {
@@ -62,6 +62,13 @@ public:
     const int timer = startTimer(delay, Qt::PreciseTimer);
     delayed_[timer] = {item, std::move(work)};
     return item;
+  }
+
+  void cancelAll() {
+    std::map<int, DelayedWork> dropped = std::exchange(delayed_, {});
+    for (const auto& [timer, work] : dropped) {
+      killTimer(timer);
+    }
   }
 
   void cancelItem(WorkItem item) {
@@ -110,7 +117,13 @@ QtMainQueue::QtMainQueue()
 }
 
 QtMainQueue::~QtMainQueue() {
+  end();
+}
+
+void QtMainQueue::end() {
   inbox_->close();
+  receiver_->cancelAll();
+  std::exchange(nextOfBackgroundWork_, {}).clear();
 }
 
 bool QtMainQueue::isMainThread() const {
@@ -130,15 +143,25 @@ void QtMainQueue::cancel(WorkItem item) {
 }
 
 void QtMainQueue::runInBackground(Work work, Work next) {
+  const WorkItem item = ++lastBackgroundWork_;
+  nextOfBackgroundWork_[item] = std::move(next);
+  const Work finish = [this, item] { finishBackgroundWork(item); };
   try {
-    std::thread([inbox = inbox_, work = std::move(work), next]() mutable {
+    std::thread([inbox = inbox_, work = std::move(work), finish]() mutable {
       work();
-      work = nullptr; // what it holds must not outlive `next`, which may end the process
-      inbox->post(std::move(next));
+      work = nullptr; // what it holds must not outlive what follows, which may end the process
+      inbox->post(finish);
     }).detach();
   } catch (const std::system_error&) {
-    inbox_->post(std::move(next));
+    inbox_->post(finish);
   }
+}
+
+void QtMainQueue::finishBackgroundWork(WorkItem item) {
+  const auto found = nextOfBackgroundWork_.find(item);
+  const Work next = std::move(found->second);
+  nextOfBackgroundWork_.erase(found);
+  next();
 }
 
 } // namespace tamberline

@@ -9,7 +9,8 @@ namespace tamberline {
 
 /// Container identifiers by USB location: the registry's word on which devices are one physical
 /// box. A location is a 32-bit quantity; the registry may write one above 0x7fffffff as a negative
-/// number while the USB report writes it in hexadecimal, so both spellings find the same entry.
+/// number while the USB report writes it in hexadecimal, so what is not found as it is spelled is
+/// looked for in the other spelling.
 class ContainerIDs {
 public:
   /// Keeps the first identifier of a location.
@@ -21,6 +22,7 @@ public:
 
 private:
   std::unordered_map<std::int64_t, std::string> identifiers_;
+  std::unordered_map<std::int64_t, std::string> identifiersByUnsignedLocation_;
 };
 
 } // namespace tamberline

@@ -4,16 +4,16 @@
 
 namespace tamberline {
 
-bool HPMPort::suppliesPowerOnly() const {
+bool HPMPort::carriesPowerOnly() const {
   return !isMagSafe && connectionActive && !hasData && !hasVideo;
 }
 
 bool HPMPort::isCharger() const {
-  return (isMagSafe && connectionActive) || (suppliesPowerOnly() && accessoryID == -1);
+  return (isMagSafe && connectionActive) || (carriesPowerOnly() && accessoryID == -1);
 }
 
 bool HPMPort::isChargeOnlyDevice() const {
-  return suppliesPowerOnly() && accessoryID != -1;
+  return carriesPowerOnly() && accessoryID != -1;
 }
 
 std::optional<std::string> HPMPort::cableLabel() const {

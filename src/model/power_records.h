@@ -60,7 +60,7 @@ struct HPMPort {
   friend bool operator==(const HPMPort&, const HPMPort&) = default;
 
 private:
-  bool suppliesPowerOnly() const;
+  bool carriesPowerOnly() const;
 };
 
 /// One port as the battery controller sees it.

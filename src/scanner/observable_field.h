@@ -101,4 +101,16 @@ private:
   std::uint64_t nextKey_ = 0;
 };
 
+/// A field that everybody may read and observe, and only its owner may write.
+template <typename Value, typename Owner>
+class PublishedField : private ObservableField<Value> {
+public:
+  using ObservableField<Value>::get;
+  using ObservableField<Value>::observe;
+
+private:
+  friend Owner;
+  using ObservableField<Value>::set;
+};
+
 } // namespace tamberline

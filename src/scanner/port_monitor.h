@@ -1,6 +1,6 @@
 #pragma once
 
-#include "acquisition/main_queue.h"
+#include "async/main_queue.h"
 #include "scanner/port_event_source.h"
 
 #include <functional>

@@ -1,14 +1,15 @@
 #include "scanner/port_scanner.h"
 
-#include "acquisition/awaitables.h"
 #include "acquisition/fetch_json.h"
 #include "acquisition/registry_probes.h"
+#include "async/awaitables.h"
 #include "reports/container_hubs.h"
 #include "reports/power_report.h"
 #include "reports/thunderbolt_report.h"
 #include "reports/usb_report.h"
 #include "tree/node_identifiers.h"
 
+#include <exception>
 #include <utility>
 
 namespace tamberline {
@@ -82,8 +83,13 @@ QCoro::Task<> PortScanner::runScan(std::shared_ptr<PortScanner> self) {
   }
   self->isScanning.set(true);
   const bool wasNothingShown = self->portTree.get().empty();
-  auto gathering = gather(self);
-  const std::optional<std::string> failure = co_await gathering;
+  std::optional<std::string> failure;
+  try {
+    auto gathering = gather(self);
+    failure = co_await gathering;
+  } catch (const std::exception& error) { // such as memory that a huge report exhausts
+    failure = error.what();
+  }
   if (failure && wasNothingShown) {
     self->errorMessage.set(failure);
   }

@@ -38,6 +38,9 @@ struct ScannerOutside {
 /// alive; the monitor does not.
 class PortScanner : public std::enable_shared_from_this<PortScanner> {
 public:
+  template <typename Value>
+  using Published = PublishedField<Value, PortScanner>;
+
   static std::shared_ptr<PortScanner> create(ScannerOutside outside);
 
   /// Runs one scan; returns at once when one is running already. Never fails: what goes wrong ends
@@ -47,28 +50,28 @@ public:
 
   /// In the order of the report. A scan publishes field by field, so these can be newer than
   /// `portTree` while it runs.
-  ObservableField<std::vector<ThunderboltBus>> thunderboltBuses;
+  Published<std::vector<ThunderboltBus>> thunderboltBuses;
   /// After merging the halves of hubs.
-  ObservableField<std::vector<USBBus>> usbBuses;
+  Published<std::vector<USBBus>> usbBuses;
   /// With stable identifiers; what the views draw from. Changes last.
-  ObservableField<std::vector<TreeNode>> portTree;
+  Published<std::vector<TreeNode>> portTree;
   /// The last ones that a report told of; a report that says nothing of them clears nothing.
-  ObservableField<std::optional<ChargerInfo>> charger;
-  ObservableField<std::optional<BatteryInfo>> battery;
-  ObservableField<std::vector<FedPortState>> fedPortStates;
-  ObservableField<std::int64_t> bestAdapterIndex;
-  ObservableField<bool> isScanning;
+  Published<std::optional<ChargerInfo>> charger;
+  Published<std::optional<BatteryInfo>> battery;
+  Published<std::vector<FedPortState>> fedPortStates;
+  Published<std::int64_t> bestAdapterIndex;
+  Published<bool> isScanning;
   /// When the last successful scan ended; absent before the first.
-  ObservableField<std::optional<std::chrono::system_clock::time_point>> lastScanned;
+  Published<std::optional<std::chrono::system_clock::time_point>> lastScanned;
   /// Why there is nothing to show; absent as soon as anything was shown.
-  ObservableField<std::optional<std::string>> errorMessage;
+  Published<std::optional<std::string>> errorMessage;
   /// Speed tests by mount point.
   ObservableField<std::map<std::string, BenchmarkPhase>> benchmarks;
-  ObservableField<std::vector<HPMPort>> hpmPorts;
+  Published<std::vector<HPMPort>> hpmPorts;
   /// By 1-based port number.
-  ObservableField<std::map<std::int64_t, PortPowerOut>> portPowerOut;
+  Published<std::map<std::int64_t, PortPowerOut>> portPowerOut;
   /// mA by 1-based port number; read until a scan finds any, and then kept.
-  ObservableField<std::map<std::int64_t, std::int64_t>> portCurrentLimitMa;
+  Published<std::map<std::int64_t, std::int64_t>> portCurrentLimitMa;
   /// Ejections by mount point.
   ObservableField<std::map<std::string, EjectState>> ejectStates;
   /// Nodes shown expanded on request. Identifiers are stable, so this holds across scans.

@@ -1,4 +1,4 @@
-#include "acquisition/qt_main_queue.h"
+#include "async/qt_main_queue.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -157,14 +157,19 @@ TEST_F(QtMainQueueTest, DropsWorkThatArrivesAfterItsEnd) {
   std::condition_variable queueEnded;
   bool hasEnded = false;
   std::atomic<bool> didGoOn = false;
-  // The last reference to this goes when the background task is over with everything.
+  std::atomic<bool> isWorkOver = false;
   auto alive = std::make_shared<int>(0);
   queue->runInBackground(
       [&] {
         std::unique_lock lock(mutex);
         queueEnded.wait(lock, [&] { return hasEnded; });
+        isWorkOver = true;
       },
       [&didGoOn, alive] { didGoOn = true; });
+  queue->post([&didGoOn] { didGoOn = true; });
+  queue->postLater(0ms, [&didGoOn] { didGoOn = true; });
+  queue->end();
+  EXPECT_EQ(alive.use_count(), 1) << "what follows the background work goes on the main thread";
   queue->post([&didGoOn] { didGoOn = true; });
   queue.reset();
   {
@@ -172,7 +177,7 @@ TEST_F(QtMainQueueTest, DropsWorkThatArrivesAfterItsEnd) {
     hasEnded = true;
     queueEnded.notify_all();
   }
-  while (alive.use_count() > 1) {
+  while (!isWorkOver) {
     std::this_thread::yield();
   }
   QCoreApplication::processEvents();

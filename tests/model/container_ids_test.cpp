@@ -34,12 +34,13 @@ TEST(ContainerIDs, TakesANegativeLocationForItsUnsignedSpelling) {
   EXPECT_EQ(identifiers.find(-15728640), "negative");
 }
 
-TEST(ContainerIDs, KeepsTheFirstIdentifierAcrossBothSpellings) {
+TEST(ContainerIDs, PrefersTheSpellingThatItIsAskedFor) {
   ContainerIDs identifiers;
-  identifiers.add(0x80000000, "first");
-  identifiers.add(std::numeric_limits<std::int32_t>::min(), "second");
-  EXPECT_EQ(identifiers.find(0x80000000), "first");
-  EXPECT_EQ(identifiers.size(), 1U);
+  identifiers.add(std::numeric_limits<std::int32_t>::min(), "signed");
+  EXPECT_EQ(identifiers.find(0x80000000), "signed");
+  identifiers.add(0x80000000, "unsigned");
+  EXPECT_EQ(identifiers.find(0x80000000), "unsigned");
+  EXPECT_EQ(identifiers.find(std::numeric_limits<std::int32_t>::min()), "signed");
 }
 
 TEST(ContainerIDs, LeavesNumbersThatAreNoLocationAsTheyAre) {

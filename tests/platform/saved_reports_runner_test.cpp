@@ -1,5 +1,5 @@
 #include "platform/saved/saved_reports_runner.h"
-#include "platform/saved/silent_event_source.h"
+#include "scanner/silent_event_source.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

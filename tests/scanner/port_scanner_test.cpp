@@ -3,6 +3,7 @@
 #include "support/property_list_text.h"
 #include "support/tree_text.h"
 
+#include <stdexcept>
 #include <vector>
 
 namespace tamberline {
@@ -13,8 +14,7 @@ using namespace std::chrono_literals;
 class PortScannerTest : public ScannerFixture {
 protected:
   /// Notes the name of every field that a scan publishes, in order.
-  template <typename Value>
-  void note(ObservableField<Value>& field, const std::string& name) {
+  void note(auto& field, const std::string& name) {
     observations.push_back(field.observe([this, name] { published.push_back(name); }));
   }
 
@@ -293,6 +293,14 @@ TEST_F(PortScannerTest, MergesTheHalvesOfAHub) {
   EXPECT_EQ(busText(scanner->usbBuses.get()), "USB31Bus\n"
                                               "  Fast super_speed\n"
                                               "    Stick\n");
+}
+
+TEST_F(PortScannerTest, TakesAnExceptionForAFailure) {
+  const Observation observation =
+      scanner->usbBuses.observe([] { throw std::runtime_error("out of memory"); });
+  scan();
+  EXPECT_EQ(scanner->errorMessage.get(), "out of memory");
+  EXPECT_FALSE(scanner->isScanning.get());
 }
 
 TEST_F(PortScannerTest, LivesUntilItsScanEnds) {

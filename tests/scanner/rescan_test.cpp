@@ -86,6 +86,22 @@ TEST_F(Rescan, NothingHappensOnceTheScannerIsGone) {
   EXPECT_EQ(scanCount(), 1U);
 }
 
+TEST_F(Rescan, EverythingGoesWhenTheQueueEndsInTheMiddleOfAScan) {
+  scan();
+  const std::weak_ptr<PortScanner> weak = scanner;
+  events->changeRegistry();
+  queue->advance(300ms);
+  tools->answerOnce("SPUSBDataType.json", "");
+  scanner->scan();
+  queue->advance(110ms);
+  EXPECT_TRUE(scanner->isScanning.get());
+  scanner.reset();
+  EXPECT_FALSE(weak.expired()) << "the scan holds it";
+  queue->end();
+  EXPECT_TRUE(weak.expired());
+  EXPECT_FALSE(events->isRunning());
+}
+
 TEST_F(Rescan, TheSecondScanIsLeftOutWhenTheScannerWentInBetween) {
   scan();
   events->changeRegistry();

@@ -31,6 +31,12 @@ void HandDrivenQueue::finishOneBackgroundWork() {
   runPosted();
 }
 
+void HandDrivenQueue::end() {
+  std::exchange(posted_, {}).clear();
+  std::exchange(delayed_, {}).clear();
+  std::exchange(background_, {}).clear();
+}
+
 void HandDrivenQueue::settle() {
   runPosted();
   while (!background_.empty()) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "acquisition/main_queue.h"
+#include "async/main_queue.h"
 
 #include <chrono>
 #include <cstddef>
@@ -19,6 +19,9 @@ public:
   WorkItem postLater(std::chrono::milliseconds delay, Work work) override;
   void cancel(WorkItem item) override { delayed_.erase(item); }
   void runInBackground(Work work, Work next) override;
+
+  /// Drops everything that waits, as a queue that ends does.
+  void end();
 
   /// Runs everything that can run at the present time, background work included.
   void settle();

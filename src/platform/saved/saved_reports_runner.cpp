@@ -1,9 +1,10 @@
 #include "platform/saved/saved_reports_runner.h"
 
-#include "acquisition/registry_probes.h"
+#include "acquisition/tool_commands.h"
 
+#include <array>
 #include <fstream>
-#include <map>
+#include <optional>
 #include <sstream>
 #include <system_error>
 #include <utility>
@@ -11,22 +12,26 @@
 namespace tamberline {
 namespace {
 
-using CommandLine = std::pair<std::string, std::vector<std::string>>;
-
-const std::map<CommandLine, std::string>& fileNames() {
-  static const std::string reportTool = "/usr/sbin/system_profiler";
-  static const std::string registryTool = "/usr/sbin/ioreg";
-  static const std::map<CommandLine, std::string> names = {
-      {{reportTool, {"SPThunderboltDataType", "-json"}}, "SPThunderboltDataType.json"},
-      {{reportTool, {"SPUSBDataType", "-json"}}, "SPUSBDataType.json"},
-      {{reportTool, {"SPPowerDataType", "-json"}}, "SPPowerDataType.json"},
-      {{registryTool, registryArguments::portControllers}, "AppleHPMDevice.plist"},
-      {{registryTool, registryArguments::portPower}, "AppleSmartBattery.plist"},
-      {{registryTool, registryArguments::deviceTree}, "IODeviceTree.plist"},
-      {{registryTool, registryArguments::usbHostDevices}, "IOUSBHostDevice.plist"},
-      {{registryTool, registryArguments::powerSource}, "IOPMPowerSource.plist"},
-  };
-  return names;
+/// Absent for a command line that no file stands for.
+std::optional<std::string> fileNameFor(const ToolCommand& command) {
+  for (const char* section : {"SPThunderboltDataType", "SPUSBDataType", "SPPowerDataType"}) {
+    if (command == reportCommand(section)) {
+      return std::string(section) + ".json";
+    }
+  }
+  static constexpr std::array<std::pair<RegistryDump, const char*>, 5> dumps = {{
+      {RegistryDump::portControllers, "AppleHPMDevice.plist"},
+      {RegistryDump::portPower, "AppleSmartBattery.plist"},
+      {RegistryDump::deviceTree, "IODeviceTree.plist"},
+      {RegistryDump::usbHostDevices, "IOUSBHostDevice.plist"},
+      {RegistryDump::powerSource, "IOPMPowerSource.plist"},
+  }};
+  for (const auto& [dump, fileName] : dumps) {
+    if (command == registryCommand(dump)) {
+      return fileName;
+    }
+  }
+  return std::nullopt;
 }
 
 } // namespace
@@ -35,11 +40,11 @@ SavedReportsRunner::SavedReportsRunner(std::filesystem::path folder) : folder_(s
 
 ToolOutput SavedReportsRunner::run(const std::string& executable,
                                    const std::vector<std::string>& arguments) {
-  const auto name = fileNames().find({executable, arguments});
-  if (name == fileNames().end()) {
+  const std::optional<std::string> fileName = fileNameFor({executable, arguments});
+  if (!fileName) {
     return {};
   }
-  const std::filesystem::path path = folder_ / name->second;
+  const std::filesystem::path path = folder_ / *fileName;
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) {
     return {};
