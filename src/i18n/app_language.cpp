@@ -8,7 +8,8 @@
 namespace tamberline {
 namespace {
 
-constexpr std::array<std::string_view, AppLanguage::count> codes = {"en", "de", "fr", "it", "es"};
+constexpr auto codes = std::to_array<std::string_view>({"en", "de", "fr", "it", "es"});
+static_assert(codes.size() == AppLanguage::count);
 
 AppLanguage& languageOfThisRun() {
   static AppLanguage language = AppLanguage::en;

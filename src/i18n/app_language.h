@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -12,7 +13,7 @@ namespace tamberline {
 class AppLanguage {
 public:
   enum Case : std::uint8_t { en, de, fr, it, es };
-  static constexpr int count = 5;
+  static constexpr std::size_t count = 5;
 
   explicit(false) constexpr AppLanguage(Case language) : case_(language) {}
   explicit(false) constexpr operator Case() const { return case_; }

@@ -7,7 +7,19 @@
 namespace tamberline::Loc {
 namespace {
 
-using Translations = std::array<std::string_view, AppLanguage::count>;
+/// One text per language; a language that is forgotten does not compile.
+class Translations {
+public:
+  template <typename... Texts>
+  requires(sizeof...(Texts) ==
+           AppLanguage::count) explicit(false) constexpr Translations(Texts... texts)
+      : texts_{texts...} {}
+
+  std::string_view operator[](AppLanguage language) const { return texts_[language]; }
+
+private:
+  std::array<std::string_view, AppLanguage::count> texts_;
+};
 
 std::string_view inCurrentLanguage(const Translations& translations) {
   return translations[AppLanguage::current()];

@@ -3,7 +3,6 @@
 #include "base/overloaded.h"
 #include "inspect/record_documents.h"
 
-#include <array>
 #include <string_view>
 
 namespace tamberline {
@@ -22,10 +21,24 @@ Document describe(const Badge& badge) {
   };
 }
 
+std::string_view nameOf(PortBadge::Kind kind) {
+  switch (kind) {
+  case PortBadge::Kind::capacity:
+    return "capacity";
+  case PortBadge::Kind::charger:
+    return "charger";
+  case PortBadge::Kind::video:
+    return "video";
+  case PortBadge::Kind::cable:
+    return "cable";
+  case PortBadge::Kind::speed:
+    return "speed";
+  }
+  return "";
+}
+
 Document describe(const PortBadge& badge) {
-  static constexpr std::array<std::string_view, 5> kinds = {"capacity", "charger", "video", "cable",
-                                                            "speed"};
-  Document document = {{"kind", kinds[static_cast<std::size_t>(badge.kind)]}};
+  Document document = {{"kind", nameOf(badge.kind)}};
   document.update(describe(badge.badge));
   return document;
 }
@@ -119,9 +132,14 @@ Document describe(const ChargingOnlyRow& row) {
 }
 
 std::string_view rowKind(const ExpandableRow::Content& content) {
-  static constexpr std::array<std::string_view, 5> kinds = {"tbDevice", "usbBus", "usbDevice",
-                                                            "charger", "chargingOnly"};
-  return kinds[content.index()];
+  return std::visit(Overloaded{
+                        [](const TBDeviceRow&) { return "tbDevice"; },
+                        [](const USBBusHeaderRow&) { return "usbBus"; },
+                        [](const USBDeviceDetailRow&) { return "usbDevice"; },
+                        [](const ChargerRow&) { return "charger"; },
+                        [](const ChargingOnlyRow&) { return "chargingOnly"; },
+                    },
+                    content);
 }
 
 Document describe(const ExpandableRow& row) {
@@ -152,7 +170,7 @@ Document describe(const PortCard& card) {
       {"dotTooltip", card.dotTooltip},
       {"title", card.title},
       {"itemCount", orNull(card.itemCount)},
-      {"itemCountTooltip", card.itemCount ? Document(card.itemCountTooltip) : Document(nullptr)},
+      {"itemCountTooltip", orNull(card.itemCountTooltip)},
       {"badges", listOf(card.badges, [](const PortBadge& badge) { return describe(badge); })},
       {"measuredPower", describeOrNull(card.measuredPower)},
       {"portPowerBar", describeOrNull(card.portPowerBar)},
@@ -181,12 +199,25 @@ Document describe(const ChargerCard& card) {
   };
 }
 
+std::string_view nameOf(Panel::State state) {
+  switch (state) {
+  case Panel::State::error:
+    return "error";
+  case Panel::State::scanning:
+    return "scanning";
+  case Panel::State::empty:
+    return "empty";
+  case Panel::State::cards:
+    return "cards";
+  }
+  return "";
+}
+
 } // namespace
 
 Document describe(const Panel& panel) {
-  static constexpr std::array<std::string_view, 4> states = {"error", "scanning", "empty", "cards"};
   return {
-      {"state", states[static_cast<std::size_t>(panel.state)]},
+      {"state", nameOf(panel.state)},
       {"message", orNull(panel.message)},
       {"cards", listOf(panel.cards,
                        [](const Card& card) {

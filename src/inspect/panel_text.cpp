@@ -20,6 +20,9 @@ TextSpan gap() {
 }
 
 void append(TextLine& line, TextSpan span) {
+  if (span.text.empty()) {
+    return;
+  }
   if (!line.empty()) {
     line.push_back(gap());
   }
@@ -56,11 +59,17 @@ void appendBar(TextLine& line, const TriBar& bar, Color color) {
   line.push_back({repeated("░", barWidth - used - cable), Color::grey});
 }
 
+/// A name from outside; one that is empty still has a place in its row.
+std::string shownName(std::string_view name) {
+  std::string shown = shownText(name);
+  return shown.empty() ? "—" : shown;
+}
+
 TextSpan badgeSpan(const Badge& badge) {
   if (!badge.color) {
     return {badge.text, Color::secondary};
   }
-  return {"[" + shownText(badge.text) + "]", *badge.color};
+  return {"[" + shownName(badge.text) + "]", *badge.color};
 }
 
 TextLine speedLine(const SpeedBarRow& bar) {
@@ -95,13 +104,13 @@ TextLine measuredLine(const MeasuredPower& power) {
 
 TextLine volumeLine(const VolumeRow& volume) {
   TextLine line = {{volume.label, Color::secondary}};
-  append(line, {shownText(volume.name)});
+  append(line, {shownName(volume.name)});
   append(line, {shownText(volume.mountPoint), Color::secondary});
   return line;
 }
 
 std::vector<TextLine> linesOf(const TBDeviceRow& row) {
-  TextLine first = {{shownText(row.name)}};
+  TextLine first = {{shownName(row.name)}};
   if (row.modeBadge) {
     append(first, badgeSpan(*row.modeBadge));
   }
@@ -120,7 +129,7 @@ std::vector<TextLine> linesOf(const USBBusHeaderRow& row) {
 }
 
 std::vector<TextLine> linesOf(const USBDeviceDetailRow& row) {
-  TextLine first = {{shownText(row.name)}};
+  TextLine first = {{shownName(row.name)}};
   append(first, {shownText(row.speedText), row.speedColor});
   if (row.hubTotal) {
     append(first, {row.hubTotal->text, Color::secondary});
@@ -142,7 +151,7 @@ std::vector<TextLine> linesOf(const USBDeviceDetailRow& row) {
 }
 
 std::vector<TextLine> linesOf(const ChargerRow& row) {
-  TextLine line = {{"⚡ ", Color::yellow}, {shownText(row.name)}};
+  TextLine line = {{"⚡ ", Color::yellow}, {shownName(row.name)}};
   if (row.rated) {
     append(line, {(row.isCharging ? "▲ " : "") + *row.rated,
                   row.isCharging ? Color::green : Color::secondary});
@@ -172,6 +181,9 @@ TextTree treeOf(const PortCard& card) {
   appendIfShown(header, card.itemCount);
   for (const PortBadge& badge : card.badges) {
     append(header, badgeSpan(badge.badge));
+    if (badge.kind == PortBadge::Kind::capacity) { // which its tooltip says in the panel
+      header.push_back({" " + std::string(Loc::portMax()), Color::secondary});
+    }
   }
   TextTree tree{{std::move(header)}, treesOf(card.rows)};
   if (card.measuredPower) {

@@ -22,7 +22,11 @@ bool couldDisturbATerminal(char32_t character) {
   const bool turnsDirection = character == 0x061C || isWithin(character, 0x200E, 0x200F) ||
                               isWithin(character, 0x202A, 0x202E) ||
                               isWithin(character, 0x2066, 0x2069);
-  return isControl || isSeparator || turnsDirection;
+  // Characters without width hide what a name says; the joiners of emoji and of scripts stay.
+  const bool isInvisible = character == 0x00AD || character == 0x200B || character == 0xFEFF ||
+                           isWithin(character, 0x2060, 0x2064) ||
+                           isWithin(character, 0xE0000, 0xE007F);
+  return isControl || isSeparator || turnsDirection || isInvisible;
 }
 
 std::vector<char32_t> harmlessCharacters(std::string_view text) {

@@ -1,16 +1,38 @@
 #include "inspect/text_tree.h"
 
-#include <array>
 #include <string_view>
+#include <utility>
 
 namespace tamberline {
 namespace {
 
 std::string_view escapeCodeOf(Color color) {
-  // In the order of Color; empty: the terminal's own foreground.
-  static constexpr std::array<std::string_view, 13> codes = {
-      "32", "33", "38;5;208", "31", "34", "35", "33", "90", "36", "2", "", "", ""};
-  return codes[static_cast<std::size_t>(color)];
+  switch (color) {
+  case Color::green:
+    return "32";
+  case Color::amber:
+  case Color::yellow:
+    return "33";
+  case Color::orange:
+    return "38;5;208";
+  case Color::red:
+    return "31";
+  case Color::blue:
+    return "34";
+  case Color::purple:
+    return "35";
+  case Color::grey:
+    return "90";
+  case Color::accent:
+    return "36";
+  case Color::secondary:
+    return "2";
+  case Color::primary:
+  case Color::textBackground:
+  case Color::clear:
+    break;
+  }
+  return ""; // the terminal's own foreground
 }
 
 class Renderer {

@@ -71,6 +71,10 @@ double usbWatts(std::int64_t milliamperes) {
   return static_cast<double>(milliamperes) * 5.0 / 1000.0;
 }
 
+std::string USBDevice::shownName() const {
+  return name == "hub_device" ? "USB Hub" : name;
+}
+
 double USBDevice::speedGbps() const {
   const SpeedKind* kind = findSpeedKind(speed);
   return kind == nullptr ? 0.0 : kind->gbps;

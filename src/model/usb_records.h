@@ -43,6 +43,8 @@ struct USBDevice {
   std::vector<USBVolume> volumes = {};
   SharedList<USBDevice> children = {};
 
+  /// The name that a person knows it by: the report calls every unnamed hub "hub_device".
+  std::string shownName() const;
   /// 0 when the token is unknown.
   double speedGbps() const;
   std::string speedShortLabel() const;

@@ -31,7 +31,7 @@ Contribution contributionOf(const TreeNode& node) {
                           return Contribution{std::nullopt, entry.bus.displayName()};
                         },
                         [&](const TreeNode::USBDeviceEntry& entry) {
-                          return device(node, shownName(entry.device), entry.device.manufacturer);
+                          return device(node, entry.device.shownName(), entry.device.manufacturer);
                         },
                         [&](const TreeNode::Charger& entry) {
                           return device(node, entry.charger.name, entry.charger.manufacturer);
@@ -65,10 +65,6 @@ std::vector<SearchEntry> flattenSearchable(const std::vector<TreeNode>& nodes,
   std::vector<std::string> currentTrail = trail;
   appendEntries(nodes, currentTrail, entries);
   return entries;
-}
-
-std::string shownName(const USBDevice& device) {
-  return device.name == "hub_device" ? "USB Hub" : device.name;
 }
 
 } // namespace tamberline

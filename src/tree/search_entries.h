@@ -22,7 +22,4 @@ struct SearchEntry {
 std::vector<SearchEntry> flattenSearchable(const std::vector<TreeNode>& nodes,
                                            const std::vector<std::string>& trail = {});
 
-/// The name a person knows a device by: the report calls every unnamed hub "hub_device".
-std::string shownName(const USBDevice& device);
-
 } // namespace tamberline

@@ -115,8 +115,6 @@ PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFac
       .inUse = inUse,
       .dotTooltip = std::string(inUse ? Loc::hintDotInUse() : Loc::nothingAttached()),
       .title = bus.displayName(),
-      .itemCount = itemCount > 0 ? std::optional(Loc::items(itemCount)) : std::nullopt,
-      .itemCountTooltip = std::string(Loc::hintItemCount()),
       .badges = portBadges(node, bus, facts),
       .portPowerBar = portPowerBar(node.aggregatedUSBPower().usedMa,
                                    lookUp(facts.portCurrentLimitMa, bus.busNumber)),
@@ -124,6 +122,10 @@ PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFac
   };
   if (const auto power = lookUp(facts.portPowerOut, bus.busNumber)) {
     card.measuredPower = measuredPower(*power);
+  }
+  if (itemCount > 0) {
+    card.itemCount = Loc::items(itemCount);
+    card.itemCountTooltip = Loc::hintItemCount();
   }
   if (!node.hasChildren()) {
     card.nothingAttached = Loc::nothingAttached();

@@ -43,7 +43,7 @@ struct PortCard {
   std::string dotTooltip = {};
   std::string title = {};
   std::optional<std::string> itemCount = {};
-  std::string itemCountTooltip = {};
+  std::optional<std::string> itemCountTooltip = {};
   std::vector<PortBadge> badges = {};
   std::optional<MeasuredPower> measuredPower = {};
   std::optional<PowerBarRow> portPowerBar = {};

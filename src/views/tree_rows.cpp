@@ -3,10 +3,10 @@
 #include "base/overloaded.h"
 #include "base/text.h"
 #include "i18n/loc.h"
-#include "tree/search_entries.h"
 #include "views/device_icons.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -116,7 +116,7 @@ USBDeviceDetailRow usbDeviceDetailRow(const TreeNode::USBDeviceEntry& entry,
   const USBDevice& device = entry.device;
   USBDeviceDetailRow row{
       .icon = iconFor(device),
-      .name = shownName(device),
+      .name = device.shownName(),
       .speedText = device.speedShortLabel(),
       .speedColor = speedTextColor(device.speedFraction(entry.busMaxGbps)),
       .speedTooltip = std::string(Loc::hintDeviceSpeed()),

@@ -64,7 +64,7 @@ Panel deskPanel() {
 
 TEST(PanelText, ShowsCardsAndRowsAsATree) {
   EXPECT_EQ(panelText(deskPanel(), false),
-            R"(● Thunderbolt Port 1  3 items  15 W  [video]  [active cable]  [40 Gb/s ×2]
+            R"(● Thunderbolt Port 1  3 items  15 W port max  [video]  [active cable]  [40 Gb/s ×2]
 │  █████░░░░░░░░░░░░░░░  3.8 W used · 15.0 W allocated  5.0 V · 0.75 A
 │  ████░░░░░░░░░░░░░░░░  2.8 W port total  15.0 W port max
 └─ Harbour Dock  [USB4 40G]  2.8W
@@ -200,7 +200,8 @@ TEST(HostileTexts, ReachTheTerminalOnlyInAHarmlessForm) {
       {"line break", "x\ny", "x\uFFFDy", "X\uFFFDy"},
       {"direction override", "\u202Ex\u2066", "\uFFFDx\uFFFD", "\uFFFDx\uFFFD"},
       {"broken bytes", "x\xFF\xC3", "x\uFFFD\uFFFD", "X\uFFFD\uFFFD"},
-      {"nothing but blanks", "  ", "", ""},
+      {"invisible characters", "x\u200B\uFEFF\U000E0041", "x\uFFFD\uFFFD\uFFFD",
+       "X\uFFFD\uFFFD\uFFFD"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
@@ -224,6 +225,19 @@ TEST(HostileTexts, ReachTheTerminalOnlyInAHarmlessForm) {
                                          "└─ ⚡ " +
                                          name + "  96 W rated\n");
   }
+}
+
+TEST(HostileTexts, KeepTheirPlaceWhenThereIsNothingToSee) {
+  EXPECT_EQ(panelFullOf("  "), R"(Power Adapter  MagSafe
+└─ ⚡ —  96 W rated
+
+● Thunderbolt Port 1  3 items
+├─ —  [—]
+│  └─ USB Bus
+│     └─ —
+│           Volume  —
+└─ ⚡ —  96 W rated
+)");
 }
 
 TEST(HostileTexts, AreCutWhereverTheyAreLong) {

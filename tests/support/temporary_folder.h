@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <unistd.h>
 
 namespace tamberline {
 
@@ -14,7 +15,8 @@ public:
   TemporaryFolder() {
     const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
     path_ = std::filesystem::path(testing::TempDir()) /
-            (std::string("tamberline ü ") + test->test_suite_name() + "." + test->name());
+            ("tamberline ü " + std::to_string(getpid()) + " " + test->test_suite_name() + "." +
+             test->name());
     std::filesystem::remove_all(path_);
     std::filesystem::create_directories(path_);
   }

@@ -116,12 +116,12 @@ TEST(InspectProgram, RefusesArgumentsThatMakeNoSense) {
   } table[] = {
       {{"--reports", "/nowhere/at/all"}, "there is no folder '/nowhere/at/all'"},
       {{"--reports", file}, "'" + file + "' is not a folder"},
-      {{"--reports"}, "option '--reports' requires an argument"},
+      {{"--reports"}, "option '--reports' needs an argument"},
       {{"--language", "pt"}, "there is no language 'pt'; there are en, de, fr, it, es"},
       {{"--language", ""}, "there is no language ''"},
-      {{"--frobnicate"}, "unrecognized option '--frobnicate'"},
-      {{"-x"}, "invalid option -- 'x'"},
-      {{"--json=yes"}, "option '--json' doesn't allow an argument"},
+      {{"--frobnicate"}, "unknown option '--frobnicate'"},
+      {{"-x"}, "unknown option '-x'"},
+      {{"--json=yes"}, "unknown option '--json=yes'"},
       {{"surplus"}, "unexpected argument 'surplus'"},
   };
   for (const auto& row : table) {

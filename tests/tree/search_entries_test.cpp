@@ -94,7 +94,7 @@ TEST(ShownName, ReplacesOnlyTheExactNameOfUnnamedHubs) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    EXPECT_EQ(shownName(usbDevice(row.name)), row.shown);
+    EXPECT_EQ(usbDevice(row.name).shownName(), row.shown);
   }
 }
 

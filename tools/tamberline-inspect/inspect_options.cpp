@@ -11,7 +11,7 @@ namespace tamberline {
 const std::string_view inspectUsage =
     R"(Usage: tamberline-inspect [--reports DIR] [--json] [--language en|de|fr|it|es]
 
-Shows port by port what hangs on the USB-C and Thunderbolt ports of this machine.
+Shows port by port what is attached to the USB-C and Thunderbolt ports of this machine.
 
   --reports DIR    show the machine whose reports were saved in the folder DIR
   --json           print everything the scan found as one JSON document
@@ -19,8 +19,11 @@ Shows port by port what hangs on the USB-C and Thunderbolt ports of this machine
   --help           print this text
   --version        print the version
 
-Exit status: 0 after a scan that succeeded, 1 when there is nothing to show for an
-error, 2 for wrong arguments.
+Exit status: 0 after a scan that succeeded, 1 when an error left nothing to show or
+the result could not be written, 2 for wrong arguments.
+
+In the text, "▲" stands before the rating of an adapter that charges, "↑" before the
+reason why a link is slow, and a bar's lighter part is what is allocated but not used.
 )";
 
 namespace {
@@ -51,7 +54,7 @@ bool setLanguage(std::string_view code, InspectOptions& options) {
 }
 
 /// False when the option was wrong, which has been said.
-bool apply(int code, InspectOptions& options) {
+bool apply(int code, const std::string& lastArgument, InspectOptions& options) {
   switch (code) {
   case reports:
     return setReportsFolder(optarg, options);
@@ -66,8 +69,10 @@ bool apply(int code, InspectOptions& options) {
   case version:
     options.showsVersion = true;
     return true;
+  case ':':
+    return complain("option '" + lastArgument + "' needs an argument");
   default:
-    return false; // the option parser has said it
+    return complain("unknown option '" + lastArgument + "'");
   }
 }
 
@@ -83,9 +88,10 @@ std::optional<InspectOptions> parseInspectOptions(int argc, char** argv) {
       {nullptr, 0, nullptr, 0},
   }};
   InspectOptions options;
-  for (int code = getopt_long(argc, argv, "", known.data(), nullptr); code != -1;
-       code = getopt_long(argc, argv, "", known.data(), nullptr)) {
-    if (!apply(code, options)) {
+  opterr = 0; // the messages are ours
+  for (int code = getopt_long(argc, argv, ":", known.data(), nullptr); code != -1;
+       code = getopt_long(argc, argv, ":", known.data(), nullptr)) {
+    if (!apply(code, argv[optind - 1], options)) {
       return std::nullopt;
     }
   }

@@ -14,6 +14,15 @@ extern char** environ; // NOLINT(readability-redundant-declaration): not declare
 namespace tamberline {
 namespace {
 
+void ignoreBrokenPipes() {
+  static const bool areIgnored = [] {
+    struct sigaction action = {};
+    action.sa_handler = SIG_IGN;
+    return sigaction(SIGPIPE, &action, nullptr) == 0;
+  }();
+  static_cast<void>(areIgnored);
+}
+
 class Descriptor {
 public:
   explicit Descriptor(int number) : number_(number) {}
@@ -128,10 +137,13 @@ std::optional<int> waitForExitStatus(pid_t child) {
 
 ToolOutput ChildProcessRunner::run(const std::string& executable,
                                    const std::vector<std::string>& arguments) {
-  std::signal(SIGPIPE, SIG_IGN);
+  ignoreBrokenPipes();
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) {
     return {};
+  }
+  for (const int end : ends) { // for children that other code of the process may start
+    fcntl(end, F_SETFD, FD_CLOEXEC);
   }
   const Descriptor readEnd(ends[0]);
   Descriptor writeEnd(ends[1]);
