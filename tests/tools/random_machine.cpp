@@ -30,7 +30,10 @@ public:
     machine_.files["SPThunderboltDataType.json"] =
         json{{"SPThunderboltDataType", thunderbolt}}.dump();
     machine_.files["SPUSBDataType.json"] = json{{"SPUSBDataType", usb}}.dump();
-    machine_.files["SPPowerDataType.json"] = R"({"SPPowerDataType": []})";
+    machine_.files["SPPowerDataType.json"] = powerReport();
+    machine_.files["AppleHPMDevice.plist"] = portControllers(portCount);
+    machine_.files["AppleSmartBattery.plist"] = portPower(portCount);
+    machine_.files["IODeviceTree.plist"] = currentLimits(portCount);
     machine_.files["IOUSBHostDevice.plist"] =
         propertyList("<array>" + containerEntries_ + "</array>");
     return machine_;
@@ -142,6 +145,70 @@ private:
   void addSplitHub(json& usb) {
     usb.push_back({{"_name", "USB20Bus"}, {"_items", json::array({hubHalf("high_speed", false)})}});
     usb.push_back({{"_name", "USB31Bus"}, {"_items", json::array({hubHalf("super_speed", true)})}});
+  }
+
+  json powerReportEntry() {
+    json entry = {{"_name", "sppower_ac_charger_information"},
+                  {"sppower_ac_charger_name", inOneOf(3) ? "Adapter" : "96W Adapter"},
+                  {"sppower_battery_charger_connected", inOneOf(4) ? "FALSE" : "TRUE"}};
+    strewValues(entry);
+    return entry;
+  }
+
+  std::string powerReport() {
+    json entries = json::array({{{"_name", "spbattery_information"}}});
+    if (!inOneOf(4)) {
+      entries.push_back(powerReportEntry());
+    }
+    return json{{"SPPowerDataType", entries}}.dump();
+  }
+
+  static std::string integerEntry(const std::string& key, std::int64_t value) {
+    return "<key>" + key + "</key><integer>" + std::to_string(value) + "</integer>";
+  }
+
+  std::string trueOrAbsent(const std::string& key) {
+    return inOneOf(2) ? "<key>" + key + "</key><true/>" : "";
+  }
+
+  std::string portControllers(unsigned portCount) {
+    std::string entries;
+    for (unsigned port = 0; port <= portCount; ++port) {
+      entries +=
+          "<dict>" + integerEntry("PortNumber", upTo(portCount + 1)) +
+          "<key>PortDescription</key><string>Port</string>" + trueOrAbsent("ConnectionActive") +
+          trueOrAbsent("ActiveCable") + trueOrAbsent("DisplayPortPinAssignment") +
+          (inOneOf(5) ? "<key>PortTypeDescription</key><string>MagSafe 3</string>" : "") +
+          (inOneOf(2) ? integerEntry("IOAccessoryID", upTo(9)) : "") +
+          (inOneOf(3) ? "<key>TransportsActive</key><array><string>USB3</string></array>" : "") +
+          "</dict>";
+    }
+    return propertyList("<array>" + entries + "</array>");
+  }
+
+  std::string portPower(unsigned portCount) {
+    std::string elements;
+    for (unsigned port = 0; port < portCount; ++port) {
+      elements += "<dict>" + integerEntry("PortIndex", port + 1) +
+                  integerEntry("Watts", upTo(9000)) + integerEntry("ConfiguredVoltage", 5000) +
+                  integerEntry("ConfiguredCurrent", upTo(3000)) + "</dict>";
+    }
+    return propertyList("<array><dict><key>PowerOutDetails</key><array>" + elements +
+                        "</array></dict></array>");
+  }
+
+  /// Each limit is 3,000 mA.
+  std::string currentLimits(unsigned portCount) {
+    static const std::vector<std::string> encodedNumbers = {
+        "AQAAAA==", "AgAAAA==", "AwAAAA==", "BAAAAA==", "BQAAAA=="};
+    std::string entries;
+    for (unsigned port = 0; port < portCount && !inOneOf(6); ++port) {
+      entries += "<dict><key>IORegistryEntryName</key><string>port-usb-c-" +
+                 std::to_string(port + 1) + "</string><key>port-number</key><data>" +
+                 encodedNumbers[port] +
+                 "</data><key>acc_bm3-current-limit</key><data>uAsAAA==</data></dict>";
+    }
+    return propertyList("<array>" + entries + "</array>");
   }
 
   std::mt19937 random_;
