@@ -76,7 +76,9 @@ public:
   Delay(std::shared_ptr<MainQueue> queue, std::chrono::milliseconds duration)
       : QueueAwaitable(std::move(queue)), duration_(duration) {}
 
-  static bool await_ready() noexcept { return false; }
+  // The compiler calls it on an object.
+  // NOLINTNEXTLINE(readability-convert-member-functions-to-static)
+  bool await_ready() const noexcept { return false; }
   void await_suspend(std::coroutine_handle<> waiting) {
     queue().postLater(duration_, resume(waiting));
   }
@@ -104,7 +106,9 @@ public:
   InBackground(std::shared_ptr<MainQueue> queue, std::function<Result()> work)
       : QueueAwaitable(std::move(queue)), work_(std::move(work)) {}
 
-  static bool await_ready() noexcept { return false; }
+  // The compiler calls it on an object.
+  // NOLINTNEXTLINE(readability-convert-member-functions-to-static)
+  bool await_ready() const noexcept { return false; }
   void await_suspend(std::coroutine_handle<> waiting) {
     queue().runInBackground([work = std::move(work_), result = result_] { run(work, *result); },
                             resume(waiting));

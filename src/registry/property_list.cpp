@@ -134,7 +134,7 @@ bool isWellFormedValue(pugi::xml_node element, int depth) {
 
 /// The one value of a list; no node when the list is not well-formed.
 pugi::xml_node rootValueOf(const pugi::xml_document& xml) {
-  const pugi::xml_node list = firstElement(xml);
+  const pugi::xml_node list = xml.document_element();
   const pugi::xml_node value = firstElement(list);
   const bool isOneValueInOneList = hasOnlyElements(xml) && hasOnlyElements(list) &&
                                    nameOf(list) == "plist" && nextElement(list).empty() &&
@@ -252,7 +252,7 @@ PropertyList& PropertyList::operator=(PropertyList&&) noexcept = default;
 PropertyList::~PropertyList() = default;
 
 PropertyListValue PropertyList::root() const {
-  return PropertyListValue(firstElement(firstElement(document_->xml)).internal_object());
+  return PropertyListValue(firstElement(document_->xml.document_element()).internal_object());
 }
 
 } // namespace tamberline

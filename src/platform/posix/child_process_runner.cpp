@@ -9,7 +9,9 @@
 #include <unistd.h>
 #include <utility>
 
-extern char** environ; // NOLINT(readability-redundant-declaration): not declared on every system
+// Not every system declares it.
+// NOLINTNEXTLINE(readability-redundant-declaration,cppcoreguidelines-avoid-non-const-global-variables)
+extern char** environ;
 
 namespace tamberline {
 namespace {
@@ -98,6 +100,7 @@ std::optional<pid_t> spawn(const std::string& executable, const std::vector<std:
   std::vector<std::string> words = {executable};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) {
     pointers.push_back(word.data());
   }
