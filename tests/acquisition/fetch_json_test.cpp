@@ -18,6 +18,9 @@ protected:
     result->emplace(co_await fetch);
   }
 
+  /// What still waits in the queue goes with it.
+  void TearDown() override { queue->end(); }
+
   void start(const std::string& type) {
     store(fetchJSON({tools, queue}, type, cancelRequest), result);
   }

@@ -40,6 +40,8 @@ QCoro::Task<> awaitAnother(std::shared_ptr<MainQueue> queue, Log log) {
 
 class Awaitables : public testing::Test {
 protected:
+  void TearDown() override { queue->end(); }
+
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   Log log = std::make_shared<std::string>();
 };

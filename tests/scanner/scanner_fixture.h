@@ -21,6 +21,9 @@ protected:
 
   void SetUp() override { scanner = makeScanner(); }
 
+  /// What still waits in the queue goes with it.
+  void TearDown() override { queue->end(); }
+
   std::shared_ptr<PortScanner> makeScanner() {
     return PortScanner::create({.acquisition = {.tools = tools, .queue = queue},
                                 .events = events,
