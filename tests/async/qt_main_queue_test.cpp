@@ -1,3 +1,4 @@
+#include "async/awaitables.h"
 #include "async/qt_main_queue.h"
 
 #include <QCoreApplication>
@@ -149,6 +150,23 @@ TEST_F(QtMainQueueTest, RunsManyBackgroundWorksAtTheSameTime) {
   }
   runLoop();
   EXPECT_EQ(finished, count);
+}
+
+QCoro::Task<> waitAnHour(std::shared_ptr<MainQueue> queue, std::shared_ptr<int> held) {
+  Delay delay(std::move(queue), 1h);
+  co_await delay;
+  *held = 1;
+}
+
+TEST_F(QtMainQueueTest, UnwindsACoroutineThatWaitsWhenItEnds) {
+  const auto queue = std::make_shared<QtMainQueue>();
+  const auto held = std::make_shared<int>(0);
+  waitAnHour(queue, held);
+  EXPECT_EQ(held.use_count(), 2);
+  queue->end();
+  EXPECT_EQ(held.use_count(), 1);
+  EXPECT_EQ(queue.use_count(), 1);
+  EXPECT_EQ(*held, 0);
 }
 
 TEST_F(QtMainQueueTest, DropsWorkThatArrivesAfterItsEnd) {
