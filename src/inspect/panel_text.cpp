@@ -2,7 +2,7 @@
 
 #include "base/overloaded.h"
 #include "i18n/loc.h"
-#include "inspect/shown_text.h"
+#include "base/shown_text.h"
 #include "inspect/text_tree.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "inspect/shown_text.h"
+#include "base/shown_text.h"
 
 #include "base/text.h"
 #include "base/utf8.h"
@@ -8,7 +8,6 @@
 namespace tamberline {
 namespace {
 
-constexpr std::size_t mostCharacters = 120;
 constexpr char32_t replacement = 0xFFFD;
 constexpr char32_t ellipsis = 0x2026;
 
@@ -16,7 +15,7 @@ bool isWithin(char32_t character, char32_t first, char32_t last) {
   return character >= first && character <= last;
 }
 
-bool couldDisturbATerminal(char32_t character) {
+bool couldDisturbTheReader(char32_t character) {
   const bool isControl = character < 0x20 || isWithin(character, 0x7F, 0x9F);
   const bool isSeparator = isWithin(character, 0x2028, 0x2029);
   const bool turnsDirection = character == 0x061C || isWithin(character, 0x200E, 0x200F) ||
@@ -33,7 +32,7 @@ std::vector<char32_t> harmlessCharacters(std::string_view text) {
   std::vector<char32_t> characters;
   while (!text.empty()) {
     const DecodedCharacter next = decodeFirstCharacter(text);
-    const bool isHarmless = next.isValid && !couldDisturbATerminal(next.codePoint);
+    const bool isHarmless = next.isValid && !couldDisturbTheReader(next.codePoint);
     characters.push_back(isHarmless ? next.codePoint : replacement);
     text.remove_prefix(next.length);
   }
@@ -42,7 +41,7 @@ std::vector<char32_t> harmlessCharacters(std::string_view text) {
 
 } // namespace
 
-std::string shownText(std::string_view text) {
+std::string shownText(std::string_view text, std::size_t mostCharacters) {
   std::vector<char32_t> characters = harmlessCharacters(trimmed(text));
   if (characters.size() > mostCharacters) {
     const auto surplus = static_cast<std::ptrdiff_t>(characters.size() - mostCharacters);
