@@ -13,6 +13,8 @@ struct Badge {
   std::optional<std::string> icon = {};
   std::optional<Color> color = {}; // absent: plain text, no background
   std::string tooltip = {};
+
+  friend bool operator==(const Badge&, const Badge&) = default;
 };
 
 } // namespace tamberline

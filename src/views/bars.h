@@ -16,6 +16,8 @@ struct TriBar {
 
   /// The cable layer is drawn only where it sticks out visibly behind the used one.
   bool showsCableLayer() const;
+
+  friend bool operator==(const TriBar&, const TriBar&) = default;
 };
 
 TriBar triBar(double usedFraction, double cableFraction);
@@ -29,6 +31,8 @@ struct SpeedBarRow {
   std::string speedLabel = {};
   std::string portMaxLabel = {};
   std::string tooltip = {};
+
+  friend bool operator==(const SpeedBarRow&, const SpeedBarRow&) = default;
 };
 
 SpeedBarRow speedBarRow(double usedGbps, double portMaxGbps, std::string speedLabel,
@@ -44,6 +48,8 @@ struct PowerBarRow {
   std::optional<std::string> portMax = {};
   TriBar bar = {};
   std::string tooltip = {};
+
+  friend bool operator==(const PowerBarRow&, const PowerBarRow&) = default;
 };
 
 struct PowerBarFacts {

@@ -25,6 +25,8 @@ struct PortBadge {
   enum class Kind : std::uint8_t { capacity, charger, video, cable, speed };
   Kind kind = Kind::capacity;
   Badge badge = {};
+
+  friend bool operator==(const PortBadge&, const PortBadge&) = default;
 };
 
 /// The live measured power of a port.
@@ -34,6 +36,8 @@ struct MeasuredPower {
   std::string voltageCurrent = {};
   TriBar bar = {};
   std::string tooltip = {};
+
+  friend bool operator==(const MeasuredPower&, const MeasuredPower&) = default;
 };
 
 /// The card of one physical port. Parts that are not shown are absent.

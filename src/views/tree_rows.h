@@ -19,22 +19,30 @@ struct TBDeviceRow {
   std::optional<Badge> modeBadge = {};
   std::optional<std::string> ratedDraw = {};
   std::optional<SpeedBarRow> speedBar = {};
+
+  friend bool operator==(const TBDeviceRow&, const TBDeviceRow&) = default;
 };
 
 struct USBBusHeaderRow {
   std::string name = {};
   std::optional<std::string> ratedDraw = {};
+
+  friend bool operator==(const USBBusHeaderRow&, const USBBusHeaderRow&) = default;
 };
 
 /// Why a link is slow: the title and the text of the popover.
 struct SpeedNote {
   std::string title = {};
   std::string note = {};
+
+  friend bool operator==(const SpeedNote&, const SpeedNote&) = default;
 };
 
 struct HubTotal {
   std::string text = {};
   std::string tooltip = {};
+
+  friend bool operator==(const HubTotal&, const HubTotal&) = default;
 };
 
 struct USBDeviceDetailRow {
@@ -48,24 +56,32 @@ struct USBDeviceDetailRow {
   std::optional<SpeedBarRow> speedBar = {};
   std::optional<PowerBarRow> powerBar = {};
   std::vector<VolumeRow> volumes = {};
+
+  friend bool operator==(const USBDeviceDetailRow&, const USBDeviceDetailRow&) = default;
 };
 
 struct ChargerRow {
   std::string name = {};
   std::optional<std::string> rated = {};
   bool isCharging = false;
+
+  friend bool operator==(const ChargerRow&, const ChargerRow&) = default;
 };
 
 struct ChargingOnlyRow {
   std::string title = {};
   std::string detail = {};
   Badge badge = {};
+
+  friend bool operator==(const ChargingOnlyRow&, const ChargingOnlyRow&) = default;
 };
 
 /// A faint colour behind a row.
 struct Tint {
   Color color = Color::clear;
   double opacity = 0;
+
+  friend bool operator==(const Tint&, const Tint&) = default;
 };
 
 /// One row of the tree below a card's header, with the rows that it opens onto.

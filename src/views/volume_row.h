@@ -15,6 +15,8 @@ struct VolumeRow {
   std::string label = {};
   std::string name = {};
   std::string mountPoint = {};
+
+  friend bool operator==(const VolumeRow&, const VolumeRow&) = default;
 };
 
 VolumeRow volumeRow(const USBVolume& volume);
@@ -44,6 +46,8 @@ struct VolumeTools {
   std::optional<SymbolButton> testButton = {};
   bool showsEjectProgress = false;
   std::optional<SymbolButton> ejectButton = {};
+
+  friend bool operator==(const VolumeTools&, const VolumeTools&) = default;
 };
 
 VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectState>& eject);

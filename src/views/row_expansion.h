@@ -1,0 +1,31 @@
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tamberline {
+
+/// What the rows themselves remember of being open or closed, by stable identifier. A row that
+/// nobody touched is as it starts. It counts as open too while its identifier is in the scanner's
+/// expandedOverrideIDs.
+class RowExpansion {
+public:
+  bool isExpanded(const std::string& id, bool startsExpanded,
+                  const std::set<std::string>& overrideIDs) const;
+
+  void set(const std::string& id, bool isExpanded) { touched_[id] = isExpanded; }
+
+  /// Closes every one of the rows, those that start open included.
+  void collapseAll(const std::vector<std::string>& ids);
+
+  /// Forgets every row that is not among `ids`: what is plugged in anew starts anew.
+  void keepOnly(const std::vector<std::string>& ids);
+
+private:
+  std::map<std::string, bool> touched_;
+};
+
+} // namespace tamberline
