@@ -1,0 +1,41 @@
+// Symbols as images in one colour, sharp at any ratio of pixels to points.
+#pragma once
+
+#include <QCache>
+#include <QColor>
+#include <QImage>
+
+#include <string_view>
+
+namespace tamberline {
+
+/// A square of `sizePoints`, transparent when the symbol is unknown or the icon theme is missing.
+QImage symbolImage(std::string_view symbol, const QColor& color, qreal sizePoints,
+                   qreal devicePixelRatio);
+
+/// Keeps the images that were asked for last, up to a limit of memory. One thread at a time.
+class SymbolImageCache {
+public:
+  static constexpr qsizetype defaultCapacityBytes = 1 << 20;
+
+  explicit SymbolImageCache(qsizetype capacityBytes = defaultCapacityBytes);
+
+  QImage image(std::string_view symbol, const QColor& color, qreal sizePoints,
+               qreal devicePixelRatio);
+  qsizetype usedBytes() const;
+
+private:
+  struct Key {
+    std::string_view themeIcon;
+    QRgb color;
+    qreal sizePoints;
+    qreal devicePixelRatio;
+
+    bool operator==(const Key&) const = default;
+  };
+  friend size_t qHash(const Key& key, size_t seed);
+
+  QCache<Key, QImage> images_;
+};
+
+} // namespace tamberline
