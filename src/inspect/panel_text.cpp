@@ -82,7 +82,7 @@ TextLine speedLine(const SpeedBarRow& bar) {
 
 TextLine powerLine(const PowerBarRow& row) {
   TextLine line;
-  appendBar(line, row.bar, Color::blue);
+  appendBar(line, row.bar, row.color);
   append(line, {row.used});
   if (row.allocated) {
     line.push_back({" " + *row.allocated, Color::secondary});

@@ -21,6 +21,13 @@ Color speedBarColor(double ratio) {
   return ratio >= nearlyHalf ? Color::amber : Color::orange;
 }
 
+Color powerBarColor(double fraction) {
+  if (fraction > 1) {
+    return Color::red;
+  }
+  return fraction > nearlyFull ? Color::orange : Color::green;
+}
+
 std::string labelledWatts(std::int64_t milliamperes, std::string_view label) {
   return wattsText(usbWatts(milliamperes)).append(" ").append(label);
 }
@@ -65,8 +72,9 @@ PowerBarRow powerBarRow(const PowerBarFacts& facts) {
   }
   // A missing maximum gives a full bar.
   const double whole = facts.portMaxMa >= 2 ? static_cast<double>(facts.portMaxMa) : 1.0;
-  row.bar = triBar(static_cast<double>(facts.usedMa) / whole,
-                   static_cast<double>(facts.allocatedMa) / whole);
+  const double used = static_cast<double>(facts.usedMa) / whole;
+  row.color = powerBarColor(used);
+  row.bar = triBar(used, static_cast<double>(facts.allocatedMa) / whole);
   return row;
 }
 

@@ -16,15 +16,14 @@ std::optional<Value> lookUp(const std::map<std::string, Value>& table, const std
 }
 
 PanelRow::Kind kindOf(const ExpandableRow& row) {
-  return std::visit(
-      Overloaded{
-          [](const TBDeviceRow&) { return PanelRow::Kind::tbDevice; },
-          [](const USBBusHeaderRow&) { return PanelRow::Kind::usbBus; },
-          [](const USBDeviceDetailRow&) { return PanelRow::Kind::usbDevice; },
-          [](const ChargerRow&) { return PanelRow::Kind::charger; },
-          [](const ChargingOnlyRow&) { return PanelRow::Kind::chargingOnly; },
-      },
-      row.content);
+  return std::visit(Overloaded{
+                        [](const TBDeviceRow&) { return PanelRow::Kind::tbDevice; },
+                        [](const USBBusHeaderRow&) { return PanelRow::Kind::usbBus; },
+                        [](const USBDeviceDetailRow&) { return PanelRow::Kind::usbDevice; },
+                        [](const ChargerRow&) { return PanelRow::Kind::charger; },
+                        [](const ChargingOnlyRow&) { return PanelRow::Kind::chargingOnly; },
+                    },
+                    row.content);
 }
 
 /// Writes the lines of one card after another.
@@ -35,8 +34,8 @@ public:
   void write(const PortCard& card) {
     PanelRow header{.kind = PanelRow::Kind::portHeader, .id = card.id, .source = &card};
     header.canExpand = true;
-    header.isExpanded =
-        states_.expansion.isExpanded(card.id, /*startsExpanded=*/false, states_.expandedOverrideIDs);
+    header.isExpanded = states_.expansion.isExpanded(card.id, /*startsExpanded=*/false,
+                                                     states_.expandedOverrideIDs);
     const bool isOpen = header.isExpanded;
     begin(std::move(header));
     if (isOpen && (card.measuredPower || card.portPowerBar)) {
