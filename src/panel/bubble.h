@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QPointer>
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+namespace tamberline {
+
+/// A box that floats beside the item that it explains, inside its parent: below the item where
+/// there is room, above it otherwise. Seen while it has a target.
+class Bubble : public QQuickItem {
+  Q_OBJECT
+  QML_ELEMENT
+  Q_PROPERTY(QQuickItem* target READ target WRITE setTarget NOTIFY targetChanged)
+
+public:
+  explicit Bubble(QQuickItem* parent = nullptr);
+
+  QQuickItem* target() const { return target_; }
+  void setTarget(QQuickItem* target);
+
+signals:
+  void targetChanged();
+
+protected:
+  void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+  void updatePolish() override;
+
+private:
+  QPointer<QQuickItem> target_;
+};
+
+} // namespace tamberline

@@ -1,0 +1,155 @@
+#include "panel/line_layout.h"
+
+#include <QQmlInfo>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace tamberline {
+
+LineLayout::LineLayout(QQuickItem* parent) : QQuickItem(parent) {
+  connect(this, &LineLayout::spacingChanged, this, &LineLayout::layOut);
+}
+
+void LineLayout::componentComplete() {
+  QQuickItem::componentComplete();
+  layOut();
+}
+
+void LineLayout::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
+  QQuickItem::geometryChange(newGeometry, oldGeometry);
+  if (newGeometry.width() != oldGeometry.width()) {
+    layOut();
+  }
+}
+
+void LineLayout::itemChange(ItemChange change, const ItemChangeData& data) {
+  QQuickItem::itemChange(change, data);
+  if (change == ItemChildAddedChange) {
+    follow(data.item);
+  } else if (change == ItemChildRemovedChange) {
+    data.item->disconnect(this);
+    layOut();
+  }
+}
+
+void LineLayout::follow(QQuickItem* child) {
+  connect(child, &QQuickItem::implicitWidthChanged, this, &LineLayout::layOut);
+  connect(child, &QQuickItem::implicitHeightChanged, this, &LineLayout::layOut);
+  connect(child, &QQuickItem::visibleChanged, this, &LineLayout::layOut);
+  layOut();
+}
+
+void LineLayout::layOut() {
+  if (isLayingOut_ || !isComponentComplete()) {
+    return;
+  }
+  isLayingOut_ = true;
+  const std::vector<Part> parts = shownParts();
+  setImplicitWidth(naturalWidth(parts));
+  Line pinned;
+  std::copy_if(parts.begin(), parts.end(), std::back_inserter(pinned),
+               [](const Part& part) { return part.isPinned; });
+  const double pinnedWidth = pinned.empty() ? 0 : widthOf(pinned) + spacing_;
+  double top = 0;
+  double available = width() - pinnedWidth;
+  for (Line& line : breakIntoLines(parts, pinnedWidth)) {
+    stretch(line, available);
+    if (top == 0) {
+      line.insert(line.end(), pinned.begin(), pinned.end());
+    }
+    top += place(line, top, width()) + lineSpacing_;
+    available = width();
+  }
+  setImplicitHeight(std::max(0.0, top - lineSpacing_));
+  isLayingOut_ = false;
+}
+
+std::vector<LineLayout::Part> LineLayout::shownParts() const {
+  std::vector<Part> parts;
+  bool isTrailing = false;
+  for (QQuickItem* child : childItems()) {
+    if (!child->isVisible() || child->implicitWidth() <= 0) {
+      continue;
+    }
+    Part part{.item = child, .width = std::ceil(child->implicitWidth())};
+    if (const auto* attached = qobject_cast<LineAttached*>(
+            qmlAttachedPropertiesObject<LineLayout>(child, /*create=*/false))) {
+      part.isElastic = attached->isElastic;
+      isTrailing = isTrailing || attached->isTrailing;
+      part.isPinned = attached->isPinned;
+    }
+    part.isTrailing = isTrailing || part.isPinned;
+    parts.push_back(part);
+  }
+  return parts;
+}
+
+double LineLayout::neededWidth(const Part& part) const {
+  return part.isElastic ? std::min(part.width, leastElasticWidth_) : part.width;
+}
+
+double LineLayout::widthOf(const Line& line) const {
+  return std::accumulate(line.begin(), line.end(), -spacing_,
+                         [&](double sum, const Part& part) { return sum + part.width + spacing_; });
+}
+
+double LineLayout::naturalWidth(const std::vector<Part>& parts) const {
+  return parts.empty() ? 0 : widthOf(parts);
+}
+
+std::vector<LineLayout::Line> LineLayout::breakIntoLines(const std::vector<Part>& parts,
+                                                         double pinnedWidth) const {
+  std::vector<Line> lines(1);
+  double left = width() - pinnedWidth;
+  for (const Part& part : parts) {
+    if (part.isPinned) {
+      continue;
+    }
+    const double gap = lines.back().empty() ? 0 : spacing_;
+    if (gap + neededWidth(part) > left && !lines.back().empty()) {
+      lines.emplace_back();
+      left = width();
+    } else {
+      left -= gap;
+    }
+    lines.back().push_back(part);
+    left -= neededWidth(part);
+  }
+  return lines;
+}
+
+/// Gives elastic parts what the others leave, and cuts what is wider than a whole line.
+void LineLayout::stretch(Line& line, double available) const {
+  double left = available + spacing_;
+  for (const Part& part : line) {
+    left -= (part.isElastic ? 0 : part.width) + spacing_;
+  }
+  for (Part& part : line) {
+    if (part.isElastic) {
+      part.width = std::clamp(left, std::min(part.width, neededWidth(part)), part.width);
+      left -= part.width;
+    }
+    part.width = std::min(part.width, std::max(0.0, available));
+  }
+}
+
+/// Returns the height of the line.
+double LineLayout::place(const Line& line, double top, double available) const {
+  double height = 0;
+  for (const Part& part : line) {
+    part.item->setWidth(part.width);
+    height = std::max(height, part.item->implicitHeight());
+  }
+  double left = 0;
+  const double slack = std::max(0.0, available - widthOf(line));
+  for (const Part& part : line) {
+    const double x = part.isTrailing ? left + slack : left;
+    part.item->setPosition({x, top + std::round((height - part.item->implicitHeight()) / 2)});
+    left += part.width + spacing_;
+  }
+  return height;
+}
+
+} // namespace tamberline

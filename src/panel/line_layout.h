@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+#include <vector>
+
+namespace tamberline {
+
+/// How a child of a LineLayout takes part in it.
+class LineAttached : public QObject {
+  Q_OBJECT
+  QML_ANONYMOUS
+  /// May become narrower than it wants to be: a name.
+  Q_PROPERTY(bool isElastic MEMBER isElastic NOTIFY changed)
+  /// Stands at the right end of its line, with everything after it.
+  Q_PROPERTY(bool isTrailing MEMBER isTrailing NOTIFY changed)
+  /// Stands at the right end of the first line, whatever else wraps.
+  Q_PROPERTY(bool isPinned MEMBER isPinned NOTIFY changed)
+
+public:
+  explicit LineAttached(QObject* child) : QObject(child) {}
+
+  bool isElastic = false;
+  bool isTrailing = false;
+  bool isPinned = false;
+
+signals:
+  void changed();
+};
+
+/// Children side by side in one line, centred vertically, as long as they fit; then in several. An
+/// elastic child makes room for the others, down to `leastElasticWidth`, before anything wraps, so
+/// that a name stays in sight beside any number of badges and at any size of the font.
+class LineLayout : public QQuickItem {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_ATTACHED(tamberline::LineAttached)
+  Q_PROPERTY(double spacing MEMBER spacing_ NOTIFY spacingChanged)
+  Q_PROPERTY(double lineSpacing MEMBER lineSpacing_ NOTIFY spacingChanged)
+  Q_PROPERTY(double leastElasticWidth MEMBER leastElasticWidth_ NOTIFY spacingChanged)
+
+public:
+  explicit LineLayout(QQuickItem* parent = nullptr);
+
+  static LineAttached* qmlAttachedProperties(QObject* child) { return new LineAttached(child); }
+
+signals:
+  void spacingChanged();
+
+protected:
+  void componentComplete() override;
+  void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+  void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+private:
+  struct Part {
+    QQuickItem* item = nullptr;
+    double width = 0;
+    bool isElastic = false;
+    bool isTrailing = false;
+    bool isPinned = false;
+  };
+  using Line = std::vector<Part>;
+
+  void follow(QQuickItem* child);
+  void layOut();
+  std::vector<Part> shownParts() const;
+  double neededWidth(const Part& part) const;
+  double widthOf(const Line& line) const;
+  std::vector<Line> breakIntoLines(const std::vector<Part>& parts, double pinnedWidth) const;
+  void stretch(Line& line, double available) const;
+  double place(const Line& line, double top, double available) const;
+  double naturalWidth(const std::vector<Part>& parts) const;
+
+  double spacing_ = 0;
+  double lineSpacing_ = 0;
+  double leastElasticWidth_ = 0;
+  bool isLayingOut_ = false;
+};
+
+} // namespace tamberline

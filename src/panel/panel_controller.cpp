@@ -1,0 +1,220 @@
+#include "panel/panel_controller.h"
+
+#include "i18n/loc.h"
+#include "panel/panel_context.h"
+#include "panel/row_variants.h"
+#include "tree/node_identifiers.h"
+#include "views/panel_inputs.h"
+
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+QString nameOf(Panel::State state) {
+  switch (state) {
+  case Panel::State::error:
+    return QStringLiteral("error");
+  case Panel::State::scanning:
+    return QStringLiteral("scanning");
+  case Panel::State::empty:
+    return QStringLiteral("empty");
+  case Panel::State::cards:
+    return QStringLiteral("cards");
+  }
+  return {};
+}
+
+void appendIDs(const std::vector<TreeNode>& nodes, std::vector<std::string>& ids) {
+  for (const TreeNode& node : nodes) {
+    ids.push_back(node.id);
+    appendIDs(node.children, ids);
+  }
+}
+
+} // namespace
+
+PanelController::PanelController(std::shared_ptr<PortScanner> scanner,
+                                 std::shared_ptr<MainQueue> queue, PanelActions actions)
+    : scanner_(std::move(scanner)), actions_(std::move(actions)),
+      pulses_(scanner_, std::move(queue), [this] { refreshRows(); }) {
+  describe();
+  observeScanner();
+}
+
+PanelController* PanelController::create(QQmlEngine* engine, QJSEngine*) {
+  return PanelContext::of(*engine).panel();
+}
+
+void PanelController::observeScanner() {
+  const auto redescribe = [this] { describe(); };
+  const auto refresh = [this] { refreshRows(); };
+  observations_.push_back(scanner_->portTree.observe([this] {
+    forgetVanishedRows();
+    describe();
+  }));
+  observations_.push_back(scanner_->hpmPorts.observe(redescribe));
+  observations_.push_back(scanner_->portPowerOut.observe(redescribe));
+  observations_.push_back(scanner_->portCurrentLimitMa.observe(redescribe));
+  observations_.push_back(scanner_->errorMessage.observe(redescribe));
+  observations_.push_back(scanner_->isScanning.observe([this] {
+    describe();
+    emit isScanningChanged();
+  }));
+  observations_.push_back(scanner_->benchmarks.observe(refresh));
+  observations_.push_back(scanner_->ejectStates.observe(refresh));
+  observations_.push_back(scanner_->expandedOverrideIDs.observe(refresh));
+  observations_.push_back(scanner_->collapseAllEpoch.observe([this] { dropExpansion(); }));
+  observations_.push_back(scanner_->highlightedNodeID.observe([this] { followHighlight(); }));
+}
+
+QString PanelController::state() const {
+  return nameOf(panel_->state);
+}
+
+QString PanelController::message() const {
+  return displayText(panel_->message.value_or(""), longestTooltip);
+}
+
+QVariantMap PanelController::texts() const {
+  QVariantMap texts;
+  for (const Loc::FixedText& entry : Loc::fixedTexts()) {
+    const std::string_view text = entry.text();
+    texts.insert(QString::fromUtf8(entry.key.data(), static_cast<qsizetype>(entry.key.size())),
+                 QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+  }
+  return texts;
+}
+
+void PanelController::scan() {
+  scanner_->scan();
+}
+
+void PanelController::expandAll() {
+  std::set<std::string> ids = scanner_->expandedOverrideIDs.get();
+  for (std::string& id : allContainerIDs(scanner_->portTree.get())) {
+    ids.insert(std::move(id));
+  }
+  scanner_->expandedOverrideIDs.set(std::move(ids));
+}
+
+void PanelController::collapseAll() {
+  scanner_->expandedOverrideIDs.set({});
+  scanner_->collapseAllEpoch.set(scanner_->collapseAllEpoch.get() + 1);
+}
+
+void PanelController::toggle(int index) {
+  if (const PanelRow* row = rows_.rowAt(index)) {
+    setExpanded(index, !row->isExpanded);
+  }
+}
+
+void PanelController::setExpanded(int index, bool isExpanded) {
+  const PanelRow* row = rows_.rowAt(index);
+  if (row == nullptr || !row->canExpand || row->isExpanded == isExpanded) {
+    return;
+  }
+  const std::string id = row->id;
+  expansion_.set(id, isExpanded);
+  std::set<std::string> overrides = scanner_->expandedOverrideIDs.get();
+  if (!isExpanded && overrides.erase(id) > 0) {
+    scanner_->expandedOverrideIDs.set(std::move(overrides)); // refreshes the rows
+  } else {
+    refreshRows();
+  }
+}
+
+void PanelController::runBenchmark(const QString& mountPoint) {
+  if (actions_.runBenchmark) {
+    actions_.runBenchmark(mountPoint.toStdString());
+  }
+}
+
+void PanelController::eject(const QString& mountPoint) {
+  if (actions_.eject) {
+    actions_.eject(mountPoint.toStdString());
+  }
+}
+
+void PanelController::openManual() {
+  if (actions_.openManual) {
+    actions_.openManual();
+  }
+}
+
+void PanelController::close() {
+  if (actions_.closePanel) {
+    actions_.closePanel();
+  }
+}
+
+void PanelController::quit() {
+  if (actions_.quit) {
+    actions_.quit();
+  }
+}
+
+void PanelController::describe() {
+  const std::shared_ptr<const Panel> previous =
+      std::exchange(panel_, std::make_shared<const Panel>(describePanel(panelInputs(*scanner_))));
+  refreshRows();
+  if (!previous || previous->state != panel_->state || previous->message != panel_->message) {
+    emit stateChanged();
+  }
+}
+
+void PanelController::refreshRows() {
+  showRows();
+  if (updatePulses()) {
+    showRows();
+  }
+}
+
+void PanelController::showRows() {
+  rows_.setRows(panel_,
+                panelRows(*panel_, {.expansion = expansion_,
+                                    .expandedOverrideIDs = scanner_->expandedOverrideIDs.get(),
+                                    .benchmarks = scanner_->benchmarks.get(),
+                                    .ejectStates = scanner_->ejectStates.get(),
+                                    .pulses = pulses_.phases()}));
+}
+
+/// A row's pulse goes with the row; it begins when the highlight comes to a row that is shown, or
+/// when the highlighted row appears. True when a pulse began.
+bool PanelController::updatePulses() {
+  std::vector<std::string> vanished;
+  for (const auto& [id, phase] : pulses_.phases()) {
+    if (rows_.indexOf(id) < 0) {
+      vanished.push_back(id);
+    }
+  }
+  for (const std::string& id : vanished) {
+    pulses_.cancel(id);
+  }
+  const std::optional<std::string>& highlighted = scanner_->highlightedNodeID.get();
+  const bool isShown = highlighted && rows_.indexOf(*highlighted) >= 0;
+  const bool begins = isShown && !wasHighlightShown_;
+  wasHighlightShown_ = isShown;
+  if (begins) {
+    pulses_.start(*highlighted);
+  }
+  return begins;
+}
+
+void PanelController::followHighlight() {
+  wasHighlightShown_ = false;
+  refreshRows();
+}
+
+void PanelController::dropExpansion() {
+  expansion_.collapseAll(allContainerIDs(scanner_->portTree.get()));
+  refreshRows();
+}
+
+void PanelController::forgetVanishedRows() {
+  std::vector<std::string> ids;
+  appendIDs(scanner_->portTree.get(), ids);
+  expansion_.keepOnly(ids);
+}
+
+} // namespace tamberline

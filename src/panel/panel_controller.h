@@ -1,0 +1,104 @@
+#pragma once
+
+#include "async/main_queue.h"
+#include "panel/panel_list_model.h"
+#include "panel/row_pulses.h"
+#include "scanner/port_scanner.h"
+#include "views/panel.h"
+#include "views/row_expansion.h"
+
+#include <QObject>
+#include <QString>
+#include <QVariantMap>
+#include <QtQml/qqmlregistration.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QJSEngine;
+class QQmlEngine;
+
+namespace tamberline {
+
+/// What the panel can ask for beside a scan. An action that is absent does nothing, and its
+/// buttons are disabled.
+struct PanelActions {
+  std::function<void(const std::string& mountPoint)> runBenchmark = {};
+  std::function<void(const std::string& mountPoint)> eject = {};
+  std::function<void()> openManual = {};
+  std::function<void()> closePanel = {};
+  std::function<void()> quit = {};
+};
+
+/// The panel's list and controls for QML: what the scanner knows in one direction, what a person
+/// does in the other. Main thread only.
+class PanelController final : public QObject {
+  Q_OBJECT
+  QML_NAMED_ELEMENT(Panel)
+  QML_SINGLETON
+
+  Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
+  /// "error", "scanning", "empty" or "cards".
+  Q_PROPERTY(QString state READ state NOTIFY stateChanged)
+  /// Stands in place of the cards.
+  Q_PROPERTY(QString message READ message NOTIFY stateChanged)
+  Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
+  /// The texts without an argument, by key.
+  Q_PROPERTY(QVariantMap texts READ texts CONSTANT)
+  Q_PROPERTY(bool canTestVolumes READ canTestVolumes CONSTANT)
+  Q_PROPERTY(bool canEject READ canEject CONSTANT)
+
+public:
+  PanelController(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
+                  PanelActions actions);
+
+  /// The one that PanelContext holds for the engine.
+  static PanelController* create(QQmlEngine* engine, QJSEngine*);
+
+  PanelListModel* rows() { return &rows_; }
+  QString state() const;
+  QString message() const;
+  bool isScanning() const { return scanner_->isScanning.get(); }
+  QVariantMap texts() const;
+  bool canTestVolumes() const { return actions_.runBenchmark != nullptr; }
+  bool canEject() const { return actions_.eject != nullptr; }
+
+  Q_INVOKABLE void scan();
+  Q_INVOKABLE void expandAll();
+  Q_INVOKABLE void collapseAll();
+  Q_INVOKABLE void toggle(int index);
+  Q_INVOKABLE void setExpanded(int index, bool isExpanded);
+  Q_INVOKABLE void runBenchmark(const QString& mountPoint);
+  Q_INVOKABLE void eject(const QString& mountPoint);
+  Q_INVOKABLE void openManual();
+  Q_INVOKABLE void close();
+  Q_INVOKABLE void quit();
+
+signals:
+  void stateChanged();
+  void isScanningChanged();
+
+private:
+  void observeScanner();
+  void describe();
+  void refreshRows();
+  void showRows();
+  bool updatePulses();
+  void forgetVanishedRows();
+  void followHighlight();
+  void dropExpansion();
+
+  std::shared_ptr<PortScanner> scanner_;
+  PanelActions actions_;
+  RowExpansion expansion_;
+  RowPulses pulses_;
+  PanelListModel rows_;
+  std::shared_ptr<const Panel> panel_;
+  bool wasHighlightShown_ = false;
+  std::vector<Observation> observations_; // last: they call into everything above
+};
+
+} // namespace tamberline

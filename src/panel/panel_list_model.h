@@ -1,0 +1,57 @@
+#pragma once
+
+#include "views/panel_rows.h"
+
+#include <QAbstractListModel>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// The lines of the panel for its list view. A new state of the lines becomes insertions,
+/// removals, moves and changes of exactly the lines that differ. Main thread only.
+class PanelListModel final : public QAbstractListModel {
+  Q_OBJECT
+
+public:
+  enum Role : int {
+    KindRole = Qt::UserRole + 1,
+    RowIdRole,
+    ContentRole,
+    SentenceRole,
+    FirstOfCardRole,
+    LastOfCardRole,
+    DepthRole,
+    LastSiblingRole,
+    CanExpandRole,
+    ExpandedRole,
+    TintRole,
+    TintOpacityRole,
+    PulseRole,
+  };
+
+  using QAbstractListModel::QAbstractListModel;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QHash<int, QByteArray> roleNames() const override;
+
+  /// `rows` point into `panel`.
+  void setRows(std::shared_ptr<const Panel> panel, std::vector<PanelRow> rows);
+
+  /// Absent outside the list.
+  const PanelRow* rowAt(int index) const;
+  /// -1 when no line has the identifier.
+  int indexOf(const std::string& id) const;
+
+private:
+  void applyChanges(const std::vector<PanelRow>& rows);
+  void replaceWhatDiffers(const std::vector<PanelRow>& rows);
+
+  std::shared_ptr<const Panel> panel_; // what the rows point into
+  std::vector<PanelRow> rows_;
+};
+
+} // namespace tamberline

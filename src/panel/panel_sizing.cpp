@@ -1,0 +1,96 @@
+#include "panel/panel_sizing.h"
+
+#include "panel/panel_context.h"
+#include "views/panel_heights.h"
+
+#include <QPointer>
+#include <QQmlEngine>
+
+#include <algorithm>
+
+namespace tamberline {
+
+PanelSizing* PanelSizing::create(QQmlEngine* engine, QJSEngine*) {
+  return PanelContext::of(*engine).sizing();
+}
+
+void PanelSizing::setSearching(bool isSearching) {
+  isSearching_ = isSearching;
+  combine();
+}
+
+void PanelSizing::setScreenHeight(std::optional<double> points) {
+  if (points != screenHeight_) {
+    screenHeight_ = points;
+    emit changed();
+  }
+}
+
+void PanelSizing::measure(Channel channel, const void* source, double height) {
+  std::map<const void*, double>& heights = channel == Channel::list ? listHeights_ : chromeHeights_;
+  if (height > 0) {
+    heights[source] = height;
+  } else {
+    heights.erase(source);
+  }
+  combine();
+}
+
+double PanelSizing::windowTotalHeight() const {
+  return tamberline::windowTotalHeight(chromeBaseline_, listHeight_, screenHeight_);
+}
+
+double PanelSizing::listAreaHeight() const {
+  return tamberline::listAreaHeight(windowTotalHeight(), chromeHeight_);
+}
+
+double PanelSizing::greatestListAreaHeight() const {
+  constexpr double endless = 1e6;
+  return tamberline::listAreaHeight(
+      tamberline::windowTotalHeight(chromeBaseline_, endless, screenHeight_), chromeBaseline_);
+}
+
+double PanelSizing::greatestSuggestionsHeight() const {
+  return tamberline::greatestSuggestionsHeight(windowTotalHeight(), chromeBaseline_);
+}
+
+void PanelSizing::combine() {
+  double greatest = 0;
+  for (const auto& [source, height] : listHeights_) {
+    greatest = std::max(greatest, height);
+  }
+  double sum = 0;
+  for (const auto& [source, height] : chromeHeights_) {
+    sum += height;
+  }
+  const double baseline = isSearching_ ? chromeBaseline_ : sum;
+  if (greatest != listHeight_ || sum != chromeHeight_ || baseline != chromeBaseline_) {
+    listHeight_ = greatest;
+    chromeHeight_ = sum;
+    chromeBaseline_ = baseline;
+    emit changed();
+  }
+}
+
+HeightKey::~HeightKey() {
+  setHeight(0);
+}
+
+void HeightKey::setHeight(double height) {
+  if (height == height_) {
+    return;
+  }
+  height_ = height;
+  if (PanelSizing* const all = sizing()) {
+    all->measure(channel_, this, height);
+  }
+  emit heightChanged();
+}
+
+/// Null while the engine goes.
+PanelSizing* HeightKey::sizing() const {
+  QQmlEngine* const engine = qmlEngine(this);
+  return engine == nullptr ? nullptr : PanelContext::of(*engine).sizing();
+}
+
+} // namespace tamberline

@@ -1,0 +1,84 @@
+#include "panel/panel_window.h"
+
+#include <QKeyEvent>
+#include <QQmlEngine>
+#include <QUrl>
+
+// Registers the types of the QML module; the linker would drop it if nobody called it.
+extern void qml_register_types_Tamberline();
+
+namespace tamberline {
+namespace {
+
+bool startsText(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers =
+      event.modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier);
+  const QString text = event.text();
+  return (modifiers == Qt::NoModifier || modifiers == Qt::KeypadModifier) && !text.isEmpty() &&
+         text.front().isPrint() && !text.front().isSpace();
+}
+
+} // namespace
+
+PanelWindow::PanelWindow(PanelContext& context, Kind kind) : context_(context) {
+  qml_register_types_Tamberline();
+  context_.attachTo(*engine());
+  setTitle(QStringLiteral("Tamberline"));
+  setFlags(kind == Kind::attached ? Qt::Tool | Qt::FramelessWindowHint
+                                  : Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                        Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint);
+  setResizeMode(QQuickView::SizeRootObjectToView);
+  setWidth(widthPoints);
+  setHeight(firstHeightPoints);
+  setMinimumWidth(widthPoints);
+  setMaximumWidth(widthPoints);
+  const auto followTheme = [this] {
+    setColor(context_.theme()->property("window").value<QColor>());
+  };
+  followTheme();
+  connect(context_.theme(), &Theme::changed, this, followTheme);
+  setSource(QUrl(QStringLiteral("qrc:/qml/Tamberline/ContentView.qml")));
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event) {
+  context_.hints()->hide();
+  QQuickView::keyPressEvent(event);
+  if (!event->isAccepted()) {
+    takeFreeKey(*event);
+  }
+}
+
+void PanelWindow::showEvent(QShowEvent* event) {
+  QQuickView::showEvent(event);
+  context_.updated()->setPanelVisible(true);
+}
+
+void PanelWindow::hideEvent(QHideEvent* event) {
+  QQuickView::hideEvent(event);
+  context_.updated()->setPanelVisible(false);
+  context_.hints()->hide();
+  context_.popover()->close();
+}
+
+void PanelWindow::takeFreeKey(QKeyEvent& event) {
+  if (event.key() == Qt::Key_Escape) {
+    escape();
+    event.accept();
+  } else if (startsText(event)) {
+    context_.search()->type(event.text());
+    event.accept();
+  }
+}
+
+/// Closes what was opened last.
+void PanelWindow::escape() {
+  if (context_.popover()->target() != nullptr) {
+    context_.popover()->close();
+  } else if (context_.search()->isSearching()) {
+    context_.search()->clear();
+  } else {
+    context_.panel()->close();
+  }
+}
+
+} // namespace tamberline

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "panel/panel_context.h"
+
+#include <QQuickView>
+
+#include <functional>
+
+namespace tamberline {
+
+/// The window that shows the panel's content, 400 points wide. Its context outlives it.
+class PanelWindow final : public QQuickView {
+  Q_OBJECT
+
+public:
+  static constexpr int widthPoints = 400;
+  static constexpr int firstHeightPoints = 490; // until the content is measured
+
+  enum class Kind : unsigned char {
+    ordinary, // with a frame; stays where it is
+    attached, // belongs to a tray icon, without a frame
+  };
+
+  PanelWindow(PanelContext& context, Kind kind);
+
+  /// What is left of the screen for the panel, in points; absent without a screen.
+  void setScreenHeight(std::optional<double> points) { context_.sizing()->setScreenHeight(points); }
+
+protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+private:
+  void takeFreeKey(QKeyEvent& event);
+  void escape();
+
+  PanelContext& context_;
+};
+
+} // namespace tamberline

@@ -1,0 +1,44 @@
+import QtQuick
+
+// A small label; coloured, on a faint background of its colour, where it has a colour.
+Rectangle {
+    id: badgeView
+
+    required property var badge
+
+    color: "transparent"
+    implicitHeight: line.implicitHeight + 4
+    implicitWidth: line.implicitWidth + line.anchors.margins * 2
+    radius: 4
+    visible: badge.isShown
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.fills[badgeView.badge.color]
+        opacity: 0.12
+        radius: parent.radius
+        visible: badgeView.badge.hasBackground
+    }
+    Row {
+        id: line
+
+        anchors.centerIn: parent
+        anchors.margins: badgeView.badge.hasBackground ? 6 : 0
+        spacing: 2
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.inks[badgeView.badge.color]
+            implicitHeight: Theme.smallSymbolSize
+            implicitWidth: Theme.smallSymbolSize
+            name: badgeView.badge.icon
+            visible: name !== ""
+        }
+        Label {
+            color: Theme.inks[badgeView.badge.color]
+            font: badgeView.badge.hasBackground ? Theme.badgeFont : Theme.caption2Font
+            text: badgeView.badge.text
+            tooltip: badgeView.badge.tooltip
+        }
+    }
+}

@@ -1,0 +1,65 @@
+import QtQuick
+
+// A mounted volume: its name, its speed test, and the way to eject it.
+LineLayout {
+    id: row
+
+    required property var volume
+
+    leastElasticWidth: Theme.leastNameWidth
+    lineSpacing: 2
+    spacing: 6
+
+    SymbolIcon {
+        color: Theme.secondary
+        name: "speedometer"
+    }
+    Label {
+        color: Theme.secondary
+        text: row.volume.label
+    }
+    NameLabel {
+        font: Theme.caption2Font
+        name: row.volume.name
+    }
+    Spinner {
+        label: Panel.texts.hintTestSpeed
+        visible: row.volume.showsTestProgress
+        LineLayout.isTrailing: true
+    }
+    Repeater {
+        model: row.volume.testTexts
+
+        Label {
+            required property var modelData
+
+            color: Theme.inks[modelData.color]
+            text: modelData.text
+            LineLayout.isTrailing: true
+        }
+    }
+    SymbolButton {
+        enabled: row.volume.testButton.isEnabled && Panel.canTestVolumes
+        hint: row.volume.testButton.tooltip
+        size: Theme.symbolSize
+        symbol: row.volume.testButton.symbol
+        visible: row.volume.testButton.isShown
+        LineLayout.isTrailing: true
+        onTriggered: Panel.runBenchmark(row.volume.mountPoint)
+    }
+    Spinner {
+        label: Panel.texts.ejecting
+        visible: row.volume.showsEjectProgress
+        LineLayout.isTrailing: true
+    }
+    SymbolButton {
+        color: Theme.inks[row.volume.ejectButton.color]
+        enabled: row.volume.ejectButton.isEnabled && Panel.canEject
+        hint: row.volume.ejectButton.tooltip
+        size: Theme.symbolSize
+        symbol: row.volume.ejectButton.symbol
+        visible: row.volume.ejectButton.isShown
+        LineLayout.isTrailing: true
+        onTriggered: Panel.eject(row.volume.mountPoint)
+    }
+}

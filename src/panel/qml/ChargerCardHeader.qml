@@ -1,0 +1,30 @@
+import QtQuick
+
+// The header of the card of an adapter that is on no USB-C port.
+CardSegment {
+    id: segment
+
+    required property var content
+
+    LineLayout {
+        leastElasticWidth: Theme.leastNameWidth
+        spacing: 8
+        width: parent.width
+
+        SymbolIcon {
+            color: Theme.inks.yellow
+            name: segment.content.icon
+        }
+        Label {
+            font: Theme.subheadlineFont
+            text: segment.content.title
+            LineLayout.isElastic: true
+        }
+        Label {
+            color: Theme.secondary
+            text: segment.content.port
+            tooltip: segment.content.portTooltip
+            LineLayout.isTrailing: true
+        }
+    }
+}

@@ -1,0 +1,35 @@
+import QtQuick
+
+// The power adapter in one line.
+LineLayout {
+    id: row
+
+    required property var content
+    required property bool canExpand
+    required property bool isExpanded
+
+    leastElasticWidth: Theme.leastNameWidth
+    lineSpacing: 2
+    spacing: 6
+
+    Symbol {
+        color: Theme.inks.yellow
+        implicitHeight: Theme.smallSymbolSize
+        implicitWidth: Theme.smallSymbolSize
+        name: "bolt.horizontal"
+    }
+    NameLabel {
+        name: row.content.name
+    }
+    SymbolIcon {
+        color: Theme.inks.green
+        name: "arrow.up.circle.fill"
+        visible: row.content.isCharging && row.content.rated !== ""
+        LineLayout.isTrailing: true
+    }
+    Label {
+        color: row.content.isCharging ? Theme.inks.green : Theme.secondary
+        text: row.content.rated
+        LineLayout.isTrailing: true
+    }
+}

@@ -1,0 +1,45 @@
+import QtQuick
+
+// A port that draws power without data.
+Row {
+    id: row
+
+    required property var content
+    required property bool canExpand
+    required property bool isExpanded
+
+    spacing: 6
+
+    SymbolIcon {
+        id: symbol
+
+        color: Theme.inks.yellow
+        name: "bolt.fill"
+    }
+    Column {
+        spacing: 2
+        width: row.width - symbol.width - row.spacing
+
+        LineLayout {
+            leastElasticWidth: Theme.leastNameWidth
+            lineSpacing: 2
+            spacing: 6
+            width: parent.width
+
+            Label {
+                font: Theme.captionFont
+                text: row.content.title
+                LineLayout.isElastic: true
+            }
+            BadgeView {
+                badge: row.content.badge
+                LineLayout.isTrailing: true
+            }
+        }
+        Paragraph {
+            color: Theme.secondary
+            text: row.content.detail
+            width: parent.width
+        }
+    }
+}

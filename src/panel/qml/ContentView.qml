@@ -1,0 +1,111 @@
+import QtQuick
+
+// Everything on the panel.
+FocusScope {
+    id: content
+
+    focus: true
+
+    Binding {
+        property: "isSearching"
+        target: Sizing
+        value: Search.isSearching
+    }
+    PanelHeader {
+        id: header
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+    }
+    ChromeHeightKey {
+        height: header.implicitHeight
+    }
+    SearchField {
+        id: search
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: header.bottom
+        onLeftDownwards: suggestions.list.forceActiveFocus()
+    }
+    ChromeHeightKey {
+        height: search.implicitHeight
+    }
+    Suggestions {
+        id: suggestions
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: search.bottom
+    }
+    ChromeHeightKey {
+        height: suggestions.implicitHeight
+    }
+    Rectangle {
+        id: upperDivider
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: suggestions.bottom
+        color: Theme.separator
+        height: 1
+    }
+    ListArea {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: upperDivider.bottom
+        height: Sizing.listAreaHeight
+    }
+    Rectangle {
+        anchors.bottom: footer.top
+        anchors.left: parent.left
+        anchors.right: parent.right
+        color: Theme.separator
+        height: 1
+    }
+    PanelFooter {
+        id: footer
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+    }
+    ChromeHeightKey {
+        height: footer.implicitHeight
+    }
+    MouseArea {
+        anchors.fill: parent
+        enabled: Popover.target !== null
+        onPressed: Popover.close()
+    }
+    FloatingBox {
+        target: Popover.target
+
+        Paragraph {
+            font: Theme.captionFont
+            text: Popover.title
+            width: 280
+        }
+        Paragraph {
+            color: Theme.secondary
+            text: Popover.text
+            width: 280
+        }
+    }
+    FloatingBox {
+        target: Hints.target
+
+        TextMetrics {
+            id: hintMetrics
+
+            font: Theme.caption2Font
+            text: Hints.text
+        }
+        Paragraph {
+            text: Hints.text
+            width: Math.min(300, Math.ceil(hintMetrics.advanceWidth) + 1)
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,47 @@
+import QtQuick
+
+// Why there is nothing to show.
+Item {
+    id: errorBox
+
+    required property string message
+
+    implicitHeight: box.height + 24
+
+    Rectangle {
+        id: box
+
+        color: "transparent"
+        height: text.implicitHeight + 24
+        width: parent.width - 24
+        x: 12
+        y: 12
+
+        Rectangle {
+            anchors.fill: parent
+            color: Theme.fills.orange
+            opacity: 0.12
+            radius: 10
+        }
+        SymbolIcon {
+            id: symbol
+
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.inks.orange
+            x: 12
+            name: "exclamationmark.triangle"
+        }
+        Paragraph {
+            id: text
+
+            anchors.left: symbol.right
+            anchors.leftMargin: 8
+            anchors.right: parent.right
+            anchors.rightMargin: 12
+            anchors.verticalCenter: parent.verticalCenter
+            font: Theme.captionFont
+            text: errorBox.message
+            Accessible.role: Accessible.AlertMessage
+        }
+    }
+}

@@ -1,0 +1,57 @@
+import QtQuick
+
+// One node of the tree below a card's header: indented, tinted, and a button where it has children.
+CardSegment {
+    id: row
+
+    required property int index
+    required property int depth
+    required property bool isLast
+    required property bool isExpanded
+    required property string tint
+    required property real tintOpacity
+    required property string pulse
+    required property var content
+    default property alias rowContent: slot.data
+
+    Accessible.onPressAction: Panel.toggle(index)
+
+    HierarchyRow {
+        depth: row.depth
+        isLast: row.isLast
+        width: parent.width
+
+        Item {
+            implicitHeight: slot.childrenRect.height + 12
+            height: implicitHeight
+            width: parent.width
+
+            Rectangle {
+                anchors.fill: parent
+                color: Theme.fills[row.tint]
+                opacity: row.tintOpacity
+                radius: 6
+            }
+            PulseOverlay {
+                anchors.fill: parent
+                phase: row.pulse
+            }
+            MouseArea {
+                anchors.fill: parent
+                enabled: row.canExpand
+                onClicked: Panel.toggle(row.index)
+            }
+            Item {
+                id: slot
+
+                height: childrenRect.height
+                width: parent.width - 16
+                x: 8
+                y: 6
+            }
+            FocusRing {
+                item: row
+            }
+        }
+    }
+}

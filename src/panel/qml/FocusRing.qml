@@ -1,0 +1,13 @@
+import QtQuick
+
+// Shows where the keyboard is.
+Rectangle {
+    required property Item item
+
+    anchors.fill: parent
+    border.color: Theme.accent
+    border.width: 2
+    color: "transparent"
+    radius: 6
+    visible: item.Window.active && item.Window.activeFocusItem === item
+}

@@ -1,0 +1,56 @@
+import QtQuick
+
+// Indents a row and draws the lines that lead to it: a guide for each ancestor, and a connector
+// that goes on to the next sibling unless there is none.
+Item {
+    id: hierarchy
+
+    required property int depth
+    required property bool isLast
+    default property alias content: slot.data
+
+    implicitHeight: slot.childrenRect.height
+
+    Row {
+        height: parent.height
+
+        Repeater {
+            model: hierarchy.depth
+
+            Item {
+                id: column
+
+                required property int index
+                readonly property bool isConnector: index === hierarchy.depth - 1
+
+                height: hierarchy.height
+                width: 16
+
+                Rectangle {
+                    color: column.isConnector ? Theme.secondary : Theme.text
+                    height: column.isConnector && hierarchy.isLast ? branch.y + 1 : parent.height
+                    opacity: column.isConnector ? 0.6 : 0.2
+                    width: 1
+                    x: 7
+                }
+                Rectangle {
+                    id: branch
+
+                    color: Theme.secondary
+                    height: 1
+                    opacity: 0.6
+                    visible: column.isConnector
+                    width: 6
+                    x: 7
+                    y: 14
+                }
+            }
+        }
+    }
+    Item {
+        id: slot
+
+        anchors.fill: parent
+        anchors.leftMargin: hierarchy.depth * 16
+    }
+}

@@ -1,0 +1,8 @@
+import QtQuick
+
+// Shows a tooltip while the pointer rests on the item that this stands in.
+HoverHandler {
+    required property string text
+
+    onHoveredChanged: Hints.setHovered(parent, text, hovered)
+}

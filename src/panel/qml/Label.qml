@@ -1,0 +1,22 @@
+import QtQuick
+
+// A text in one line. What does not fit is left out in the middle.
+Text {
+    id: label
+
+    property string tooltip
+
+    color: Theme.text
+    elide: Text.ElideMiddle
+    font: Theme.caption2Font
+    maximumLineCount: 1
+    textFormat: Text.PlainText
+    visible: text !== ""
+    Accessible.description: tooltip
+    Accessible.name: text
+    Accessible.role: Accessible.StaticText
+
+    Hint {
+        text: label.tooltip
+    }
+}

@@ -1,0 +1,47 @@
+import QtQuick
+
+// The scrolling part of the panel: cards, or what there is to say without them.
+Item {
+    id: area
+
+    readonly property Item list: list
+
+    clip: true
+
+    PanelList {
+        id: list
+
+        height: Math.max(area.height, Sizing.greatestListAreaHeight)
+        visible: Panel.state === "cards"
+        visibleHeight: area.height
+        width: parent.width
+    }
+    ListHeightKey {
+        height: list.visible ? list.contentHeight : 0
+    }
+    ErrorBox {
+        id: errorBox
+
+        message: Panel.message
+        visible: Panel.state === "error"
+        width: parent.width
+    }
+    ListHeightKey {
+        height: errorBox.visible ? errorBox.implicitHeight : 0
+    }
+    Notice {
+        id: notice
+
+        message: Panel.message
+        symbol: Panel.state === "empty" ? "cable.connector" : ""
+        visible: Panel.state === "empty" || Panel.state === "scanning"
+        width: parent.width
+    }
+    ListHeightKey {
+        height: notice.visible ? notice.implicitHeight : 0
+    }
+    Scrollbar {
+        list: list
+        visibleHeight: area.height
+    }
+}

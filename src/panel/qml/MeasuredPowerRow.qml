@@ -1,0 +1,46 @@
+import QtQuick
+
+// The live measured power of a port.
+Column {
+    id: row
+
+    required property var power
+
+    spacing: 3
+
+    LineLayout {
+        spacing: 4
+        width: parent.width
+
+        Symbol {
+            color: Theme.inks.blue
+            implicitHeight: Theme.smallSymbolSize
+            implicitWidth: Theme.smallSymbolSize
+            name: "bolt.fill"
+        }
+        Label {
+            text: row.power.used
+            tooltip: row.power.tooltip
+        }
+        Label {
+            color: Theme.secondary
+            text: row.power.allocated
+            tooltip: row.power.tooltip
+        }
+        Label {
+            color: Theme.secondary
+            text: row.power.voltageCurrent
+            tooltip: row.power.tooltip
+            LineLayout.isTrailing: true
+        }
+    }
+    TriBar {
+        bar: row.power.bar
+        color: Theme.fills.blue
+        width: parent.width
+
+        Hint {
+            text: row.power.tooltip
+        }
+    }
+}

@@ -1,0 +1,30 @@
+import QtQuick
+
+// The manual, the time of the last scan, and the way out.
+Item {
+    implicitHeight: line.implicitHeight + line.y * 2
+
+    LineLayout {
+        id: line
+
+        spacing: 8
+        width: parent.width - x - 14
+        x: 8
+        y: 6
+
+        SymbolButton {
+            hint: Panel.texts.hintManual
+            symbol: "info.circle"
+            onTriggered: Panel.openManual()
+        }
+        Label {
+            color: Theme.secondary
+            text: Updated.text
+        }
+        TextButton {
+            text: Panel.texts.quit
+            LineLayout.isTrailing: true
+            onTriggered: Panel.quit()
+        }
+    }
+}

@@ -1,0 +1,60 @@
+import QtQuick
+
+// The application's name and the controls of the whole list.
+Item {
+    implicitHeight: line.implicitHeight + line.y * 2
+
+    LineLayout {
+        id: line
+
+        spacing: 2
+        width: parent.width - x - 10
+        x: 14
+        y: 8
+
+        SymbolIcon {
+            color: Theme.text
+            implicitHeight: Theme.buttonSize
+            implicitWidth: Theme.symbolSize
+            name: "cable.connector"
+        }
+        Item {
+            implicitHeight: 1
+            implicitWidth: 4
+        }
+        Label {
+            font: Theme.titleFont
+            text: "Tamberline"
+            LineLayout.isElastic: true
+        }
+        Item {
+            id: scan
+
+            implicitHeight: Theme.buttonSize
+            implicitWidth: Theme.buttonSize
+            LineLayout.isTrailing: true
+
+            SymbolButton {
+                hint: Panel.texts.hintScan
+                symbol: "arrow.clockwise"
+                visible: !Panel.isScanning
+                onTriggered: Panel.scan()
+            }
+            Spinner {
+                anchors.centerIn: parent
+                label: Panel.texts.scanningPorts
+                visible: Panel.isScanning
+            }
+        }
+        SymbolButton {
+            hint: Panel.texts.hintExpandAll
+            symbol: "rectangle.expand.vertical"
+            onTriggered: Panel.expandAll()
+        }
+        SymbolButton {
+            hint: Panel.texts.hintCollapseAll
+            symbol: "rectangle.compress.vertical"
+            onTriggered: Panel.collapseAll()
+        }
+    }
+}

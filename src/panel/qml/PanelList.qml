@@ -1,0 +1,148 @@
+import QtQuick
+import Qt.labs.qmlmodels
+
+// The cards of the ports. As high as it can ever become, so that it always knows the height of what
+// the window could show; what is not seen of it is cut off, and can be scrolled to.
+ListView {
+    id: list
+
+    required property real visibleHeight
+
+    activeFocusOnTab: true
+    bottomMargin: height - visibleHeight
+    boundsBehavior: Flickable.StopAtBounds
+    keyNavigationEnabled: true
+    model: Panel.rows
+    Accessible.name: Panel.texts.portList
+    Accessible.role: Accessible.List
+    Component.onCompleted: Search.scrollProxy = proxy
+    Keys.onEnterPressed: Panel.toggle(currentIndex)
+    Keys.onLeftPressed: Panel.setExpanded(currentIndex, false)
+    Keys.onReturnPressed: Panel.toggle(currentIndex)
+    Keys.onRightPressed: Panel.setExpanded(currentIndex, true)
+    Keys.onSpacePressed: Panel.toggle(currentIndex)
+
+    delegate: DelegateChooser {
+        role: "kind"
+
+        DelegateChoice {
+            roleValue: "portHeader"
+
+            PortCard {
+            }
+        }
+        DelegateChoice {
+            roleValue: "portPower"
+
+            PortPower {
+            }
+        }
+        DelegateChoice {
+            roleValue: "nothingAttached"
+
+            NothingAttached {
+            }
+        }
+        DelegateChoice {
+            roleValue: "busHeader"
+
+            StandaloneBusHeader {
+            }
+        }
+        DelegateChoice {
+            roleValue: "chargerHeader"
+
+            ChargerCardHeader {
+            }
+        }
+        DelegateChoice {
+            roleValue: "chargerBody"
+
+            ChargerCardBody {
+            }
+        }
+        DelegateChoice {
+            roleValue: "tbDevice"
+
+            ExpandableRow {
+                id: tbRow
+
+                TBDeviceRow {
+                    canExpand: tbRow.canExpand
+                    content: tbRow.content
+                    isExpanded: tbRow.isExpanded
+                    width: parent.width
+                }
+            }
+        }
+        DelegateChoice {
+            roleValue: "usbBus"
+
+            ExpandableRow {
+                id: busRow
+
+                USBBusHeaderRow {
+                    canExpand: busRow.canExpand
+                    content: busRow.content
+                    isExpanded: busRow.isExpanded
+                    width: parent.width
+                }
+            }
+        }
+        DelegateChoice {
+            roleValue: "usbDevice"
+
+            ExpandableRow {
+                id: deviceRow
+
+                USBDeviceDetailRow {
+                    canExpand: deviceRow.canExpand
+                    content: deviceRow.content
+                    isExpanded: deviceRow.isExpanded
+                    width: parent.width
+                }
+            }
+        }
+        DelegateChoice {
+            roleValue: "charger"
+
+            ExpandableRow {
+                id: chargerRow
+
+                ChargerRow {
+                    canExpand: chargerRow.canExpand
+                    content: chargerRow.content
+                    isExpanded: chargerRow.isExpanded
+                    width: parent.width
+                }
+            }
+        }
+        DelegateChoice {
+            roleValue: "chargingOnly"
+
+            ExpandableRow {
+                id: chargingRow
+
+                ChargingOnlyRow {
+                    canExpand: chargingRow.canExpand
+                    content: chargingRow.content
+                    isExpanded: chargingRow.isExpanded
+                    width: parent.width
+                }
+            }
+        }
+    }
+    footer: Item {
+        implicitHeight: 2
+    }
+    header: Item {
+        implicitHeight: 12
+    }
+
+    ScrollProxy {
+        id: proxy
+
+        list: list
+        visibleHeight: list.visibleHeight
+    }
+}

@@ -1,0 +1,46 @@
+import QtQuick
+
+// A rated draw against a port's budget.
+Column {
+    id: row
+
+    required property var powerBar
+
+    spacing: 3
+
+    LineLayout {
+        spacing: 4
+        width: parent.width
+
+        Symbol {
+            color: Theme.secondary
+            implicitHeight: Theme.smallSymbolSize
+            implicitWidth: Theme.smallSymbolSize
+            name: "bolt.fill"
+        }
+        Label {
+            text: row.powerBar.used
+            tooltip: row.powerBar.tooltip
+        }
+        Label {
+            color: Theme.secondary
+            text: row.powerBar.allocated
+            tooltip: row.powerBar.tooltip
+        }
+        Label {
+            color: Theme.secondary
+            text: row.powerBar.portMax
+            tooltip: row.powerBar.tooltip
+            LineLayout.isTrailing: true
+        }
+    }
+    TriBar {
+        bar: row.powerBar.bar
+        color: Theme.fills[row.powerBar.color]
+        width: parent.width
+
+        Hint {
+            text: row.powerBar.tooltip
+        }
+    }
+}

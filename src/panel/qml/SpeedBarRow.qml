@@ -1,0 +1,36 @@
+import QtQuick
+
+// A negotiated speed against a maximum.
+Column {
+    id: row
+
+    required property var speedBar
+
+    spacing: 3
+
+    TriBar {
+        bar: row.speedBar.bar
+        color: Theme.fills[row.speedBar.color]
+        width: parent.width
+
+        Hint {
+            text: row.speedBar.tooltip
+        }
+    }
+    LineLayout {
+        spacing: 8
+        width: parent.width
+
+        Label {
+            color: Theme.inks[row.speedBar.color]
+            text: row.speedBar.speedLabel
+            tooltip: row.speedBar.tooltip
+        }
+        Label {
+            color: Theme.secondary
+            text: row.speedBar.portMaxLabel
+            tooltip: row.speedBar.tooltip
+            LineLayout.isTrailing: true
+        }
+    }
+}

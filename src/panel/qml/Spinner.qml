@@ -1,0 +1,20 @@
+import QtQuick
+
+// Something is under way.
+SymbolIcon {
+    required property string label
+
+    color: Theme.secondary
+    name: "arrow.clockwise"
+    Accessible.ignored: false
+    Accessible.name: label
+    Accessible.role: Accessible.Indicator
+
+    RotationAnimation on rotation {
+        duration: 1000
+        from: 0
+        loops: Animation.Infinite
+        running: true
+        to: 360
+    }
+}

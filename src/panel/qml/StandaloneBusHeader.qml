@@ -1,0 +1,15 @@
+import QtQuick
+
+// The header of the card of a bus that no port brought.
+CardSegment {
+    id: segment
+
+    required property var content
+
+    USBBusHeaderRow {
+        canExpand: false
+        content: segment.content
+        isExpanded: false
+        width: parent.width
+    }
+}

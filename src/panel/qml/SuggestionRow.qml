@@ -1,0 +1,69 @@
+import QtQuick
+
+// One device that the search found, and where it is.
+FocusScope {
+    id: row
+
+    required property int index
+    required property string name
+    required property string detail
+    required property string breadcrumb
+    required property string sentence
+
+    implicitHeight: lines.implicitHeight + 8
+    width: ListView.view.width
+    Accessible.focusable: true
+    Accessible.name: sentence
+    Accessible.role: Accessible.Button
+    Accessible.onPressAction: Search.jumpToSuggestion(index)
+    Keys.onEnterPressed: Search.jumpToSuggestion(index)
+    Keys.onReturnPressed: Search.jumpToSuggestion(index)
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.accent
+        opacity: 0.08
+        radius: 6
+        visible: row.index === 0 || hover.hovered
+    }
+    HoverHandler {
+        id: hover
+    }
+    Column {
+        id: lines
+
+        spacing: 1
+        width: parent.width - x * 2
+        x: 8
+        y: 4
+
+        LineLayout {
+            leastElasticWidth: Theme.leastNameWidth
+            spacing: 6
+            width: parent.width
+
+            Label {
+                font: Theme.captionFont
+                text: row.name
+                LineLayout.isElastic: true
+            }
+            Label {
+                color: Theme.secondary
+                text: row.detail
+            }
+        }
+        Label {
+            color: Theme.secondary
+            text: row.breadcrumb
+            tooltip: truncated ? text : ""
+            width: parent.width
+        }
+    }
+    MouseArea {
+        anchors.fill: parent
+        onClicked: Search.jumpToSuggestion(row.index)
+    }
+    FocusRing {
+        item: row
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+
+// What the search found. The first is what Return jumps to.
+Item {
+    id: suggestions
+
+    readonly property Item list: list
+
+    implicitHeight: Search.isSearching ? box.height + 8 : 0
+    visible: Search.isSearching
+
+    Column {
+        id: box
+
+        width: parent.width - x * 2
+        x: 8
+
+        Label {
+            color: Theme.secondary
+            padding: 4
+            text: Panel.texts.noSearchResults
+            visible: !Search.hasSuggestions
+            width: parent.width
+        }
+        ListView {
+            id: list
+
+            activeFocusOnTab: true
+            boundsBehavior: Flickable.StopAtBounds
+            clip: true
+            currentIndex: 0
+            height: Math.min(contentHeight, Sizing.greatestSuggestionsHeight)
+            keyNavigationEnabled: true
+            model: Search.suggestions
+            visible: Search.hasSuggestions
+            width: parent.width
+            Accessible.name: Panel.texts.suggestionList
+            Accessible.role: Accessible.List
+
+            delegate: SuggestionRow {
+            }
+        }
+    }
+}

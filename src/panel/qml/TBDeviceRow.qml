@@ -1,0 +1,50 @@
+import QtQuick
+
+// A Thunderbolt device.
+Column {
+    id: row
+
+    required property var content
+    required property bool canExpand
+    required property bool isExpanded
+
+    spacing: 4
+
+    LineLayout {
+        leastElasticWidth: Theme.leastNameWidth
+        lineSpacing: 2
+        spacing: 6
+        width: parent.width
+
+        SymbolIcon {
+            color: Theme.inks.accent
+            name: row.content.icon
+            opacity: 0.8
+        }
+        NameLabel {
+            name: row.content.name
+        }
+        BadgeView {
+            badge: row.content.modeBadge
+        }
+        Label {
+            color: Theme.secondary
+            text: row.content.ratedDraw
+            LineLayout.isTrailing: true
+        }
+        Chevron {
+            isExpanded: row.isExpanded
+            visible: row.canExpand
+            LineLayout.isPinned: true
+        }
+    }
+    Loader {
+        active: row.content.speedBar.isShown
+        visible: active
+        width: parent.width
+
+        sourceComponent: SpeedBarRow {
+            speedBar: row.content.speedBar
+        }
+    }
+}

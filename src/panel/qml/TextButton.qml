@@ -1,0 +1,49 @@
+import QtQuick
+
+// A button that shows a text.
+Item {
+    id: button
+
+    required property string text
+
+    signal triggered
+
+    activeFocusOnTab: true
+    implicitHeight: label.implicitHeight + 8
+    implicitWidth: label.implicitWidth + 12
+    Accessible.focusable: true
+    Accessible.name: text
+    Accessible.role: Accessible.Button
+    Accessible.onPressAction: triggered()
+    Keys.onEnterPressed: triggered()
+    Keys.onReturnPressed: triggered()
+    Keys.onSpacePressed: triggered()
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.text
+        opacity: mouse.pressed ? 0.14 : 0.07
+        radius: 6
+        visible: hover.hovered
+    }
+    Label {
+        id: label
+
+        anchors.centerIn: parent
+        font: Theme.captionFont
+        text: button.text
+        Accessible.ignored: true
+    }
+    FocusRing {
+        item: button
+    }
+    HoverHandler {
+        id: hover
+    }
+    MouseArea {
+        id: mouse
+
+        anchors.fill: parent
+        onClicked: button.triggered()
+    }
+}

@@ -1,0 +1,31 @@
+import QtQuick
+
+// A USB bus.
+LineLayout {
+    id: row
+
+    required property var content
+    required property bool canExpand
+    required property bool isExpanded
+
+    leastElasticWidth: Theme.leastNameWidth
+    spacing: 6
+
+    SymbolIcon {
+        color: Theme.secondary
+        name: "arrow.triangle.branch"
+    }
+    NameLabel {
+        name: row.content.name
+    }
+    Label {
+        color: Theme.secondary
+        text: row.content.ratedDraw
+        LineLayout.isTrailing: true
+    }
+    Chevron {
+        isExpanded: row.isExpanded
+        visible: row.canExpand
+        LineLayout.isPinned: true
+    }
+}

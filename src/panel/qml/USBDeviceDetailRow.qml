@@ -1,0 +1,83 @@
+import QtQuick
+
+// A USB device with its speed, its power and its volumes.
+Column {
+    id: row
+
+    required property var content
+    required property bool canExpand
+    required property bool isExpanded
+
+    spacing: 4
+
+    LineLayout {
+        leastElasticWidth: Theme.leastNameWidth
+        lineSpacing: 2
+        spacing: 6
+        width: parent.width
+
+        SymbolIcon {
+            color: Theme.inks.accent
+            name: row.content.icon
+            opacity: 0.8
+        }
+        NameLabel {
+            name: row.content.name
+        }
+        SymbolButton {
+            id: explain
+
+            color: Theme.inks.orange
+            hint: row.content.speedNote.title
+            size: Theme.symbolSize
+            symbol: "arrow.up.circle"
+            visible: row.content.speedNote.isShown
+            onTriggered: Popover.toggle(explain, row.content.speedNote.title, row.content.speedNote.note)
+        }
+        Label {
+            color: Theme.secondary
+            text: row.content.hubTotal.text
+            tooltip: row.content.hubTotal.tooltip
+            LineLayout.isTrailing: true
+        }
+        Label {
+            color: Theme.inks[row.content.speedColor]
+            text: row.content.speedText
+            tooltip: row.content.speedTooltip
+            LineLayout.isTrailing: true
+        }
+        Chevron {
+            isExpanded: row.isExpanded
+            visible: row.canExpand
+            LineLayout.isPinned: true
+        }
+    }
+    Loader {
+        active: row.content.speedBar.isShown
+        visible: active
+        width: parent.width
+
+        sourceComponent: SpeedBarRow {
+            speedBar: row.content.speedBar
+        }
+    }
+    Loader {
+        active: row.content.powerBar.isShown
+        visible: active
+        width: parent.width
+
+        sourceComponent: PowerBarRow {
+            powerBar: row.content.powerBar
+        }
+    }
+    Repeater {
+        model: row.content.volumes
+
+        BenchmarkRow {
+            required property var modelData
+
+            volume: modelData
+            width: row.width
+        }
+    }
+}

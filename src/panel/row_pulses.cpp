@@ -1,0 +1,54 @@
+#include "panel/row_pulses.h"
+
+#include <chrono>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+constexpr std::chrono::milliseconds throbbingTime{5000};
+constexpr std::chrono::milliseconds fadingTime{400};
+
+} // namespace
+
+RowPulses::RowPulses(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
+                     std::function<void()> onChange)
+    : scanner_(std::move(scanner)), queue_(std::move(queue)), onChange_(std::move(onChange)) {}
+
+RowPulses::~RowPulses() {
+  for (const auto& [id, step] : nextSteps_) {
+    queue_->cancel(step);
+  }
+}
+
+void RowPulses::start(const std::string& id) {
+  cancel(id);
+  phases_[id] = Pulse::throbbing;
+  nextSteps_[id] = queue_->postLater(throbbingTime, [this, id] { enter(id, Pulse::fading); });
+}
+
+void RowPulses::cancel(const std::string& id) {
+  if (const auto step = nextSteps_.find(id); step != nextSteps_.end()) {
+    queue_->cancel(step->second);
+    nextSteps_.erase(step);
+  }
+  phases_.erase(id);
+}
+
+void RowPulses::enter(const std::string& id, Pulse phase) {
+  phases_[id] = phase;
+  nextSteps_[id] = queue_->postLater(fadingTime, [this, id] { end(id); });
+  onChange_();
+}
+
+void RowPulses::end(const std::string& id) {
+  const std::string ended = id; // the work that holds `id` goes with its step
+  nextSteps_.erase(ended);
+  phases_.erase(ended);
+  if (scanner_->highlightedNodeID.get() == ended) {
+    scanner_->highlightedNodeID.set(std::nullopt);
+  }
+  onChange_();
+}
+
+} // namespace tamberline

@@ -1,0 +1,107 @@
+#include "panel/search_controller.h"
+
+#include "panel/panel_context.h"
+#include "tree/node_identifiers.h"
+#include "views/search_suggestions.h"
+
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+/// Until the rows that the jump opens exist, and until the highlight is seen before the list moves.
+constexpr std::chrono::milliseconds rowsAppear{30};
+constexpr std::chrono::milliseconds highlightAppears{150};
+
+} // namespace
+
+SearchController::SearchController(std::shared_ptr<PortScanner> scanner,
+                                   std::shared_ptr<MainQueue> queue,
+                                   std::function<int(const std::string& id)> indexOfRow)
+    : scanner_(std::move(scanner)), queue_(std::move(queue)), indexOfRow_(std::move(indexOfRow)),
+      treeObservation_(scanner_->portTree.observe([this] { refreshSuggestions(); })) {}
+
+SearchController::~SearchController() {
+  queue_->cancel(nextStep_);
+}
+
+SearchController* SearchController::create(QQmlEngine* engine, QJSEngine*) {
+  return PanelContext::of(*engine).search();
+}
+
+void SearchController::setSearchText(const QString& text) {
+  if (text == searchText_) {
+    return;
+  }
+  searchText_ = text;
+  refreshSuggestions();
+  emit searchTextChanged();
+}
+
+void SearchController::setField(QQuickItem* field) {
+  field_ = field;
+  emit fieldChanged();
+}
+
+void SearchController::setScrollProxy(ScrollProxy* proxy) {
+  scrollProxy_ = proxy;
+  emit scrollProxyChanged();
+}
+
+void SearchController::jumpToSuggestion(int index) {
+  if (const SearchEntry* entry = suggestions_.entryAt(index)) {
+    jumpTo(SearchEntry(*entry)); // clearing the search clears the suggestions
+  }
+}
+
+void SearchController::type(const QString& text) {
+  if (field_ != nullptr) {
+    field_->forceActiveFocus(Qt::OtherFocusReason);
+  }
+  setSearchText(searchText_ + text);
+}
+
+std::vector<SearchEntry> SearchController::filteredSuggestions() const {
+  if (!isSearching()) {
+    return {};
+  }
+  return tamberline::filteredSuggestions(flattenSearchable(scanner_->portTree.get()),
+                                         searchText_.toStdString());
+}
+
+void SearchController::refreshSuggestions() {
+  suggestions_.setEntries(filteredSuggestions());
+  emit suggestionsChanged();
+}
+
+void SearchController::jumpTo(const SearchEntry& entry) {
+  clear();
+  std::set<std::string> expanded = scanner_->expandedOverrideIDs.get();
+  for (std::string& id : ancestorIDs(entry.id)) {
+    expanded.insert(std::move(id));
+  }
+  scanner_->expandedOverrideIDs.set(std::move(expanded));
+  after(rowsAppear, [this, id = entry.id] { highlight(id); });
+}
+
+void SearchController::highlight(const std::string& id) {
+  const std::string target = id; // the step that holds `id` goes when the next one comes
+  scanner_->highlightedNodeID.set(std::nullopt);
+  scanner_->highlightedNodeID.set(target);
+  after(highlightAppears, [this, target] { scrollTo(target); });
+}
+
+void SearchController::scrollTo(const std::string& id) {
+  nextStep_ = 0;
+  if (const int index = indexOfRow_(id); scrollProxy_ != nullptr && index >= 0) {
+    scrollProxy_->centre(index);
+  }
+}
+
+/// A new jump takes the place of one that is still under way.
+void SearchController::after(std::chrono::milliseconds delay, MainQueue::Work step) {
+  queue_->cancel(nextStep_);
+  nextStep_ = queue_->postLater(delay, std::move(step));
+}
+
+} // namespace tamberline

@@ -1,0 +1,110 @@
+#include "panel/theme.h"
+
+#include "panel/color_math.h"
+#include "panel/panel_context.h"
+#include "panel/row_variants.h"
+
+#include <QEvent>
+#include <QFontInfo>
+#include <QGuiApplication>
+
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+/// What small text needs to be readable.
+constexpr double readableContrast = 4.5;
+
+/// The sizes below are right for a platform whose own text is this large.
+constexpr double designPixelSize = 13;
+
+QColor rgb(double red, double green, double blue) {
+  return QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green),
+                          static_cast<float>(blue));
+}
+
+bool isDarkColor(const QColor& color) {
+  return contrastRatio(color, Qt::white) > contrastRatio(color, Qt::black);
+}
+
+/// The colours that are not the platform's, as they fill an area.
+QVariantMap ownFills(bool isDark) {
+  const auto pick = [isDark](const char* light, const char* dark) {
+    return QColor(isDark ? dark : light);
+  };
+  return {
+      {colorName(Color::green), pick("#2fa653", "#3cc46a")},
+      {colorName(Color::amber), rgb(0.9, 0.7, 0.0)},
+      {colorName(Color::orange), pick("#e87722", "#ff9142")},
+      {colorName(Color::red), pick("#d9363e", "#ff6961")},
+      {colorName(Color::blue), pick("#2f7df6", "#5a9cff")},
+      {colorName(Color::purple), pick("#8a4fd3", "#b98af5")},
+      {colorName(Color::yellow), pick("#e2b007", "#ffcf3d")},
+      {colorName(Color::grey), pick("#8e8e93", "#98989d")},
+      {colorName(Color::clear), QColor(Qt::transparent)},
+  };
+}
+
+QFont sized(QFont font, double pixels, QFont::Weight weight) {
+  font.setPixelSize(qRound(pixels));
+  font.setWeight(weight);
+  return font;
+}
+
+} // namespace
+
+Theme::Theme(double fontScale, QObject* parent) : QObject(parent), fontScale_(fontScale) {
+  readPalette(QGuiApplication::palette());
+  readFont(QGuiApplication::font());
+  qGuiApp->installEventFilter(this);
+}
+
+Theme* Theme::create(QQmlEngine* engine, QJSEngine*) {
+  return PanelContext::of(*engine).theme();
+}
+
+bool Theme::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange) {
+    readPalette(QGuiApplication::palette());
+    emit changed();
+  } else if (watched == qGuiApp && event->type() == QEvent::ApplicationFontChange) {
+    readFont(QGuiApplication::font());
+    emit changed();
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void Theme::readPalette(const QPalette& palette) {
+  window_ = palette.color(QPalette::Active, QPalette::Window);
+  card_ = palette.color(QPalette::Active, QPalette::Base);
+  text_ = palette.color(QPalette::Active, QPalette::WindowText);
+  isDark_ = isDarkColor(window_);
+  field_ = blended(text_, window_, 0.06);
+  separator_ = blended(text_, card_, 0.10);
+  secondary_ = readableOn(card_, blended(text_, card_, 0.62), readableContrast);
+  tertiary_ = blended(text_, card_, 0.40);
+  accent_ = palette.color(QPalette::Active, QPalette::Highlight);
+
+  fills_ = ownFills(isDark_);
+  fills_.insert(colorName(Color::accent), accent_);
+  fills_.insert(colorName(Color::primary), text_);
+  fills_.insert(colorName(Color::secondary), secondary_);
+  fills_.insert(colorName(Color::textBackground), card_);
+  inks_ = {};
+  for (auto fill = fills_.cbegin(); fill != fills_.cend(); ++fill) {
+    inks_.insert(fill.key(), readableOn(card_, fill.value().value<QColor>(), readableContrast));
+  }
+}
+
+void Theme::readFont(const QFont& platformFont) {
+  scale_ = fontScale_ * QFontInfo(platformFont).pixelSize() / designPixelSize;
+  titleFont_ = sized(platformFont, 14 * scale_, QFont::DemiBold);
+  bodyFont_ = sized(platformFont, 13 * scale_, QFont::Normal);
+  subheadlineFont_ = sized(platformFont, 13 * scale_, QFont::DemiBold);
+  captionFont_ = sized(platformFont, 12 * scale_, QFont::Medium);
+  caption2Font_ = sized(platformFont, 11 * scale_, QFont::Normal);
+  badgeFont_ = sized(platformFont, 11 * scale_, QFont::DemiBold);
+}
+
+} // namespace tamberline
