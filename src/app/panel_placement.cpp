@@ -1,0 +1,61 @@
+#include "app/panel_placement.h"
+
+#include <algorithm>
+
+namespace tamberline {
+namespace {
+
+/// Between the panel and the edges of the available screen, in points.
+constexpr int margin = 8;
+
+// QRect::right() and bottom() are inside the rectangle; these are the first position beyond it.
+int endX(const QRect& rectangle) {
+  return rectangle.x() + rectangle.width();
+}
+int endY(const QRect& rectangle) {
+  return rectangle.y() + rectangle.height();
+}
+
+/// When there is no room for both margins, the one at the start counts.
+int clampedStart(int wanted, int start, int end, int extent) {
+  return std::max(start + margin, std::min(wanted, end - margin - extent));
+}
+
+QPoint inside(const QRect& available, const QPoint& wanted, const QSize& panel) {
+  return {clampedStart(wanted.x(), available.x(), endX(available), panel.width()),
+          clampedStart(wanted.y(), available.y(), endY(available), panel.height())};
+}
+
+QPoint cornerNextTo(const QPoint& cursor, const QSize& panel, const QRect& available) {
+  const QPoint center = available.center();
+  return {cursor.x() > center.x() ? endX(available) - panel.width() : available.x(),
+          cursor.y() > center.y() ? endY(available) - panel.height() : available.y()};
+}
+
+/// A bar takes its part from the available screen, so an icon in a vertical bar is beside it.
+bool isInVerticalBar(const QPoint& icon, const QRect& available) {
+  const bool isBeside = icon.x() < available.x() || icon.x() >= endX(available);
+  const bool isAboveOrBelow = icon.y() < available.y() || icon.y() >= endY(available);
+  return isBeside && !isAboveOrBelow;
+}
+
+QPoint nextToIcon(const QRect& icon, const QSize& panel, const QRect& available) {
+  const QPoint center = icon.center();
+  if (isInVerticalBar(center, available)) {
+    const bool isAtLeft = center.x() < available.x();
+    return {isAtLeft ? endX(icon) : icon.x() - panel.width(), center.y() - panel.height() / 2};
+  }
+  const bool isInUpperHalf = center.y() <= available.center().y();
+  return {center.x() - panel.width() / 2, isInUpperHalf ? endY(icon) : icon.y() - panel.height()};
+}
+
+} // namespace
+
+QPoint panelPosition(const QRect& iconGeometry, const QPoint& cursor, const QSize& panel,
+                     const QRect& availableScreen) {
+  const QPoint wanted = iconGeometry.isEmpty() ? cornerNextTo(cursor, panel, availableScreen)
+                                               : nextToIcon(iconGeometry, panel, availableScreen);
+  return inside(availableScreen, wanted, panel);
+}
+
+} // namespace tamberline
