@@ -1,0 +1,32 @@
+#include "app/private_folder.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace tamberline {
+namespace {
+
+constexpr auto onlyForTheOwner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+uint userIdentifier() {
+  return QFileInfo(QDir::homePath()).ownerId();
+}
+
+} // namespace
+
+QString runtimeFolder() {
+  const QString ofTheSystem = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+  return ofTheSystem.isEmpty() ? privateFolderIn(QDir::tempPath()) : ofTheSystem;
+}
+
+QString privateFolderIn(const QString& parent) {
+  const QString folder =
+      QDir(parent).filePath(QStringLiteral("tamberline-%1").arg(userIdentifier()));
+  QDir().mkdir(folder, onlyForTheOwner);
+  const QFileInfo info(folder);
+  const bool isOurs = info.isDir() && !info.isSymLink() && info.ownerId() == userIdentifier();
+  return isOurs && QFile::setPermissions(folder, onlyForTheOwner) ? folder : QString();
+}
+
+} // namespace tamberline

@@ -1,0 +1,78 @@
+#include "app/single_instance.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QLocalSocket>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+/// Between two looks whether the first, which may be starting or ending, can be reached.
+constexpr std::chrono::milliseconds pauseBetweenAttempts{20};
+
+int remainingMilliseconds(const QDeadlineTimer& deadline) {
+  return static_cast<int>(std::max<qint64>(deadline.remainingTime(), 1));
+}
+
+/// Whether somebody listens; the first answers by hanging up.
+bool askFirstToRaise(const QString& socketPath, const QDeadlineTimer& deadline) {
+  QLocalSocket socket;
+  socket.connectToServer(socketPath);
+  if (!socket.waitForConnected(remainingMilliseconds(deadline))) {
+    return false;
+  }
+  socket.waitForDisconnected(remainingMilliseconds(deadline));
+  return true;
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(const QString& folder, std::function<void()> onRaiseAsked,
+                               std::chrono::milliseconds patience)
+    : socketPath_(QDir(folder).filePath(QStringLiteral("tamberline.socket"))),
+      onRaiseAsked_(std::move(onRaiseAsked)),
+      lock_(QDir(folder).filePath(QStringLiteral("tamberline.lock"))) {
+  lock_.setStaleLockTime(0); // never by age: the panel runs for weeks
+  isFirst_ = becomeFirst(patience);
+  if (lock_.isLocked()) {
+    listen();
+  }
+}
+
+bool SingleInstance::becomeFirst(std::chrono::milliseconds patience) {
+  const QDeadlineTimer deadline(patience);
+  do {
+    if (lock_.tryLock(static_cast<int>(pauseBetweenAttempts.count()))) {
+      return true;
+    }
+    if (lock_.error() != QLockFile::LockFailedError) {
+      return true;
+    }
+    if (askFirstToRaise(socketPath_, deadline)) {
+      return false;
+    }
+  } while (!deadline.hasExpired());
+  // A crash can leave a lock file whose owner cannot be told, by an old host name for example. A
+  // first that runs holds a lock of the system on the file, which keeps it from being removed.
+  return lock_.removeStaleLockFile() && lock_.tryLock();
+}
+
+void SingleInstance::listen() {
+  QLocalServer::removeServer(socketPath_);
+  server_.setSocketOptions(QLocalServer::UserAccessOption);
+  QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] { takeRequests(); });
+  server_.listen(socketPath_);
+}
+
+void SingleInstance::takeRequests() {
+  while (const std::unique_ptr<QLocalSocket> request{server_.nextPendingConnection()}) {
+    request->abort();
+  }
+  onRaiseAsked_();
+}
+
+} // namespace tamberline

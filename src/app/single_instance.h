@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QLocalServer>
+#include <QLockFile>
+#include <QString>
+
+#include <chrono>
+#include <functional>
+
+namespace tamberline {
+
+/// Lets one start of the program run and tells it when there is another one. A connection to the
+/// socket of the first is the whole message: nothing that comes through it is read.
+///
+/// What a crash left behind does not count. Where nothing can be locked, every start is a first
+/// that hears of no other. Main thread only; needs an application object.
+class SingleInstance {
+public:
+  /// Both files are in `folder`, which should belong to this person alone. When another start is
+  /// the first, asks it to raise its panel and returns once it did or the patience is at an end: a
+  /// first that is frozen keeps its place.
+  SingleInstance(const QString& folder, std::function<void()> onRaiseAsked,
+                 std::chrono::milliseconds patience = std::chrono::seconds(1));
+
+  bool isFirst() const { return isFirst_; }
+
+private:
+  bool becomeFirst(std::chrono::milliseconds patience);
+  void listen();
+  void takeRequests();
+
+  QString socketPath_;
+  std::function<void()> onRaiseAsked_;
+  QLockFile lock_; // before the server, whose socket is removed while the lock still holds
+  QLocalServer server_;
+  bool isFirst_ = false;
+};
+
+} // namespace tamberline

@@ -1,0 +1,146 @@
+#include "app/single_instance.h"
+#include "support/event_loop.h"
+#include "support/temporary_folder.h"
+
+#include <QElapsedTimer>
+#include <QLocalSocket>
+#include <QSysInfo>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+#include <memory>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <thread>
+#include <unistd.h>
+
+namespace tamberline {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+class OneRun : public testing::Test {
+protected:
+  std::unique_ptr<SingleInstance> start(std::chrono::milliseconds patience = 1s) {
+    return std::make_unique<SingleInstance>(
+        QString::fromStdString(folder.path().string()), [this] { ++raises; }, patience);
+  }
+  QString socketPath() const {
+    return QString::fromStdString((folder.path() / "tamberline.socket").string());
+  }
+
+  /// A socket file that nobody listens to any more.
+  void leaveDeadSocket() const {
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const std::string path = (folder.path() / "tamberline.socket").string();
+    ASSERT_LT(path.size(), sizeof address.sun_path);
+    std::copy(path.begin(), path.end(), std::begin(address.sun_path));
+    ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ::close(socket);
+  }
+
+  TemporaryFolder folder;
+  int raises = 0;
+};
+
+TEST_F(OneRun, TheFirstStartOwnsIt) {
+  const auto first = start();
+  EXPECT_TRUE(first->isFirst());
+  EXPECT_EQ(raises, 0);
+}
+
+TEST_F(OneRun, ASecondRaisesTheFirst) {
+  const auto first = start();
+  std::atomic<bool> isSecondFirst = true;
+  std::thread second([&] { isSecondFirst = start(1min)->isFirst(); });
+  EXPECT_TRUE(runEventsUntil([&] { return raises == 1; }));
+  second.join();
+  EXPECT_FALSE(isSecondFirst);
+}
+
+TEST_F(OneRun, EverySecondRaisesIt) {
+  const auto first = start();
+  for (int expected = 1; expected <= 3; ++expected) {
+    std::thread second([&] { start(1min); });
+    EXPECT_TRUE(runEventsUntil([&] { return raises == expected; }));
+    second.join();
+  }
+}
+
+TEST_F(OneRun, TheNextIsFirstWhenTheFirstIsGone) {
+  auto first = start();
+  first.reset();
+  EXPECT_TRUE(fs::is_empty(folder.path()));
+  EXPECT_TRUE(start()->isFirst());
+}
+
+TEST_F(OneRun, ASecondDoesNotWaitForAFrozenFirst) {
+  const auto first = start();
+  QElapsedTimer elapsed;
+  elapsed.start();
+  EXPECT_FALSE(start(50ms)->isFirst());
+  EXPECT_LT(elapsed.elapsed(), 30'000);
+  EXPECT_EQ(raises, 0);
+  EXPECT_TRUE(runEventsUntil([&] { return raises == 1; })) << "it thaws";
+}
+
+TEST_F(OneRun, AFirstThatCannotBeReachedKeepsItsPlace) {
+  const auto first = start();
+  fs::remove(folder.path() / "tamberline.socket");
+  EXPECT_FALSE(start(50ms)->isFirst());
+}
+
+TEST_F(OneRun, ACrashLeavesNothingThatCounts) {
+  struct Row {
+    std::string description;
+    std::string lockContent;
+  };
+  const std::string host = QSysInfo::machineHostName().toStdString();
+  for (const Row& row : {Row{"a process that has ended", "999999999\ntamberline\n" + host + "\n"},
+                         Row{"a host name of before", "999999999\ntamberline\nold " + host + "\n"},
+                         Row{"an empty lock file", ""}, Row{"no lock file at all", "none"}}) {
+    SCOPED_TRACE(row.description);
+    leaveDeadSocket();
+    if (row.lockContent != "none") {
+      folder.save("tamberline.lock", row.lockContent);
+    }
+    const auto first = start(50ms);
+    EXPECT_TRUE(first->isFirst());
+    raises = 0;
+    EXPECT_FALSE(start(50ms)->isFirst());
+    EXPECT_TRUE(runEventsUntil([&] { return raises == 1; }));
+  }
+}
+
+TEST_F(OneRun, WhatIsSentIsNotRead) {
+  const auto first = start();
+  QLocalSocket socket;
+  socket.connectToServer(socketPath());
+  ASSERT_TRUE(socket.waitForConnected());
+  socket.write(QByteArray(1 << 20, '\xff'));
+  socket.flush();
+  EXPECT_TRUE(runEventsUntil([&] { return raises == 1; }));
+  EXPECT_TRUE(runEventsUntil([&] { return socket.state() == QLocalSocket::UnconnectedState; }));
+  EXPECT_FALSE(start(50ms)->isFirst());
+  EXPECT_TRUE(runEventsUntil([&] { return raises == 2; }));
+}
+
+TEST_F(OneRun, TheSocketIsForTheSamePersonOnly) {
+  const auto first = start();
+  const fs::perms permissions = fs::status(folder.path() / "tamberline.socket").permissions();
+  EXPECT_EQ(permissions & (fs::perms::group_all | fs::perms::others_all), fs::perms::none);
+}
+
+TEST_F(OneRun, EveryStartRunsWhereNothingCanBeLocked) {
+  fs::remove_all(folder.path());
+  EXPECT_TRUE(start()->isFirst());
+  EXPECT_TRUE(start()->isFirst());
+}
+
+} // namespace
+} // namespace tamberline
