@@ -1,18 +1,12 @@
 #pragma once
 
 #include "async/main_queue.h"
+#include "panel/panel_size.h"
 
 #include <memory>
 #include <optional>
 
 namespace tamberline {
-
-/// The content of the panel's window, in points.
-namespace PanelSize {
-inline constexpr double width = 400;
-inline constexpr double minimumHeight = 200;
-inline constexpr double initialHeight = 490;
-} // namespace PanelSize
 
 /// The panel's window, as far as its height is concerned. Heights are in points.
 class PanelFrame {

@@ -13,7 +13,7 @@ constexpr const char* property = "tamberlinePanelContext";
 } // namespace
 
 PanelContext::PanelContext(Outside outside)
-    : theme_(outside.fontScale), hints_(outside.queue),
+    : theme_(outside.fontScale), sizing_(outside.queue), hints_(outside.queue),
       updated_(outside.scanner, outside.queue, std::move(outside.now)),
       panel_(outside.scanner, outside.queue, std::move(outside.actions)),
       search_(outside.scanner, outside.queue,

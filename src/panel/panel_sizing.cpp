@@ -7,6 +7,7 @@
 #include <QQmlEngine>
 
 #include <algorithm>
+#include <utility>
 
 namespace tamberline {
 
@@ -14,9 +15,11 @@ PanelSizing* PanelSizing::create(QQmlEngine* engine, QJSEngine*) {
   return PanelContext::of(*engine).sizing();
 }
 
+PanelSizing::PanelSizing(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
+
 void PanelSizing::setSearching(bool isSearching) {
   isSearching_ = isSearching;
-  combine();
+  combineSoon();
 }
 
 void PanelSizing::setScreenHeight(std::optional<double> points) {
@@ -33,7 +36,7 @@ void PanelSizing::measure(Channel channel, const void* source, double height) {
   } else {
     heights.erase(source);
   }
-  combine();
+  combineSoon();
 }
 
 double PanelSizing::windowTotalHeight() const {
@@ -52,6 +55,21 @@ double PanelSizing::greatestListAreaHeight() const {
 
 double PanelSizing::greatestSuggestionsHeight() const {
   return tamberline::greatestSuggestionsHeight(windowTotalHeight(), chromeBaseline_);
+}
+
+/// Measurements come in the middle of a layout, and many at a time; what follows from them begins
+/// another layout, so it waits for the next turn.
+void PanelSizing::combineSoon() {
+  if (pendingCombination_) {
+    return;
+  }
+  pendingCombination_ = std::make_shared<PendingCombination>();
+  queue_->post([this, pending = std::weak_ptr(pendingCombination_)] {
+    if (!pending.expired()) {
+      pendingCombination_.reset();
+      combine();
+    }
+  });
 }
 
 void PanelSizing::combine() {

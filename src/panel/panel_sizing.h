@@ -1,10 +1,13 @@
 #pragma once
 
+#include "async/main_queue.h"
+
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 
 class QJSEngine;
@@ -12,8 +15,8 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// How high the panel wants to be, from the heights that its content measures. All in points. Main
-/// thread only.
+/// How high the panel wants to be, from the heights that its content measures. All in points;
+/// measurements take effect one turn of the queue later. Main thread only.
 class PanelSizing : public QObject {
   Q_OBJECT
   QML_NAMED_ELEMENT(Sizing)
@@ -32,7 +35,7 @@ public:
   /// those of the chrome by sum.
   enum class Channel : unsigned char { list, chrome };
 
-  explicit PanelSizing(QObject* parent = nullptr) : QObject(parent) {}
+  explicit PanelSizing(std::shared_ptr<MainQueue> queue);
 
   /// The one that PanelContext holds for the engine.
   static PanelSizing* create(QQmlEngine* engine, QJSEngine*);
@@ -58,8 +61,13 @@ signals:
   void changed();
 
 private:
+  struct PendingCombination {};
+
+  void combineSoon();
   void combine();
 
+  std::shared_ptr<MainQueue> queue_;
+  std::shared_ptr<PendingCombination> pendingCombination_; // posted work holds it weakly
   std::map<const void*, double> listHeights_;
   std::map<const void*, double> chromeHeights_;
   std::optional<double> screenHeight_;

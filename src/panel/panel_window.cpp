@@ -1,5 +1,7 @@
 #include "panel/panel_window.h"
 
+#include "panel/panel_size.h"
+
 #include <QKeyEvent>
 #include <QQmlEngine>
 #include <QUrl>
@@ -22,16 +24,15 @@ bool startsText(const QKeyEvent& event) {
 
 PanelWindow::PanelWindow(PanelContext& context, Kind kind) : context_(context) {
   qml_register_types_Tamberline();
+  engine()->addImportPath(QStringLiteral(":/qml"));
   context_.attachTo(*engine());
   setTitle(QStringLiteral("Tamberline"));
   setFlags(kind == Kind::attached ? Qt::Tool | Qt::FramelessWindowHint
                                   : Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                         Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint);
   setResizeMode(QQuickView::SizeRootObjectToView);
-  setWidth(widthPoints);
-  setHeight(firstHeightPoints);
-  setMinimumWidth(widthPoints);
-  setMaximumWidth(widthPoints);
+  setWidth(qRound(PanelSize::width));
+  setHeight(qRound(PanelSize::initialHeight));
   const auto followTheme = [this] {
     setColor(context_.theme()->property("window").value<QColor>());
   };

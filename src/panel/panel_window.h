@@ -8,14 +8,11 @@
 
 namespace tamberline {
 
-/// The window that shows the panel's content, 400 points wide. Its context outlives it.
+/// The window that shows the panel's content, PanelSize::width wide. Its context outlives it.
 class PanelWindow final : public QQuickView {
   Q_OBJECT
 
 public:
-  static constexpr int widthPoints = 400;
-  static constexpr int firstHeightPoints = 490; // until the content is measured
-
   enum class Kind : unsigned char {
     ordinary, // with a frame; stays where it is
     attached, // belongs to a tray icon, without a frame

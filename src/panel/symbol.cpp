@@ -6,6 +6,8 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
+#include <algorithm>
+
 namespace tamberline {
 
 void Symbol::setName(const QString& name) {
@@ -29,9 +31,10 @@ void Symbol::paint(QPainter* painter) {
   if (engine == nullptr || window() == nullptr) {
     return;
   }
-  painter->drawImage(QPointF(0, 0), PanelContext::of(*engine).symbols().image(
-                                        name_.toStdString(), color_, width(),
-                                        window()->effectiveDevicePixelRatio()));
+  const double size = std::min(width(), height());
+  painter->drawImage(QPointF((width() - size) / 2, (height() - size) / 2),
+                     PanelContext::of(*engine).symbols().image(
+                         name_.toStdString(), color_, size, window()->effectiveDevicePixelRatio()));
 }
 
 } // namespace tamberline

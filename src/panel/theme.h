@@ -44,8 +44,9 @@ class Theme final : public QObject {
   Q_PROPERTY(double symbolSize READ symbolSize NOTIFY changed)
   Q_PROPERTY(double smallSymbolSize READ smallSymbolSize NOTIFY changed)
   Q_PROPERTY(double buttonSize READ buttonSize NOTIFY changed)
-  /// What a name keeps when badges crowd it.
+  /// What the name of a device or a port keeps when badges crowd it.
   Q_PROPERTY(double leastNameWidth READ leastNameWidth NOTIFY changed)
+  Q_PROPERTY(double leastTitleWidth READ leastTitleWidth NOTIFY changed)
 
 public:
   /// `fontScale` multiplies the size that the platform wants.
@@ -59,7 +60,8 @@ public:
   double symbolSize() const { return qRound(14 * scale_); }
   double smallSymbolSize() const { return qRound(11 * scale_); }
   double buttonSize() const { return qRound(24 * scale_); }
-  double leastNameWidth() const { return qRound(88 * scale_); }
+  double leastNameWidth() const { return qRound(120 * scale_); }
+  double leastTitleWidth() const { return qRound(150 * scale_); }
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A small label; coloured, on a faint background of its colour, where it has a colour.
 Rectangle {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A mounted volume: its name, its speed test, and the way to eject it.
 LineLayout {

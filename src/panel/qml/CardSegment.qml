@@ -1,15 +1,18 @@
 import QtQuick
+import Tamberline
 
-// One line of a card: its part of the card's background, and what stands on it.
+// One line of a card: its part of the card's background, and what stands on it. Where it can be
+// opened it is a button.
 FocusScope {
     id: segment
 
+    required property int index
     required property bool isFirstOfCard
     required property bool isLastOfCard
     required property string sentence
-    property bool canExpand: false
+    required property bool canExpand
     property int topPadding: 2
-    default property alias content: body.data
+    default property alias lines: body.data
     readonly property int overlap: 12
     readonly property int gap: isLastOfCard ? 10 : 0
     readonly property int bottomPadding: isLastOfCard ? 12 : 2
@@ -19,6 +22,7 @@ FocusScope {
     Accessible.focusable: true
     Accessible.name: sentence
     Accessible.role: canExpand ? Accessible.Button : Accessible.ListItem
+    Accessible.onPressAction: Panel.toggle(index)
 
     Item {
         clip: true
@@ -36,11 +40,26 @@ FocusScope {
             y: segment.isFirstOfCard ? 0 : -segment.overlap
         }
     }
+    MouseArea {
+        anchors.bottomMargin: segment.gap
+        anchors.fill: parent
+        enabled: segment.canExpand
+        onClicked: Panel.toggle(segment.index)
+        onPressed: Hints.hide()
+    }
     Item {
         id: body
 
         width: parent.width - 48
         x: 24
         y: segment.isFirstOfCard ? 12 : segment.topPadding
+    }
+    FocusRing {
+        anchors.bottomMargin: segment.gap + 1
+        anchors.leftMargin: 13
+        anchors.rightMargin: 13
+        anchors.topMargin: 1
+        item: segment
+        radius: 9
     }
 }

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The adapter on its card.
 CardSegment {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The header of the card of an adapter that is on no USB-C port.
 CardSegment {
@@ -7,12 +8,12 @@ CardSegment {
     required property var content
 
     LineLayout {
-        leastElasticWidth: Theme.leastNameWidth
+        leastElasticWidth: Theme.leastTitleWidth
         spacing: 8
         width: parent.width
 
         SymbolIcon {
-            color: Theme.inks.yellow
+            color: Theme.fills.yellow
             name: segment.content.icon
         }
         Label {

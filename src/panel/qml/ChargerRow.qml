@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The power adapter in one line.
 LineLayout {
@@ -13,7 +14,7 @@ LineLayout {
     spacing: 6
 
     Symbol {
-        color: Theme.inks.yellow
+        color: Theme.fills.yellow
         implicitHeight: Theme.smallSymbolSize
         implicitWidth: Theme.smallSymbolSize
         name: "bolt.horizontal"

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A port that draws power without data.
 Row {
@@ -13,7 +14,7 @@ Row {
     SymbolIcon {
         id: symbol
 
-        color: Theme.inks.yellow
+        color: Theme.fills.yellow
         name: "bolt.fill"
     }
     Column {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // Points down where something is open.
 Symbol {

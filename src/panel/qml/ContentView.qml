@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // Everything on the panel.
 FocusScope {

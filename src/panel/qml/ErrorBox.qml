@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // Why there is nothing to show.
 Item {

@@ -1,10 +1,10 @@
 import QtQuick
+import Tamberline
 
 // One node of the tree below a card's header: indented, tinted, and a button where it has children.
 CardSegment {
     id: row
 
-    required property int index
     required property int depth
     required property bool isLast
     required property bool isExpanded
@@ -13,8 +13,6 @@ CardSegment {
     required property string pulse
     required property var content
     default property alias rowContent: slot.data
-
-    Accessible.onPressAction: Panel.toggle(index)
 
     HierarchyRow {
         depth: row.depth
@@ -36,11 +34,6 @@ CardSegment {
                 anchors.fill: parent
                 phase: row.pulse
             }
-            MouseArea {
-                anchors.fill: parent
-                enabled: row.canExpand
-                onClicked: Panel.toggle(row.index)
-            }
             Item {
                 id: slot
 
@@ -48,9 +41,6 @@ CardSegment {
                 width: parent.width - 16
                 x: 8
                 y: 6
-            }
-            FocusRing {
-                item: row
             }
         }
     }

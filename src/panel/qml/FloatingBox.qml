@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The look of what floats above the panel.
 Bubble {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // Shows where the keyboard is.
 Rectangle {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // Indents a row and draws the lines that lead to it: a guide for each ancestor, and a connector
 // that goes on to the next sibling unless there is none.
@@ -7,12 +8,13 @@ Item {
 
     required property int depth
     required property bool isLast
-    default property alias content: slot.data
+    default property alias row: slot.data
 
     implicitHeight: slot.childrenRect.height
 
     Row {
-        height: parent.height
+        height: parent.height + 4 // as far as the neighbours' own lines
+        y: -2
 
         Repeater {
             model: hierarchy.depth
@@ -23,7 +25,7 @@ Item {
                 required property int index
                 readonly property bool isConnector: index === hierarchy.depth - 1
 
-                height: hierarchy.height
+                height: parent.height
                 width: 16
 
                 Rectangle {
@@ -42,7 +44,7 @@ Item {
                     visible: column.isConnector
                     width: 6
                     x: 7
-                    y: 14
+                    y: 16
                 }
             }
         }

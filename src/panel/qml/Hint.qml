@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // Shows a tooltip while the pointer rests on the item that this stands in.
 HoverHandler {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A label and a value on a rounded background.
 Rectangle {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A text in one line. What does not fit is left out in the middle.
 Text {

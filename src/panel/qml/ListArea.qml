@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The scrolling part of the panel: cards, or what there is to say without them.
 Item {

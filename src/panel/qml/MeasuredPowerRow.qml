@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The live measured power of a port.
 Column {

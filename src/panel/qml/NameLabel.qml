@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The name of a device; the whole of it in the tooltip where it is cut.
 Label {

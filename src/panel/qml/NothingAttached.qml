@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // What an open card of an empty port shows.
 CardSegment {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // What stands in place of cards while there are none.
 Item {

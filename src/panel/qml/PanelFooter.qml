@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The manual, the time of the last scan, and the way out.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The application's name and the controls of the whole list.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 import Qt.labs.qmlmodels
 
 // The cards of the ports. As high as it can ever become, so that it always knows the height of what

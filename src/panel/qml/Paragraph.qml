@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A text in as many lines as it needs.
 Text {

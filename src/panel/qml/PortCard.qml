@@ -1,24 +1,17 @@
 import QtQuick
+import Tamberline
 
-// The header of a port's card: a button that opens and closes the card.
+// The header of a port's card, which opens and closes it.
 CardSegment {
     id: card
 
-    required property int index
     required property var content
     required property bool isExpanded
 
-    Accessible.onPressAction: Panel.toggle(index)
-
-    MouseArea {
-        height: parent.height + 16
-        width: parent.width + 24
-        x: -12
-        y: -12
-        onClicked: Panel.toggle(card.index)
-    }
     LineLayout {
-        leastElasticWidth: Theme.leastNameWidth
+        id: line
+
+        leastElasticWidth: Theme.leastTitleWidth
         lineSpacing: 4
         spacing: 8
         width: parent.width
@@ -77,8 +70,12 @@ CardSegment {
             LineLayout.isPinned: true
         }
     }
-    FocusRing {
-        anchors.margins: -6
-        item: card
+    Rectangle {
+        color: Theme.separator
+        height: 1
+        visible: card.isExpanded
+        width: parent.width + 24
+        x: -12
+        y: line.height + 10
     }
 }

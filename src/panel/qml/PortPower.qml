@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The power on a port: what is measured, and the rated draw of everything on it.
 CardSegment {
@@ -6,19 +7,11 @@ CardSegment {
 
     required property var content
 
-    topPadding: 8
+    topPadding: 4
 
-    Rectangle {
-        color: Theme.separator
-        height: 1
-        width: parent.width + 24
-        x: -12
-        y: -6
-    }
     Column {
         bottomPadding: 4
         spacing: 6
-        topPadding: 4
         width: parent.width
 
         Loader {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A rated draw against a port's budget.
 Column {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The adapter and the battery on a card of their own.
 Rectangle {
@@ -27,7 +28,7 @@ Rectangle {
             width: parent.width
 
             SymbolIcon {
-                color: Theme.inks.yellow
+                color: Theme.fills.yellow
                 name: "bolt.fill"
             }
             NameLabel {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // Throbs over the row that a search led to, and fades.
 Rectangle {

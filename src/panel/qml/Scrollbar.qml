@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // Shows which part of the list is seen.
 Rectangle {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The field that finds devices by name.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A negotiated speed against a maximum.
 Column {

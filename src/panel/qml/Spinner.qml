@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // Something is under way.
 SymbolIcon {

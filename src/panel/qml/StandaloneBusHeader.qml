@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // The header of the card of a bus that no port brought.
 CardSegment {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // One device that the search found, and where it is.
 FocusScope {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // What the search found. The first is what Return jumps to.
 Item {

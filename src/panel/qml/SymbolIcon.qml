@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A symbol of the size that goes with a line of text.
 Symbol {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A Thunderbolt device.
 Column {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A button that shows a text.
 Item {

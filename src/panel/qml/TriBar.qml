@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A thin bar: the track, what is allocated, what is used.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A USB bus.
 LineLayout {

@@ -1,4 +1,5 @@
 import QtQuick
+import Tamberline
 
 // A USB device with its speed, its power and its volumes.
 Column {

@@ -1,0 +1,63 @@
+#include "app/look.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+
+namespace tamberline {
+namespace {
+
+struct Colors {
+  const char* window;
+  const char* card;
+  const char* text;
+  const char* accent;
+};
+
+QPalette paletteOf(const Colors& colors) {
+  QPalette palette;
+  for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Button}) {
+    palette.setColor(role, colors.window);
+  }
+  for (const QPalette::ColorRole role : {QPalette::Base, QPalette::HighlightedText}) {
+    palette.setColor(role, colors.card);
+  }
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(role, colors.text);
+  }
+  palette.setColor(QPalette::Highlight, colors.accent);
+  return palette;
+}
+
+/// Without a desktop the system names no font, only the kind of one.
+bool hasDesktopFont() {
+  const QString family = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+  return !family.isEmpty() && !family.startsWith(QLatin1String("Sans"), Qt::CaseInsensitive);
+}
+
+} // namespace
+
+QPalette lightPalette() {
+  return paletteOf(
+      {.window = "#f4f4f6", .card = "#ffffff", .text = "#1d1d1f", .accent = "#0a6cff"});
+}
+
+QPalette darkPalette() {
+  return paletteOf(
+      {.window = "#1f1f22", .card = "#2b2b2f", .text = "#f2f2f4", .accent = "#4b9bff"});
+}
+
+QFont ownFont() {
+  QFont font(QStringLiteral("Inter"));
+  font.setPixelSize(13);
+  return font;
+}
+
+void useOwnLookWithoutDesktop() {
+  if (!hasDesktopFont()) {
+    QApplication::setFont(ownFont());
+    QApplication::setPalette(lightPalette());
+  }
+}
+
+} // namespace tamberline

@@ -1,0 +1,64 @@
+#include "app/tamberline_app.h"
+
+#include "app/manual_document.h"
+#include "app/menu_bar_icon.h"
+#include "i18n/loc.h"
+
+#include <QApplication>
+
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+QString asQString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+TamberlineApp::TamberlineApp(ScannerOutside outside, std::shared_ptr<MainQueue> queue)
+    : hasTray_(QSystemTrayIcon::isSystemTrayAvailable()),
+      scanner_(PortScanner::create(std::move(outside))), manual_(carriedManuals),
+      shell_({.scanner = scanner_, .queue = std::move(queue), .actions = actions()},
+             {.kind = hasTray_ ? PanelWindow::Kind::attached : PanelWindow::Kind::ordinary,
+              .iconGeometry = [this] { return icon_ ? icon_->geometry() : QRect(); }}) {}
+
+void TamberlineApp::start() {
+  if (hasTray_) {
+    installTrayIcon();
+  } else {
+    shell_.open();
+  }
+}
+
+PanelActions TamberlineApp::actions() {
+  return {
+      .openManual = [this] { manual_.show(); },
+      .closePanel =
+          [this] {
+            if (hasTray_) {
+              shell_.close();
+            }
+          },
+      .quit = [] { QApplication::quit(); },
+  };
+}
+
+void TamberlineApp::installTrayIcon() {
+  menu_ = std::make_unique<QMenu>();
+  menu_->addAction(asQString(Loc::openPanel()), menu_.get(), [this] { shell_.open(); });
+  menu_->addAction(asQString(Loc::quit()), menu_.get(), [] { QApplication::quit(); });
+  icon_ = std::make_unique<QSystemTrayIcon>(menuBarIcon());
+  icon_->setToolTip(QStringLiteral("Tamberline"));
+  icon_->setContextMenu(menu_.get());
+  QObject::connect(icon_.get(), &QSystemTrayIcon::activated, icon_.get(),
+                   [this](QSystemTrayIcon::ActivationReason reason) {
+                     if (reason == QSystemTrayIcon::Trigger) {
+                       shell_.toggle();
+                     }
+                   });
+  icon_->show();
+}
+
+} // namespace tamberline

@@ -1,0 +1,81 @@
+#include "app/look.h"
+#include "app/panel_shell.h"
+#include "async/qt_main_queue.h"
+#include "platform/desktop.h"
+#include "platform/preferred_languages.h"
+#include "platform/saved/saved_reports_runner.h"
+#include "replay_options.h"
+#include "scanner/silent_event_source.h"
+#include "show_panel.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+using namespace tamberline;
+
+constexpr int exitUsage = 2;
+
+void applyLook(const ReplayOptions& options) {
+  useOwnLookWithoutDesktop();
+  if (options.theme) {
+    QApplication::setPalette(options.theme == ReplayTheme::dark ? darkPalette() : lightPalette());
+  }
+}
+
+std::shared_ptr<PortScanner> scannerOf(const ReplayOptions& options,
+                                       const std::shared_ptr<MainQueue>& queue) {
+  return PortScanner::create(
+      {.acquisition = {.tools = std::make_shared<SavedReportsRunner>(options.reportsFolder),
+                       .queue = queue},
+       .events = std::make_shared<SilentEventSource>()});
+}
+
+/// What the volumes of a saved machine held is not here, so nothing tests or ejects them.
+PanelActions actions() {
+  return {.quit = [] { QApplication::quit(); }};
+}
+
+int replay(const ReplayOptions& options, int& argc, char** argv) {
+  if (options.screenshot) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  chooseGraphics();
+  QApplication application(argc, argv);
+  AppLanguage::choose(
+      options.language.value_or(AppLanguage::forPreferredLanguages(preferredLanguages())));
+  applyLook(options);
+  const auto queue = std::make_shared<QtMainQueue>();
+  const std::shared_ptr<PortScanner> scanner = scannerOf(options, queue);
+  PanelShell shell(
+      {.scanner = scanner, .queue = queue, .fontScale = options.fontScale, .actions = actions()},
+      {.isBoundByScreen = !options.screenshot});
+  const auto shown = showPanel(&shell, scanner, queue, options);
+  return QApplication::exec();
+}
+
+bool print(std::string_view text) {
+  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
+         std::fflush(stdout) == 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  const std::optional<ReplayOptions> options = parseReplayOptions(argc, argv);
+  if (!options) {
+    std::fputs(replayUsage.data(), stderr);
+    return exitUsage;
+  }
+  if (options->showsHelp) {
+    return print(replayUsage) ? EXIT_SUCCESS : EXIT_FAILURE;
+  }
+  if (options->showsVersion) {
+    return print("tamberline-replay " TAMBERLINE_VERSION "\n") ? EXIT_SUCCESS : EXIT_FAILURE;
+  }
+  return replay(*options, argc, argv);
+}

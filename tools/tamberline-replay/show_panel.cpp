@@ -1,0 +1,67 @@
+#include "show_panel.h"
+
+#include "async/awaitables.h"
+
+#include <QGuiApplication>
+#include <QImage>
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+constexpr std::chrono::milliseconds moment{20};
+/// The chevrons turn for 150 ms, and the window follows its content in a few steps.
+constexpr int momentsOfRest = 12;
+constexpr int mostMoments = 500;
+
+/// Waits until the window has kept its size for a while.
+QCoro::Task<> untilItStandsStill(PanelWindow* window, std::shared_ptr<MainQueue> queue) {
+  QSize size = window->size();
+  int rest = 0;
+  for (int moments = 0; rest < momentsOfRest && moments < mostMoments; ++moments) {
+    Delay wait(queue, moment);
+    co_await wait;
+    rest = window->size() == size ? rest + 1 : 0;
+    size = window->size();
+  }
+}
+
+QCoro::Task<> untilScanned(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue) {
+  while (scanner->isScanning.get()) {
+    Delay wait(queue, moment);
+    co_await wait;
+  }
+}
+
+/// The exit status of the program.
+int savePicture(PanelWindow& window, const std::filesystem::path& file) {
+  if (window.grabWindow().save(QString::fromStdString(file.string()), "PNG")) {
+    return EXIT_SUCCESS;
+  }
+  std::fprintf(stderr, "tamberline-replay: cannot write '%s'\n", file.c_str());
+  return EXIT_FAILURE;
+}
+
+} // namespace
+
+QCoro::Task<> showPanel(PanelShell* shell, std::shared_ptr<PortScanner> scanner,
+                        std::shared_ptr<MainQueue> queue, ReplayOptions options) {
+  shell->open();
+  auto scanned = untilScanned(std::move(scanner), queue);
+  co_await scanned;
+  if (options.expandsAll) {
+    shell->context().panel()->expandAll();
+  }
+  shell->context().search()->setSearchText(QString::fromStdString(options.searchText));
+  if (!options.screenshot) {
+    co_return;
+  }
+  auto still = untilItStandsStill(shell->window(), queue);
+  co_await still;
+  QGuiApplication::exit(savePicture(*shell->window(), *options.screenshot));
+}
+
+} // namespace tamberline

@@ -1,0 +1,60 @@
+#include "app/look.h"
+#include "app/private_folder.h"
+#include "app/single_instance.h"
+#include "app/tamberline_app.h"
+#include "async/qt_main_queue.h"
+#include "i18n/app_language.h"
+#include "platform/desktop.h"
+#include "platform/posix/child_process_runner.h"
+#include "platform/preferred_languages.h"
+#include "scanner/silent_event_source.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+using namespace tamberline;
+
+constexpr int exitUsage = 2;
+
+int run(QApplication& application) {
+  std::unique_ptr<TamberlineApp> app;
+  const SingleInstance instance(runtimeFolder(), [&app] {
+    if (app) {
+      app->raise();
+    }
+  });
+  if (!instance.isFirst()) {
+    return EXIT_SUCCESS;
+  }
+  AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
+  useOwnLookWithoutDesktop();
+  const auto queue = std::make_shared<QtMainQueue>();
+  app = std::make_unique<TamberlineApp>(
+      ScannerOutside{
+          .acquisition = {.tools = std::make_shared<ChildProcessRunner>(), .queue = queue},
+          .events = std::make_shared<SilentEventSource>()},
+      queue);
+  app->start();
+  return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  chooseGraphics();
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("tamberline"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Tamberline"));
+  if (QApplication::arguments().size() > 1) {
+    std::fputs(
+        "tamberline: there are no arguments to give; tamberline-replay shows saved reports\n",
+        stderr);
+    return exitUsage;
+  }
+  return run(application);
+}
