@@ -1,0 +1,34 @@
+#include "app/manual_document.h"
+
+#include "i18n/app_language.h"
+
+#include <QDir>
+#include <QLatin1String>
+
+namespace tamberline {
+namespace {
+
+QString fileNameFor(AppLanguage language) {
+  const std::string_view code = language.code();
+  return QStringLiteral("Manual-%1.pdf")
+      .arg(QLatin1String(code.data(), static_cast<qsizetype>(code.size())));
+}
+
+std::unique_ptr<QPdfDocument> open(const QString& path) {
+  auto document = std::make_unique<QPdfDocument>();
+  const bool isReadable = document->load(path) == QPdfDocument::Error::None;
+  return isReadable && document->pageCount() > 0 ? std::move(document) : nullptr;
+}
+
+} // namespace
+
+std::unique_ptr<QPdfDocument> loadDocument(const QString& folder) {
+  for (const AppLanguage language : {AppLanguage::current(), AppLanguage(AppLanguage::en)}) {
+    if (auto document = open(QDir(folder).filePath(fileNameFor(language)))) {
+      return document;
+    }
+  }
+  return nullptr;
+}
+
+} // namespace tamberline

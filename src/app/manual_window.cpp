@@ -1,0 +1,103 @@
+#include "app/manual_window.h"
+
+#include "app/manual_document.h"
+#include "app/pdf_kit_view.h"
+#include "i18n/loc.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <memory>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+/// In points.
+constexpr QSize sizeOfManual(760, 920);
+
+QString manualTitle() {
+  const std::string_view title = Loc::manualWindowTitle();
+  return QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
+}
+
+/// The screen on which the manual was asked for.
+QRect availableScreen() {
+  const QScreen* underCursor = QGuiApplication::screenAt(QCursor::pos());
+  const QScreen* screen = underCursor != nullptr ? underCursor : QGuiApplication::primaryScreen();
+  return screen != nullptr ? screen->availableGeometry() : QRect({0, 0}, sizeOfManual);
+}
+
+class Window final : public QWidget {
+public:
+  explicit Window(std::unique_ptr<QPdfDocument> document) : document_(std::move(document)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setWindowTitle(manualTitle());
+    setAccessibleName(manualTitle());
+    view_.setAccessibleName(manualTitle());
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(&view_);
+    setFocusProxy(&view_);
+  }
+
+protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Escape || event->matches(QKeySequence::Close)) {
+      close();
+    } else {
+      QWidget::keyPressEvent(event);
+    }
+  }
+
+private:
+  std::unique_ptr<QPdfDocument> document_;
+  PDFKitView view_{*document_, this}; // goes before the document that it draws
+};
+
+void bringToFront(QWidget& window) {
+  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
+} // namespace
+
+ManualWindow::ManualWindow(QString folder) : folder_(std::move(folder)) {}
+
+ManualWindow::~ManualWindow() {
+  delete window_;
+}
+
+void ManualWindow::show() {
+  const bool isOpen = window_ && window_->isVisible(); // a closed one is not freed at once
+  if (!isOpen) {
+    open();
+  }
+  if (window_) {
+    bringToFront(*window_);
+  }
+}
+
+void ManualWindow::open() {
+  window_ = nullptr;
+  if (auto document = loadDocument(folder_)) {
+    window_ = new Window(std::move(document));
+    const QRect geometry = manualWindowGeometry(availableScreen());
+    window_->resize(geometry.size());
+    window_->move(geometry.topLeft());
+  }
+}
+
+QRect manualWindowGeometry(const QRect& availableScreen) {
+  const QSize size = sizeOfManual.boundedTo(availableScreen.size());
+  const QSize rest = availableScreen.size() - size;
+  return {availableScreen.topLeft() + QPoint(rest.width() / 2, rest.height() / 2), size};
+}
+
+} // namespace tamberline

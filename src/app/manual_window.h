@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QPointer>
+#include <QRect>
+#include <QString>
+#include <QWidget>
+
+namespace tamberline {
+
+/// Shows the manual in a window of its own, which is kept while it is open; Escape and the system's
+/// keys for closing close it. Closing the window never ends the program; the window goes with its
+/// owner. Main thread only.
+class ManualWindow {
+public:
+  /// `folder` as for `loadDocument`.
+  explicit ManualWindow(QString folder);
+  ManualWindow(const ManualWindow&) = delete;
+  ManualWindow& operator=(const ManualWindow&) = delete;
+  ~ManualWindow();
+
+  /// Brings the window to the front, or opens it; does nothing when there is no manual.
+  void show();
+
+private:
+  void open();
+
+  QString folder_;
+  QPointer<QWidget> window_;
+};
+
+/// In the middle of the screen, and not larger than what bars leave of it.
+QRect manualWindowGeometry(const QRect& availableScreen);
+
+} // namespace tamberline
