@@ -21,7 +21,7 @@ using namespace tamberline;
 
 constexpr int exitUsage = 2;
 
-int run(QApplication& application) {
+int run() {
   std::unique_ptr<TamberlineApp> app;
   const SingleInstance instance(runtimeFolder(), [&app] {
     if (app) {
@@ -47,7 +47,7 @@ int run(QApplication& application) {
 
 int main(int argc, char** argv) {
   chooseGraphics();
-  QApplication application(argc, argv);
+  const QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tamberline"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tamberline"));
   if (QApplication::arguments().size() > 1) {
@@ -56,5 +56,5 @@ int main(int argc, char** argv) {
         stderr);
     return exitUsage;
   }
-  return run(application);
+  return run();
 }
