@@ -75,12 +75,13 @@ ManualWindow::~ManualWindow() {
 }
 
 void ManualWindow::show() {
-  const bool isOpen = window_ && window_->isVisible(); // a closed one is not freed at once
+  const QWidget* const known = window_;
+  const bool isOpen = known != nullptr && known->isVisible(); // a closed one is not freed at once
   if (!isOpen) {
     open();
   }
-  if (window_) {
-    bringToFront(*window_);
+  if (QWidget* const window = window_) {
+    bringToFront(*window);
   }
 }
 

@@ -10,7 +10,7 @@ Column {
     spacing: 3
 
     LineLayout {
-        spacing: 4
+        spacing: 6
         width: parent.width
 
         Symbol {
