@@ -115,6 +115,24 @@ TEST(PowerBar, IsFullWithoutAMaximumToMeasureAgainst) {
   }
 }
 
+TEST(PowerBar, IsColouredByHowMuchOfTheBudgetIsUsed) {
+  const struct {
+    std::int64_t usedMa;
+    std::int64_t portMaxMa;
+    Color color;
+  } rows[] = {
+      {0, 900, Color::green},     {500, 900, Color::green},    {920, 1000, Color::green},
+      {921, 1000, Color::orange}, {1000, 1000, Color::orange}, {1001, 1000, Color::red},
+      {9000, 900, Color::red},    {500, 0, Color::red},        {0, 0, Color::green},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::Message() << row.usedMa << " of " << row.portMaxMa);
+    const PowerBarRow bar = powerBarRow(
+        {.usedMa = row.usedMa, .allocatedMa = 5 * row.usedMa, .portMaxMa = row.portMaxMa});
+    EXPECT_EQ(nameOf(bar.color), nameOf(row.color)) << "the allocation does not count";
+  }
+}
+
 TEST(PowerBar, SpeaksTheLanguageOfTheRun) {
   const LanguageScope german(AppLanguage::de);
   const PowerBarRow bar =

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "views/panel_rows.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// What rows show beside the panel's description, for a test to fill in.
+struct SampleStates {
+  std::vector<PanelRow> rowsOf(const Panel& panel) const {
+    return panelRows(panel, {.expansion = expansion,
+                             .expandedOverrideIDs = overrides,
+                             .benchmarks = benchmarks,
+                             .ejectStates = ejectStates,
+                             .pulses = pulses});
+  }
+
+  RowExpansion expansion = {};
+  std::set<std::string> overrides = {};
+  std::map<std::string, BenchmarkPhase> benchmarks = {};
+  std::map<std::string, EjectState> ejectStates = {};
+  std::map<std::string, Pulse> pulses = {};
+};
+
+/// One line for each row: indentation for its depth, kind, identifier, and what is special.
+std::string rowText(const std::vector<PanelRow>& rows);
+
+} // namespace tamberline
