@@ -35,15 +35,15 @@ SingleInstance::SingleInstance(const QString& folder, std::function<void()> onRa
                                std::chrono::milliseconds patience)
     : socketPath_(QDir(folder).filePath(QStringLiteral("tamberline.socket"))),
       onRaiseAsked_(std::move(onRaiseAsked)),
-      lock_(QDir(folder).filePath(QStringLiteral("tamberline.lock"))) {
-  lock_.setStaleLockTime(0); // never by age: the panel runs for weeks
-  isFirst_ = becomeFirst(patience);
+      lock_(QDir(folder).filePath(QStringLiteral("tamberline.lock"))),
+      isFirst_(becomeFirst(patience)) {
   if (lock_.isLocked()) {
     listen();
   }
 }
 
 bool SingleInstance::becomeFirst(std::chrono::milliseconds patience) {
+  lock_.setStaleLockTime(0); // never by age: the panel runs for weeks
   const QDeadlineTimer deadline(patience);
   do {
     if (lock_.tryLock(static_cast<int>(pauseBetweenAttempts.count()))) {

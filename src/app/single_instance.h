@@ -33,7 +33,7 @@ private:
   std::function<void()> onRaiseAsked_;
   QLockFile lock_; // before the server, whose socket is removed while the lock still holds
   QLocalServer server_;
-  bool isFirst_ = false;
+  bool isFirst_;
 };
 
 } // namespace tamberline

@@ -25,6 +25,7 @@ TamberlineApp::TamberlineApp(ScannerOutside outside, std::shared_ptr<MainQueue> 
               .iconGeometry = [this] { return icon_ ? icon_->geometry() : QRect(); }}) {}
 
 void TamberlineApp::start() {
+  QApplication::setQuitOnLastWindowClosed(!hasTray_);
   if (hasTray_) {
     installTrayIcon();
   } else {

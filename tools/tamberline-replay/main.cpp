@@ -3,9 +3,9 @@
 #include "async/qt_main_queue.h"
 #include "platform/desktop.h"
 #include "platform/preferred_languages.h"
+#include "platform/saved/folder_event_source.h"
 #include "platform/saved/saved_reports_runner.h"
 #include "replay_options.h"
-#include "scanner/silent_event_source.h"
 #include "show_panel.h"
 
 #include <QApplication>
@@ -32,7 +32,7 @@ std::shared_ptr<PortScanner> scannerOf(const ReplayOptions& options,
   return PortScanner::create(
       {.acquisition = {.tools = std::make_shared<SavedReportsRunner>(options.reportsFolder),
                        .queue = queue},
-       .events = std::make_shared<SilentEventSource>()});
+       .events = std::make_shared<FolderEventSource>(options.reportsFolder)});
 }
 
 /// What the volumes of a saved machine held is not here, so nothing tests or ejects them.

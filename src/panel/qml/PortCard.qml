@@ -8,74 +8,76 @@ CardSegment {
     required property var content
     required property bool isExpanded
 
-    LineLayout {
-        id: line
-
-        leastElasticWidth: Theme.leastTitleWidth
-        lineSpacing: 4
-        spacing: 8
+    Column {
+        spacing: 10
         width: parent.width
 
-        Rectangle {
-            color: card.content.inUse ? Theme.fills.green : Theme.fills.grey
-            implicitHeight: 9
-            implicitWidth: 9
-            opacity: card.content.inUse ? 1 : 0.35
-            radius: 4.5
-            Accessible.description: card.content.dotTooltip
-            Accessible.name: card.content.dotTooltip
-            Accessible.role: Accessible.Indicator
-
-            Hint {
-                text: card.content.dotTooltip
-            }
-        }
-        NameLabel {
-            font: Theme.subheadlineFont
-            name: card.content.title
-        }
-        Rectangle {
-            color: "transparent"
-            implicitHeight: count.implicitHeight + 2
-            implicitWidth: count.implicitWidth + 10
-            visible: count.text !== ""
+        LineLayout {
+            leastElasticWidth: Theme.leastTitleWidth
+            lineSpacing: 4
+            spacing: 8
+            width: parent.width
 
             Rectangle {
-                anchors.fill: parent
-                color: Theme.fills.grey
-                opacity: 0.15
-                radius: 5
-            }
-            Label {
-                id: count
+                color: card.content.inUse ? Theme.fills.green : Theme.fills.grey
+                implicitHeight: 9
+                implicitWidth: 9
+                opacity: card.content.inUse ? 1 : 0.35
+                radius: 4.5
+                Accessible.description: card.content.dotTooltip
+                Accessible.name: card.content.dotTooltip
+                Accessible.role: Accessible.Indicator
 
-                anchors.centerIn: parent
-                color: Theme.secondary
-                text: card.content.itemCount
-                tooltip: card.content.itemCountTooltip
+                Hint {
+                    text: card.content.dotTooltip
+                }
+            }
+            NameLabel {
+                font: Theme.subheadlineFont
+                name: card.content.title
+            }
+            Rectangle {
+                color: "transparent"
+                implicitHeight: count.implicitHeight + 2
+                implicitWidth: count.implicitWidth + 10
+                visible: count.text !== ""
+
+                Rectangle {
+                    anchors.fill: parent
+                    color: Theme.fills.grey
+                    opacity: 0.15
+                    radius: 5
+                }
+                Label {
+                    id: count
+
+                    anchors.centerIn: parent
+                    color: Theme.secondary
+                    text: card.content.itemCount
+                    tooltip: card.content.itemCountTooltip
+                }
+            }
+            Repeater {
+                model: card.content.badges
+
+                BadgeView {
+                    required property var modelData
+
+                    badge: modelData
+                    LineLayout.isTrailing: true
+                }
+            }
+            Chevron {
+                isExpanded: card.isExpanded
+                LineLayout.isPinned: true
             }
         }
-        Repeater {
-            model: card.content.badges
-
-            BadgeView {
-                required property var modelData
-
-                badge: modelData
-                LineLayout.isTrailing: true
-            }
+        Rectangle {
+            color: Theme.separator
+            height: 1
+            visible: card.isExpanded
+            width: parent.width + 24
+            x: -12
         }
-        Chevron {
-            isExpanded: card.isExpanded
-            LineLayout.isPinned: true
-        }
-    }
-    Rectangle {
-        color: Theme.separator
-        height: 1
-        visible: card.isExpanded
-        width: parent.width + 24
-        x: -12
-        y: line.height + 10
     }
 }
