@@ -40,9 +40,20 @@ PanelActions actions() {
   return {.quit = [] { QApplication::quit(); }};
 }
 
+/// Qt's usual output without what it says of every program that runs without a desktop.
+void withoutDesktopNotices(QtMsgType type, const QMessageLogContext& context,
+                           const QString& message) {
+  const bool isNotice = message.startsWith(QLatin1String("This plugin does not support")) ||
+                        message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"));
+  if (!isNotice) {
+    std::fprintf(stderr, "%s\n", qUtf8Printable(qFormatLogMessage(type, context, message)));
+  }
+}
+
 int replay(const ReplayOptions& options, int& argc, char** argv) {
   if (options.screenshot) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(withoutDesktopNotices);
   }
   chooseGraphics();
   QApplication application(argc, argv);

@@ -9,6 +9,7 @@ CardSegment {
     required property bool isExpanded
 
     Column {
+        bottomPadding: card.isExpanded ? 4 : 0
         spacing: 10
         width: parent.width
 
@@ -18,12 +19,11 @@ CardSegment {
             spacing: 8
             width: parent.width
 
-            Rectangle {
+            Dot {
                 color: card.content.inUse ? Theme.fills.green : Theme.fills.grey
                 implicitHeight: 9
                 implicitWidth: 9
                 opacity: card.content.inUse ? 1 : 0.35
-                radius: 4.5
                 Accessible.description: card.content.dotTooltip
                 Accessible.name: card.content.dotTooltip
                 Accessible.role: Accessible.Indicator

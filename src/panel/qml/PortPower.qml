@@ -7,8 +7,6 @@ CardSegment {
 
     required property var content
 
-    topPadding: 4
-
     Column {
         bottomPadding: 4
         spacing: 6
