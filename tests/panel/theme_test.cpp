@@ -1,0 +1,185 @@
+#include "panel/color_math.h"
+#include "panel/counted_signal.h"
+#include "panel/theme.h"
+#include "views/colors.h"
+
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tamberline {
+namespace {
+
+QPalette paletteOf(const QColor& window, const QColor& card, const QColor& text,
+                   const QColor& accent) {
+  QPalette palette;
+  palette.setColor(QPalette::Window, window);
+  palette.setColor(QPalette::Base, card);
+  palette.setColor(QPalette::WindowText, text);
+  palette.setColor(QPalette::Highlight, accent);
+  return palette;
+}
+
+const QPalette light = paletteOf("#eff0f1", "#ffffff", "#232629", "#3daee9");
+const QPalette dark = paletteOf("#2a2e32", "#1b1e20", "#fcfcfc", "#3daee9");
+
+/// The platform's look is put back after each test.
+class ThemeTest : public testing::Test {
+protected:
+  ThemeTest() { QGuiApplication::setPalette(light); }
+  ~ThemeTest() override {
+    QGuiApplication::setPalette(QPalette());
+    QGuiApplication::setFont(fontBefore);
+  }
+
+  static void setFontSize(int pixels) {
+    QFont font = QGuiApplication::font();
+    font.setPixelSize(pixels);
+    QGuiApplication::setFont(font);
+  }
+
+  static QColor color(const Theme& theme, const char* name) {
+    return theme.property(name).value<QColor>();
+  }
+  static QColor fill(const Theme& theme, const char* name) {
+    return theme.property("fills").toMap().value(name).value<QColor>();
+  }
+  static QFont font(const Theme& theme, const char* name) {
+    return theme.property(name).value<QFont>();
+  }
+
+  const QFont fontBefore = QGuiApplication::font();
+};
+
+TEST_F(ThemeTest, TakesThePlatformsColours) {
+  const Theme theme(1);
+  EXPECT_FALSE(theme.isDark());
+  EXPECT_EQ(color(theme, "window"), QColor("#eff0f1"));
+  EXPECT_EQ(color(theme, "card"), QColor("#ffffff"));
+  EXPECT_EQ(color(theme, "text"), QColor("#232629"));
+  EXPECT_EQ(color(theme, "accent"), QColor("#3daee9"));
+  EXPECT_EQ(fill(theme, "accent"), QColor("#3daee9"));
+  EXPECT_EQ(fill(theme, "primary"), QColor("#232629"));
+  EXPECT_EQ(fill(theme, "textBackground"), QColor("#ffffff"));
+  EXPECT_EQ(fill(theme, "clear").alpha(), 0);
+}
+
+TEST_F(ThemeTest, KnowsADarkLook) {
+  const struct {
+    const char* window;
+    bool isDark;
+  } rows[] = {{"#000000", true},  {"#2a2e32", true},  {"#707070", true},
+              {"#808080", false}, {"#ffffff", false}, {"#0000ff", true}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.window);
+    QGuiApplication::setPalette(paletteOf(row.window, row.window, Qt::red, Qt::blue));
+    EXPECT_EQ(Theme(1).isDark(), row.isDark);
+  }
+}
+
+TEST_F(ThemeTest, FillsWithTheSameAmberInLightAndDark) {
+  for (const QPalette& palette : {light, dark}) {
+    QGuiApplication::setPalette(palette);
+    EXPECT_EQ(fill(Theme(1), "amber"), QColor::fromRgbF(0.9F, 0.7F, 0.0F));
+  }
+}
+
+TEST_F(ThemeTest, KnowsEveryColourAsFillAndAsInk) {
+  const Theme theme(1);
+  const QVariantMap fills = theme.property("fills").toMap();
+  const QVariantMap inks = theme.property("inks").toMap();
+  for (int value = 0; value <= static_cast<int>(Color::clear); ++value) {
+    const std::string_view name = nameOf(static_cast<Color>(value));
+    const auto key = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+    EXPECT_TRUE(fills.contains(key)) << name;
+    EXPECT_TRUE(inks.contains(key)) << name;
+  }
+}
+
+TEST_F(ThemeTest, WritesWithInksThatCanBeReadOnACard) {
+  const struct {
+    const char* description;
+    QPalette palette;
+  } rows[] = {
+      {"light", light},
+      {"dark", dark},
+      {"a grey card", paletteOf("#909090", "#7a7a7a", "#000000", "#7a7a7a")},
+      {"black on black", paletteOf(Qt::black, Qt::black, Qt::black, Qt::black)},
+  };
+  for (const auto& row : rows) {
+    QGuiApplication::setPalette(row.palette);
+    const Theme theme(1);
+    const QVariantMap inks = theme.property("inks").toMap();
+    EXPECT_FALSE(inks.isEmpty());
+    for (auto ink = inks.cbegin(); ink != inks.cend(); ++ink) {
+      SCOPED_TRACE(row.description + (" " + ink.key().toStdString()));
+      EXPECT_GE(contrastRatio(ink.value().value<QColor>(), color(theme, "card")), 4.5);
+    }
+    EXPECT_GE(contrastRatio(color(theme, "secondary"), color(theme, "card")), 4.5)
+        << row.description;
+  }
+}
+
+TEST_F(ThemeTest, FollowsThePlatformsColours) {
+  const Theme theme(1);
+  const CountedSignal changes(&theme, &Theme::changed);
+  QGuiApplication::setPalette(dark);
+  EXPECT_GE(changes.count(), 1);
+  EXPECT_TRUE(theme.isDark());
+  EXPECT_EQ(color(theme, "card"), QColor("#1b1e20"));
+  EXPECT_EQ(fill(theme, "green"), QColor("#3cc46a"));
+}
+
+TEST_F(ThemeTest, FollowsThePlatformsFont) {
+  setFontSize(13);
+  const Theme theme(1);
+  const CountedSignal changes(&theme, &Theme::changed);
+  setFontSize(26);
+  EXPECT_GE(changes.count(), 1);
+  EXPECT_EQ(theme.scale(), 2);
+  EXPECT_EQ(font(theme, "bodyFont").pixelSize(), 26);
+}
+
+TEST_F(ThemeTest, IsAsLargeAsThePlatformsText) {
+  setFontSize(13);
+  const Theme theme(1);
+  const struct {
+    const char* name;
+    int pixels;
+    int largePixels;
+    QFont::Weight weight;
+  } rows[] = {
+      {"titleFont", 14, 21, QFont::DemiBold},       {"bodyFont", 13, 20, QFont::Normal},
+      {"subheadlineFont", 13, 20, QFont::DemiBold}, {"captionFont", 12, 18, QFont::Medium},
+      {"caption2Font", 11, 17, QFont::Normal},      {"badgeFont", 11, 17, QFont::DemiBold},
+  };
+  const Theme large(1.5);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(font(theme, row.name).pixelSize(), row.pixels);
+    EXPECT_EQ(font(theme, row.name).weight(), row.weight);
+    EXPECT_EQ(font(large, row.name).pixelSize(), row.largePixels);
+  }
+  EXPECT_EQ(theme.scale(), 1);
+  EXPECT_EQ(theme.symbolSize(), 14);
+  EXPECT_EQ(theme.smallSymbolSize(), 11);
+  EXPECT_EQ(theme.buttonSize(), 24);
+  EXPECT_EQ(theme.leastNameWidth(), 120);
+  EXPECT_EQ(theme.leastTitleWidth(), 150);
+  EXPECT_EQ(large.scale(), 1.5);
+  EXPECT_EQ(large.symbolSize(), 21);
+  EXPECT_EQ(large.smallSymbolSize(), 17);
+  EXPECT_EQ(large.buttonSize(), 36);
+  EXPECT_EQ(large.leastNameWidth(), 180);
+  EXPECT_EQ(large.leastTitleWidth(), 225);
+}
+
+TEST_F(ThemeTest, MultipliesThePlatformsTextByItsOwnScale) {
+  setFontSize(26);
+  EXPECT_EQ(Theme(1.5).scale(), 3);
+}
+
+} // namespace
+} // namespace tamberline
