@@ -15,11 +15,11 @@ Bubble::Bubble(QQuickItem* parent) : QQuickItem(parent) {
 }
 
 void Bubble::setTarget(QQuickItem* target) {
+  setVisible(target != nullptr); // a target that was deleted is null already
   if (target == target_) {
     return;
   }
   target_ = target;
-  setVisible(target != nullptr);
   polish();
   emit targetChanged();
 }
