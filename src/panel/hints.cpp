@@ -28,8 +28,9 @@ void Hints::setHovered(QQuickItem* item, const QString& text, bool isHovered) {
   if (isHovered && !text.isEmpty()) {
     hide();
     hovered_ = item;
-    pending_ = queue_->postLater(restingTime,
-                                 [this, target = QPointer(item), text] { show(target, text); });
+    connect(item, &QQuickItem::visibleChanged, this, &Hints::hide);
+    connect(item, &QObject::destroyed, this, &Hints::hide);
+    pending_ = queue_->postLater(restingTime, [this, text] { show(text); });
   } else if (item == hovered_) {
     hide();
   }
@@ -37,16 +38,20 @@ void Hints::setHovered(QQuickItem* item, const QString& text, bool isHovered) {
 
 void Hints::hide() {
   queue_->cancel(std::exchange(pending_, 0));
+  if (hovered_ != nullptr) {
+    hovered_->disconnect(this);
+  }
   hovered_.clear();
-  if (target_ != nullptr) {
-    target_.clear();
+  target_.clear();
+  if (std::exchange(isShown_, false)) {
     emit changed();
   }
 }
 
-void Hints::show(const QPointer<QQuickItem>& item, const QString& text) {
-  target_ = item;
+void Hints::show(const QString& text) {
+  target_ = hovered_;
   text_ = text;
+  isShown_ = true;
   emit changed();
 }
 

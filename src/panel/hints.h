@@ -16,7 +16,7 @@ class QQmlEngine;
 namespace tamberline {
 
 /// The tooltip of the panel: which item it belongs to and what it says. It comes when the pointer
-/// rests on an item, and goes with it. Main thread only.
+/// rests on an item, and goes with the pointer or the item. Main thread only.
 class Hints final : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -47,13 +47,14 @@ signals:
   void changed();
 
 private:
-  void show(const QPointer<QQuickItem>& item, const QString& text);
+  void show(const QString& text);
 
   std::shared_ptr<MainQueue> queue_;
   MainQueue::WorkItem pending_ = 0;
   QPointer<QQuickItem> hovered_;
   QPointer<QQuickItem> target_;
   QString text_;
+  bool isShown_ = false; // still true when the target was deleted
 };
 
 } // namespace tamberline
