@@ -5,8 +5,17 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 namespace tamberline {
+
+LineAttached::LineAttached(QObject* child) : QObject(child) {
+  connect(this, &LineAttached::changed, this, [item = qobject_cast<QQuickItem*>(child)] {
+    if (auto* layout = qobject_cast<LineLayout*>(item == nullptr ? nullptr : item->parentItem())) {
+      layout->layOut();
+    }
+  });
+}
 
 LineLayout::LineLayout(QQuickItem* parent) : QQuickItem(parent) {
   connect(this, &LineLayout::spacingChanged, this, &LineLayout::layOut);
@@ -53,10 +62,11 @@ void LineLayout::layOut() {
                [](const Part& part) { return part.isPinned; });
   const double pinnedWidth = pinned.empty() ? 0 : widthOf(pinned) + spacing_;
   double top = 0;
+  bool isFirst = true;
   double available = width() - pinnedWidth;
   for (Line& line : breakIntoLines(parts, pinnedWidth)) {
     stretch(line, available);
-    if (top == 0) {
+    if (std::exchange(isFirst, false)) {
       line.insert(line.end(), pinned.begin(), pinned.end());
     }
     top += place(line, top, width()) + lineSpacing_;

@@ -19,7 +19,7 @@ class LineAttached : public QObject {
   Q_PROPERTY(bool isPinned MEMBER isPinned NOTIFY changed)
 
 public:
-  explicit LineAttached(QObject* child) : QObject(child) {}
+  explicit LineAttached(QObject* child);
 
   bool isElastic = false;
   bool isTrailing = false;
@@ -54,6 +54,8 @@ protected:
   void itemChange(ItemChange change, const ItemChangeData& data) override;
 
 private:
+  friend class LineAttached;
+
   struct Part {
     QQuickItem* item = nullptr;
     double width = 0;
