@@ -18,7 +18,11 @@ PanelSizing* PanelSizing::create(QQmlEngine* engine, QJSEngine*) {
 PanelSizing::PanelSizing(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
 
 void PanelSizing::setSearching(bool isSearching) {
+  if (isSearching == isSearching_) {
+    return;
+  }
   isSearching_ = isSearching;
+  emit changed();
   combineSoon();
 }
 
