@@ -1,0 +1,19 @@
+#include "app/look.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QQuickWindow>
+#include <gtest/gtest.h>
+
+/// Windows on the offscreen platform, drawn in software, in our own font and colours: the same on
+/// every machine. Whoever listens is at home.
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  const QApplication application(argc, argv);
+  QApplication::setFont(tamberline::ownFont());
+  QApplication::setPalette(tamberline::lightPalette());
+  QAccessible::setActive(true);
+  return RUN_ALL_TESTS();
+}

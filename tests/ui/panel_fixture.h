@@ -1,0 +1,108 @@
+#pragma once
+
+#include "app/panel_shell.h"
+#include "support/fake_tools.h"
+#include "support/hand_driven_queue.h"
+#include "support/simulated_event_source.h"
+#include "ui/accessible_objects.h"
+#include "ui/qml_warnings.h"
+
+#include <QQuickItem>
+#include <QString>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// A panel in a window of its own, over a real scanner whose tools, clock and events are in the
+/// test's hands. Whatever QML warns of fails the test.
+class PanelFixture : public testing::Test {
+protected:
+  PanelFixture();
+  ~PanelFixture() override;
+  PanelFixture(const PanelFixture&) = delete;
+  PanelFixture& operator=(const PanelFixture&) = delete;
+
+  /// What a test can still change before the panel opens.
+  struct Setting {
+    double fontScale = 1;
+    bool isBoundByScreen = true;
+    bool hasVolumeTools = true;
+  };
+
+  /// A scanner over the saved reports of samples/`name`, instead of the fake tools.
+  void useSample(const std::string& name);
+  /// A scanner over the fake tools that knows nothing yet.
+  std::shared_ptr<PortScanner> anotherScanner() { return scannerOver(tools); }
+
+  /// Opens the panel and lets its first scan end.
+  void openPanel(Setting setting);
+  void openPanel() { openPanel(Setting{}); }
+  /// The same without letting the queue run: the first scan is under way.
+  void openPanelWhileScanning(Setting setting);
+  void closePanel();
+
+  /// One frame of the screen.
+  void draw();
+  /// Lets everything happen that happens at the present time, until the panel stands still.
+  void settle();
+  /// Moves the clock and settles.
+  void advance(std::chrono::milliseconds duration);
+  /// Another scan, to its end.
+  void rescan();
+
+  void expandAll();
+  void collapseAll();
+
+  PanelWindow& window() { return *shell->window(); }
+  PanelContext& context() { return shell->context(); }
+  PanelListModel& rows() { return *context().panel()->rows(); }
+  std::vector<AccessibleObject> objects() { return accessibleObjects(window()); }
+
+  bool isShown(QAccessible::Role role, const QString& name) {
+    return findAccessible(window(), role, name).has_value();
+  }
+  bool isTextShown(const QString& text) { return isShown(QAccessible::StaticText, text); }
+  /// The object must be there.
+  AccessibleObject find(QAccessible::Role role, const QString& name);
+  /// Presses the button whose name begins so, and settles.
+  void press(const QString& buttonName);
+
+  void typeKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  void typeText(const QString& text);
+  /// Moves the pointer there and presses it.
+  void click(QPointF position);
+  void movePointer(QPointF position);
+
+  QQuickItem* listView();
+  double listPosition() { return listView()->property("contentY").toDouble(); }
+  /// What the row of the list shows is within the part of the list that is seen.
+  bool isInView(const QQuickItem& row);
+  /// The item of a row of the list; null where the list made none.
+  QQuickItem* rowItem(int index);
+  int indexOfRowNamed(const QString& start);
+
+  QmlWarnings warnings;
+  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
+  std::shared_ptr<SimulatedEventSource> events = std::make_shared<SimulatedEventSource>();
+  std::chrono::system_clock::time_point now{std::chrono::seconds(1'000'000)};
+  std::shared_ptr<PortScanner> scanner;
+  std::unique_ptr<PanelShell> shell;
+
+  std::vector<std::string> testedVolumes;
+  std::vector<std::string> ejectedVolumes;
+  int manualCount = 0;
+  int closeCount = 0;
+  int quitCount = 0;
+
+private:
+  std::shared_ptr<PortScanner> scannerOver(std::shared_ptr<ToolRunner> runner);
+  PanelActions actions(bool hasVolumeTools);
+};
+
+} // namespace tamberline

@@ -1,0 +1,107 @@
+#include "support/event_loop.h"
+#include "ui/panel_fixture.h"
+
+namespace tamberline {
+namespace {
+
+using namespace std::chrono_literals;
+
+class PanelSearch : public PanelFixture {
+protected:
+  void SetUp() override {
+    useSample("desk");
+    openPanel();
+  }
+
+  std::string fieldText() {
+    return find(QAccessible::EditableText, "Search devices…")
+        .item()
+        ->property("text")
+        .toString()
+        .toStdString();
+  }
+
+  std::string pulseOf(int index) {
+    return rows().index(index).data(PanelListModel::PulseRole).toString().toStdString();
+  }
+};
+
+TEST_F(PanelSearch, SuggestsWhatHasTheTextInItsName) {
+  EXPECT_FALSE(isShown(QAccessible::List, "Suggestions"));
+  typeText("lumen 27 c");
+  EXPECT_EQ(fieldText(), "lumen 27 c");
+  EXPECT_TRUE(isShown(QAccessible::List, "Suggestions"));
+  EXPECT_TRUE(findAccessibleStarting(window(), QAccessible::Button,
+                                     "Lumen 27 Camera, Lumen Works, "
+                                     "Thunderbolt Port 2"));
+  EXPECT_FALSE(findAccessibleStarting(window(), QAccessible::Button, "Lumen 27 Speakers"));
+}
+
+TEST_F(PanelSearch, TellsThatNothingWasFound) {
+  typeText("no such device");
+  EXPECT_TRUE(isTextShown("No matching devices"));
+  EXPECT_FALSE(isShown(QAccessible::List, "Suggestions"));
+  typeKey(Qt::Key_Return);
+  EXPECT_EQ(fieldText(), "no such device");
+}
+
+TEST_F(PanelSearch, IsClearedWithItsButton) {
+  EXPECT_FALSE(isShown(QAccessible::Button, "Clear search"));
+  typeText("lumen");
+  press("Clear search");
+  EXPECT_EQ(fieldText(), "");
+  EXPECT_FALSE(isShown(QAccessible::List, "Suggestions"));
+  EXPECT_FALSE(isShown(QAccessible::Button, "Clear search"));
+}
+
+TEST_F(PanelSearch, JumpsToTheFirstSuggestionAtReturn) {
+  typeText("card reader");
+  typeKey(Qt::Key_Return);
+  EXPECT_EQ(fieldText(), "");
+  const int index = indexOfRowNamed("Lumen SD Card Reader");
+  ASSERT_GE(index, 0);
+  EXPECT_EQ(pulseOf(index), "none");
+  advance(30ms);
+  EXPECT_EQ(pulseOf(index), "throbbing");
+  advance(150ms);
+  EXPECT_TRUE(runEventsUntil([&] {
+    settle();
+    return rowItem(index) != nullptr && isInView(*rowItem(index));
+  }));
+}
+
+TEST_F(PanelSearch, LetsTheRowThrobForFiveSecondsAndFade) {
+  typeText("card reader");
+  typeKey(Qt::Key_Return);
+  advance(30ms);
+  const int index = indexOfRowNamed("Lumen SD Card Reader");
+  advance(4999ms);
+  EXPECT_EQ(pulseOf(index), "throbbing");
+  advance(1ms);
+  EXPECT_EQ(pulseOf(index), "fading");
+  advance(400ms);
+  EXPECT_EQ(pulseOf(index), "none");
+  EXPECT_FALSE(scanner->highlightedNodeID.get());
+}
+
+TEST_F(PanelSearch, JumpsToTheSuggestionThatIsPressed) {
+  typeText("lumen");
+  press("Lumen 27 Speakers");
+  advance(180ms);
+  const int index = indexOfRowNamed("Lumen 27 Speakers");
+  ASSERT_GE(index, 0);
+  EXPECT_EQ(pulseOf(index), "throbbing");
+  EXPECT_FALSE(isShown(QAccessible::List, "Suggestions"));
+}
+
+TEST_F(PanelSearch, JumpsToTheSuggestionThatIsClicked) {
+  typeText("lumen");
+  const auto row = findAccessibleStarting(window(), QAccessible::Button, "Lumen 27 Speakers");
+  ASSERT_TRUE(row);
+  click(row->item()->mapToScene({20, 8}));
+  advance(180ms);
+  EXPECT_EQ(pulseOf(indexOfRowNamed("Lumen 27 Speakers")), "throbbing");
+}
+
+} // namespace
+} // namespace tamberline

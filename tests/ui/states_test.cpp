@@ -1,0 +1,101 @@
+#include "support/language_scope.h"
+#include "ui/machines.h"
+#include "ui/panel_fixture.h"
+
+namespace tamberline {
+namespace {
+
+using namespace std::chrono_literals;
+
+class PanelStates : public PanelFixture {};
+
+TEST_F(PanelStates, TellThatTheFirstScanIsUnderWay) {
+  answerWithPorts(*tools, 1);
+  openPanelWhileScanning({});
+  queue->runPosted();
+  draw();
+  EXPECT_TRUE(isTextShown("Scanning ports…"));
+  EXPECT_TRUE(isShown(QAccessible::Indicator, "Scanning ports…"));
+  EXPECT_FALSE(isShown(QAccessible::Button, "Scan again"));
+  advance(150ms);
+  EXPECT_FALSE(isTextShown("Scanning ports…"));
+  EXPECT_FALSE(isShown(QAccessible::Indicator, "Scanning ports…"));
+  EXPECT_TRUE(isShown(QAccessible::Button, "Scan again"));
+}
+
+TEST_F(PanelStates, TellThatThereAreNoPorts) {
+  openPanel();
+  EXPECT_TRUE(isTextShown("No ports detected"));
+  EXPECT_FALSE(isShown(QAccessible::List, "Ports and devices"));
+  answerWithPorts(*tools, 2);
+  rescan();
+  EXPECT_FALSE(isTextShown("No ports detected"));
+  EXPECT_TRUE(isShown(QAccessible::List, "Ports and devices"));
+}
+
+TEST_F(PanelStates, TellWhyTheFirstScanFailedUntilOneSucceeds) {
+  tools->answer("SPThunderboltDataType.json", "");
+  openPanel();
+  ASSERT_TRUE(scanner->errorMessage.get());
+  const QString message = QString::fromStdString(*scanner->errorMessage.get());
+  EXPECT_TRUE(isShown(QAccessible::AlertMessage, message));
+  answerWithPorts(*tools, 1);
+  press("Scan again");
+  advance(150ms);
+  EXPECT_FALSE(isShown(QAccessible::AlertMessage, message));
+  EXPECT_TRUE(isShown(QAccessible::List, "Ports and devices"));
+}
+
+TEST_F(PanelStates, KeepTheCardsWhenALaterScanFails) {
+  answerWithPorts(*tools, 1);
+  openPanel();
+  tools->answer("SPThunderboltDataType.json", "");
+  rescan();
+  EXPECT_TRUE(isShown(QAccessible::List, "Ports and devices"));
+  EXPECT_FALSE(findAccessibleStarting(window(), QAccessible::AlertMessage, ""));
+}
+
+TEST_F(PanelStates, ShowTheIndicatorInPlaceOfTheButtonWhileScanning) {
+  answerWithPorts(*tools, 1);
+  openPanel();
+  find(QAccessible::Button, "Scan again").press();
+  draw();
+  EXPECT_TRUE(isShown(QAccessible::Indicator, "Scanning ports…"));
+  EXPECT_FALSE(isShown(QAccessible::Button, "Scan again"));
+  EXPECT_TRUE(isShown(QAccessible::List, "Ports and devices"));
+  advance(150ms);
+  EXPECT_TRUE(isShown(QAccessible::Button, "Scan again"));
+}
+
+class PanelFooter : public PanelFixture {};
+
+TEST_F(PanelFooter, TellsHowLongAgoTheLastScanWas) {
+  openPanel();
+  EXPECT_TRUE(isTextShown("Updated just now"));
+  now += 90s;
+  advance(90s);
+  EXPECT_FALSE(isTextShown("Updated just now"));
+  EXPECT_TRUE(isTextShown("Updated 1 minute ago"));
+}
+
+TEST_F(PanelFooter, OpensTheManual) {
+  openPanel();
+  press("Open the user manual");
+  EXPECT_EQ(manualCount, 1);
+}
+
+TEST_F(PanelFooter, Quits) {
+  openPanel();
+  press("Quit");
+  EXPECT_EQ(quitCount, 1);
+}
+
+TEST_F(PanelFooter, IsInTheLanguageOfTheRun) {
+  const LanguageScope german(AppLanguage::de);
+  openPanel();
+  press("Beenden");
+  EXPECT_EQ(quitCount, 1);
+}
+
+} // namespace
+} // namespace tamberline
