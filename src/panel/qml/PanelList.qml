@@ -12,6 +12,7 @@ ListView {
     activeFocusOnTab: true
     bottomMargin: height - visibleHeight
     boundsBehavior: Flickable.StopAtBounds
+    cacheBuffer: 0 // rows that are made ahead warn when the list shrinks before they are there
     keyNavigationEnabled: true
     model: Panel.rows
     Accessible.name: Panel.texts.portList

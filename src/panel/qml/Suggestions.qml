@@ -28,6 +28,7 @@ Item {
 
             activeFocusOnTab: true
             boundsBehavior: Flickable.StopAtBounds
+            cacheBuffer: 0
             clip: true
             currentIndex: 0
             height: Math.min(contentHeight, Sizing.greatestSuggestionsHeight)
