@@ -19,7 +19,7 @@ Item {
     Accessible.focusable: enabled
     Accessible.name: hint
     Accessible.role: Accessible.Button
-    Accessible.onPressAction: triggered()
+    Accessible.onPressAction: if (enabled) triggered()
     Keys.onEnterPressed: triggered()
     Keys.onReturnPressed: triggered()
     Keys.onSpacePressed: triggered()

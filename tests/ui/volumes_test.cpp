@@ -1,0 +1,124 @@
+#include "ui/machines.h"
+#include "ui/panel_fixture.h"
+
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+constexpr const char* testName =
+    "Measure this volume's read & write speed (writes a temp file, then deletes it)";
+constexpr const char* retestName = "Run the test again";
+constexpr const char* ejectName = "Eject this drive";
+
+class PanelVolumes : public PanelFixture {
+protected:
+  void open(Setting setting = {}) {
+    answerWithDisk(*tools);
+    openPanel(setting);
+    expandAll();
+  }
+
+  template <typename Phase>
+  void show(Phase phase) {
+    scanner->benchmarks.set({{"/Volumes/Data", BenchmarkPhase{std::move(phase)}}});
+    settle();
+  }
+
+  template <typename State>
+  void showEjection(State state) {
+    scanner->ejectStates.set({{"/Volumes/Data", EjectState{std::move(state)}}});
+    settle();
+  }
+
+  /// What a click does too.
+  bool isEnabled(const QString& buttonName) {
+    return find(QAccessible::Button, buttonName).item()->isEnabled();
+  }
+};
+
+TEST_F(PanelVolumes, CanBeTestedAndEjected) {
+  open();
+  EXPECT_TRUE(isTextShown("Volume"));
+  EXPECT_TRUE(isTextShown("Data"));
+  EXPECT_TRUE(isEnabled(testName));
+  EXPECT_TRUE(isEnabled(ejectName));
+  press(testName);
+  EXPECT_EQ(testedVolumes, std::vector<std::string>{"/Volumes/Data"});
+  press(ejectName);
+  EXPECT_EQ(ejectedVolumes, std::vector<std::string>{"/Volumes/Data"});
+}
+
+TEST_F(PanelVolumes, TellHowFarTheTestIs) {
+  open();
+  show(BenchmarkPhase::Running{"Writing…"});
+  EXPECT_TRUE(isTextShown("Writing…"));
+  EXPECT_TRUE(isShown(QAccessible::Indicator, testName));
+  EXPECT_FALSE(isShown(QAccessible::Button, testName));
+  show(BenchmarkPhase::Running{"Reading…"});
+  EXPECT_TRUE(isTextShown("Reading…"));
+  EXPECT_FALSE(isTextShown("Writing…"));
+}
+
+TEST_F(PanelVolumes, CannotBeEjectedDuringTheTest) {
+  open();
+  show(BenchmarkPhase::Running{"Writing…"});
+  EXPECT_FALSE(isEnabled(ejectName));
+  const AccessibleObject eject = find(QAccessible::Button, ejectName);
+  eject.press();
+  click(eject.item()->mapToScene({5, 5}));
+  EXPECT_TRUE(ejectedVolumes.empty());
+}
+
+TEST_F(PanelVolumes, TellTheirSpeedAfterTheTest) {
+  open();
+  show(BenchmarkPhase::Done{412.2, 1021.6});
+  EXPECT_TRUE(isTextShown("W 412"));
+  EXPECT_TRUE(isTextShown("R 1022 MB/s"));
+  EXPECT_TRUE(isEnabled(ejectName));
+  press(retestName);
+  EXPECT_EQ(testedVolumes, std::vector<std::string>{"/Volumes/Data"});
+}
+
+TEST_F(PanelVolumes, TellWhyTheTestFailed) {
+  open();
+  show(BenchmarkPhase::Failed{"Not enough free space"});
+  EXPECT_TRUE(isTextShown("Not enough free space"));
+  press(retestName);
+  EXPECT_EQ(testedVolumes.size(), 1U);
+}
+
+TEST_F(PanelVolumes, TellThatTheyAreBeingEjected) {
+  open();
+  showEjection(EjectState::Ejecting{});
+  EXPECT_TRUE(isShown(QAccessible::Indicator, "Ejecting…"));
+  EXPECT_FALSE(isShown(QAccessible::Button, ejectName));
+}
+
+TEST_F(PanelVolumes, TellWhyTheyCouldNotBeEjected) {
+  open();
+  showEjection(EjectState::Failed{"A file is still open"});
+  press("A file is still open");
+  EXPECT_EQ(ejectedVolumes.size(), 1U);
+}
+
+TEST_F(PanelVolumes, CannotBeUsedWithoutTools) {
+  open({.hasVolumeTools = false});
+  for (const char* name : {testName, ejectName}) {
+    EXPECT_FALSE(isEnabled(name));
+    find(QAccessible::Button, name).press();
+  }
+  EXPECT_TRUE(testedVolumes.empty());
+  EXPECT_TRUE(ejectedVolumes.empty());
+}
+
+TEST_F(PanelVolumes, DoNotOpenOrCloseTheirDevice) {
+  open();
+  const int count = rows().rowCount();
+  click(find(QAccessible::Button, testName).item()->mapToScene({5, 5}));
+  EXPECT_EQ(testedVolumes.size(), 1U);
+  EXPECT_EQ(rows().rowCount(), count);
+}
+
+} // namespace
+} // namespace tamberline
