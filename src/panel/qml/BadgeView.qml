@@ -9,7 +9,7 @@ Rectangle {
 
     color: "transparent"
     implicitHeight: line.implicitHeight + 4
-    implicitWidth: line.implicitWidth + line.anchors.margins * 2
+    implicitWidth: line.implicitWidth + line.x * 2
     radius: 4
     visible: badge.isShown
 
@@ -20,15 +20,15 @@ Rectangle {
         radius: parent.radius
         visible: badgeView.badge.hasBackground
     }
-    Row {
+    LineLayout {
         id: line
 
-        anchors.centerIn: parent
-        anchors.margins: badgeView.badge.hasBackground ? 6 : 0
+        anchors.verticalCenter: parent.verticalCenter
         spacing: 2
+        width: parent.width - x * 2
+        x: badgeView.badge.hasBackground ? 6 : 0
 
         Symbol {
-            anchors.verticalCenter: parent.verticalCenter
             color: Theme.inks[badgeView.badge.color]
             implicitHeight: Theme.smallSymbolSize
             implicitWidth: Theme.smallSymbolSize
@@ -40,6 +40,7 @@ Rectangle {
             font: badgeView.badge.hasBackground ? Theme.badgeFont : Theme.caption2Font
             text: badgeView.badge.text
             tooltip: badgeView.badge.tooltip
+            LineLayout.isElastic: true
         }
     }
 }

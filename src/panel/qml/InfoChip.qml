@@ -12,11 +12,13 @@ Rectangle {
     implicitWidth: line.implicitWidth + 12
     radius: 4
 
-    Row {
+    LineLayout {
         id: line
 
-        anchors.centerIn: parent
+        anchors.verticalCenter: parent.verticalCenter
         spacing: 4
+        width: parent.width - x * 2
+        x: 6
 
         Label {
             color: Theme.secondary
@@ -24,6 +26,7 @@ Rectangle {
         }
         Label {
             text: infoChip.chip.value
+            LineLayout.isElastic: true
         }
     }
 }

@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
 
-// A text in one line. What does not fit is left out in the middle.
+// A text in one line. What does not fit is left out in the middle, and the tooltip shows the whole.
 Text {
     id: label
 
     property string tooltip
+    property string wholeText: text
 
     color: Theme.text
     elide: Text.ElideMiddle
@@ -18,6 +19,6 @@ Text {
     Accessible.role: Accessible.StaticText
 
     Hint {
-        text: label.tooltip
+        text: label.truncated ? label.wholeText : label.tooltip
     }
 }

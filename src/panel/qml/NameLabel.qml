@@ -1,12 +1,13 @@
 import QtQuick
 import Tamberline
 
-// The name of a device; the whole of it in the tooltip where it is cut.
+// The name of a device, which may come cut already; the whole of it in the tooltip then too.
 Label {
     required property var name
 
     font: Theme.captionFont
     text: name.text
-    tooltip: truncated || name.text !== name.tooltip ? name.tooltip : ""
+    tooltip: name.text !== name.tooltip ? name.tooltip : ""
+    wholeText: name.tooltip
     LineLayout.isElastic: true
 }

@@ -55,7 +55,10 @@ Item {
             onTextEdited: Search.searchText = text
         }
         Label {
-            anchors.fill: input
+            anchors.left: input.left
+            anchors.right: parent.right
+            anchors.rightMargin: 9
+            anchors.verticalCenter: parent.verticalCenter
             color: Theme.secondary
             font: Theme.bodyFont
             text: Panel.texts.searchPlaceholder

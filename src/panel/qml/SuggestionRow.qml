@@ -56,7 +56,6 @@ FocusScope {
         Label {
             color: Theme.secondary
             text: row.breadcrumb
-            tooltip: truncated ? text : ""
             width: parent.width
         }
     }
