@@ -1,0 +1,87 @@
+#include "panel/scroll_proxy.h"
+#include "panel/search_controller.h"
+#include "scanner/scanner_fixture.h"
+#include "support/event_loop.h"
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace tamberline {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A list of fifty rows of 20 points, of which 100 points are seen.
+class ScrollProxyTest : public ScannerFixture {
+protected:
+  void SetUp() override {
+    ScannerFixture::SetUp();
+    QQmlComponent component(&engine);
+    component.setData("import QtQuick\n"
+                      "ListView { width: 100; height: 300; model: 50; bottomMargin: 200\n"
+                      "  delegate: Item { width: 100; height: 20 } }",
+                      {});
+    list.reset(qobject_cast<QQuickItem*>(component.create()));
+    ASSERT_NE(list, nullptr) << component.errorString().toStdString();
+    proxy.setProperty("list", QVariant::fromValue(list.get()));
+    proxy.setProperty("visibleHeight", 100);
+  }
+
+  double position() const { return list->property("contentY").toDouble(); }
+  bool comesTo(double end) const {
+    return runEventsUntil([&] { return position() == end; });
+  }
+
+  QQmlEngine engine;
+  std::unique_ptr<QQuickItem> list;
+  ScrollProxy proxy;
+};
+
+TEST_F(ScrollProxyTest, BringsARowToTheMiddleOfWhatIsSeen) {
+  proxy.centre(20);
+  EXPECT_EQ(position(), 0) << "smoothly";
+  EXPECT_TRUE(comesTo(360));
+}
+
+TEST_F(ScrollProxyTest, StopsAtTheEnds) {
+  proxy.centre(49);
+  EXPECT_TRUE(comesTo(900));
+  proxy.centre(1);
+  EXPECT_EQ(position(), 900);
+  EXPECT_TRUE(comesTo(0));
+}
+
+TEST_F(ScrollProxyTest, GoesToAnotherRowFromWhereItIs) {
+  proxy.centre(40);
+  ASSERT_TRUE(runEventsUntil([&] { return position() > 100; }));
+  const double onTheWay = position();
+  proxy.centre(10);
+  EXPECT_EQ(position(), onTheWay);
+  EXPECT_TRUE(comesTo(160));
+}
+
+TEST_F(ScrollProxyTest, DoesNothingWithoutAList) {
+  ScrollProxy lonely;
+  lonely.centre(3);
+  EXPECT_EQ(position(), 0);
+}
+
+TEST_F(ScrollProxyTest, IsWhatASearchScrollsWith) {
+  answerWithOnePort();
+  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": [{"_name": "USB31Bus",
+      "_items": [{"_name": "Keys"}]}]})");
+  scan();
+  SearchController search(scanner, queue, [](const std::string&) { return 20; });
+  search.setScrollProxy(&proxy);
+  EXPECT_EQ(search.scrollProxy(), &proxy);
+  search.setSearchText("keys");
+  search.jumpToFirst();
+  queue->advance(180ms);
+  EXPECT_TRUE(comesTo(360));
+}
+
+} // namespace
+} // namespace tamberline
