@@ -16,6 +16,7 @@ extern "C" const char* __lsan_default_suppressions() {
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  qunsetenv("QT_QPA_PLATFORMTHEME"); // a desktop would choose font and colours
   const QApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }

@@ -1,0 +1,59 @@
+#include "app/look.h"
+#include "panel/color_math.h"
+#include "panel/theme.h"
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+namespace tamberline {
+namespace {
+
+/// The application's look is put back after each test.
+class LookTest : public testing::Test {
+protected:
+  ~LookTest() override {
+    QApplication::setPalette(QPalette());
+    QApplication::setFont(fontBefore);
+  }
+
+  const QFont fontBefore = QApplication::font();
+};
+
+TEST_F(LookTest, IsLightOrDark) {
+  QApplication::setPalette(lightPalette());
+  EXPECT_FALSE(Theme(1).isDark());
+  QApplication::setPalette(darkPalette());
+  EXPECT_TRUE(Theme(1).isDark());
+}
+
+TEST_F(LookTest, HasTextAndInksThatCanBeReadOnACard) {
+  for (const QPalette& palette : {lightPalette(), darkPalette()}) {
+    QApplication::setPalette(palette);
+    const Theme theme(1);
+    const auto card = theme.property("card").value<QColor>();
+    SCOPED_TRACE("on " + card.name().toStdString());
+    EXPECT_GE(contrastRatio(theme.property("text").value<QColor>(), card), 4.5);
+    EXPECT_GE(contrastRatio(theme.property("secondary").value<QColor>(), card), 4.5);
+    const QVariantMap inks = theme.property("inks").toMap();
+    EXPECT_FALSE(inks.isEmpty());
+    for (auto ink = inks.cbegin(); ink != inks.cend(); ++ink) {
+      EXPECT_GE(contrastRatio(ink.value().value<QColor>(), card), 4.5) << ink.key().toStdString();
+    }
+  }
+}
+
+TEST_F(LookTest, HasTextOfTheSizeThatThePanelIsMadeFor) {
+  QApplication::setFont(ownFont());
+  EXPECT_EQ(Theme(1).scale(), 1);
+}
+
+TEST_F(LookTest, IsUsedWithoutADesktop) {
+  QApplication::setPalette(darkPalette());
+  useOwnLookWithoutDesktop();
+  EXPECT_EQ(QApplication::palette().color(QPalette::Window),
+            lightPalette().color(QPalette::Window));
+  EXPECT_EQ(QApplication::font().pixelSize(), 13);
+}
+
+} // namespace
+} // namespace tamberline
