@@ -259,7 +259,7 @@ TEST(RowVariants, MakeHostileNamesHarmless) {
 }
 
 TEST(RowVariants, KeepLongNamesShort) {
-  for (const QVariantMap& content : contentsNamed(std::string(1'000'000, 'x'))) {
+  for (const QVariantMap& content : contentsNamed(std::string(200'000, 'x'))) {
     for (const QString& text : textsOf(content)) {
       EXPECT_LE(text.size(), static_cast<qsizetype>(longestTooltip));
     }
