@@ -8,6 +8,7 @@
 namespace tamberline {
 namespace {
 
+constexpr std::size_t longestCharacter = 4; // bytes of UTF-8
 constexpr char32_t replacement = 0xFFFD;
 constexpr char32_t ellipsis = 0x2026;
 
@@ -28,13 +29,25 @@ bool couldDisturbTheReader(char32_t character) {
   return isControl || isSeparator || turnsDirection || isInvisible;
 }
 
-std::vector<char32_t> harmlessCharacters(std::string_view text) {
-  std::vector<char32_t> characters;
+void appendHarmlessCharacters(std::string_view text, std::vector<char32_t>& characters) {
   while (!text.empty()) {
     const DecodedCharacter next = decodeFirstCharacter(text);
     const bool isHarmless = next.isValid && !couldDisturbTheReader(next.codePoint);
     characters.push_back(isHarmless ? next.codePoint : replacement);
     text.remove_prefix(next.length);
+  }
+}
+
+/// Of a text that is far too long only its ends, each with as many characters as may stay: a name
+/// can be as long as its report.
+std::vector<char32_t> harmlessCharacters(std::string_view text, std::size_t mostCharacters) {
+  const std::size_t endLength = mostCharacters * longestCharacter;
+  std::vector<char32_t> characters;
+  if (text.size() <= 2 * endLength) {
+    appendHarmlessCharacters(text, characters);
+  } else {
+    appendHarmlessCharacters(text.substr(0, endLength), characters);
+    appendHarmlessCharacters(text.substr(text.size() - endLength), characters);
   }
   return characters;
 }
@@ -42,7 +55,7 @@ std::vector<char32_t> harmlessCharacters(std::string_view text) {
 } // namespace
 
 std::string shownText(std::string_view text, std::size_t mostCharacters) {
-  std::vector<char32_t> characters = harmlessCharacters(trimmed(text));
+  std::vector<char32_t> characters = harmlessCharacters(trimmed(text), mostCharacters);
   if (characters.size() > mostCharacters) {
     const auto surplus = static_cast<std::ptrdiff_t>(characters.size() - mostCharacters);
     const auto middle = characters.begin() + static_cast<std::ptrdiff_t>(mostCharacters / 2);

@@ -91,5 +91,16 @@ TEST(ShownText, CountsCharactersAndNotBytes) {
   EXPECT_EQ(shownText(repeated("日", 200)), repeated("日", 60) + "…" + repeated("日", 59));
 }
 
+TEST(ShownText, ReadsOnlyTheEndsOfATextThatIsFarTooLong) {
+  const std::string middle = repeated("m", 1'000'000);
+  for (const std::size_t shift : {0U, 1U, 2U, 3U}) { // the ends begin inside a character
+    const std::string text =
+        repeated("日", 200) + middle + repeated("m", shift) + repeated("本", 200);
+    EXPECT_EQ(shownText(text), repeated("日", 60) + "…" + repeated("本", 59));
+  }
+  EXPECT_EQ(shownText(repeated("\xFF", 1'000'000)),
+            repeated("\uFFFD", 60) + "…" + repeated("\uFFFD", 59));
+}
+
 } // namespace
 } // namespace tamberline

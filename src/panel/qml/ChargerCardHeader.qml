@@ -6,26 +6,39 @@ CardSegment {
     id: segment
 
     required property var content
+    required property string pulse
 
-    LineLayout {
-        leastElasticWidth: Theme.leastTitleWidth
-        spacing: 8
+    Item {
+        height: line.height
         width: parent.width
 
-        SymbolIcon {
-            color: Theme.fills.yellow
-            name: segment.content.icon
+        PulseOverlay {
+            anchors.fill: parent
+            anchors.margins: -4
+            phase: segment.pulse
         }
-        Label {
-            font: Theme.subheadlineFont
-            text: segment.content.title
-            LineLayout.isElastic: true
-        }
-        Label {
-            color: Theme.secondary
-            text: segment.content.port
-            tooltip: segment.content.portTooltip
-            LineLayout.isTrailing: true
+        LineLayout {
+            id: line
+
+            leastElasticWidth: Theme.leastTitleWidth
+            spacing: 8
+            width: parent.width
+
+            SymbolIcon {
+                color: Theme.fills.yellow
+                name: segment.content.icon
+            }
+            Label {
+                font: Theme.subheadlineFont
+                text: segment.content.title
+                LineLayout.isElastic: true
+            }
+            Label {
+                color: Theme.secondary
+                text: segment.content.port
+                tooltip: segment.content.portTooltip
+                LineLayout.isTrailing: true
+            }
         }
     }
 }
