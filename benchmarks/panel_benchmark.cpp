@@ -1,0 +1,207 @@
+// What a person waits for at the panel, and what an unchanged rescan costs. Windows are drawn in
+// software, as on the desktop, but shown nowhere.
+
+#include "benched_panel.h"
+#include "large_machine.h"
+#include "panel/list_changes.h"
+#include "platform/desktop.h"
+#include "views/panel_inputs.h"
+#include "views/panel_rows.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+/// Makes 5,000 rows: two of nine devices are the second halves of hubs.
+constexpr std::size_t devicesOfLargeMachine = 5'622;
+constexpr int iterations = 20; // each needs a rest before it, which is not measured
+
+std::filesystem::path deskSample() {
+  return std::filesystem::path(SAMPLES_FOLDER) / "desk";
+}
+
+std::filesystem::path largeMachine() {
+  static const QTemporaryDir folder;
+  static const bool isSaved = [] {
+    for (const auto& [fileName, content] : makeLargeMachine(devicesOfLargeMachine)) {
+      std::ofstream(std::filesystem::path(folder.path().toStdString()) / fileName) << content;
+    }
+    return true;
+  }();
+  benchmark::DoNotOptimize(isSaved);
+  return folder.path().toStdString();
+}
+
+void countRows(benchmark::State& state, BenchedPanel& panel) {
+  state.counters["rows"] = panel.controller().rows()->rowCount();
+}
+
+void reopen(benchmark::State& state, const std::filesystem::path& machine) {
+  BenchedPanel panel(machine);
+  panel.controller().expandAll();
+  for (auto iteration : state) {
+    state.PauseTiming();
+    panel.settle();
+    panel.shell().close();
+    panel.settle();
+    state.ResumeTiming();
+    panel.renderAfter([&] { panel.shell().open(); });
+  }
+  countRows(state, panel);
+}
+
+void reopenDesk(benchmark::State& state) {
+  reopen(state, deskSample());
+}
+BENCHMARK(reopenDesk)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(iterations);
+
+void reopenLarge(benchmark::State& state) {
+  reopen(state, largeMachine());
+}
+BENCHMARK(reopenLarge)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(iterations);
+
+void expandAll(benchmark::State& state) {
+  BenchedPanel panel(largeMachine());
+  for (auto iteration : state) {
+    state.PauseTiming();
+    panel.controller().collapseAll();
+    panel.settle();
+    state.ResumeTiming();
+    panel.renderAfter([&] { panel.controller().expandAll(); });
+  }
+  countRows(state, panel);
+}
+BENCHMARK(expandAll)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(iterations);
+
+/// Counts what a view would have to follow.
+void countSignals(const QAbstractItemModel& model, int& count) {
+  const auto increment = [&count] { ++count; };
+  QObject::connect(&model, &QAbstractItemModel::dataChanged, &model, increment);
+  QObject::connect(&model, &QAbstractItemModel::layoutChanged, &model, increment);
+  QObject::connect(&model, &QAbstractItemModel::modelReset, &model, increment);
+  QObject::connect(&model, &QAbstractItemModel::rowsInserted, &model, increment);
+  QObject::connect(&model, &QAbstractItemModel::rowsMoved, &model, increment);
+  QObject::connect(&model, &QAbstractItemModel::rowsRemoved, &model, increment);
+}
+
+/// The processor time is that of the main thread; the tools are read on others.
+void unchangedRescan(benchmark::State& state) {
+  BenchedPanel panel(largeMachine());
+  panel.controller().expandAll();
+  panel.settle();
+  int modelSignals = 0;
+  int delegates = 0; // made or gone
+  countSignals(*panel.controller().rows(), modelSignals);
+  const QMetaObject::Connection counting =
+      QObject::connect(panel.linesOfList(), &QQuickItem::childrenChanged, [&] { ++delegates; });
+  for (auto iteration : state) {
+    panel.scan();
+  }
+  QObject::disconnect(counting);
+  state.counters["signals"] = modelSignals;
+  state.counters["delegates"] = delegates;
+  countRows(state, panel);
+}
+BENCHMARK(unchangedRescan)->Unit(benchmark::kMillisecond);
+
+/// The large machine with all its rows open, for the parts of a rescan that come after its tree.
+struct OpenMachine {
+  PanelInputs inputs;
+  std::set<std::string> expanded;
+
+  std::vector<PanelRow> rowsOf(const Panel& described) const {
+    const RowExpansion untouched;
+    return panelRows(described, {.expansion = untouched,
+                                 .expandedOverrideIDs = expanded,
+                                 .benchmarks = {},
+                                 .ejectStates = {},
+                                 .pulses = {}});
+  }
+};
+
+const OpenMachine& openMachine() {
+  static const OpenMachine machine = [] {
+    BenchedPanel panel(largeMachine());
+    panel.controller().expandAll();
+    return OpenMachine{panelInputs(panel.scanner()), panel.scanner().expandedOverrideIDs.get()};
+  }();
+  return machine;
+}
+
+void describing(benchmark::State& state) {
+  const OpenMachine& machine = openMachine();
+  const PanelInputs inputs = machine.inputs;
+  for (auto iteration : state) {
+    benchmark::DoNotOptimize(describePanel(inputs));
+  }
+}
+BENCHMARK(describing)->Unit(benchmark::kMillisecond);
+
+void writingRows(benchmark::State& state) {
+  const OpenMachine& machine = openMachine();
+  const Panel described = describePanel(machine.inputs);
+  for (auto iteration : state) {
+    benchmark::DoNotOptimize(machine.rowsOf(described));
+  }
+}
+BENCHMARK(writingRows)->Unit(benchmark::kMillisecond);
+
+void comparingRows(benchmark::State& state) {
+  const OpenMachine& machine = openMachine();
+  const Panel described = describePanel(machine.inputs);
+  const Panel again = describePanel(machine.inputs);
+  const std::vector<PanelRow> before = machine.rowsOf(described);
+  const std::vector<PanelRow> after = machine.rowsOf(again);
+  for (auto iteration : state) {
+    for (std::size_t index = 0; index < before.size(); ++index) {
+      benchmark::DoNotOptimize(lookTheSame(before[index], after[index]));
+    }
+  }
+}
+BENCHMARK(comparingRows)->Unit(benchmark::kMillisecond);
+
+void findingChanges(benchmark::State& state) {
+  const OpenMachine& machine = openMachine();
+  const Panel described = describePanel(machine.inputs);
+  std::vector<std::string> keys;
+  for (const PanelRow& row : machine.rowsOf(described)) {
+    keys.push_back(row.id);
+  }
+  const std::vector<std::string> same = keys;
+  for (auto iteration : state) {
+    benchmark::DoNotOptimize(listChanges(keys, same));
+  }
+}
+BENCHMARK(findingChanges)->Unit(benchmark::kMillisecond);
+
+/// The platform without a screen says of much that it cannot do it.
+void printUnlessOfPlatform(QtMsgType, const QMessageLogContext&, const QString& message) {
+  if (!message.startsWith(QLatin1String("This plugin does not support"))) {
+    std::fprintf(stderr, "%s\n", qPrintable(message));
+  }
+}
+
+} // namespace
+} // namespace tamberline
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qInstallMessageHandler(tamberline::printUnlessOfPlatform);
+  tamberline::chooseGraphics();
+  const QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  benchmark::RunSpecifiedBenchmarks();
+  return EXIT_SUCCESS;
+}
