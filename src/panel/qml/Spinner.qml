@@ -3,6 +3,8 @@ import Tamberline
 
 // Something is under way.
 SymbolIcon {
+    id: spinner
+
     required property string label
 
     color: Theme.secondary
@@ -15,7 +17,7 @@ SymbolIcon {
         duration: 1000
         from: 0
         loops: Animation.Infinite
-        running: true
+        running: spinner.visible
         to: 360
     }
 }
