@@ -1,10 +1,8 @@
 #include "base/text.h"
 
+#include <array>
 #include <charconv>
-#include <iomanip>
-#include <ios>
-#include <locale>
-#include <sstream>
+#include <system_error>
 
 namespace tamberline {
 namespace {
@@ -92,17 +90,18 @@ std::optional<std::int64_t> parseHexadecimal(std::string_view text) {
 }
 
 std::string fixedText(double value, int decimals) {
-  std::ostringstream stream;
-  stream.imbue(std::locale::classic());
-  stream << std::fixed << std::setprecision(decimals) << value;
-  return stream.str();
+  std::array<char, 512> digits{}; // the greatest number has 309 before its decimals
+  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                          std::chars_format::fixed, decimals);
+  return error == std::errc() ? std::string(digits.data(), end) : std::string();
 }
 
 std::string generalText(double value) {
-  std::ostringstream stream;
-  stream.imbue(std::locale::classic());
-  stream << value;
-  return stream.str();
+  constexpr int precision = 6;
+  std::array<char, 32> digits{};
+  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                          std::chars_format::general, precision);
+  return error == std::errc() ? std::string(digits.data(), end) : std::string();
 }
 
 } // namespace tamberline
