@@ -188,6 +188,7 @@ Tint tintOf(const TreeNode& node) {
 
 std::vector<ExpandableRow> expandableRows(const std::vector<TreeNode>& siblings, int depth) {
   std::vector<ExpandableRow> rows;
+  rows.reserve(siblings.size());
   for (const TreeNode& node : siblings) {
     const bool isTBDevice = std::holds_alternative<TreeNode::TBDevice>(node.kind);
     rows.push_back(ExpandableRow{
