@@ -58,7 +58,9 @@ void PanelController::observeScanner() {
   observations_.push_back(scanner_->portCurrentLimitMa.observe(redescribe));
   observations_.push_back(scanner_->errorMessage.observe(redescribe));
   observations_.push_back(scanner_->isScanning.observe([this] {
-    describe();
+    if (panel_->state != Panel::State::cards) { // cards say nothing of a scan under way
+      describe();
+    }
     emit isScanningChanged();
   }));
   observations_.push_back(scanner_->benchmarks.observe(refresh));
