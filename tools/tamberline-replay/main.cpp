@@ -10,8 +10,10 @@
 
 #include <QApplication>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -27,12 +29,23 @@ void applyLook(const ReplayOptions& options) {
   }
 }
 
+using Clock = std::function<std::chrono::system_clock::time_point()>;
+
+/// The time stands still in a picture, so that it does not depend on how fast it was taken.
+Clock clockOf(const ReplayOptions& options) {
+  if (options.screenshot) {
+    return [start = std::chrono::system_clock::now()] { return start; };
+  }
+  return std::chrono::system_clock::now;
+}
+
 std::shared_ptr<PortScanner> scannerOf(const ReplayOptions& options,
-                                       const std::shared_ptr<MainQueue>& queue) {
+                                       const std::shared_ptr<MainQueue>& queue, const Clock& now) {
   return PortScanner::create(
       {.acquisition = {.tools = std::make_shared<SavedReportsRunner>(options.reportsFolder),
                        .queue = queue},
-       .events = std::make_shared<FolderEventSource>(options.reportsFolder)});
+       .events = std::make_shared<FolderEventSource>(options.reportsFolder),
+       .now = now});
 }
 
 /// What the volumes of a saved machine held is not here, so nothing tests or ejects them.
@@ -61,7 +74,8 @@ int replay(const ReplayOptions& options, int& argc, char** argv) {
       options.language.value_or(AppLanguage::forPreferredLanguages(preferredLanguages())));
   applyLook(options);
   const auto queue = std::make_shared<QtMainQueue>();
-  const std::shared_ptr<PortScanner> scanner = scannerOf(options, queue);
+  const Clock now = clockOf(options);
+  const std::shared_ptr<PortScanner> scanner = scannerOf(options, queue, now);
   PanelShell shell(
       {.scanner = scanner, .queue = queue, .fontScale = options.fontScale, .actions = actions()},
       {.isBoundByScreen = !options.screenshot});

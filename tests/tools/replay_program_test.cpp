@@ -1,0 +1,159 @@
+#include "platform/posix/child_process_runner.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+const std::string deskSample = SAMPLES_FOLDER "/desk";
+
+struct Outcome {
+  std::string output;
+  std::string errorOutput;
+  std::optional<int> exitStatus;
+};
+
+/// Without a display, whatever the machine has.
+ToolOutput runInShell(const std::string& redirection, const std::vector<std::string>& arguments) {
+  std::vector<std::string> words = {
+      "-c",
+      "exec env -u LANGUAGE -u LC_ALL -u LC_MESSAGES -u LANG -u DISPLAY -u WAYLAND_DISPLAY "
+      "-u QT_QPA_PLATFORMTHEME -u QT_SCALE_FACTOR \"$@\" " +
+          redirection,
+      "sh", REPLAY_PROGRAM};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return ChildProcessRunner().run("/bin/sh", words);
+}
+
+Outcome replay(const std::vector<std::string>& arguments) {
+  const ToolOutput output = runInShell("", arguments);
+  const ToolOutput errorOutput = runInShell("2>&1 >/dev/null", arguments);
+  return {output.standardOutput, errorOutput.standardOutput, output.exitStatus};
+}
+
+std::string contentOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// As the header of a PNG tells; 0 x 0 for what is none.
+struct PictureSize {
+  std::uint32_t width = 0;
+  std::uint32_t height = 0;
+};
+
+PictureSize sizeOfPicture(const std::string& png) {
+  if (png.size() < 24 || png.compare(1, 3, "PNG") != 0) {
+    return {};
+  }
+  const auto number = [&](std::size_t at) {
+    std::uint32_t value = 0;
+    for (std::size_t index = at; index < at + 4; ++index) {
+      value = value << 8U | static_cast<unsigned char>(png[index]);
+    }
+    return value;
+  };
+  return {number(16), number(20)};
+}
+
+class ReplayProgram : public testing::Test {
+protected:
+  /// A picture with these options, after checking that nothing went wrong.
+  std::string picture(std::vector<std::string> options) {
+    const std::filesystem::path file = folder.path() / "panel.png";
+    std::filesystem::remove(file);
+    options.insert(options.begin(), {deskSample, "--screenshot", file.string()});
+    const Outcome outcome = replay(options);
+    EXPECT_EQ(outcome.exitStatus, 0);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.errorOutput, "");
+    return contentOf(file);
+  }
+
+  TemporaryFolder folder;
+};
+
+TEST_F(ReplayProgram, MakesAPictureWithoutADisplay) {
+  const PictureSize size = sizeOfPicture(picture({}));
+  EXPECT_EQ(size.width, 400U);
+  EXPECT_GE(size.height, 200U);
+  EXPECT_LE(size.height, 1360U);
+}
+
+TEST_F(ReplayProgram, MakesTheSamePictureEachTime) {
+  EXPECT_EQ(picture({"--language", "de"}), picture({"--language", "de"}));
+}
+
+TEST_F(ReplayProgram, EveryOptionChangesThePicture) {
+  const std::string plain = picture({});
+  for (const std::vector<std::string>& options :
+       std::vector<std::vector<std::string>>{{"--language", "fr"},
+                                             {"--theme", "dark"},
+                                             {"--font-scale", "1.5"},
+                                             {"--expand-all"},
+                                             {"--search", "quarry"}}) {
+    SCOPED_TRACE(options.front());
+    const std::string other = picture(options);
+    EXPECT_NE(other, plain);
+    EXPECT_EQ(sizeOfPicture(other).width, 400U);
+  }
+}
+
+TEST_F(ReplayProgram, OpenedPanelIsHigher) {
+  EXPECT_GT(sizeOfPicture(picture({"--expand-all"})).height, sizeOfPicture(picture({})).height);
+}
+
+TEST_F(ReplayProgram, SearchingDoesNotMakeThePanelHigher) {
+  EXPECT_EQ(sizeOfPicture(picture({"--search", "a"})).height, sizeOfPicture(picture({})).height);
+}
+
+TEST_F(ReplayProgram, FailsWhenThePictureCannotBeWritten) {
+  const std::string file = (folder.path() / "missing" / "panel.png").string();
+  const Outcome outcome = replay({deskSample, "--screenshot", file});
+  EXPECT_EQ(outcome.exitStatus, 1);
+  EXPECT_EQ(outcome.errorOutput, "tamberline-replay: cannot write '" + file + "'\n");
+}
+
+TEST_F(ReplayProgram, SaysWhatIsWrongWithItsArguments) {
+  const struct {
+    std::vector<std::string> arguments;
+    std::string complaint;
+  } rows[] = {
+      {{}, "which folder of saved reports?"},
+      {{"/missing"}, "there is no folder '/missing'"},
+      {{deskSample, "more"}, "unexpected argument 'more'"},
+      {{deskSample, "--language", "tlh"},
+       "there is no language 'tlh'; there are en, de, fr, it, es"},
+      {{deskSample, "--theme", "blue"}, "there is no theme 'blue'; there are light and dark"},
+      {{deskSample, "--font-scale", "big"}, "the font scale is a number from 0.5 to 4, not 'big'"},
+      {{deskSample, "--font-scale", "5"}, "the font scale is a number from 0.5 to 4, not '5'"},
+      {{deskSample, "--font-scale", "nan"}, "the font scale is a number from 0.5 to 4, not 'nan'"},
+      {{deskSample, "--screenshot"}, "option '--screenshot' needs an argument"},
+      {{deskSample, "--wrong"}, "unknown option '--wrong'"},
+  };
+  for (const auto& row : rows) {
+    const Outcome outcome = replay(row.arguments);
+    EXPECT_EQ(outcome.exitStatus, 2);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.errorOutput.substr(0, outcome.errorOutput.find('\n')),
+              "tamberline-replay: " + row.complaint);
+    EXPECT_NE(outcome.errorOutput.find("Usage: tamberline-replay DIR"), std::string::npos);
+  }
+}
+
+TEST_F(ReplayProgram, TellsOfItselfWhenAsked) {
+  EXPECT_EQ(replay({"--help"}).output.substr(0, 28), "Usage: tamberline-replay DIR");
+  EXPECT_EQ(replay({"--help"}).exitStatus, 0);
+  EXPECT_EQ(replay({"--version"}).output, "tamberline-replay " TAMBERLINE_VERSION "\n");
+}
+
+} // namespace
+} // namespace tamberline
