@@ -21,6 +21,13 @@ LineLayout::LineLayout(QQuickItem* parent) : QQuickItem(parent) {
   connect(this, &LineLayout::spacingChanged, this, &LineLayout::layOut);
 }
 
+/// The children stay a moment longer, and change while they are let go.
+LineLayout::~LineLayout() {
+  for (QQuickItem* child : childItems()) {
+    child->disconnect(this);
+  }
+}
+
 void LineLayout::componentComplete() {
   QQuickItem::componentComplete();
   layOut();

@@ -42,6 +42,9 @@ class LineLayout : public QQuickItem {
 
 public:
   explicit LineLayout(QQuickItem* parent = nullptr);
+  LineLayout(const LineLayout&) = delete;
+  LineLayout& operator=(const LineLayout&) = delete;
+  ~LineLayout() override;
 
   static LineAttached* qmlAttachedProperties(QObject* child) { return new LineAttached(child); }
 

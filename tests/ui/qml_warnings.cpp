@@ -3,6 +3,8 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <cstdio>
+
 namespace tamberline {
 namespace {
 
@@ -14,6 +16,9 @@ bool isOfThePlatform(const QString& message) {
 }
 
 void collect(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  if (type == QtFatalMsg) {
+    std::fprintf(stderr, "%s\n", qPrintable(message)); // nobody comes to read it otherwise
+  }
   const bool isWarning = type != QtDebugMsg && type != QtInfoMsg;
   if (isWarning && !isOfThePlatform(message)) {
     collected += message.toStdString() + "\n";
