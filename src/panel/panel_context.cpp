@@ -3,12 +3,19 @@
 #include <QQmlEngine>
 #include <QVariant>
 
+#include <type_traits>
 #include <utility>
 
 namespace tamberline {
 namespace {
 
 constexpr const char* property = "tamberlinePanelContext";
+
+/// QML makes a singleton of its own of every type that it can, instead of asking `create`.
+template <typename... Singleton>
+constexpr bool areMadeHere = (!std::is_default_constructible_v<Singleton> && ...);
+static_assert(areMadeHere<Hints, PanelController, PanelSizing, Popover, SearchController, Theme,
+                          UpdatedText>);
 
 } // namespace
 

@@ -51,7 +51,7 @@ private:
   Theme theme_;
   PanelSizing sizing_;
   Hints hints_;
-  Popover popover_;
+  Popover popover_{nullptr};
   UpdatedText updated_;
   PanelController panel_;
   SearchController search_;

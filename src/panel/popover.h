@@ -24,7 +24,8 @@ class Popover final : public QObject {
   Q_PROPERTY(QQuickItem* target READ target NOTIFY changed)
 
 public:
-  explicit Popover(QObject* parent = nullptr) : QObject(parent) {}
+  /// No default constructor: QML would prefer it to `create`.
+  explicit Popover(QObject* parent) : QObject(parent) {}
 
   /// The one that PanelContext holds for the engine.
   static Popover* create(QQmlEngine* engine, QJSEngine*);

@@ -84,13 +84,13 @@ void PanelFixture::draw() {
 }
 
 void PanelFixture::settle() {
-  std::vector<QRectF> previous;
+  std::string previous;
   for (int round = 0; round < mostRounds; ++round) {
     queue->settle();
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     draw();
-    std::vector<QRectF> places = placesOfVisibleItems(window());
+    std::string places = placesOfVisibleItems(window());
     if (places == previous) {
       return;
     }

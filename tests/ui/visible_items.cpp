@@ -1,5 +1,7 @@
 #include "ui/visible_items.h"
 
+#include <sstream>
+
 namespace tamberline {
 namespace {
 
@@ -26,12 +28,14 @@ QRectF placeInWindow(const QQuickItem& item) {
 }
 
 /// Not through the scene: what only turns on its spot stands still.
-std::vector<QRectF> placesOfVisibleItems(QQuickWindow& window) {
-  std::vector<QRectF> places = {QRectF(QPointF(), window.size())};
+std::string placesOfVisibleItems(QQuickWindow& window) {
+  std::ostringstream places;
+  places << window.width() << " x " << window.height() << "\n";
   for (const QQuickItem* item : visibleItems(window)) {
-    places.emplace_back(item->x(), item->y(), item->width(), item->height());
+    places << item->metaObject()->className() << " " << item->x() << " " << item->y() << " "
+           << item->width() << " x " << item->height() << "\n";
   }
-  return places;
+  return places.str();
 }
 
 } // namespace tamberline

@@ -4,6 +4,7 @@
 #include <QQuickWindow>
 #include <QRectF>
 
+#include <string>
 #include <vector>
 
 namespace tamberline {
@@ -14,7 +15,7 @@ std::vector<QQuickItem*> visibleItems(QQuickWindow& window);
 /// Where an item stands in its window.
 QRectF placeInWindow(const QQuickItem& item);
 
-/// The place of each item that is seen, and of the window itself.
-std::vector<QRectF> placesOfVisibleItems(QQuickWindow& window);
+/// The place of each item that is seen, and of the window itself, one a line.
+std::string placesOfVisibleItems(QQuickWindow& window);
 
 } // namespace tamberline

@@ -1,0 +1,169 @@
+#include "panel/bubble.h"
+#include "ui/machines.h"
+#include "ui/panel_fixture.h"
+#include "ui/visible_items.h"
+
+namespace tamberline {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* why = "Why isn't this at full speed?";
+
+/// What floats above the panel.
+class PanelBubbles : public PanelFixture {
+protected:
+  void SetUp() override {
+    answerWithDisk(*tools);
+    openPanel();
+    expandAll();
+  }
+
+  QQuickItem* bubble() {
+    for (QQuickItem* item : visibleItems(window())) {
+      if (qobject_cast<Bubble*>(item) != nullptr) {
+        return item;
+      }
+    }
+    return nullptr;
+  }
+
+  /// All texts in it, one a line.
+  std::string bubbleText() {
+    std::string text;
+    for (const QQuickItem* item : visibleItems(window())) {
+      if (bubble() != nullptr && item->inherits("QQuickText") && bubble()->isAncestorOf(item)) {
+        text += (text.empty() ? "" : "\n") + item->property("text").toString().toStdString();
+        EXPECT_EQ(item->property("textFormat").toInt(), Qt::PlainText);
+      }
+    }
+    return text;
+  }
+
+  QPointF middleOf(QAccessible::Role role, const QString& name) {
+    const QQuickItem* item = find(role, name).item();
+    return item->mapToScene({item->width() / 2, item->height() / 2});
+  }
+
+  bool isInside(const QQuickItem& item) {
+    return QRectF(QPointF(), window().size()).contains(placeInWindow(item));
+  }
+};
+
+class PanelExplanation : public PanelBubbles {
+protected:
+  bool isOpen() { return bubble() != nullptr; }
+};
+
+TEST_F(PanelExplanation, OpensAndClosesAtItsButton) {
+  EXPECT_FALSE(isOpen());
+  press(why);
+  ASSERT_TRUE(isOpen());
+  EXPECT_TRUE(isInside(*bubble()));
+  EXPECT_TRUE(isTextShown(why));
+  EXPECT_TRUE(findAccessibleStarting(window(), QAccessible::StaticText, "Port supports"));
+  press(why);
+  EXPECT_FALSE(isOpen());
+}
+
+TEST_F(PanelExplanation, ClosesWithEscape) {
+  press(why);
+  typeKey(Qt::Key_Escape);
+  EXPECT_FALSE(isOpen());
+  EXPECT_EQ(closeCount, 0);
+}
+
+TEST_F(PanelExplanation, ClosesAtAPressOutsideThatDoesNothingElse) {
+  press(why);
+  const int count = rows().rowCount();
+  const QQuickItem* header = rowItem(0);
+  click(header->mapToScene({header->width() / 2, 16}));
+  EXPECT_FALSE(isOpen());
+  EXPECT_EQ(rows().rowCount(), count);
+}
+
+TEST_F(PanelExplanation, ClosesWhenItsRowGoes) {
+  press(why);
+  collapseAll();
+  EXPECT_FALSE(isOpen());
+  expandAll();
+  EXPECT_FALSE(isOpen());
+}
+
+TEST_F(PanelExplanation, ClosesWhenTheDeviceGoes) {
+  press(why);
+  answerWithPorts(*tools, 1);
+  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": []})");
+  rescan();
+  EXPECT_FALSE(isOpen());
+}
+
+TEST_F(PanelExplanation, ClosesWithThePanel) {
+  press(why);
+  shell->close();
+  shell->open();
+  settle();
+  EXPECT_FALSE(isOpen());
+}
+
+class PanelTooltips : public PanelBubbles {};
+
+TEST_F(PanelTooltips, ComeWhenThePointerRests) {
+  movePointer(middleOf(QAccessible::Button, "Scan again"));
+  advance(599ms);
+  EXPECT_EQ(bubbleText(), "");
+  advance(1ms);
+  EXPECT_EQ(bubbleText(), "Scan again");
+  EXPECT_TRUE(isInside(*bubble()));
+  movePointer({1, 1});
+  EXPECT_EQ(bubbleText(), "");
+}
+
+TEST_F(PanelTooltips, ExplainATextOfTheList) {
+  movePointer(middleOf(QAccessible::StaticText, "480 Mb/s"));
+  advance(600ms);
+  EXPECT_EQ(bubbleText(), "Negotiated USB link speed (green = at the port's max)");
+}
+
+TEST_F(PanelTooltips, GoWithAPress) {
+  movePointer(middleOf(QAccessible::Button, "Expand all"));
+  advance(600ms);
+  EXPECT_EQ(bubbleText(), "Expand all");
+  click(middleOf(QAccessible::Button, "Expand all"));
+  EXPECT_EQ(bubbleText(), "");
+}
+
+TEST_F(PanelTooltips, GoWithAKey) {
+  movePointer(middleOf(QAccessible::Button, "Expand all"));
+  advance(600ms);
+  typeKey(Qt::Key_Tab);
+  EXPECT_EQ(bubbleText(), "");
+}
+
+TEST_F(PanelTooltips, GoWithTheItemThatTheyExplain) {
+  movePointer(middleOf(QAccessible::StaticText, "480 Mb/s"));
+  advance(600ms);
+  ASSERT_NE(bubble(), nullptr);
+  answerWithPorts(*tools, 1);
+  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": []})");
+  rescan();
+  EXPECT_EQ(bubble(), nullptr);
+}
+
+TEST_F(PanelTooltips, ShowTheMessageOfAFailedEjection) {
+  scanner->ejectStates.set({{"/Volumes/Data", {EjectState::Failed{"A <b>file</b> is open"}}}});
+  settle();
+  movePointer(middleOf(QAccessible::Button, "A <b>file</b> is open"));
+  advance(600ms);
+  EXPECT_EQ(bubbleText(), "A <b>file</b> is open");
+}
+
+TEST_F(PanelTooltips, AreInOneLineWhereThereIsRoom) {
+  movePointer(middleOf(QAccessible::Button, "Scan again"));
+  advance(600ms);
+  ASSERT_NE(bubble(), nullptr);
+  EXPECT_LT(bubble()->height(), 40);
+}
+
+} // namespace
+} // namespace tamberline
