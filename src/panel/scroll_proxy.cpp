@@ -19,6 +19,36 @@ ScrollProxy::ScrollProxy(QObject* parent) : QObject(parent) {
           [this](const QVariant& position) { list_->setProperty("contentY", position); });
 }
 
+void ScrollProxy::setList(QQuickItem* list) {
+  list_ = list;
+  connect(list_, &QQuickItem::windowChanged, this, &ScrollProxy::followKeyboard);
+  followKeyboard(list_->window());
+  emit listChanged();
+}
+
+/// A row that the list makes for the keyboard has its place only after it has the keyboard.
+void ScrollProxy::followKeyboard(const QQuickWindow* window) {
+  if (window != nullptr) {
+    connect(window, &QQuickWindow::activeFocusItemChanged, this, &ScrollProxy::revealKeyboard,
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
+  }
+}
+
+void ScrollProxy::revealKeyboard() {
+  const QQuickItem* item =
+      list_->window() == nullptr ? nullptr : list_->window()->activeFocusItem();
+  if (item == nullptr || !list_->isAncestorOf(item)) {
+    return;
+  }
+  const QRectF place = item->mapRectToItem(list_, QRectF(0, 0, item->width(), item->height()));
+  const double up = std::max(0.0, place.bottom() - visibleHeight_);
+  const double shift = place.top() < up ? place.top() : up;
+  if (shift != 0) {
+    animation_.stop();
+    list_->setProperty("contentY", list_->property("contentY").toDouble() + shift);
+  }
+}
+
 void ScrollProxy::centre(int index) {
   if (list_ == nullptr) {
     return;

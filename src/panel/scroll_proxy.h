@@ -2,23 +2,26 @@
 
 #include <QObject>
 #include <QQuickItem>
+#include <QQuickWindow>
 #include <QVariantAnimation>
 #include <QtQml/qqmlregistration.h>
 
 namespace tamberline {
 
-/// Moves a list view smoothly, so that a row comes to stand in the middle of what is seen of it.
+/// Moves a list view: smoothly, so that a row comes to stand in the middle of what is seen of it,
+/// and at once, so that what has the keyboard is seen.
 class ScrollProxy : public QObject {
   Q_OBJECT
   QML_ELEMENT
 
-  Q_PROPERTY(QQuickItem* list MEMBER list_ NOTIFY listChanged)
+  Q_PROPERTY(QQuickItem* list MEMBER list_ WRITE setList NOTIFY listChanged)
   /// The height of the part of the list that is seen, in points.
   Q_PROPERTY(double visibleHeight MEMBER visibleHeight_ NOTIFY visibleHeightChanged)
 
 public:
   explicit ScrollProxy(QObject* parent = nullptr);
 
+  void setList(QQuickItem* list);
   void centre(int index);
 
 signals:
@@ -26,6 +29,8 @@ signals:
   void visibleHeightChanged();
 
 private:
+  void followKeyboard(const QQuickWindow* window);
+  void revealKeyboard();
   double positionThatCentres(int index) const;
 
   QQuickItem* list_ = nullptr; // a ListView; owns this object

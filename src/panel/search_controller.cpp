@@ -54,11 +54,20 @@ void SearchController::jumpToSuggestion(int index) {
   }
 }
 
+void SearchController::clear() {
+  setSearchText({});
+  focusField();
+}
+
 void SearchController::type(const QString& text) {
+  focusField();
+  setSearchText(searchText_ + text);
+}
+
+void SearchController::focusField() {
   if (field_ != nullptr) {
     field_->forceActiveFocus(Qt::OtherFocusReason);
   }
-  setSearchText(searchText_ + text);
 }
 
 std::vector<SearchEntry> SearchController::filteredSuggestions() const {

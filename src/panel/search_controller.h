@@ -63,7 +63,8 @@ public:
   Q_INVOKABLE void jumpToSuggestion(int index);
   /// Does nothing when nothing was found.
   Q_INVOKABLE void jumpToFirst() { jumpToSuggestion(0); }
-  Q_INVOKABLE void clear() { setSearchText({}); }
+  /// Leaves the keyboard in the field, wherever it was: the suggestions go.
+  Q_INVOKABLE void clear();
   /// Appends to the search text, and gives the keyboard to the field.
   void type(const QString& text);
 
@@ -74,6 +75,7 @@ signals:
   void fieldChanged();
 
 private:
+  void focusField();
   std::vector<SearchEntry> filteredSuggestions() const;
   void refreshSuggestions();
   void jumpTo(const SearchEntry& entry);

@@ -28,7 +28,7 @@ FocusScope {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: header.bottom
-        onLeftDownwards: suggestions.list.forceActiveFocus()
+        below: suggestions.list
     }
     ChromeHeightKey {
         height: search.implicitHeight
@@ -39,6 +39,7 @@ FocusScope {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: search.bottom
+        below: area.list
     }
     ChromeHeightKey {
         height: suggestions.implicitHeight
@@ -53,6 +54,8 @@ FocusScope {
         height: 1
     }
     ListArea {
+        id: area
+
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: upperDivider.bottom

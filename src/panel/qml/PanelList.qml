@@ -13,11 +13,13 @@ ListView {
     bottomMargin: height - visibleHeight
     boundsBehavior: Flickable.StopAtBounds
     cacheBuffer: 0 // rows that are made ahead warn when the list shrinks before they are there
+    highlightFollowsCurrentItem: false // the scroll proxy knows what is seen
     keyNavigationEnabled: true
     model: Panel.rows
     Accessible.name: Panel.texts.portList
     Accessible.role: Accessible.List
     Component.onCompleted: Search.scrollProxy = proxy
+    KeyNavigation.priority: KeyNavigation.AfterItem
     Keys.onEnterPressed: Panel.toggle(currentIndex)
     Keys.onLeftPressed: Panel.setExpanded(currentIndex, false)
     Keys.onReturnPressed: Panel.toggle(currentIndex)

@@ -5,7 +5,7 @@ import Tamberline
 Item {
     id: field
 
-    signal leftDownwards
+    property Item below
 
     implicitHeight: box.height + 10
 
@@ -50,7 +50,7 @@ Item {
             Accessible.name: Panel.texts.searchPlaceholder
             Accessible.role: Accessible.EditableText
             Component.onCompleted: Search.field = input
-            Keys.onDownPressed: field.leftDownwards()
+            KeyNavigation.down: field.below
             onAccepted: Search.jumpToFirst()
             onTextEdited: Search.searchText = text
         }

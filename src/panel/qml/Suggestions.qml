@@ -5,6 +5,7 @@ import Tamberline
 Item {
     id: suggestions
 
+    property Item below
     readonly property Item list: list
 
     implicitHeight: Search.isSearching ? box.height + 8 : 0
@@ -38,6 +39,8 @@ Item {
             width: parent.width
             Accessible.name: Panel.texts.suggestionList
             Accessible.role: Accessible.List
+            KeyNavigation.down: suggestions.below
+            KeyNavigation.priority: KeyNavigation.AfterItem
 
             delegate: SuggestionRow {
             }
