@@ -10,7 +10,7 @@ namespace {
 
 class PopoverTest : public testing::Test {
 protected:
-  Popover popover;
+  Popover popover{nullptr};
   CountedSignal changes{&popover, &Popover::changed};
   QQuickItem group;
   std::unique_ptr<QQuickItem> button = std::make_unique<QQuickItem>(&group);
