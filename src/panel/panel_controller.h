@@ -50,6 +50,8 @@ class PanelController final : public QObject {
   Q_PROPERTY(QVariantMap texts READ texts CONSTANT)
   Q_PROPERTY(bool canTestVolumes READ canTestVolumes CONSTANT)
   Q_PROPERTY(bool canEject READ canEject CONSTANT)
+  Q_PROPERTY(bool canOpenManual READ canOpenManual CONSTANT)
+  Q_PROPERTY(bool canQuit READ canQuit CONSTANT)
 
 public:
   PanelController(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
@@ -65,6 +67,8 @@ public:
   QVariantMap texts() const;
   bool canTestVolumes() const { return actions_.runBenchmark != nullptr; }
   bool canEject() const { return actions_.eject != nullptr; }
+  bool canOpenManual() const { return actions_.openManual != nullptr; }
+  bool canQuit() const { return actions_.quit != nullptr; }
 
   Q_INVOKABLE void scan();
   Q_INVOKABLE void expandAll();

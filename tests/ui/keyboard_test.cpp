@@ -113,7 +113,7 @@ TEST_F(PanelKeyboard, ReachesEveryControlWithTabWithoutCards) {
 
 TEST_F(PanelKeyboard, SkipsDisabledButtons) {
   answerWithDisk(*tools);
-  openPanel({.hasVolumeTools = false});
+  openPanel({.hasActions = false});
   expandAll();
   typeKey(Qt::Key_Tab);
   for (const QQuickItem* item : tabChain()) {

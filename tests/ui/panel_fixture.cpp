@@ -42,15 +42,12 @@ std::shared_ptr<PortScanner> PanelFixture::scannerOver(std::shared_ptr<ToolRunne
                               .now = [this] { return now; }});
 }
 
-PanelActions PanelFixture::actions(bool hasVolumeTools) {
-  PanelActions all{.openManual = [this] { ++manualCount; },
-                   .closePanel = [this] { ++closeCount; },
-                   .quit = [this] { ++quitCount; }};
-  if (hasVolumeTools) {
-    all.runBenchmark = [this](const std::string& volume) { testedVolumes.push_back(volume); };
-    all.eject = [this](const std::string& volume) { ejectedVolumes.push_back(volume); };
-  }
-  return all;
+PanelActions PanelFixture::actions() {
+  return {.runBenchmark = [this](const std::string& volume) { testedVolumes.push_back(volume); },
+          .eject = [this](const std::string& volume) { ejectedVolumes.push_back(volume); },
+          .openManual = [this] { ++manualCount; },
+          .closePanel = [this] { ++closeCount; },
+          .quit = [this] { ++quitCount; }};
 }
 
 void PanelFixture::useSample(const std::string& name) {
@@ -63,7 +60,7 @@ void PanelFixture::openPanelWhileScanning(Setting setting) {
                             .queue = queue,
                             .now = [this] { return now; },
                             .fontScale = setting.fontScale,
-                            .actions = actions(setting.hasVolumeTools)},
+                            .actions = setting.hasActions ? actions() : PanelActions{}},
       PanelShell::Placement{.isBoundByScreen = setting.isBoundByScreen});
   shell->open();
 }

@@ -31,7 +31,7 @@ protected:
   struct Setting {
     double fontScale = 1;
     bool isBoundByScreen = true;
-    bool hasVolumeTools = true;
+    bool hasActions = true;
   };
 
   /// A scanner over the saved reports of samples/`name`, instead of the fake tools.
@@ -102,7 +102,7 @@ protected:
 
 private:
   std::shared_ptr<PortScanner> scannerOver(std::shared_ptr<ToolRunner> runner);
-  PanelActions actions(bool hasVolumeTools);
+  PanelActions actions();
 };
 
 } // namespace tamberline

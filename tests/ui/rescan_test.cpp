@@ -2,8 +2,6 @@
 #include "ui/panel_fixture.h"
 #include "ui/visible_items.h"
 
-#include <set>
-
 namespace tamberline {
 namespace {
 

@@ -90,6 +90,15 @@ TEST_F(PanelFooter, Quits) {
   EXPECT_EQ(quitCount, 1);
 }
 
+TEST_F(PanelFooter, HasNoUseForButtonsWithoutActions) {
+  openPanel({.hasActions = false});
+  for (const char* name : {"Open the user manual", "Quit"}) {
+    const AccessibleObject button = find(QAccessible::Button, name);
+    EXPECT_FALSE(button.item()->isEnabled()) << name;
+    EXPECT_FALSE(button.item()->activeFocusOnTab()) << name;
+  }
+}
+
 TEST_F(PanelFooter, IsInTheLanguageOfTheRun) {
   const LanguageScope german(AppLanguage::de);
   openPanel();

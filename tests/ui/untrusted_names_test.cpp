@@ -3,8 +3,6 @@
 #include "ui/panel_fixture.h"
 #include "ui/visible_items.h"
 
-#include <QSet>
-
 namespace tamberline {
 namespace {
 

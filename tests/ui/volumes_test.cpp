@@ -102,8 +102,8 @@ TEST_F(PanelVolumes, TellWhyTheyCouldNotBeEjected) {
   EXPECT_EQ(ejectedVolumes.size(), 1U);
 }
 
-TEST_F(PanelVolumes, CannotBeUsedWithoutTools) {
-  open({.hasVolumeTools = false});
+TEST_F(PanelVolumes, CannotBeUsedWithoutActions) {
+  open({.hasActions = false});
   for (const char* name : {testName, ejectName}) {
     EXPECT_FALSE(isEnabled(name));
     find(QAccessible::Button, name).press();

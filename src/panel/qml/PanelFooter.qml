@@ -14,6 +14,7 @@ Item {
         y: 6
 
         SymbolButton {
+            enabled: Panel.canOpenManual
             hint: Panel.texts.hintManual
             symbol: "info.circle"
             onTriggered: Panel.openManual()
@@ -23,6 +24,7 @@ Item {
             text: Updated.text
         }
         TextButton {
+            enabled: Panel.canQuit
             text: Panel.texts.quit
             LineLayout.isTrailing: true
             onTriggered: Panel.quit()

@@ -9,13 +9,14 @@ Item {
 
     signal triggered
 
-    activeFocusOnTab: true
+    activeFocusOnTab: enabled
     implicitHeight: label.implicitHeight + 8
     implicitWidth: label.implicitWidth + 12
-    Accessible.focusable: true
+    opacity: enabled ? 1 : 0.4
+    Accessible.focusable: enabled
     Accessible.name: text
     Accessible.role: Accessible.Button
-    Accessible.onPressAction: triggered()
+    Accessible.onPressAction: if (enabled) triggered()
     Keys.onEnterPressed: triggered()
     Keys.onReturnPressed: triggered()
     Keys.onSpacePressed: triggered()
@@ -25,7 +26,7 @@ Item {
         color: Theme.text
         opacity: mouse.pressed ? 0.14 : 0.07
         radius: 6
-        visible: hover.hovered
+        visible: hover.hovered && button.enabled
     }
     Label {
         id: label
