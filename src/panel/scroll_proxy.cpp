@@ -37,14 +37,14 @@ void ScrollProxy::followKeyboard(const QQuickWindow* window) {
 void ScrollProxy::revealKeyboard() {
   const QQuickItem* item =
       list_->window() == nullptr ? nullptr : list_->window()->activeFocusItem();
-  if (item == nullptr || !list_->isAncestorOf(item)) {
+  const bool isUnderWay = animation_.state() == QAbstractAnimation::Running;
+  if (item == nullptr || !list_->isAncestorOf(item) || isUnderWay) {
     return;
   }
   const QRectF place = item->mapRectToItem(list_, QRectF(0, 0, item->width(), item->height()));
   const double up = std::max(0.0, place.bottom() - visibleHeight_);
   const double shift = place.top() < up ? place.top() : up;
   if (shift != 0) {
-    animation_.stop();
     list_->setProperty("contentY", list_->property("contentY").toDouble() + shift);
   }
 }
@@ -60,6 +60,8 @@ void ScrollProxy::centre(int index) {
   animation_.setStartValue(start.toDouble());
   animation_.setEndValue(end);
   animation_.start();
+  list_->setProperty("currentIndex", index);
+  list_->forceActiveFocus(Qt::OtherFocusReason);
 }
 
 /// Only the list view knows where a row that is not drawn stands, and tells by going there.

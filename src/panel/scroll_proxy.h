@@ -22,6 +22,7 @@ public:
   explicit ScrollProxy(QObject* parent = nullptr);
 
   void setList(QQuickItem* list);
+  /// Also gives the row the keyboard.
   void centre(int index);
 
 signals:

@@ -70,6 +70,20 @@ TEST_F(PanelSearch, JumpsToTheFirstSuggestionAtReturn) {
   }));
 }
 
+TEST_F(PanelSearch, GivesTheKeyboardToTheRowThatItFound) {
+  typeText("card reader");
+  typeKey(Qt::Key_Return);
+  advance(30ms);
+  advance(150ms);
+  const int index = indexOfRowNamed("Lumen SD Card Reader");
+  ASSERT_TRUE(runEventsUntil([&] {
+    settle();
+    return rowItem(index) != nullptr && rowItem(index)->hasActiveFocus();
+  }));
+  typeText("x"); // typing searches again
+  EXPECT_EQ(fieldText(), "x");
+}
+
 TEST_F(PanelSearch, LetsTheRowThrobForFiveSecondsAndFade) {
   typeText("card reader");
   typeKey(Qt::Key_Return);

@@ -1,4 +1,6 @@
 #include "app/look.h"
+#include "app/manual_document.h"
+#include "app/manual_window.h"
 #include "app/panel_shell.h"
 #include "async/qt_main_queue.h"
 #include "platform/desktop.h"
@@ -48,9 +50,9 @@ std::shared_ptr<PortScanner> scannerOf(const ReplayOptions& options,
        .now = now});
 }
 
-/// What the volumes of a saved machine held is not here, so nothing tests or ejects them.
-PanelActions actions() {
-  return {.quit = [] { QApplication::quit(); }};
+/// The volumes of a saved machine are not here, so nothing tests or ejects them.
+PanelActions actionsWith(ManualWindow& manual) {
+  return {.openManual = [&manual] { manual.show(); }, .quit = [] { QApplication::quit(); }};
 }
 
 /// Qt's usual output without what it says of every program that runs without a desktop.
@@ -76,9 +78,12 @@ int replay(const ReplayOptions& options, int& argc, char** argv) {
   const auto queue = std::make_shared<QtMainQueue>();
   const Clock now = clockOf(options);
   const std::shared_ptr<PortScanner> scanner = scannerOf(options, queue, now);
-  PanelShell shell(
-      {.scanner = scanner, .queue = queue, .fontScale = options.fontScale, .actions = actions()},
-      {.isBoundByScreen = !options.screenshot});
+  ManualWindow manual(carriedManuals);
+  PanelShell shell({.scanner = scanner,
+                    .queue = queue,
+                    .fontScale = options.fontScale,
+                    .actions = actionsWith(manual)},
+                   {.isBoundByScreen = !options.screenshot});
   const auto shown = showPanel(&shell, scanner, queue, options);
   return QApplication::exec();
 }
