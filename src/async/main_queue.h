@@ -27,7 +27,8 @@ public:
   /// Runs `work` on the main thread, in the order of posting. Any thread.
   virtual void post(Work work) = 0;
 
-  /// Runs `work` after the delay. Main thread only; the item is never 0.
+  /// Runs `work` after the delay, and keeps it alive while it runs. Main thread only; the item is
+  /// never 0.
   virtual WorkItem postLater(std::chrono::milliseconds delay, Work work) = 0;
 
   /// Forgets a delayed item; nothing happens when it already ran. Main thread only.

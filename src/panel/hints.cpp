@@ -20,7 +20,7 @@ Hints::~Hints() {
   queue_->cancel(pending_);
 }
 
-Hints* Hints::create(QQmlEngine* engine, QJSEngine*) {
+Hints* Hints::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
   return PanelContext::of(*engine).hints();
 }
 

@@ -33,7 +33,7 @@ public:
   Hints& operator=(const Hints&) = delete;
 
   /// The one that PanelContext holds for the engine.
-  static Hints* create(QQmlEngine* engine, QJSEngine*);
+  static Hints* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString text() const { return text_; }
   QQuickItem* target() const { return target_; }

@@ -42,10 +42,15 @@ void LineLayout::geometryChange(const QRectF& newGeometry, const QRectF& oldGeom
 
 void LineLayout::itemChange(ItemChange change, const ItemChangeData& data) {
   QQuickItem::itemChange(change, data);
+  if (change != ItemChildAddedChange && change != ItemChildRemovedChange) {
+    return;
+  }
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): Qt hands it over so.
+  QQuickItem* const child = data.item;
   if (change == ItemChildAddedChange) {
-    follow(data.item);
-  } else if (change == ItemChildRemovedChange) {
-    data.item->disconnect(this);
+    follow(child);
+  } else {
+    child->disconnect(this);
     layOut();
   }
 }

@@ -25,6 +25,16 @@ QString nameOf(Panel::State state) {
   return {};
 }
 
+QVariantMap allTexts() {
+  QVariantMap texts;
+  for (const Loc::FixedText& entry : Loc::fixedTexts()) {
+    const std::string_view text = entry.text();
+    texts.insert(QString::fromUtf8(entry.key.data(), static_cast<qsizetype>(entry.key.size())),
+                 QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+  }
+  return texts;
+}
+
 void appendIDs(const std::vector<TreeNode>& nodes, std::vector<std::string>& ids) {
   for (const TreeNode& node : nodes) {
     ids.push_back(node.id);
@@ -36,13 +46,13 @@ void appendIDs(const std::vector<TreeNode>& nodes, std::vector<std::string>& ids
 
 PanelController::PanelController(std::shared_ptr<PortScanner> scanner,
                                  std::shared_ptr<MainQueue> queue, PanelActions actions)
-    : scanner_(std::move(scanner)), actions_(std::move(actions)),
+    : scanner_(std::move(scanner)), actions_(std::move(actions)), texts_(allTexts()),
       pulses_(scanner_, std::move(queue), [this] { refreshRows(); }) {
   describe();
   observeScanner();
 }
 
-PanelController* PanelController::create(QQmlEngine* engine, QJSEngine*) {
+PanelController* PanelController::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
   return PanelContext::of(*engine).panel();
 }
 
@@ -76,16 +86,6 @@ QString PanelController::state() const {
 
 QString PanelController::message() const {
   return displayText(panel_->message.value_or(""), longestTooltip);
-}
-
-QVariantMap PanelController::texts() const {
-  QVariantMap texts;
-  for (const Loc::FixedText& entry : Loc::fixedTexts()) {
-    const std::string_view text = entry.text();
-    texts.insert(QString::fromUtf8(entry.key.data(), static_cast<qsizetype>(entry.key.size())),
-                 QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
-  }
-  return texts;
 }
 
 void PanelController::scan() {
@@ -126,31 +126,31 @@ void PanelController::setExpanded(int index, bool isExpanded) {
   }
 }
 
-void PanelController::runBenchmark(const QString& mountPoint) {
+void PanelController::runBenchmark(const QString& mountPoint) const {
   if (actions_.runBenchmark) {
     actions_.runBenchmark(mountPoint.toStdString());
   }
 }
 
-void PanelController::eject(const QString& mountPoint) {
+void PanelController::eject(const QString& mountPoint) const {
   if (actions_.eject) {
     actions_.eject(mountPoint.toStdString());
   }
 }
 
-void PanelController::openManual() {
+void PanelController::openManual() const {
   if (actions_.openManual) {
     actions_.openManual();
   }
 }
 
-void PanelController::close() {
+void PanelController::close() const {
   if (actions_.closePanel) {
     actions_.closePanel();
   }
 }
 
-void PanelController::quit() {
+void PanelController::quit() const {
   if (actions_.quit) {
     actions_.quit();
   }

@@ -58,13 +58,13 @@ public:
                   PanelActions actions);
 
   /// The one that PanelContext holds for the engine.
-  static PanelController* create(QQmlEngine* engine, QJSEngine*);
+  static PanelController* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   PanelListModel* rows() { return &rows_; }
   QString state() const;
   QString message() const;
   bool isScanning() const { return scanner_->isScanning.get(); }
-  QVariantMap texts() const;
+  QVariantMap texts() const { return texts_; }
   bool canTestVolumes() const { return actions_.runBenchmark != nullptr; }
   bool canEject() const { return actions_.eject != nullptr; }
   bool canOpenManual() const { return actions_.openManual != nullptr; }
@@ -75,11 +75,11 @@ public:
   Q_INVOKABLE void collapseAll();
   Q_INVOKABLE void toggle(int index);
   Q_INVOKABLE void setExpanded(int index, bool isExpanded);
-  Q_INVOKABLE void runBenchmark(const QString& mountPoint);
-  Q_INVOKABLE void eject(const QString& mountPoint);
-  Q_INVOKABLE void openManual();
-  Q_INVOKABLE void close();
-  Q_INVOKABLE void quit();
+  Q_INVOKABLE void runBenchmark(const QString& mountPoint) const;
+  Q_INVOKABLE void eject(const QString& mountPoint) const;
+  Q_INVOKABLE void openManual() const;
+  Q_INVOKABLE void close() const;
+  Q_INVOKABLE void quit() const;
 
 signals:
   void stateChanged();
@@ -97,6 +97,7 @@ private:
 
   std::shared_ptr<PortScanner> scanner_;
   PanelActions actions_;
+  QVariantMap texts_;
   RowExpansion expansion_;
   RowPulses pulses_;
   PanelListModel rows_;

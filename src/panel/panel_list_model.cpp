@@ -96,7 +96,8 @@ QHash<int, QByteArray> PanelListModel::roleNames() const {
   };
 }
 
-void PanelListModel::setRows(std::shared_ptr<const Panel> panel, std::vector<PanelRow> rows) {
+void PanelListModel::setRows(std::shared_ptr<const Panel> panel,
+                             const std::vector<PanelRow>& rows) {
   applyChanges(rows);
   replaceWhatDiffers(rows);
   panel_ = std::move(panel);

@@ -39,7 +39,7 @@ public:
   QHash<int, QByteArray> roleNames() const override;
 
   /// `rows` point into `panel`.
-  void setRows(std::shared_ptr<const Panel> panel, std::vector<PanelRow> rows);
+  void setRows(std::shared_ptr<const Panel> panel, const std::vector<PanelRow>& rows);
 
   /// Absent outside the list.
   const PanelRow* rowAt(int index) const;

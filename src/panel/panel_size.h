@@ -1,12 +1,10 @@
 #pragma once
 
-namespace tamberline {
-
 /// The content of the panel's window, in points.
-namespace PanelSize {
+namespace tamberline::PanelSize {
+
 inline constexpr double width = 400;
 inline constexpr double minimumHeight = 200;
 inline constexpr double initialHeight = 490; // until the content is measured
-} // namespace PanelSize
 
-} // namespace tamberline
+} // namespace tamberline::PanelSize

@@ -11,7 +11,7 @@
 
 namespace tamberline {
 
-PanelSizing* PanelSizing::create(QQmlEngine* engine, QJSEngine*) {
+PanelSizing* PanelSizing::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
   return PanelContext::of(*engine).sizing();
 }
 

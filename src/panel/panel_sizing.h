@@ -38,7 +38,7 @@ public:
   explicit PanelSizing(std::shared_ptr<MainQueue> queue);
 
   /// The one that PanelContext holds for the engine.
-  static PanelSizing* create(QQmlEngine* engine, QJSEngine*);
+  static PanelSizing* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   bool isSearching() const { return isSearching_; }
   void setSearching(bool isSearching);

@@ -7,6 +7,7 @@
 #include <QUrl>
 
 // Registers the types of the QML module; the linker would drop it if nobody called it.
+// NOLINTNEXTLINE(readability-identifier-naming): Qt's tools give the name.
 extern void qml_register_types_Tamberline();
 
 namespace tamberline {

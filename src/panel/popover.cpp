@@ -4,7 +4,7 @@
 
 namespace tamberline {
 
-Popover* Popover::create(QQmlEngine* engine, QJSEngine*) {
+Popover* Popover::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
   return PanelContext::of(*engine).popover();
 }
 

@@ -28,7 +28,7 @@ public:
   explicit Popover(QObject* parent) : QObject(parent) {}
 
   /// The one that PanelContext holds for the engine.
-  static Popover* create(QQmlEngine* engine, QJSEngine*);
+  static Popover* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString title() const { return title_; }
   QString text() const { return text_; }

@@ -42,10 +42,9 @@ void RowPulses::enter(const std::string& id, Pulse phase) {
 }
 
 void RowPulses::end(const std::string& id) {
-  const std::string ended = id; // the work that holds `id` goes with its step
-  nextSteps_.erase(ended);
-  phases_.erase(ended);
-  if (scanner_->highlightedNodeID.get() == ended) {
+  nextSteps_.erase(id);
+  phases_.erase(id);
+  if (scanner_->highlightedNodeID.get() == id) {
     scanner_->highlightedNodeID.set(std::nullopt);
   }
   onChange_();

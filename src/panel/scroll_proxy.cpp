@@ -27,7 +27,7 @@ void ScrollProxy::setList(QQuickItem* list) {
 }
 
 /// A row that the list makes for the keyboard has its place only after it has the keyboard.
-void ScrollProxy::followKeyboard(const QQuickWindow* window) {
+void ScrollProxy::followKeyboard(const QQuickWindow* window) const {
   if (window != nullptr) {
     connect(window, &QQuickWindow::activeFocusItemChanged, this, &ScrollProxy::revealKeyboard,
             Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));

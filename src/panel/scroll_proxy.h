@@ -30,7 +30,7 @@ signals:
   void visibleHeightChanged();
 
 private:
-  void followKeyboard(const QQuickWindow* window);
+  void followKeyboard(const QQuickWindow* window) const;
   void revealKeyboard();
   double positionThatCentres(int index) const;
 

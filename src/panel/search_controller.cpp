@@ -25,7 +25,7 @@ SearchController::~SearchController() {
   queue_->cancel(nextStep_);
 }
 
-SearchController* SearchController::create(QQmlEngine* engine, QJSEngine*) {
+SearchController* SearchController::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
   return PanelContext::of(*engine).search();
 }
 
@@ -94,10 +94,9 @@ void SearchController::jumpTo(const SearchEntry& entry) {
 }
 
 void SearchController::highlight(const std::string& id) {
-  const std::string target = id; // the step that holds `id` goes when the next one comes
   scanner_->highlightedNodeID.set(std::nullopt);
-  scanner_->highlightedNodeID.set(target);
-  after(highlightAppears, [this, target] { scrollTo(target); });
+  scanner_->highlightedNodeID.set(id);
+  after(highlightAppears, [this, id] { scrollTo(id); });
 }
 
 void SearchController::scrollTo(const std::string& id) {

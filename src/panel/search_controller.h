@@ -47,7 +47,7 @@ public:
   SearchController& operator=(const SearchController&) = delete;
 
   /// The one that PanelContext holds for the engine.
-  static SearchController* create(QQmlEngine* engine, QJSEngine*);
+  static SearchController* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString searchText() const { return searchText_; }
   void setSearchText(const QString& text);

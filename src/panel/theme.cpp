@@ -60,7 +60,7 @@ Theme::Theme(double fontScale, QObject* parent) : QObject(parent), fontScale_(fo
   qGuiApp->installEventFilter(this);
 }
 
-Theme* Theme::create(QQmlEngine* engine, QJSEngine*) {
+Theme* Theme::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
   return PanelContext::of(*engine).theme();
 }
 

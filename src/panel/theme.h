@@ -53,7 +53,7 @@ public:
   explicit Theme(double fontScale, QObject* parent = nullptr);
 
   /// The one that PanelContext holds for the engine.
-  static Theme* create(QQmlEngine* engine, QJSEngine*);
+  static Theme* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   bool isDark() const { return isDark_; }
   double scale() const { return scale_; }

@@ -17,7 +17,7 @@ UpdatedText::~UpdatedText() {
   queue_->cancel(nextTick_);
 }
 
-UpdatedText* UpdatedText::create(QQmlEngine* engine, QJSEngine*) {
+UpdatedText* UpdatedText::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
   return PanelContext::of(*engine).updated();
 }
 

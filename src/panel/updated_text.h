@@ -35,7 +35,7 @@ public:
   UpdatedText& operator=(const UpdatedText&) = delete;
 
   /// The one that PanelContext holds for the engine.
-  static UpdatedText* create(QQmlEngine* engine, QJSEngine*);
+  static UpdatedText* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString text() const { return text_; }
   void setPanelVisible(bool isVisible);
