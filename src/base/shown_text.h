@@ -6,9 +6,9 @@
 
 namespace tamberline {
 
-/// A text from outside made fit for a terminal or a line of the panel: white space at the ends goes,
-/// control characters, invisible ones and those that turn the direction of writing become U+FFFD,
-/// and the middle of a text of more than `mostCharacters` becomes "…".
+/// A text from outside made fit for a terminal or a line of the panel: white space at the ends
+/// goes, control characters, invisible ones and those that turn the direction of writing become
+/// U+FFFD, and the middle of a text of more than `mostCharacters` becomes "…".
 std::string shownText(std::string_view text, std::size_t mostCharacters = 120);
 
 } // namespace tamberline

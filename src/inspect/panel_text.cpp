@@ -1,8 +1,8 @@
 #include "inspect/panel_text.h"
 
 #include "base/overloaded.h"
-#include "i18n/loc.h"
 #include "base/shown_text.h"
+#include "i18n/loc.h"
 #include "inspect/text_tree.h"
 
 #include <algorithm>
