@@ -29,10 +29,13 @@ QPalette paletteOf(const Colors& colors) {
   return palette;
 }
 
-/// Without a desktop the system names no font, only the kind of one.
-bool hasDesktopFont() {
-  const QString family = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
-  return !family.isEmpty() && !family.startsWith(QLatin1String("Sans"), Qt::CaseInsensitive);
+/// What Qt takes when no desktop names a font.
+bool isNobodysFont(const QFont& font) {
+  return font.family() == QLatin1String("Sans Serif") && font.pointSize() == 9;
+}
+
+bool hasScreen() {
+  return QGuiApplication::platformName() != QLatin1String("offscreen");
 }
 
 } // namespace
@@ -54,8 +57,10 @@ QFont ownFont() {
 }
 
 void useOwnLookWithoutDesktop() {
-  if (!hasDesktopFont()) {
+  if (!hasScreen() || isNobodysFont(QFontDatabase::systemFont(QFontDatabase::GeneralFont))) {
     QApplication::setFont(ownFont());
+  }
+  if (!hasScreen()) {
     QApplication::setPalette(lightPalette());
   }
 }

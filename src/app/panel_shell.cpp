@@ -57,6 +57,7 @@ void PanelShell::open() {
     make();
   }
   if (placement_.kind == PanelWindow::Kind::attached && !window_->isVisible()) {
+    anchor_ = {placement_.iconGeometry(), QCursor::pos()};
     place();
   }
   window_->show();
@@ -78,8 +79,10 @@ void PanelShell::toggle() {
 }
 
 void PanelShell::close() {
-  if (window_ != nullptr) {
+  if (window_ != nullptr && placement_.kind == PanelWindow::Kind::attached) {
     window_->hide();
+  } else if (window_ != nullptr) {
+    window_->close(); // ends a program that has nothing else to show
   }
 }
 
@@ -97,6 +100,11 @@ void PanelShell::make() {
   QObject::connect(sizing, &PanelSizing::changed, window_.get(), fit);
   QObject::connect(window_.get(), &QWindow::screenChanged, window_.get(),
                    [this, sizing] { sizing->setScreenHeight(frame_->visibleScreenHeight()); });
+  QObject::connect(window_.get(), &QWindow::heightChanged, window_.get(), [this] {
+    if (placement_.kind == PanelWindow::Kind::attached && isOpen()) {
+      place(); // a panel above its icon grows upwards
+    }
+  });
   QObject::connect(window_.get(), &QWindow::activeChanged, window_.get(),
                    [this] { closeWhenLeft(); });
   frame_->setContentHeightKeepingTop(PanelSize::initialHeight);
@@ -104,8 +112,7 @@ void PanelShell::make() {
 }
 
 void PanelShell::place() {
-  const QRect icon = placement_.iconGeometry();
-  const QPoint cursor = QCursor::pos();
+  const auto& [icon, cursor] = anchor_;
   QScreen* screen = QGuiApplication::screenAt(icon.isEmpty() ? cursor : icon.center());
   screen = screen == nullptr ? QGuiApplication::primaryScreen() : screen;
   if (screen != nullptr) {

@@ -4,6 +4,7 @@
 #include "panel/panel_context.h"
 #include "panel/panel_window.h"
 
+#include <QPoint>
 #include <QRect>
 
 #include <functional>
@@ -46,12 +47,19 @@ public:
 private:
   class Frame;
 
+  /// What an attached panel stands beside, as it was when the panel opened.
+  struct Anchor {
+    QRect icon;
+    QPoint cursor;
+  };
+
   void make();
   void place();
   void closeWhenLeft();
 
   PanelContext context_;
   Placement placement_;
+  Anchor anchor_;
   std::shared_ptr<MainQueue> queue_;
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<Frame> frame_;

@@ -29,20 +29,27 @@ bool askFirstToRaise(const QString& socketPath, const QDeadlineTimer& deadline) 
   return true;
 }
 
+/// Empty without a folder: nothing of ours goes into the folder that the program runs in.
+QString fileIn(const QString& folder, const QString& name) {
+  return folder.isEmpty() ? QString() : QDir(folder).filePath(name);
+}
+
 } // namespace
 
 SingleInstance::SingleInstance(const QString& folder, std::function<void()> onRaiseAsked,
                                std::chrono::milliseconds patience)
-    : socketPath_(QDir(folder).filePath(QStringLiteral("tamberline.socket"))),
+    : socketPath_(fileIn(folder, QStringLiteral("tamberline.socket"))),
       onRaiseAsked_(std::move(onRaiseAsked)),
-      lock_(QDir(folder).filePath(QStringLiteral("tamberline.lock"))),
-      isFirst_(becomeFirst(patience)) {
+      lock_(fileIn(folder, QStringLiteral("tamberline.lock"))), isFirst_(becomeFirst(patience)) {
   if (lock_.isLocked()) {
     listen();
   }
 }
 
 bool SingleInstance::becomeFirst(std::chrono::milliseconds patience) {
+  if (socketPath_.isEmpty()) {
+    return true;
+  }
   lock_.setStaleLockTime(0); // never by age: the panel runs for weeks
   const QDeadlineTimer deadline(patience);
   do {

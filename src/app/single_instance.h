@@ -16,7 +16,8 @@ namespace tamberline {
 /// that hears of no other. Main thread only; needs an application object.
 class SingleInstance {
 public:
-  /// Both files are in `folder`, which should belong to this person alone. When another start is
+  /// Both files are in `folder`, which should belong to this person alone; with an
+  /// empty one nothing is locked. When another start is
   /// the first, asks it to raise its panel and returns once it did or the patience is at an end: a
   /// first that is frozen keeps its place.
   SingleInstance(const QString& folder, std::function<void()> onRaiseAsked,

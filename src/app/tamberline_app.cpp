@@ -36,12 +36,7 @@ void TamberlineApp::start() {
 PanelActions TamberlineApp::actions() {
   return {
       .openManual = [this] { manual_.show(); },
-      .closePanel =
-          [this] {
-            if (hasTray_) {
-              shell_.close();
-            }
-          },
+      .closePanel = [this] { shell_.close(); },
       .quit = [] { QApplication::quit(); },
   };
 }
@@ -59,6 +54,8 @@ void TamberlineApp::installTrayIcon() {
                        shell_.toggle();
                      }
                    });
+  QObject::connect(shell_.context().theme(), &Theme::changed, icon_.get(),
+                   [this] { icon_->setIcon(menuBarIcon()); });
   icon_->show();
 }
 

@@ -32,13 +32,15 @@ QColor blended(const QColor& over, const QColor& under, double share) {
                           mix(over.blueF(), under.blueF()));
 }
 
-QColor readableOn(const QColor& background, const QColor& color, double ratio) {
-  const bool isOnLight = luminance(background) > 0.18;
+QColor readableOn(const std::vector<QColor>& backgrounds, const QColor& color, double ratio) {
+  const bool isOnLight = luminance(backgrounds.front()) > 0.18;
   const QColor end = isOnLight ? Qt::black : Qt::white;
   constexpr int steps = 50;
   for (int step = 0; step < steps; ++step) {
     const QColor candidate = blended(end, color, static_cast<double>(step) / steps);
-    if (contrastRatio(candidate, background) >= ratio) {
+    if (std::all_of(backgrounds.begin(), backgrounds.end(), [&](const QColor& background) {
+          return contrastRatio(candidate, background) >= ratio;
+        })) {
       return candidate;
     }
   }

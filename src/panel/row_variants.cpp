@@ -90,14 +90,16 @@ QVariantMap volumeVariant(const VolumeRow& volume, const VolumeTools& tools) {
     testTexts.push_back(
         QVariantMap{{"text", displayText(text.text)}, {"color", colorName(text.color)}});
   }
-  return {{"label", displayText(volume.label)},
-          {"name", nameVariant(volume.name)},
-          {"mountPoint", QString::fromStdString(volume.mountPoint)},
-          {"showsTestProgress", tools.showsTestProgress},
-          {"testTexts", testTexts},
-          {"testButton", part(tools.testButton, buttonVariant)},
-          {"showsEjectProgress", tools.showsEjectProgress},
-          {"ejectButton", part(tools.ejectButton, buttonVariant)}};
+  return {
+      {"label", displayText(volume.label)},
+      {"name", nameVariant(volume.name)},
+      {"mountPoint", QString::fromStdString(volume.mountPoint)},
+      {"showsTestProgress", tools.showsTestProgress},
+      {"testProgress", tools.testTexts.empty() ? QString() : displayText(tools.testTexts[0].text)},
+      {"testTexts", testTexts},
+      {"testButton", part(tools.testButton, buttonVariant)},
+      {"showsEjectProgress", tools.showsEjectProgress},
+      {"ejectButton", part(tools.ejectButton, buttonVariant)}};
 }
 
 QVariantMap chargerVariant(const ChargerRow& row) {
@@ -150,6 +152,11 @@ QVariantMap hubTotalVariant(const HubTotal& total) {
   return {{"text", displayText(total.text)}, {"tooltip", tooltipText(total.tooltip)}};
 }
 
+/// The amber of a device's speed is not quite that of the bars.
+QString speedTextColorName(Color color) {
+  return color == Color::amber ? QStringLiteral("speedTextAmber") : colorName(color);
+}
+
 QVariantMap usbDeviceVariant(const USBDeviceDetailRow& row, const std::vector<VolumeTools>& tools) {
   QVariantList volumes;
   for (std::size_t index = 0; index < row.volumes.size(); ++index) {
@@ -158,7 +165,7 @@ QVariantMap usbDeviceVariant(const USBDeviceDetailRow& row, const std::vector<Vo
   return {{"icon", symbolText(row.icon)},
           {"name", nameVariant(row.name)},
           {"speedText", displayText(row.speedText)},
-          {"speedColor", colorName(row.speedColor)},
+          {"speedColor", speedTextColorName(row.speedColor)},
           {"speedTooltip", tooltipText(row.speedTooltip)},
           {"speedNote", part(row.speedNote, speedNoteVariant)},
           {"hubTotal", part(row.hubTotal, hubTotalVariant)},

@@ -25,6 +25,9 @@ public:
   /// Also gives the row the keyboard.
   void centre(int index);
 
+  /// Somebody scrolls by hand.
+  Q_INVOKABLE void stop() { animation_.stop(); }
+
 signals:
   void listChanged();
   void visibleHeightChanged();

@@ -16,6 +16,10 @@ namespace {
 /// What small text needs to be readable.
 constexpr double readableContrast = 4.5;
 
+/// How much of a colour is in the backgrounds of badges and counts.
+constexpr double badgeShare = 0.12;
+constexpr double countShare = 0.15;
+
 /// The sizes below are right for a platform whose own text is this large.
 constexpr double designPixelSize = 13;
 
@@ -36,6 +40,7 @@ QVariantMap ownFills(bool isDark) {
   return {
       {colorName(Color::green), pick("#2fa653", "#3cc46a")},
       {colorName(Color::amber), rgb(0.9, 0.7, 0.0)},
+      {QStringLiteral("speedTextAmber"), rgb(0.85, 0.65, 0.0)},
       {colorName(Color::orange), pick("#e87722", "#ff9142")},
       {colorName(Color::red), pick("#d9363e", "#ff6961")},
       {colorName(Color::blue), pick("#2f7df6", "#5a9cff")},
@@ -82,7 +87,7 @@ void Theme::readPalette(const QPalette& palette) {
   isDark_ = isDarkColor(window_);
   field_ = blended(text_, window_, 0.06);
   separator_ = blended(text_, card_, 0.10);
-  secondary_ = readableOn(card_, blended(text_, card_, 0.62), readableContrast);
+  secondary_ = blended(text_, card_, 0.62);
   tertiary_ = blended(text_, card_, 0.40);
   accent_ = palette.color(QPalette::Active, QPalette::Highlight);
 
@@ -93,8 +98,18 @@ void Theme::readPalette(const QPalette& palette) {
   fills_.insert(colorName(Color::textBackground), card_);
   inks_ = {};
   for (auto fill = fills_.cbegin(); fill != fills_.cend(); ++fill) {
-    inks_.insert(fill.key(), readableOn(card_, fill.value().value<QColor>(), readableContrast));
+    inks_.insert(fill.key(), inkOf(fill.value().value<QColor>()));
   }
+  secondary_ = inks_.value(colorName(Color::secondary)).value<QColor>();
+}
+
+/// Readable on everything that text stands on: the card, the window, a field, a tint of itself and
+/// the grey of a count.
+QColor Theme::inkOf(const QColor& fill) const {
+  const QColor grey = fills_.value(colorName(Color::grey)).value<QColor>();
+  return readableOn(
+      {card_, window_, field_, blended(fill, card_, badgeShare), blended(grey, card_, countShare)},
+      fill, readableContrast);
 }
 
 void Theme::readFont(const QFont& platformFont) {
@@ -103,8 +118,8 @@ void Theme::readFont(const QFont& platformFont) {
   bodyFont_ = sized(platformFont, 13 * scale_, QFont::Normal);
   subheadlineFont_ = sized(platformFont, 13 * scale_, QFont::DemiBold);
   captionFont_ = sized(platformFont, 12 * scale_, QFont::Medium);
-  caption2Font_ = sized(platformFont, 11 * scale_, QFont::Normal);
-  badgeFont_ = sized(platformFont, 11 * scale_, QFont::DemiBold);
+  caption2Font_ = sized(platformFont, 10 * scale_, QFont::Normal);
+  badgeFont_ = sized(platformFont, 10 * scale_, QFont::DemiBold);
 }
 
 } // namespace tamberline

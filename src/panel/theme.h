@@ -30,7 +30,7 @@ class Theme final : public QObject {
   Q_PROPERTY(QColor accent MEMBER accent_ NOTIFY changed)
   /// What areas are filled with, by the name of the colour.
   Q_PROPERTY(QVariantMap fills MEMBER fills_ NOTIFY changed)
-  /// The same colours for text and symbols: the same hue, but always readable on a card.
+  /// The same colours for text and symbols: the same hue, but readable wherever text stands.
   Q_PROPERTY(QVariantMap inks MEMBER inks_ NOTIFY changed)
 
   Q_PROPERTY(QFont titleFont MEMBER titleFont_ NOTIFY changed)
@@ -71,6 +71,7 @@ signals:
 private:
   void readPalette(const QPalette& palette);
   void readFont(const QFont& platformFont);
+  QColor inkOf(const QColor& fill) const;
 
   double fontScale_;
   bool isDark_ = false;

@@ -23,7 +23,6 @@ constexpr auto table = std::to_array<SymbolIcon>({
     {"bolt.horizontal", "preferences/32/preferences-desktop-thunderbolt"},
     {"cable.connector", "devices/16/drive-removable-media-usb"},
     {"camera", "devices/16/camera-photo"},
-    {"checkmark", "actions/16/dialog-ok-apply"},
     {"chevron.right", "actions/16/go-next"},
     {"computermouse", "devices/16/input-mouse"},
     {"display", "devices/16/monitor"},

@@ -21,7 +21,10 @@ Color speedBarColor(double ratio) {
   return ratio >= nearlyHalf ? Color::amber : Color::orange;
 }
 
-Color powerBarColor(double fraction) {
+Color powerBarColor(double fraction, bool isMaximumKnown) {
+  if (!isMaximumKnown) {
+    return Color::grey;
+  }
   if (fraction > 1) {
     return Color::red;
   }
@@ -71,9 +74,10 @@ PowerBarRow powerBarRow(const PowerBarFacts& facts) {
     row.portMax = labelledWatts(facts.portMaxMa, Loc::portMax());
   }
   // A missing maximum gives a full bar.
-  const double whole = facts.portMaxMa >= 2 ? static_cast<double>(facts.portMaxMa) : 1.0;
+  const bool isMaximumKnown = facts.portMaxMa >= 2;
+  const double whole = isMaximumKnown ? static_cast<double>(facts.portMaxMa) : 1.0;
   const double used = static_cast<double>(facts.usedMa) / whole;
-  row.color = powerBarColor(used);
+  row.color = powerBarColor(used, isMaximumKnown);
   row.bar = triBar(used, static_cast<double>(facts.allocatedMa) / whole);
   return row;
 }

@@ -46,7 +46,7 @@ struct PowerBarRow {
   std::string used = {};
   std::optional<std::string> allocated = {};
   std::optional<std::string> portMax = {};
-  Color color = Color::green; // orange when the budget is all but used up, red beyond it
+  Color color = Color::green; // orange: all but used up; red: beyond it; grey: unknown
   TriBar bar = {};
   std::string tooltip = {};
 

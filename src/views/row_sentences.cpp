@@ -85,6 +85,10 @@ void tell(const VolumeRow& volume, const VolumeTools& tools, Sentence& sentence)
   for (const ColoredText& text : tools.testTexts) {
     sentence << text.text;
   }
+  if (tools.showsEjectProgress) {
+    sentence << Loc::ejecting();
+  }
+  sentence << tools.ejectFailure;
 }
 
 void tell(const USBDeviceDetailRow& device, const PanelRow& row, Sentence& sentence) {

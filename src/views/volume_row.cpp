@@ -49,8 +49,9 @@ VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectSt
   }
   tools.ejectButton = {.symbol = "eject.circle", .tooltip = std::string(Loc::hintEject())};
   if (eject) {
+    tools.ejectFailure = std::get<EjectState::Failed>(eject->state).message;
     tools.ejectButton->symbol = "exclamationmark.circle";
-    tools.ejectButton->tooltip = std::get<EjectState::Failed>(eject->state).message;
+    tools.ejectButton->tooltip = *tools.ejectFailure;
     tools.ejectButton->color = Color::orange;
   }
   tools.ejectButton->isEnabled = !phase.isRunning();

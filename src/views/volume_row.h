@@ -45,6 +45,7 @@ struct VolumeTools {
   std::vector<ColoredText> testTexts = {};
   std::optional<SymbolButton> testButton = {};
   bool showsEjectProgress = false;
+  std::optional<std::string> ejectFailure = {};
   std::optional<SymbolButton> ejectButton = {};
 
   friend bool operator==(const VolumeTools&, const VolumeTools&) = default;

@@ -30,32 +30,32 @@ TEST(Blending, MixesEachChannel) {
 }
 
 TEST(ReadableColor, IsTheColourItselfWhereItCanBeRead) {
-  EXPECT_EQ(readableOn(Qt::white, "#0000ff", 4.5), QColor("#0000ff"));
-  EXPECT_EQ(readableOn(Qt::black, "#808080", 4.5), QColor("#808080"));
+  EXPECT_EQ(readableOn({Qt::white}, "#0000ff", 4.5), QColor("#0000ff"));
+  EXPECT_EQ(readableOn({Qt::black}, "#808080", 4.5), QColor("#808080"));
 }
 
 TEST(ReadableColor, IsDarkerOnLightAndLighterOnDark) {
   const QColor yellow("#ffcf3d");
-  const QColor onWhite = readableOn(Qt::white, yellow, 4.5);
+  const QColor onWhite = readableOn({Qt::white}, yellow, 4.5);
   EXPECT_LT(onWhite.lightness(), yellow.lightness());
   EXPECT_NEAR(onWhite.hueF(), yellow.hueF(), 0.01F);
   EXPECT_LT(contrastRatio(onWhite, Qt::white), 5) << "no darker than needed";
   const QColor blue("#1a3f9c");
-  EXPECT_GT(readableOn(Qt::black, blue, 4.5).lightness(), blue.lightness());
+  EXPECT_GT(readableOn({Qt::black}, blue, 4.5).lightness(), blue.lightness());
 }
 
 TEST(ReadableColor, CanBeReadOnEveryGrey) {
   for (int grey = 0; grey < 256; ++grey) {
     const QColor background(grey, grey, grey);
     for (const QColor& color : {background, QColor("#e2b007"), QColor("#8a4fd3")}) {
-      EXPECT_GE(contrastRatio(readableOn(background, color, 4.5), background), 4.5) << grey;
+      EXPECT_GE(contrastRatio(readableOn({background}, color, 4.5), background), 4.5) << grey;
     }
   }
 }
 
 TEST(ReadableColor, IsTheFarEndWhereNothingIsEnough) {
-  EXPECT_EQ(readableOn("#808080", "#808080", 20), QColor(Qt::black));
-  EXPECT_EQ(readableOn("#303030", "#808080", 20), QColor(Qt::white));
+  EXPECT_EQ(readableOn({"#808080"}, "#808080", 20), QColor(Qt::black));
+  EXPECT_EQ(readableOn({"#303030"}, "#808080", 20), QColor(Qt::white));
 }
 
 } // namespace

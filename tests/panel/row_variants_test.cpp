@@ -150,7 +150,7 @@ TEST(RowVariants, SayWhatIsShown) {
   const QVariantMap volume = content["volumes"].toList().at(0).toMap();
 
   EXPECT_EQ(content["name"].toMap()["text"], "Quarry SSD");
-  EXPECT_EQ(content["speedColor"], "amber");
+  EXPECT_EQ(content["speedColor"], "speedTextAmber");
   EXPECT_TRUE(content["speedNote"].toMap()["isShown"].toBool());
   EXPECT_EQ(content["speedNote"].toMap()["note"], "The cable.");
   EXPECT_FALSE(content["speedBar"].toMap()["isShown"].toBool());

@@ -122,6 +122,25 @@ TEST_F(ThemeTest, WritesWithInksThatCanBeReadOnACard) {
   }
 }
 
+TEST_F(ThemeTest, WritesWithInksThatCanBeReadOnEveryBackgroundOfText) {
+  for (const QPalette& palette : {light, dark}) {
+    QGuiApplication::setPalette(palette);
+    const Theme theme(1);
+    const QVariantMap inks = theme.property("inks").toMap();
+    const QVariantMap fills = theme.property("fills").toMap();
+    const QColor card = color(theme, "card");
+    for (auto ink = inks.cbegin(); ink != inks.cend(); ++ink) {
+      SCOPED_TRACE(ink.key().toStdString());
+      const QColor badge = blended(fills[ink.key()].value<QColor>(), card, 0.12);
+      const QColor count = blended(fills["grey"].value<QColor>(), card, 0.15);
+      for (const QColor& background :
+           {color(theme, "window"), color(theme, "field"), badge, count}) {
+        EXPECT_GE(contrastRatio(ink.value().value<QColor>(), background), 4.5);
+      }
+    }
+  }
+}
+
 TEST_F(ThemeTest, FollowsThePlatformsColours) {
   const Theme theme(1);
   const CountedSignal changes(&theme, &Theme::changed);
@@ -153,7 +172,7 @@ TEST_F(ThemeTest, IsAsLargeAsThePlatformsText) {
   } rows[] = {
       {"titleFont", 14, 21, QFont::DemiBold},       {"bodyFont", 13, 20, QFont::Normal},
       {"subheadlineFont", 13, 20, QFont::DemiBold}, {"captionFont", 12, 18, QFont::Medium},
-      {"caption2Font", 11, 17, QFont::Normal},      {"badgeFont", 11, 17, QFont::DemiBold},
+      {"caption2Font", 10, 15, QFont::Normal},      {"badgeFont", 10, 15, QFont::DemiBold},
   };
   const Theme large(1.5);
   for (const auto& row : rows) {

@@ -87,7 +87,7 @@ TEST(SymbolsOfViews, OfVolumesAreInTheTable) {
 /// Those that badges, cards, header, search field and menus of the panel show.
 TEST(SymbolsOfViews, OfThePanelItselfAreInTheTable) {
   expectAllInTable({"arrow.clockwise", "arrow.up.circle", "arrow.up.circle.fill", "bolt.fill",
-                    "bolt.horizontal", "cable.connector", "checkmark", "chevron.right",
+                    "bolt.horizontal", "cable.connector", "chevron.right",
                     "exclamationmark.triangle", "info.circle", "magnifyingglass", "minus.circle",
                     "powerplug.fill", "rectangle.compress.vertical", "rectangle.expand.vertical",
                     "xmark.circle.fill"});

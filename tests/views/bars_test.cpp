@@ -123,7 +123,8 @@ TEST(PowerBar, IsColouredByHowMuchOfTheBudgetIsUsed) {
   } rows[] = {
       {0, 900, Color::green},     {500, 900, Color::green},    {920, 1000, Color::green},
       {921, 1000, Color::orange}, {1000, 1000, Color::orange}, {1001, 1000, Color::red},
-      {9000, 900, Color::red},    {500, 0, Color::red},        {0, 0, Color::green},
+      {9000, 900, Color::red},    {500, 0, Color::grey},       {0, 0, Color::grey},
+      {1, 1, Color::grey},        {2, 2, Color::orange},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(testing::Message() << row.usedMa << " of " << row.portMaxMa);

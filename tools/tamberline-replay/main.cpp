@@ -52,7 +52,9 @@ std::shared_ptr<PortScanner> scannerOf(const ReplayOptions& options,
 
 /// The volumes of a saved machine are not here, so nothing tests or ejects them.
 PanelActions actionsWith(ManualWindow& manual) {
-  return {.openManual = [&manual] { manual.show(); }, .quit = [] { QApplication::quit(); }};
+  return {.openManual = [&manual] { manual.show(); },
+          .closePanel = [] { QApplication::quit(); },
+          .quit = [] { QApplication::quit(); }};
 }
 
 /// Qt's usual output without what it says of every program that runs without a desktop.

@@ -55,7 +55,9 @@ QCoro::Task<> showPanel(PanelShell* shell, std::shared_ptr<PortScanner> scanner,
   if (options.expandsAll) {
     shell->context().panel()->expandAll();
   }
-  shell->context().search()->setSearchText(QString::fromStdString(options.searchText));
+  if (!options.searchText.empty()) {
+    shell->context().search()->setSearchText(QString::fromStdString(options.searchText));
+  }
   if (!options.screenshot) {
     co_return;
   }

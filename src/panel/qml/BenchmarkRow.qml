@@ -24,7 +24,7 @@ LineLayout {
         name: row.volume.name
     }
     Spinner {
-        label: Panel.texts.hintTestSpeed
+        label: row.volume.testProgress
         visible: row.volume.showsTestProgress
         LineLayout.isTrailing: true
     }

@@ -23,6 +23,7 @@ FocusScope {
     Accessible.name: sentence
     Accessible.role: canExpand ? Accessible.Button : Accessible.ListItem
     Accessible.onPressAction: Panel.toggle(index)
+    onActiveFocusChanged: ListView.view.currentIndex = activeFocus ? index : ListView.view.currentIndex
 
     Item {
         clip: true
@@ -45,7 +46,10 @@ FocusScope {
         anchors.fill: parent
         enabled: segment.canExpand
         onClicked: Panel.toggle(segment.index)
-        onPressed: Hints.hide()
+        onPressed: {
+            Hints.hide();
+            segment.ListView.view.currentIndex = segment.index;
+        }
     }
     Item {
         id: body

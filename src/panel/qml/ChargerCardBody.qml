@@ -23,9 +23,7 @@ CardSegment {
         ChargerRow {
             id: row
 
-            canExpand: false
             content: segment.content.row
-            isExpanded: false
             width: parent.width - 16
             x: 8
             y: 6

@@ -6,8 +6,6 @@ LineLayout {
     id: row
 
     required property var content
-    required property bool canExpand
-    required property bool isExpanded
 
     leastElasticWidth: Theme.leastNameWidth
     lineSpacing: 2
@@ -22,15 +20,21 @@ LineLayout {
     NameLabel {
         name: row.content.name
     }
-    SymbolIcon {
-        color: Theme.inks.green
-        name: "arrow.up.circle.fill"
-        visible: row.content.isCharging && row.content.rated !== ""
+    Row {
+        spacing: 4
+        visible: row.content.rated !== ""
         LineLayout.isTrailing: true
-    }
-    Label {
-        color: row.content.isCharging ? Theme.inks.green : Theme.secondary
-        text: row.content.rated
-        LineLayout.isTrailing: true
+
+        SymbolIcon {
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.inks.green
+            name: "arrow.up.circle.fill"
+            visible: row.content.isCharging
+        }
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            color: row.content.isCharging ? Theme.inks.green : Theme.secondary
+            text: row.content.rated
+        }
     }
 }

@@ -6,8 +6,6 @@ Row {
     id: row
 
     required property var content
-    required property bool canExpand
-    required property bool isExpanded
 
     spacing: 6
 

@@ -5,7 +5,6 @@ import Tamberline
 Bubble {
     id: bubble
 
-    property real greatestWidth: parent.width - 32
     default property alias content: column.data
 
     height: column.implicitHeight + 16

@@ -31,7 +31,7 @@ Item {
                 Rectangle {
                     color: column.isConnector ? Theme.secondary : Theme.text
                     height: column.isConnector && hierarchy.isLast ? branch.y + 1 : parent.height
-                    opacity: column.isConnector ? 0.6 : 0.2
+                    opacity: column.isConnector ? 1 : 0.2
                     width: 1
                     x: 7
                 }
@@ -40,11 +40,10 @@ Item {
 
                     color: Theme.secondary
                     height: 1
-                    opacity: 0.6
                     visible: column.isConnector
                     width: 6
                     x: 7
-                    y: 16
+                    y: 9 + Theme.symbolSize / 2
                 }
             }
         }

@@ -6,4 +6,5 @@ HoverHandler {
     required property string text
 
     onHoveredChanged: Hints.setHovered(parent, text, hovered)
+    onTextChanged: Hints.setHovered(parent, text, hovered)
 }

@@ -16,6 +16,8 @@ Item {
         visible: Panel.state === "cards"
         visibleHeight: area.height
         width: parent.width
+        onContentYChanged: Popover.close()
+        onCountChanged: Popover.close()
     }
     ListHeightKey {
         height: list.visible ? list.contentHeight : 0

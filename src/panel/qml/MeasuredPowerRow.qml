@@ -10,7 +10,7 @@ Column {
     spacing: 3
 
     LineLayout {
-        spacing: 6
+        spacing: 4
         width: parent.width
 
         Symbol {
@@ -22,6 +22,12 @@ Column {
         Label {
             text: row.power.used
             tooltip: row.power.tooltip
+        }
+        Label {
+            color: Theme.secondary
+            text: "·"
+            visible: row.power.allocated !== ""
+            Accessible.ignored: true
         }
         Label {
             color: Theme.secondary

@@ -8,6 +8,7 @@ Item {
     LineLayout {
         id: line
 
+        leastElasticWidth: Theme.leastNameWidth
         spacing: 8
         width: parent.width - x - 14
         x: 8
@@ -22,6 +23,7 @@ Item {
         Label {
             color: Theme.secondary
             text: Updated.text
+            LineLayout.isElastic: true
         }
         TextButton {
             enabled: Panel.canQuit

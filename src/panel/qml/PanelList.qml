@@ -25,6 +25,7 @@ ListView {
     Keys.onReturnPressed: Panel.toggle(currentIndex)
     Keys.onRightPressed: Panel.setExpanded(currentIndex, true)
     Keys.onSpacePressed: Panel.toggle(currentIndex)
+    onMovementStarted: proxy.stop()
 
     delegate: DelegateChooser {
         role: "kind"
@@ -114,9 +115,7 @@ ListView {
                 id: chargerRow
 
                 ChargerRow {
-                    canExpand: chargerRow.canExpand
                     content: chargerRow.content
-                    isExpanded: chargerRow.isExpanded
                     width: parent.width
                 }
             }
@@ -128,9 +127,7 @@ ListView {
                 id: chargingRow
 
                 ChargingOnlyRow {
-                    canExpand: chargingRow.canExpand
                     content: chargingRow.content
-                    isExpanded: chargingRow.isExpanded
                     width: parent.width
                 }
             }

@@ -7,10 +7,15 @@ CardSegment {
 
     required property var content
 
-    USBBusHeaderRow {
-        canExpand: false
-        content: segment.content
-        isExpanded: false
+    Column {
+        bottomPadding: 4
         width: parent.width
+
+        USBBusHeaderRow {
+            canExpand: false
+            content: segment.content
+            isExpanded: false
+            width: parent.width
+        }
     }
 }

@@ -25,7 +25,14 @@ FocusScope {
         color: Theme.accent
         opacity: 0.08
         radius: 6
-        visible: row.index === 0 || hover.hovered
+        visible: row.index === 0
+    }
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.text
+        opacity: 0.05
+        radius: 6
+        visible: hover.hovered
     }
     HoverHandler {
         id: hover

@@ -27,6 +27,8 @@ Item {
         ListView {
             id: list
 
+            readonly property string query: Search.searchText
+
             activeFocusOnTab: true
             boundsBehavior: Flickable.StopAtBounds
             cacheBuffer: 0
@@ -39,6 +41,7 @@ Item {
             width: parent.width
             Accessible.name: Panel.texts.suggestionList
             Accessible.role: Accessible.List
+            onQueryChanged: currentIndex = 0
             KeyNavigation.down: suggestions.below
             KeyNavigation.priority: KeyNavigation.AfterItem
 

@@ -12,8 +12,10 @@ LineLayout {
     leastElasticWidth: Theme.leastNameWidth
     spacing: 6
 
-    SymbolIcon {
+    Symbol {
         color: Theme.secondary
+        implicitHeight: Theme.smallSymbolSize
+        implicitWidth: Theme.smallSymbolSize
         name: "arrow.triangle.branch"
     }
     NameLabel {
