@@ -12,7 +12,8 @@ QPalette darkPalette();
 /// Our own font, if it is installed.
 QFont ownFont();
 
-/// Gives the application our own font and colours, unless a desktop chose some.
+/// Gives the application our own font where no desktop names one and, without a screen, our own
+/// colours.
 void useOwnLookWithoutDesktop();
 
 } // namespace tamberline
