@@ -35,7 +35,7 @@ Rectangle {
             name: badgeView.badge.icon
             visible: name !== ""
         }
-        Label {
+        TextLine {
             color: Theme.inks[badgeView.badge.color]
             font: badgeView.badge.hasBackground ? Theme.badgeFont : Theme.caption2Font
             text: badgeView.badge.text

@@ -15,7 +15,7 @@ LineLayout {
         color: Theme.secondary
         name: "speedometer"
     }
-    Label {
+    TextLine {
         color: Theme.secondary
         text: row.volume.label
     }
@@ -31,7 +31,7 @@ LineLayout {
     Repeater {
         model: row.volume.testTexts
 
-        Label {
+        TextLine {
             required property var modelData
 
             color: Theme.inks[modelData.color]

@@ -28,12 +28,12 @@ CardSegment {
                 color: Theme.fills.yellow
                 name: segment.content.icon
             }
-            Label {
+            TextLine {
                 font: Theme.subheadlineFont
                 text: segment.content.title
                 LineLayout.isElastic: true
             }
-            Label {
+            TextLine {
                 color: Theme.secondary
                 text: segment.content.port
                 tooltip: segment.content.portTooltip

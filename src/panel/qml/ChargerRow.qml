@@ -31,7 +31,7 @@ LineLayout {
             name: "arrow.up.circle.fill"
             visible: row.content.isCharging
         }
-        Label {
+        TextLine {
             anchors.verticalCenter: parent.verticalCenter
             color: row.content.isCharging ? Theme.inks.green : Theme.secondary
             text: row.content.rated

@@ -25,7 +25,7 @@ Row {
             spacing: 6
             width: parent.width
 
-            Label {
+            TextLine {
                 font: Theme.captionFont
                 text: row.content.title
                 LineLayout.isElastic: true

@@ -20,11 +20,11 @@ Rectangle {
         width: parent.width - x * 2
         x: 6
 
-        Label {
+        TextLine {
             color: Theme.secondary
             text: infoChip.chip.label
         }
-        Label {
+        TextLine {
             text: infoChip.chip.value
             LineLayout.isElastic: true
         }

@@ -19,22 +19,22 @@ Column {
             implicitWidth: Theme.smallSymbolSize
             name: "bolt.fill"
         }
-        Label {
+        TextLine {
             text: row.power.used
             tooltip: row.power.tooltip
         }
-        Label {
+        TextLine {
             color: Theme.secondary
             text: "·"
             visible: row.power.allocated !== ""
             Accessible.ignored: true
         }
-        Label {
+        TextLine {
             color: Theme.secondary
             text: row.power.allocated
             tooltip: row.power.tooltip
         }
-        Label {
+        TextLine {
             color: Theme.secondary
             text: row.power.voltageCurrent
             tooltip: row.power.tooltip

@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 
 // The name of a device, which may come cut already; the whole of it in the tooltip then too.
-Label {
+TextLine {
     required property var name
 
     font: Theme.captionFont

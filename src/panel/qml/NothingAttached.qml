@@ -16,7 +16,7 @@ CardSegment {
             color: Theme.secondary
             name: "minus.circle"
         }
-        Label {
+        TextLine {
             anchors.verticalCenter: parent.verticalCenter
             color: Theme.secondary
             text: segment.content.nothingAttached

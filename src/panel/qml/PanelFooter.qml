@@ -20,7 +20,7 @@ Item {
             symbol: "info.circle"
             onTriggered: Panel.openManual()
         }
-        Label {
+        TextLine {
             color: Theme.secondary
             text: Updated.text
             LineLayout.isElastic: true

@@ -23,7 +23,7 @@ Item {
             implicitHeight: 1
             implicitWidth: 4
         }
-        Label {
+        TextLine {
             font: Theme.titleFont
             text: "Tamberline"
             LineLayout.isElastic: true

@@ -48,7 +48,7 @@ CardSegment {
                     opacity: 0.15
                     radius: 5
                 }
-                Label {
+                TextLine {
                     id: count
 
                     anchors.centerIn: parent

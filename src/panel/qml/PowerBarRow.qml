@@ -19,16 +19,16 @@ Column {
             implicitWidth: Theme.smallSymbolSize
             name: "bolt.fill"
         }
-        Label {
+        TextLine {
             text: row.powerBar.used
             tooltip: row.powerBar.tooltip
         }
-        Label {
+        TextLine {
             color: Theme.secondary
             text: row.powerBar.allocated
             tooltip: row.powerBar.tooltip
         }
-        Label {
+        TextLine {
             color: Theme.secondary
             text: row.powerBar.portMax
             tooltip: row.powerBar.tooltip

@@ -35,11 +35,11 @@ Rectangle {
                 font: Theme.subheadlineFont
                 name: powerCard.card.name
             }
-            Label {
+            TextLine {
                 color: Theme.secondary
                 text: powerCard.card.rated
             }
-            Label {
+            TextLine {
                 color: Theme.secondary
                 text: powerCard.card.port
                 tooltip: powerCard.card.portTooltip
@@ -61,12 +61,12 @@ Rectangle {
             visible: powerCard.card.delivery !== "" || powerCard.card.ratedMax !== ""
             width: parent.width
 
-            Label {
+            TextLine {
                 color: Theme.secondary
                 text: powerCard.card.delivery
                 tooltip: powerCard.card.barTooltip
             }
-            Label {
+            TextLine {
                 color: Theme.secondary
                 text: powerCard.card.ratedMax
                 tooltip: powerCard.card.barTooltip
@@ -83,10 +83,10 @@ Rectangle {
                 color: Theme.inks[powerCard.card.battery.levelColor]
                 name: powerCard.card.battery.icon
             }
-            Label {
+            TextLine {
                 text: powerCard.card.battery.label
             }
-            Label {
+            TextLine {
                 color: Theme.inks[powerCard.card.battery.levelColor]
                 text: powerCard.card.battery.level
             }

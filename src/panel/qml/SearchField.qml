@@ -54,7 +54,7 @@ Item {
             onAccepted: Search.jumpToFirst()
             onTextEdited: Search.searchText = text
         }
-        Label {
+        TextLine {
             anchors.left: input.left
             anchors.right: parent.right
             anchors.rightMargin: 9

@@ -22,12 +22,12 @@ Column {
         spacing: 8
         width: parent.width
 
-        Label {
+        TextLine {
             color: Theme.inks[row.speedBar.color]
             text: row.speedBar.speedLabel
             tooltip: row.speedBar.tooltip
         }
-        Label {
+        TextLine {
             color: Theme.secondary
             text: row.speedBar.portMaxLabel
             tooltip: row.speedBar.tooltip

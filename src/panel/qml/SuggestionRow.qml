@@ -50,17 +50,17 @@ FocusScope {
             spacing: 6
             width: parent.width
 
-            Label {
+            TextLine {
                 font: Theme.captionFont
                 text: row.name
                 LineLayout.isElastic: true
             }
-            Label {
+            TextLine {
                 color: Theme.secondary
                 text: row.detail
             }
         }
-        Label {
+        TextLine {
             color: Theme.secondary
             text: row.breadcrumb
             width: parent.width

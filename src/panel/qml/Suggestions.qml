@@ -17,7 +17,7 @@ Item {
         width: parent.width - x * 2
         x: 8
 
-        Label {
+        TextLine {
             color: Theme.secondary
             padding: 4
             text: Panel.texts.noSearchResults

@@ -28,7 +28,7 @@ Column {
         BadgeView {
             badge: row.content.modeBadge
         }
-        Label {
+        TextLine {
             color: Theme.secondary
             text: row.content.ratedDraw
             LineLayout.isTrailing: true

@@ -28,7 +28,7 @@ Item {
         radius: 6
         visible: hover.hovered && button.enabled
     }
-    Label {
+    TextLine {
         id: label
 
         anchors.centerIn: parent

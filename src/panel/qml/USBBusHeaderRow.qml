@@ -21,7 +21,7 @@ LineLayout {
     NameLabel {
         name: row.content.name
     }
-    Label {
+    TextLine {
         color: Theme.secondary
         text: row.content.ratedDraw
         LineLayout.isTrailing: true

@@ -35,13 +35,13 @@ Column {
             visible: row.content.speedNote.isShown
             onTriggered: Popover.toggle(explain, row.content.speedNote.title, row.content.speedNote.note)
         }
-        Label {
+        TextLine {
             color: Theme.secondary
             text: row.content.hubTotal.text
             tooltip: row.content.hubTotal.tooltip
             LineLayout.isTrailing: true
         }
-        Label {
+        TextLine {
             color: Theme.inks[row.content.speedColor]
             text: row.content.speedText
             tooltip: row.content.speedTooltip

@@ -3,7 +3,7 @@ import Tamberline
 
 // A text in one line. What does not fit is left out in the middle, and the tooltip shows the whole.
 Text {
-    id: label
+    id: line
 
     property string tooltip
     property string wholeText: text
@@ -19,6 +19,6 @@ Text {
     Accessible.role: Accessible.StaticText
 
     Hint {
-        text: label.truncated ? label.wholeText : label.tooltip
+        text: line.truncated ? line.wholeText : line.tooltip
     }
 }
