@@ -40,6 +40,23 @@ protected:
     QGuiApplication::processEvents();
   }
 
+  /// Whether closing the panel is what ends the application. It only tells while its loop runs.
+  bool closesTheLastWindow() {
+    bool isTold = false;
+    const auto connection = QObject::connect(qGuiApp, &QGuiApplication::lastWindowClosed, qGuiApp,
+                                             [&isTold] { isTold = true; });
+    QMetaObject::invokeMethod(
+        qGuiApp,
+        [this] {
+          shell->close();
+          QGuiApplication::exit();
+        },
+        Qt::QueuedConnection);
+    QGuiApplication::exec();
+    QObject::disconnect(connection);
+    return isTold;
+  }
+
   void openPanel() {
     shell->open();
     QGuiApplication::processEvents();
@@ -138,6 +155,36 @@ TEST_F(PanelShellTest, PanelOfATrayIconStandsBelowIt) {
   openPanel();
   EXPECT_GE(shell->window()->y(), icon.bottom());
   EXPECT_NEAR(shell->window()->geometry().center().x(), icon.center().x(), 1);
+}
+
+TEST_F(PanelShellTest, PanelAboveItsIconGrowsUpwards) {
+  const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+  const QRect icon(300, available.bottom() - 24, 24, 24);
+  makeShell(PanelWindow::Kind::attached, icon);
+  openPanel();
+  for (const int height : {300, 600, 250}) {
+    shell->window()->setMinimumHeight(height);
+    shell->window()->setMaximumHeight(height);
+    shell->window()->resize(400, height);
+    QGuiApplication::processEvents();
+    EXPECT_EQ(shell->window()->geometry().height(), height);
+    EXPECT_LE(shell->window()->geometry().bottom(), icon.top());
+    EXPECT_GE(shell->window()->geometry().bottom(), icon.top() - 10);
+  }
+}
+
+TEST_F(PanelShellTest, ClosingTheOrdinaryWindowEndsAProgramThatHasNoOther) {
+  makeShell(PanelWindow::Kind::ordinary);
+  openPanel();
+  EXPECT_TRUE(closesTheLastWindow());
+  EXPECT_FALSE(shell->isOpen());
+}
+
+TEST_F(PanelShellTest, ClosingThePanelOfATrayIconEndsNothing) {
+  makeShell(PanelWindow::Kind::attached);
+  openPanel();
+  EXPECT_FALSE(closesTheLastWindow());
+  EXPECT_FALSE(shell->isOpen());
 }
 
 TEST_F(PanelShellTest, WindowIsAsHighAsItsContentAndCannotBeResized) {

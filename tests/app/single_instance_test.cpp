@@ -2,6 +2,7 @@
 #include "support/event_loop.h"
 #include "support/temporary_folder.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QLocalSocket>
 #include <QSysInfo>
@@ -128,6 +129,16 @@ TEST_F(OneRun, WhatIsSentIsNotRead) {
   EXPECT_TRUE(runEventsUntil([&] { return socket.state() == QLocalSocket::UnconnectedState; }));
   EXPECT_FALSE(start(50ms)->isFirst());
   EXPECT_TRUE(runEventsUntil([&] { return raises == 2; }));
+}
+
+TEST_F(OneRun, WithoutAFolderEveryStartIsAFirstAndLeavesNothing) {
+  const QDir here;
+  const QStringList before = here.entryList(QDir::AllEntries | QDir::Hidden);
+  const SingleInstance first(QString(), [] {});
+  const SingleInstance second(QString(), [] {});
+  EXPECT_TRUE(first.isFirst());
+  EXPECT_TRUE(second.isFirst());
+  EXPECT_EQ(here.entryList(QDir::AllEntries | QDir::Hidden), before);
 }
 
 TEST_F(OneRun, TheSocketIsForTheSamePersonOnly) {

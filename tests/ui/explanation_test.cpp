@@ -55,6 +55,15 @@ protected:
   bool isOpen() { return bubble() != nullptr; }
 };
 
+TEST_F(PanelExplanation, ClosesWhenTheListMovesBelowIt) {
+  press(why);
+  ASSERT_TRUE(isOpen());
+  QQuickItem* const list = find(QAccessible::List, "Ports and devices").item();
+  list->setProperty("contentY", list->property("contentY").toDouble() + 5);
+  settle();
+  EXPECT_FALSE(isOpen());
+}
+
 TEST_F(PanelExplanation, OpensAndClosesAtItsButton) {
   EXPECT_FALSE(isOpen());
   press(why);

@@ -121,6 +121,15 @@ TEST(RowSentences, SayOfADeviceItsSpeedItsPowerAndItsVolumes) {
       "4.5W total, 2.5 W rated, 4.5 W port max, Volume Data, W 101, R 202 MB/s, Volume Copy");
 }
 
+TEST(RowSentences, SayHowTheEjectionOfAVolumeStands) {
+  const USBDeviceDetailRow device{.name = "Disk", .volumes = {{"Volume", "Data", "/Volumes/Data"}}};
+  SampleStates states;
+  states.ejectStates["/Volumes/Data"] = {EjectState::Ejecting{}};
+  EXPECT_EQ(sentenceOf(device, states), "Disk, Volume Data, Ejecting…");
+  states.ejectStates["/Volumes/Data"] = {EjectState::Failed{"The volume is in use."}};
+  EXPECT_EQ(sentenceOf(device, states), "Disk, Volume Data, The volume is in use.");
+}
+
 TEST(RowSentences, LeaveOutWhatIsNotShown) {
   const struct {
     const char* description;
