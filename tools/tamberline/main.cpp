@@ -46,15 +46,15 @@ int run() {
 } // namespace
 
 int main(int argc, char** argv) {
-  chooseGraphics();
-  const QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("tamberline"));
-  QApplication::setApplicationDisplayName(QStringLiteral("Tamberline"));
-  if (QApplication::arguments().size() > 1) {
+  if (argc > 1) {
     std::fputs(
         "tamberline: there are no arguments to give; tamberline-replay shows saved reports\n",
         stderr);
     return exitUsage;
   }
+  chooseGraphics();
+  const QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("tamberline"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Tamberline"));
   return run();
 }
