@@ -106,7 +106,7 @@ void Theme::readPalette(const QPalette& palette) {
 /// Readable on everything that text stands on: the card, the window, a field, a tint of itself and
 /// the grey of a count.
 QColor Theme::inkOf(const QColor& fill) const {
-  const QColor grey = fills_.value(colorName(Color::grey)).value<QColor>();
+  const auto grey = fills_.value(colorName(Color::grey)).value<QColor>();
   return readableOn(
       {card_, window_, field_, blended(fill, card_, badgeShare), blended(grey, card_, countShare)},
       fill, readableContrast);
