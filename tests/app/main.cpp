@@ -12,14 +12,6 @@ extern "C" const char* __lsan_default_suppressions() {
          "leak:QScroller::grabGesture\n";
 }
 
-// What the thread sanitizer asks. A PDF view draws on threads of its own, and what they hand over
-// inside of libraries that are not built for the sanitizer looks like a race to it.
-extern "C" const char* __tsan_default_suppressions() {
-  return "race:libQt6Core.so\n"
-         "race:libQt6Gui.so\n"
-         "race:libglib-2.0.so\n";
-}
-
 /// Windows need an application object; on the offscreen platform they need no screen.
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
