@@ -24,6 +24,11 @@ public:
 
   virtual ToolOutput run(const std::string& executable,
                          const std::vector<std::string>& arguments) = 0;
+
+  /// The same, and what the tool writes to standard error stands in the output too, in the order of
+  /// writing.
+  virtual ToolOutput runWithErrors(const std::string& executable,
+                                   const std::vector<std::string>& arguments) = 0;
 };
 
 } // namespace tamberline

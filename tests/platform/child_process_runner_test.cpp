@@ -55,6 +55,13 @@ TEST(ChildProcessRunner, TakesAHundredMegabytes) {
   EXPECT_EQ(output.exitStatus, 0);
 }
 
+TEST(ChildProcessRunner, LeavesStandardErrorOutUnlessAskedForIt) {
+  EXPECT_EQ(runTool({"both"}).standardOutput, "first, last");
+  const ToolOutput output = ChildProcessRunner().runWithErrors(TROUBLESOME_TOOL, {"both"});
+  EXPECT_EQ(output.standardOutput, "first, then an error, last");
+  EXPECT_EQ(output.exitStatus, 1);
+}
+
 TEST(ChildProcessRunner, IsNotHeldUpByAToolThatFillsItsStandardError) {
   const ToolOutput output = runTool({"chatty"});
   EXPECT_EQ(output.standardOutput, "done");

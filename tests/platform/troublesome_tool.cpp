@@ -74,6 +74,13 @@ int main(int argc, char** argv) {
     std::fputs("done", stdout);
     return EXIT_SUCCESS;
   }
+  if (deed == "both") {
+    std::fputs("first, ", stdout);
+    std::fflush(stdout);
+    std::fputs("then an error, ", stderr);
+    std::fputs("last", stdout);
+    return EXIT_FAILURE;
+  }
   if (deed == "bytes") {
     std::fwrite("a\0\xff\xfe\n", 1, 5, stdout);
     return EXIT_SUCCESS;

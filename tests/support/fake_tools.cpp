@@ -46,6 +46,11 @@ ToolOutput FakeTools::run(const std::string& executable,
   return {std::move(output), 0};
 }
 
+ToolOutput FakeTools::runWithErrors(const std::string& executable,
+                                    const std::vector<std::string>& arguments) {
+  return run(executable, arguments);
+}
+
 void FakeTools::answer(const std::string& fileName, std::string output) {
   const std::lock_guard lock(mutex_);
   answers_[fileName] = std::move(output);

@@ -15,6 +15,8 @@ namespace tamberline {
 class FakeTools final : public ToolRunner {
 public:
   ToolOutput run(const std::string& executable, const std::vector<std::string>& arguments) override;
+  ToolOutput runWithErrors(const std::string& executable,
+                           const std::vector<std::string>& arguments) override;
 
   /// The answer from now on.
   void answer(const std::string& fileName, std::string output);

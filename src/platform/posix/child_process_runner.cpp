@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -43,13 +44,20 @@ private:
   int number_;
 };
 
+/// Where what a child writes to standard error goes.
+enum class ErrorOutput : std::uint8_t { nowhere, intoOutput };
+
 class SpawnActions {
 public:
-  explicit SpawnActions(int standardOutput) {
+  SpawnActions(int standardOutput, ErrorOutput errors) {
     posix_spawn_file_actions_init(&actions_);
     posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions_, standardOutput, STDOUT_FILENO);
-    posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    if (errors == ErrorOutput::intoOutput) {
+      posix_spawn_file_actions_adddup2(&actions_, standardOutput, STDERR_FILENO);
+    } else {
+      posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    }
 #ifndef __APPLE__
     posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
 #endif
@@ -96,7 +104,7 @@ private:
 
 /// Absent when the tool cannot be started.
 std::optional<pid_t> spawn(const std::string& executable, const std::vector<std::string>& arguments,
-                           int standardOutput) {
+                           int standardOutput, ErrorOutput errors) {
   std::vector<std::string> words = {executable};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
@@ -105,7 +113,7 @@ std::optional<pid_t> spawn(const std::string& executable, const std::vector<std:
     pointers.push_back(word.data());
   }
   pointers.push_back(nullptr);
-  const SpawnActions actions(standardOutput);
+  const SpawnActions actions(standardOutput, errors);
   const SpawnAttributes attributes;
   pid_t child = 0;
   const int error = posix_spawn(&child, executable.c_str(), actions.get(), attributes.get(),
@@ -136,10 +144,8 @@ std::optional<int> waitForExitStatus(pid_t child) {
   return WIFEXITED(status) ? std::optional(WEXITSTATUS(status)) : std::nullopt;
 }
 
-} // namespace
-
-ToolOutput ChildProcessRunner::run(const std::string& executable,
-                                   const std::vector<std::string>& arguments) {
+ToolOutput runToEnd(const std::string& executable, const std::vector<std::string>& arguments,
+                    ErrorOutput errors) {
   ignoreBrokenPipes();
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) {
@@ -150,13 +156,25 @@ ToolOutput ChildProcessRunner::run(const std::string& executable,
   }
   const Descriptor readEnd(ends[0]);
   Descriptor writeEnd(ends[1]);
-  const std::optional<pid_t> child = spawn(executable, arguments, writeEnd.number());
+  const std::optional<pid_t> child = spawn(executable, arguments, writeEnd.number(), errors);
   writeEnd.close();
   if (!child) {
     return {};
   }
   std::string output = readToEnd(readEnd.number());
   return {std::move(output), waitForExitStatus(*child)};
+}
+
+} // namespace
+
+ToolOutput ChildProcessRunner::run(const std::string& executable,
+                                   const std::vector<std::string>& arguments) {
+  return runToEnd(executable, arguments, ErrorOutput::nowhere);
+}
+
+ToolOutput ChildProcessRunner::runWithErrors(const std::string& executable,
+                                             const std::vector<std::string>& arguments) {
+  return runToEnd(executable, arguments, ErrorOutput::intoOutput);
 }
 
 } // namespace tamberline

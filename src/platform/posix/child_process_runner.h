@@ -5,11 +5,12 @@
 namespace tamberline {
 
 /// Runs tools as child processes. A child inherits the environment and the working directory, and
-/// no descriptor but the pipe of its standard output; what it writes to standard error goes
-/// nowhere. The process ignores SIGPIPE from the first run on.
+/// no descriptor but the pipe of its output. The process ignores SIGPIPE from the first run on.
 class ChildProcessRunner final : public ToolRunner {
 public:
   ToolOutput run(const std::string& executable, const std::vector<std::string>& arguments) override;
+  ToolOutput runWithErrors(const std::string& executable,
+                           const std::vector<std::string>& arguments) override;
 };
 
 } // namespace tamberline

@@ -54,4 +54,9 @@ ToolOutput SavedReportsRunner::run(const std::string& executable,
   return {content.str(), 0};
 }
 
+ToolOutput SavedReportsRunner::runWithErrors(const std::string& executable,
+                                             const std::vector<std::string>& arguments) {
+  return run(executable, arguments);
+}
+
 } // namespace tamberline

@@ -13,6 +13,9 @@ public:
   explicit SavedReportsRunner(std::filesystem::path folder);
 
   ToolOutput run(const std::string& executable, const std::vector<std::string>& arguments) override;
+  /// The same: nobody saves what a tool writes to standard error.
+  ToolOutput runWithErrors(const std::string& executable,
+                           const std::vector<std::string>& arguments) override;
 
 private:
   std::filesystem::path folder_;
