@@ -9,6 +9,8 @@
 #include "scanner/observable_field.h"
 #include "scanner/port_event_source.h"
 #include "scanner/port_monitor.h"
+#include "storage/benchmark.h"
+#include "storage/volume_ejector.h"
 #include "tree/port_tree.h"
 #include "tree/tree_node.h"
 
@@ -30,6 +32,9 @@ namespace tamberline {
 struct ScannerOutside {
   Acquisition acquisition;
   std::shared_ptr<PortEventSource> events;
+  /// Null where volumes are only shown: nothing is tested or ejected then.
+  std::shared_ptr<Benchmark> benchmark = nullptr;
+  std::shared_ptr<VolumeEjector> ejector = nullptr;
   std::function<std::chrono::system_clock::time_point()> now = std::chrono::system_clock::now;
 };
 
@@ -47,6 +52,15 @@ public:
   /// in `errorMessage`. Called on any thread, runs on the main thread. The monitor starts after the
   /// first scan.
   QCoro::Task<> scan();
+
+  /// Tests a volume's speed; returns at once when that volume is being tested. Never fails: what
+  /// goes wrong ends in `benchmarks`. Called on any thread, runs on the main thread.
+  QCoro::Task<> runBenchmark(std::string mountPoint);
+
+  /// Ejects the drive of a volume and, when that succeeded, scans; returns at once when it is being
+  /// ejected. Never fails: what goes wrong stands in `ejectStates` for four seconds. Called on any
+  /// thread, runs on the main thread.
+  QCoro::Task<> eject(std::string mountPoint);
 
   /// In the order of the report. A scan publishes field by field, so these can be newer than
   /// `portTree` while it runs.
@@ -85,13 +99,20 @@ private:
   explicit PortScanner(ScannerOutside outside);
 
   static QCoro::Task<> runScan(std::shared_ptr<PortScanner> self);
+  static QCoro::Task<> runTest(std::shared_ptr<PortScanner> self, std::string mountPoint);
+  static QCoro::Task<> runEjection(std::shared_ptr<PortScanner> self, std::string mountPoint);
   static QCoro::Task<std::optional<std::string>> gather(std::shared_ptr<PortScanner> self);
   void publishPower(PowerReading reading);
   void publishTree();
   void startMonitor();
+  bool isBeingTested(const std::string& mountPoint) const;
+  void publishPhase(const std::string& mountPoint, BenchmarkPhase phase);
+  bool isBeingEjected(const std::string& mountPoint) const;
+  void publishEjectState(const std::string& mountPoint, std::optional<EjectState> state);
 
   ScannerOutside outside_;
-  std::unique_ptr<PortMonitor> monitor_; // after the first scan
+  std::unique_ptr<PortMonitor> monitor_;                // after the first scan
+  std::map<std::string, std::uint64_t> ejectionCounts_; // by mount point
 };
 
 } // namespace tamberline

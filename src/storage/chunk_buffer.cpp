@@ -1,0 +1,38 @@
+#include "storage/chunk_buffer.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <new>
+#include <random>
+
+namespace tamberline {
+namespace {
+
+/// The size of a page on every system so far; blocks of drives are at most as large.
+constexpr std::align_val_t pageAlignment{16384};
+
+std::mt19937_64 seededGenerator() {
+  std::random_device source;
+  std::seed_seq seed = {source(), source(), source(), source()};
+  return std::mt19937_64(seed);
+}
+
+} // namespace
+
+ChunkBuffer::ChunkBuffer(std::size_t size)
+    : start_(static_cast<std::byte*>(operator new(size, pageAlignment))), size_(size) {}
+
+void ChunkBuffer::fillRandomly() {
+  std::mt19937_64 generator = seededGenerator();
+  for (std::size_t offset = 0; offset < size_; offset += sizeof(std::uint64_t)) {
+    const std::uint64_t word = generator();
+    std::memcpy(start_.get() + offset, &word, std::min(sizeof(word), size_ - offset));
+  }
+}
+
+void ChunkBuffer::Free::operator()(std::byte* start) const {
+  operator delete(start, pageAlignment);
+}
+
+} // namespace tamberline

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "acquisition/tool_runner.h"
+#include "storage/volume_ejector.h"
+
+#include <memory>
+
+namespace tamberline {
+
+/// Ejects with the Mac's own disk utility; what that prints is the message.
+class DiskUtilityEjector final : public VolumeEjector {
+public:
+  explicit DiskUtilityEjector(std::shared_ptr<ToolRunner> tools);
+
+  EjectOutcome eject(const std::string& mountPoint) override;
+
+private:
+  std::shared_ptr<ToolRunner> tools_;
+};
+
+} // namespace tamberline
