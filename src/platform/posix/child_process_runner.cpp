@@ -1,5 +1,7 @@
 #include "platform/posix/child_process_runner.h"
 
+#include "platform/posix/descriptor.h"
+
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -8,7 +10,6 @@
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <utility>
 
 // Not every system declares it.
 // NOLINTNEXTLINE(readability-redundant-declaration,cppcoreguidelines-avoid-non-const-global-variables)
@@ -25,24 +26,6 @@ void ignoreBrokenPipes() {
   }();
   static_cast<void>(areIgnored);
 }
-
-class Descriptor {
-public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { close(); }
-
-  int number() const { return number_; }
-  void close() {
-    if (number_ >= 0) {
-      ::close(std::exchange(number_, -1));
-    }
-  }
-
-private:
-  int number_;
-};
 
 /// Where what a child writes to standard error goes.
 enum class ErrorOutput : std::uint8_t { nowhere, intoOutput };
