@@ -1,0 +1,18 @@
+#pragma once
+
+#include "storage/volume_files.h"
+
+namespace tamberline {
+
+/// The real files of mounted volumes. Files are opened close-on-exec and never through a symbolic
+/// link. Where a file system refuses to go past the cache, writing goes through it, and reading
+/// begins with forgetting what the cache holds.
+class PosixVolumeFiles final : public VolumeFiles {
+public:
+  std::optional<std::uint64_t> freeBytes(const std::string& mountPoint) override;
+  std::unique_ptr<VolumeFile> create(const std::string& path) override;
+  std::unique_ptr<VolumeFile> open(const std::string& path) override;
+  void remove(const std::string& path) override;
+};
+
+} // namespace tamberline
