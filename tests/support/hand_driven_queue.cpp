@@ -51,15 +51,23 @@ std::map<MainQueue::WorkItem, HandDrivenQueue::Delayed>::iterator HandDrivenQueu
 }
 
 void HandDrivenQueue::advance(std::chrono::milliseconds duration) {
-  const std::chrono::milliseconds end = now_ + duration;
   settle();
+  moveClock(duration, [this] { settle(); });
+}
+
+void HandDrivenQueue::advanceWithoutBackground(std::chrono::milliseconds duration) {
+  moveClock(duration, [this] { runPosted(); });
+}
+
+void HandDrivenQueue::moveClock(std::chrono::milliseconds duration, const Work& afterEach) {
+  const std::chrono::milliseconds end = now_ + duration;
   for (auto next = earliest(); next != delayed_.end() && next->second.due <= end;
        next = earliest()) {
     now_ = next->second.due;
     const Work work = std::move(next->second.work);
     delayed_.erase(next);
     work();
-    settle();
+    afterEach();
   }
   now_ = end;
 }

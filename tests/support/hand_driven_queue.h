@@ -29,6 +29,9 @@ public:
   /// Moves the clock, stopping at every delayed item on the way and settling there.
   void advance(std::chrono::milliseconds duration);
 
+  /// The same with background work that takes longer than that.
+  void advanceWithoutBackground(std::chrono::milliseconds duration);
+
   /// Runs what was posted; background work keeps waiting.
   void runPosted();
 
@@ -53,6 +56,7 @@ private:
   };
 
   std::map<WorkItem, Delayed>::iterator earliest();
+  void moveClock(std::chrono::milliseconds duration, const Work& afterEach);
 
   bool isMainThread_ = true;
   std::chrono::milliseconds now_{0};

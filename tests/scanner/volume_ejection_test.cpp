@@ -1,0 +1,139 @@
+#include "scanner/volume_fixture.h"
+
+namespace tamberline {
+namespace {
+
+using namespace std::chrono_literals;
+using Lines = std::vector<std::string>;
+
+class VolumeEjection : public VolumeFixture {
+protected:
+  void eject() {
+    scanner->eject("/V");
+    queue->settle();
+  }
+
+  std::size_t scanCount() const { return tools->runCount("SPUSBDataType.json"); }
+};
+
+constexpr const char* reportWithVolume = R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
+    {"_name": "Stick", "Media": [{"volumes": [{"_name": "Data", "mount_point": "/V"}]}]}]}]})";
+
+TEST_F(VolumeEjection, IsFollowedByAScanWhenItSucceeded) {
+  eject();
+  EXPECT_EQ(published, (Lines{"/V: ejecting", "nothing"}));
+  EXPECT_EQ(ejector->mountPoints, Lines{"/V"});
+  EXPECT_EQ(scanCount(), 1U);
+}
+
+TEST_F(VolumeEjection, TakesTheDeviceAwayWithTheScan) {
+  tools->answer("SPUSBDataType.json", reportWithVolume);
+  scan();
+  ASSERT_FALSE(scanner->usbBuses.get().empty());
+  answerWithEmptyReports(*tools);
+  eject();
+  EXPECT_TRUE(scanner->usbBuses.get().empty());
+}
+
+TEST_F(VolumeEjection, ShowsTheMessageForFourSeconds) {
+  ejector->failures = {"Volume busy"};
+  eject();
+  EXPECT_EQ(published, (Lines{"/V: ejecting", "/V: failed: Volume busy"}));
+  queue->advance(3999ms);
+  EXPECT_EQ(published.size(), 2U);
+  queue->advance(1ms);
+  EXPECT_EQ(published.back(), "nothing");
+  EXPECT_EQ(scanCount(), 0U);
+}
+
+TEST_F(VolumeEjection, TrimsTheMessage) {
+  ejector->failures = {" \n\tVolume busy\r\n "};
+  eject();
+  EXPECT_EQ(published.back(), "/V: failed: Volume busy");
+}
+
+TEST_F(VolumeEjection, HasAMessageOfItsOwnWhereTheServiceSaysNothing) {
+  for (const char* silence : {"", " \n"}) {
+    ejector->failures = {silence};
+    eject();
+    EXPECT_EQ(published.back(), "/V: failed: Eject failed — a file may still be open on it");
+    queue->advance(4s);
+  }
+  const LanguageScope french(AppLanguage::fr);
+  ejector->failures = {""};
+  eject();
+  EXPECT_EQ(published.back(),
+            "/V: failed: Échec de l’éjection — un fichier est peut-être encore ouvert");
+}
+
+TEST_F(VolumeEjection, RunsOnceWhenThePersonPressesTwice) {
+  scanner->eject("/V");
+  scanner->eject("/V");
+  queue->settle();
+  EXPECT_EQ(ejector->mountPoints.size(), 1U);
+}
+
+TEST_F(VolumeEjection, CanBeTriedAgainWhileTheMessageIsShown) {
+  ejector->failures = {"Volume busy"};
+  eject();
+  queue->advance(2s);
+  eject();
+  EXPECT_EQ(published,
+            (Lines{"/V: ejecting", "/V: failed: Volume busy", "/V: ejecting", "nothing"}));
+  queue->advance(10s);
+  EXPECT_EQ(published.size(), 4U);
+}
+
+TEST_F(VolumeEjection, LeavesANewerOneAloneThatStillRuns) {
+  ejector->failures = {"Volume busy"};
+  eject();
+  queue->advance(2s);
+  scanner->eject("/V");
+  ASSERT_EQ(queue->backgroundCount(), 1U);
+  // The clock passes the end of the message while the second ejection is at work.
+  const auto work = [this] { return ejectText(scanner->ejectStates.get().at("/V")); };
+  EXPECT_EQ(work(), "ejecting");
+  queue->advanceWithoutBackground(3s);
+  EXPECT_EQ(work(), "ejecting");
+  queue->settle();
+  EXPECT_EQ(published.back(), "nothing");
+}
+
+TEST_F(VolumeEjection, ShowsANewerMessageForFourSecondsToo) {
+  ejector->failures = {"Volume busy", "Still busy"};
+  eject();
+  queue->advance(3s);
+  eject();
+  queue->advance(3999ms);
+  EXPECT_EQ(published.back(), "/V: failed: Still busy");
+  queue->advance(1ms);
+  EXPECT_EQ(published.back(), "nothing");
+}
+
+TEST_F(VolumeEjection, OfOneVolumeSaysNothingOfAnother) {
+  ejector->failures = {"Volume busy"};
+  eject();
+  scanner->eject("/W");
+  EXPECT_EQ(published.back(), "/V: failed: Volume busy; /W: ejecting");
+  queue->settle();
+  EXPECT_EQ(published.back(), "/V: failed: Volume busy");
+}
+
+TEST_F(VolumeEjection, IsPublishedOnTheMainThreadWhoeverAskedForIt) {
+  queue->pretendOtherThread(true);
+  scanner->eject("/V");
+  EXPECT_TRUE(published.empty());
+  queue->pretendOtherThread(false);
+  queue->settle();
+  EXPECT_EQ(published.size(), 2U);
+}
+
+TEST_F(VolumeEjection, DoesNotBeginWhereVolumesAreOnlyShown) {
+  scanner = makeScanner();
+  eject();
+  EXPECT_TRUE(scanner->ejectStates.get().empty());
+  EXPECT_EQ(scanCount(), 0U);
+}
+
+} // namespace
+} // namespace tamberline

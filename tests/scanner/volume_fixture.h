@@ -1,0 +1,64 @@
+#pragma once
+
+#include "scanner/scanner_fixture.h"
+#include "support/fake_volume_files.h"
+#include "support/language_scope.h"
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// An ejector that answers what the test tells it to, and succeeds otherwise.
+class FakeEjector final : public VolumeEjector {
+public:
+  EjectOutcome eject(const std::string& mountPoint) override {
+    mountPoints.push_back(mountPoint);
+    if (failures.empty()) {
+      return {.isEjected = true};
+    }
+    std::string message = std::move(failures.front());
+    failures.pop_front();
+    return {.isEjected = false, .message = std::move(message)};
+  }
+
+  std::deque<std::string> failures;
+  std::vector<std::string> mountPoints;
+};
+
+/// A scanner with volumes in memory and an ejector in the test's hands, and what it publishes of
+/// them.
+class VolumeFixture : public ScannerFixture {
+protected:
+  void SetUp() override {
+    scanner = PortScanner::create({.acquisition = {.tools = tools, .queue = queue},
+                                   .events = events,
+                                   .benchmark = benchmark,
+                                   .ejector = ejector,
+                                   .now = [this] { return now; }});
+    observations_.push_back(scanner->benchmarks.observe([this] { notePhases(); }));
+    observations_.push_back(scanner->ejectStates.observe([this] { noteEjectStates(); }));
+  }
+
+  /// "Writing…", "failed: Volume is read-only", "W 20 R 40".
+  static std::string phaseText(const BenchmarkPhase& phase);
+  static std::string ejectText(const EjectState& state);
+
+  std::shared_ptr<FakeVolumeFiles> files = std::make_shared<FakeVolumeFiles>();
+  std::chrono::steady_clock::time_point diskTime;
+  std::shared_ptr<Benchmark> benchmark = std::make_shared<Benchmark>(
+      files, Benchmark::Setting{.sizeMB = 20, .now = [this] { return diskTime; }});
+  std::shared_ptr<FakeEjector> ejector = std::make_shared<FakeEjector>();
+  /// Each publication on a line.
+  std::vector<std::string> published;
+
+private:
+  void notePhases();
+  void noteEjectStates();
+
+  std::vector<Observation> observations_;
+};
+
+} // namespace tamberline

@@ -1,0 +1,166 @@
+#include "scanner/volume_fixture.h"
+
+namespace tamberline {
+namespace {
+
+using namespace std::chrono_literals;
+using Lines = std::vector<std::string>;
+
+class VolumeTest : public VolumeFixture {
+protected:
+  static constexpr const char* path = "/V/.tamberline_benchmark.tmp";
+
+  void test() {
+    scanner->runBenchmark("/V");
+    queue->settle();
+  }
+};
+
+TEST_F(VolumeTest, IsPublishedStepByStep) {
+  files->during = [this](const std::string& step) {
+    diskTime += step == "flush" ? 1000ms : step == "read 8388608" ? 125ms : 0ms;
+  };
+  test();
+  EXPECT_EQ(published, (Lines{"/V: Writing…", "/V: Reading…", "/V: W 20 R 40"}));
+  EXPECT_TRUE(files->files().empty());
+}
+
+TEST_F(VolumeTest, SaysInThePersonsLanguageHowFarItIs) {
+  const LanguageScope german(AppLanguage::de);
+  files->canOpen = false;
+  test();
+  EXPECT_EQ(published,
+            (Lines{"/V: Schreiben…", "/V: Lesen…", "/V: failed: E/A-Fehler während des Tests"}));
+}
+
+TEST_F(VolumeTest, SaysWhyItFailedAndLeavesNoFile) {
+  struct Row {
+    const char* what;
+    void (*arrange)(FakeVolumeFiles& files);
+    Lines published;
+  };
+  const std::vector<Row> rows = {
+      {"read-only",
+       [](FakeVolumeFiles& f) { f.canCreate = false; },
+       {"/V: Writing…", "/V: failed: Volume is read-only"}},
+      {"300 MB free",
+       [](FakeVolumeFiles& f) { f.free = 100'000'000; },
+       {"/V: Writing…", "/V: failed: Not enough free space"}},
+      {"second write",
+       [](FakeVolumeFiles& f) { f.writeFailures[2] = -1; },
+       {"/V: Writing…", "/V: failed: I/O error during test"}},
+      {"gone before reading",
+       [](FakeVolumeFiles& f) { f.canOpen = false; },
+       {"/V: Writing…", "/V: Reading…", "/V: failed: I/O error during test"}},
+      {"second read",
+       [](FakeVolumeFiles& f) { f.readFailures[2] = -1; },
+       {"/V: Writing…", "/V: Reading…", "/V: failed: I/O error during test"}},
+      {"anything else while writing",
+       [](FakeVolumeFiles& f) {
+         f.during = [](const std::string& step) {
+           if (step == "flush") {
+             throw std::bad_alloc();
+           }
+         };
+       },
+       {"/V: Writing…", "/V: failed: Test failed"}},
+      {"anything else while reading",
+       [](FakeVolumeFiles& f) {
+         f.during = [](const std::string& step) {
+           if (step.starts_with("read")) {
+             throw std::bad_alloc();
+           }
+         };
+       },
+       {"/V: Writing…", "/V: Reading…", "/V: failed: Test failed"}},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    files = std::make_shared<FakeVolumeFiles>();
+    benchmark = std::make_shared<Benchmark>(files, Benchmark::Setting{.sizeMB = 20});
+    published.clear();
+    SetUp();
+    row.arrange(*files);
+    test();
+    EXPECT_EQ(published, row.published);
+    EXPECT_TRUE(files->files().empty());
+    EXPECT_EQ(files->openCount(), 0);
+  }
+}
+
+TEST_F(VolumeTest, RemovesItsFileBeforeItSaysThatItIsDone) {
+  std::size_t filesAtTheEnd = 99;
+  const Observation observation =
+      scanner->benchmarks.observe([&] { filesAtTheEnd = files->files().size(); });
+  test();
+  EXPECT_EQ(filesAtTheEnd, 0U);
+  EXPECT_EQ(files->steps().back(), std::string("remove ") + path);
+}
+
+TEST_F(VolumeTest, RunsOnceWhenThePersonPressesTwice) {
+  scanner->runBenchmark("/V");
+  scanner->runBenchmark("/V");
+  EXPECT_EQ(queue->backgroundCount(), 1U);
+  queue->finishOneBackgroundWork(); // now it reads
+  scanner->runBenchmark("/V");
+  queue->settle();
+  EXPECT_EQ(published.size(), 3U);
+  const Lines steps = files->steps();
+  EXPECT_EQ(std::count(steps.begin(), steps.end(), std::string("create ") + path), 1);
+}
+
+TEST_F(VolumeTest, RunsAgainAfterItsEnd) {
+  test();
+  published.clear();
+  test();
+  EXPECT_EQ(published, (Lines{"/V: Writing…", "/V: Reading…", "/V: W 0 R 0"}));
+}
+
+TEST_F(VolumeTest, RunsForSeveralVolumesAtOnce) {
+  scanner->runBenchmark("/A");
+  scanner->runBenchmark("/B");
+  queue->settle();
+  EXPECT_EQ(published.at(1), "/A: Writing…; /B: Writing…");
+  EXPECT_EQ(published.back(), "/A: W 0 R 0; /B: W 0 R 0");
+}
+
+TEST_F(VolumeTest, ResultStaysThroughScans) {
+  test();
+  answerWithOnePort();
+  scan();
+  EXPECT_EQ(phaseText(scanner->benchmarks.get().at("/V")), "W 0 R 0");
+}
+
+TEST_F(VolumeTest, RunsThroughAScan) {
+  scanner->runBenchmark("/V");
+  queue->finishOneBackgroundWork();
+  scan();
+  EXPECT_EQ(published.back(), "/V: W 0 R 0");
+}
+
+TEST_F(VolumeTest, IsPublishedOnTheMainThreadWhoeverAskedForIt) {
+  queue->pretendOtherThread(true);
+  scanner->runBenchmark("/V");
+  EXPECT_TRUE(published.empty());
+  queue->pretendOtherThread(false);
+  queue->settle();
+  EXPECT_EQ(published.size(), 3U);
+}
+
+TEST_F(VolumeTest, DoesNotBeginWhereVolumesAreOnlyShown) {
+  scanner = makeScanner();
+  test();
+  EXPECT_TRUE(scanner->benchmarks.get().empty());
+}
+
+TEST_F(VolumeTest, KeepsItsScannerUntilItEnds) {
+  const std::weak_ptr<PortScanner> observed = scanner;
+  scanner->runBenchmark("/V");
+  scanner = nullptr;
+  EXPECT_FALSE(observed.expired());
+  queue->end();
+  EXPECT_TRUE(observed.expired());
+}
+
+} // namespace
+} // namespace tamberline

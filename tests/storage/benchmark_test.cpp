@@ -1,0 +1,244 @@
+#include "storage/benchmark.h"
+#include "storage/chunk_buffer.h"
+#include "support/fake_volume_files.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <set>
+
+namespace tamberline {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* mountPoint = "/Volumes/Data";
+const std::string path = "/Volumes/Data/.tamberline_benchmark.tmp";
+
+/// A benchmark over volumes in memory, whose clock the test moves.
+class BenchmarkTest : public testing::Test {
+protected:
+  BenchmarkResult write(std::int64_t sizeMB = 20) {
+    return benchmark.writeSync(mountPoint, sizeMB);
+  }
+  BenchmarkResult read() { return benchmark.readSync(mountPoint); }
+
+  /// Every step of the kind takes so long.
+  void letTake(const std::string& kind, std::chrono::milliseconds duration) {
+    files->during = [this, kind, duration](const std::string& step) {
+      if (step.starts_with(kind)) {
+        now += duration;
+      }
+    };
+  }
+
+  static double speedOf(const BenchmarkResult& result) { return std::get<double>(result); }
+
+  std::shared_ptr<FakeVolumeFiles> files = std::make_shared<FakeVolumeFiles>();
+  std::chrono::steady_clock::time_point now;
+  Benchmark benchmark{files, {.now = [this] { return now; }}};
+};
+
+TEST_F(BenchmarkTest, WritesChunkByChunkAndFlushesBeforeItCloses) {
+  write();
+  EXPECT_EQ(files->steps(), (std::vector<std::string>{
+                                "look for room in /Volumes/Data", "create " + path, "write 8388608",
+                                "write 8388608", "write 3222784", "flush", "close"}));
+  EXPECT_EQ(files->files().at(path), 20'000'000);
+}
+
+TEST_F(BenchmarkTest, ReadsToTheEndOfWhatItWrote) {
+  write();
+  const std::size_t before = files->steps().size();
+  read();
+  const std::vector<std::string> steps = files->steps();
+  EXPECT_EQ(
+      std::vector<std::string>(steps.begin() + static_cast<std::ptrdiff_t>(before), steps.end()),
+      (std::vector<std::string>{"open " + path, "read 8388608", "read 8388608", "read 8388608",
+                                "read 8388608", "close"}));
+}
+
+TEST_F(BenchmarkTest, WritesTwoHundredAndFiftySixMegabytesUnlessToldOtherwise) {
+  EXPECT_EQ(benchmark.sizeMB(), 256);
+  write(benchmark.sizeMB());
+  EXPECT_EQ(files->files().at(path), 256'000'000);
+}
+
+TEST_F(BenchmarkTest, CountsDecimalMegabytesASecond) {
+  letTake("write", 100ms); // three writes of 20 MB
+  EXPECT_DOUBLE_EQ(speedOf(write()), 20 / 0.3);
+  letTake("read", 50ms); // three reads and the one that finds the end
+  EXPECT_DOUBLE_EQ(speedOf(read()), 20 / 0.2);
+}
+
+TEST_F(BenchmarkTest, CountsTheTimeUntilTheMediumHasEverything) {
+  letTake("flush", 500ms);
+  EXPECT_DOUBLE_EQ(speedOf(write()), 40);
+}
+
+TEST_F(BenchmarkTest, LeavesOpeningAndClosingOutOfTheTime) {
+  letTake("write", 1s);
+  files->during = [this](const std::string& step) {
+    now += step == "write 3222784" ? 1s : step.starts_with("create") || step == "close" ? 1h : 0s;
+  };
+  EXPECT_DOUBLE_EQ(speedOf(write()), 20);
+}
+
+TEST_F(BenchmarkTest, GivesNoSpeedWhenNoTimePassed) {
+  EXPECT_EQ(write(), BenchmarkResult(0.0));
+  EXPECT_EQ(read(), BenchmarkResult(0.0));
+}
+
+TEST_F(BenchmarkTest, GoesOnAfterAWriteThatTookFewerBytes) {
+  files->mostBytesAtOnce = 5'000'000;
+  letTake("write", 100ms);
+  EXPECT_DOUBLE_EQ(speedOf(write()), 20 / 0.4);
+  EXPECT_EQ(files->files().at(path), 20'000'000);
+  EXPECT_EQ(speedOf(read()), 0);
+}
+
+TEST_F(BenchmarkTest, ReadsOnlyWhatIsLeftOfAFileThatSomebodyCutShort) {
+  write();
+  files->truncate(path, 5'000'000);
+  letTake("read", 250ms);
+  EXPECT_DOUBLE_EQ(speedOf(read()), 10);
+}
+
+TEST_F(BenchmarkTest, ReadsNothingFromAnEmptyFile) {
+  write();
+  files->truncate(path, 0);
+  letTake("read", 250ms);
+  EXPECT_EQ(speedOf(read()), 0);
+}
+
+TEST_F(BenchmarkTest, NeedsAHundredAndTwentyEightMegabytesBesideItsOwn) {
+  struct Row {
+    std::optional<std::uint64_t> freeBytes;
+    bool fits;
+  };
+  for (const Row& row : {Row{384'000'000, true}, Row{383'999'999, false}, Row{300'000'000, false},
+                         Row{0, false}, Row{std::nullopt, true}}) {
+    SCOPED_TRACE(row.freeBytes ? std::to_string(*row.freeBytes) : "unknown");
+    files->free = row.freeBytes;
+    const BenchmarkResult result = write(256);
+    EXPECT_EQ(std::holds_alternative<double>(result), row.fits);
+    if (!row.fits) {
+      EXPECT_EQ(result, BenchmarkResult(BenchmarkError::noSpace));
+    }
+  }
+}
+
+TEST_F(BenchmarkTest, MakesNoFileWithoutRoomForIt) {
+  files->free = 0;
+  write();
+  EXPECT_EQ(files->steps(), std::vector<std::string>{"look for room in /Volumes/Data"});
+}
+
+TEST_F(BenchmarkTest, TellsWhatWentWrong) {
+  struct Row {
+    const char* what;
+    void (*arrange)(FakeVolumeFiles& files);
+    BenchmarkError error;
+    bool isWritingWrong;
+  };
+  const std::vector<Row> rows = {
+      {"create", [](FakeVolumeFiles& f) { f.canCreate = false; }, BenchmarkError::notWritable,
+       true},
+      {"first write", [](FakeVolumeFiles& f) { f.writeFailures[1] = -1; }, BenchmarkError::ioError,
+       true},
+      {"nth write", [](FakeVolumeFiles& f) { f.writeFailures[3] = -1; }, BenchmarkError::ioError,
+       true},
+      {"write of nothing", [](FakeVolumeFiles& f) { f.writeFailures[2] = 0; },
+       BenchmarkError::ioError, true},
+      {"open", [](FakeVolumeFiles& f) { f.canOpen = false; }, BenchmarkError::ioError, false},
+      {"first read", [](FakeVolumeFiles& f) { f.readFailures[1] = -1; }, BenchmarkError::ioError,
+       false},
+      {"nth read", [](FakeVolumeFiles& f) { f.readFailures[3] = -1; }, BenchmarkError::ioError,
+       false},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    files->canCreate = files->canOpen = true;
+    files->writeFailures.clear();
+    files->readFailures.clear();
+    row.arrange(*files);
+    const BenchmarkResult written = write();
+    EXPECT_EQ(row.isWritingWrong ? written : read(), BenchmarkResult(row.error));
+    EXPECT_EQ(std::holds_alternative<BenchmarkError>(written), row.isWritingWrong);
+    EXPECT_EQ(files->openCount(), 0);
+    benchmark.cleanup(mountPoint);
+    EXPECT_TRUE(files->files().empty());
+  }
+}
+
+TEST_F(BenchmarkTest, WritesRandomBytesThatItMadeOnce) {
+  std::vector<const std::byte*> starts;
+  std::vector<std::byte> first;
+  files->look = [&](std::span<const std::byte> bytes) {
+    starts.push_back(bytes.data());
+    if (first.empty()) {
+      first.assign(bytes.begin(), bytes.end());
+    } else {
+      EXPECT_EQ(std::memcmp(first.data(), bytes.data(), bytes.size()), 0);
+    }
+  };
+  write();
+  EXPECT_EQ(starts, std::vector<const std::byte*>(3, starts.at(0)));
+  std::vector<std::uint64_t> words(first.size() / sizeof(std::uint64_t));
+  std::memcpy(words.data(), first.data(), first.size());
+  std::sort(words.begin(), words.end());
+  EXPECT_EQ(std::adjacent_find(words.begin(), words.end()), words.end()); // nothing to leave out
+}
+
+TEST_F(BenchmarkTest, WritesFromMemoryThatADriveCanTakeDirectly) {
+  files->look = [](std::span<const std::byte> bytes) {
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(bytes.data()) % 4096, 0U);
+  };
+  write();
+}
+
+TEST_F(BenchmarkTest, RemovesItsFileAndMindsNoneThatIsMissing) {
+  write();
+  benchmark.cleanup(mountPoint);
+  EXPECT_TRUE(files->files().empty());
+  benchmark.cleanup(mountPoint);
+  EXPECT_EQ(files->steps().back(), "remove " + path);
+}
+
+TEST_F(BenchmarkTest, RemovesEveryFileWhenTheProgramEnds) {
+  write();
+  benchmark.writeSync("/Volumes/Other", 1);
+  benchmark.writeSync("/Volumes/Third", 1);
+  benchmark.cleanup("/Volumes/Third");
+  benchmark.stop();
+  EXPECT_TRUE(files->files().empty());
+  const std::vector<std::string> steps = files->steps();
+  EXPECT_EQ(
+      std::count(steps.begin(), steps.end(), "remove /Volumes/Third/.tamberline_benchmark.tmp"), 1);
+}
+
+TEST_F(BenchmarkTest, BeginsNoTestOnceTheProgramEnds) {
+  benchmark.stop();
+  EXPECT_EQ(write(), BenchmarkResult());
+  EXPECT_TRUE(files->files().empty());
+  EXPECT_EQ(files->steps(), std::vector<std::string>{"look for room in /Volumes/Data"});
+}
+
+TEST(ChunkBuffer, IsFilledToItsLastByte) {
+  for (const std::size_t size : {std::size_t{1}, std::size_t{7}, std::size_t{4099}}) {
+    SCOPED_TRACE(size);
+    ChunkBuffer buffer(size);
+    ASSERT_EQ(buffer.bytes().size(), size);
+    std::set<std::byte> lastBytes;
+    for (int round = 0; round < 20; ++round) {
+      buffer.bytes().back() = std::byte{0};
+      buffer.fillRandomly();
+      lastBytes.insert(buffer.bytes().back());
+    }
+    EXPECT_GT(lastBytes.size(), 1U);
+  }
+}
+
+} // namespace
+} // namespace tamberline
