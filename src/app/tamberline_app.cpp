@@ -5,6 +5,7 @@
 #include "i18n/loc.h"
 
 #include <QApplication>
+#include <QWindow>
 
 #include <utility>
 
@@ -17,10 +18,10 @@ QString asQString(std::string_view text) {
 
 } // namespace
 
-TamberlineApp::TamberlineApp(ScannerOutside outside, std::shared_ptr<MainQueue> queue)
-    : hasTray_(QSystemTrayIcon::isSystemTrayAvailable()),
-      scanner_(PortScanner::create(std::move(outside))), manual_(carriedManuals),
-      shell_({.scanner = scanner_, .queue = std::move(queue), .actions = actions()},
+TamberlineApp::TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue)
+    : hasTray_(QSystemTrayIcon::isSystemTrayAvailable()), benchmark_(outside.benchmark),
+      manual_(carriedManuals), scanner_(PortScanner::create(outside)),
+      shell_({.scanner = scanner_, .queue = std::move(queue), .actions = actions(outside)},
              {.kind = hasTray_ ? PanelWindow::Kind::attached : PanelWindow::Kind::ordinary,
               .iconGeometry = [this] { return icon_ ? icon_->geometry() : QRect(); }}) {}
 
@@ -33,12 +34,33 @@ void TamberlineApp::start() {
   }
 }
 
-PanelActions TamberlineApp::actions() {
-  return {
+TamberlineApp::~TamberlineApp() {
+  if (icon_) {
+    icon_->hide();
+  }
+  for (QWindow* window : QGuiApplication::topLevelWindows()) {
+    window->hide();
+  }
+  if (benchmark_) {
+    benchmark_->stop();
+  }
+}
+
+PanelActions TamberlineApp::actions(const ScannerOutside& outside) {
+  PanelActions actions{
       .openManual = [this] { manual_.show(); },
       .closePanel = [this] { shell_.close(); },
       .quit = [] { QApplication::quit(); },
   };
+  if (outside.benchmark) {
+    actions.runBenchmark = [this](const std::string& mountPoint) {
+      scanner_->runBenchmark(mountPoint);
+    };
+  }
+  if (outside.ejector) {
+    actions.eject = [this](const std::string& mountPoint) { scanner_->eject(mountPoint); };
+  }
+  return actions;
 }
 
 void TamberlineApp::installTrayIcon() {

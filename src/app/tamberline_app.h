@@ -15,7 +15,13 @@ namespace tamberline {
 /// ordinary small window where there is no tray. Main thread only.
 class TamberlineApp {
 public:
-  TamberlineApp(ScannerOutside outside, std::shared_ptr<MainQueue> queue);
+  TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue);
+  TamberlineApp(const TamberlineApp&) = delete;
+  TamberlineApp& operator=(const TamberlineApp&) = delete;
+
+  /// Takes everything off the screen and waits until no volume is being tested any more; each test
+  /// ends with the chunk that it is at, and its file goes.
+  ~TamberlineApp();
 
   /// Puts the icon into the tray or, without one, opens the panel.
   void start();
@@ -24,12 +30,13 @@ public:
   void raise() { shell_.open(); }
 
 private:
-  PanelActions actions();
+  PanelActions actions(const ScannerOutside& outside);
   void installTrayIcon();
 
   bool hasTray_;
-  std::shared_ptr<PortScanner> scanner_;
+  std::shared_ptr<Benchmark> benchmark_; // may be null
   ManualWindow manual_;
+  std::shared_ptr<PortScanner> scanner_;
   PanelShell shell_;
   std::unique_ptr<QMenu> menu_;
   std::unique_ptr<QSystemTrayIcon> icon_;

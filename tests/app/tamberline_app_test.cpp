@@ -1,5 +1,7 @@
 #include "app/tamberline_app.h"
+#include "panel/panel_window.h"
 #include "support/fake_tools.h"
+#include "support/fake_volume_files.h"
 #include "support/hand_driven_queue.h"
 #include "support/simulated_event_source.h"
 
@@ -32,11 +34,18 @@ protected:
     return panels;
   }
 
+  static PanelController& panel() {
+    auto* view = qobject_cast<QQuickView*>(visiblePanels().at(0));
+    return *PanelContext::of(*view->engine()).panel();
+  }
+
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<FakeVolumeFiles> files = std::make_shared<FakeVolumeFiles>();
   std::unique_ptr<TamberlineApp> app = std::make_unique<TamberlineApp>(
       ScannerOutside{.acquisition = {.tools = tools, .queue = queue},
-                     .events = std::make_shared<SimulatedEventSource>()},
+                     .events = std::make_shared<SimulatedEventSource>(),
+                     .benchmark = std::make_shared<Benchmark>(files)},
       queue);
 };
 
@@ -64,6 +73,31 @@ TEST_F(TamberlineAppTest, ScansWithToolsThatAreMissingAndGoesOn) {
   queue->advance(std::chrono::seconds(1));
   EXPECT_EQ(tools->runCount("SPThunderboltDataType.json"), 2U); // two attempts
   EXPECT_EQ(visiblePanels().size(), 1U);
+}
+
+TEST_F(TamberlineAppTest, TestsVolumes) {
+  app->start();
+  EXPECT_TRUE(panel().canTestVolumes());
+  panel().runBenchmark("/Volumes/Data");
+  queue->settle();
+  EXPECT_EQ(files->steps().at(1), "create /Volumes/Data/.tamberline_benchmark.tmp");
+  EXPECT_TRUE(files->files().empty());
+}
+
+TEST_F(TamberlineAppTest, OffersOnlyWhatTheSystemCanDo) {
+  app->start();
+  EXPECT_FALSE(panel().canEject());
+}
+
+TEST_F(TamberlineAppTest, RemovesTheFilesOfTestsWhenItEnds) {
+  app->start();
+  panel().runBenchmark("/Volumes/Data");
+  while (files->files().empty()) { // the first scan's work waits too
+    ASSERT_GT(queue->backgroundCount(), 0U);
+    queue->finishOneBackgroundWork();
+  }
+  app.reset();
+  EXPECT_TRUE(files->files().empty());
 }
 
 } // namespace

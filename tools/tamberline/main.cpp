@@ -6,6 +6,8 @@
 #include "i18n/app_language.h"
 #include "platform/desktop.h"
 #include "platform/posix/child_process_runner.h"
+#include "platform/posix/posix_volume_files.h"
+#include "platform/posix/termination_signals.h"
 #include "platform/preferred_languages.h"
 #include "scanner/silent_event_source.h"
 
@@ -33,11 +35,13 @@ int run() {
   }
   AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
   useOwnLookWithoutDesktop();
+  const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
   const auto queue = std::make_shared<QtMainQueue>();
   app = std::make_unique<TamberlineApp>(
       ScannerOutside{
           .acquisition = {.tools = std::make_shared<ChildProcessRunner>(), .queue = queue},
-          .events = std::make_shared<SilentEventSource>()},
+          .events = std::make_shared<SilentEventSource>(),
+          .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>())},
       queue);
   app->start();
   return QApplication::exec();

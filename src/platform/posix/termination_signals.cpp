@@ -1,0 +1,79 @@
+#include "platform/posix/termination_signals.h"
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+/// All that a signal handler may reach.
+std::atomic<int> wakeUpDescriptor = -1;
+
+void wakeUp(int /*signal*/) {
+  const int error = errno;
+  const char byte = 0;
+  // A full pipe has woken the reader already.
+  [[maybe_unused]] const ssize_t count = write(wakeUpDescriptor, &byte, 1);
+  errno = error;
+}
+
+void drain(int descriptor) {
+  std::array<char, 64> bytes{};
+  while (read(descriptor, bytes.data(), bytes.size()) > 0) {
+  }
+}
+
+} // namespace
+
+TerminationSignals::TerminationSignals(std::function<void()> onAsked) {
+  if (!pipe_.readEnd.isOpen()) {
+    return; // the signals end the program as ever
+  }
+  notifier_ = std::make_unique<QSocketNotifier>(pipe_.readEnd.number(), QSocketNotifier::Read);
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
+                   [descriptor = pipe_.readEnd.number(), onAsked = std::move(onAsked)] {
+                     drain(descriptor);
+                     onAsked();
+                   });
+  wakeUpDescriptor = pipe_.writeEnd.number();
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    listen(signal);
+  }
+}
+
+TerminationSignals::~TerminationSignals() {
+  for (const Treatment& treatment : treatments_) {
+    sigaction(treatment.signal, &treatment.former, nullptr);
+  }
+  wakeUpDescriptor = -1;
+}
+
+TerminationSignals::Pipe TerminationSignals::makePipe() {
+  std::array<int, 2> ends = {-1, -1};
+  if (pipe(ends.data()) == 0) {
+    for (const int end : ends) {
+      fcntl(end, F_SETFD, FD_CLOEXEC);
+      fcntl(end, F_SETFL, O_NONBLOCK);
+    }
+  }
+  return {Descriptor(ends[0]), Descriptor(ends[1])};
+}
+
+void TerminationSignals::listen(int signal) {
+  Treatment treatment{.signal = signal};
+  sigaction(signal, nullptr, &treatment.former);
+  if (treatment.former.sa_handler == SIG_IGN) {
+    return;
+  }
+  struct sigaction action = {};
+  action.sa_handler = wakeUp;
+  action.sa_flags = SA_RESTART;
+  sigaction(signal, &action, nullptr);
+  treatments_.push_back(treatment);
+}
+
+} // namespace tamberline

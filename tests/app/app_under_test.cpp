@@ -1,0 +1,75 @@
+// The application over the real files of a volume, which begins to test the volume at once. The
+// tests of its end run it as a process: app_under_test FOLDER MEGABYTES. "quit" on standard input
+// presses the button of that name, "close" closes the window.
+
+#include "app/tamberline_app.h"
+#include "async/qt_main_queue.h"
+#include "panel/panel_window.h"
+#include "platform/posix/posix_volume_files.h"
+#include "platform/posix/termination_signals.h"
+#include "support/fake_tools.h"
+#include "support/simulated_event_source.h"
+
+#include <QApplication>
+#include <QQuickWindow>
+#include <QSocketNotifier>
+
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+using namespace tamberline;
+
+PanelController& shownPanel() {
+  for (QWindow* window : QGuiApplication::topLevelWindows()) {
+    if (auto* view = qobject_cast<QQuickView*>(window)) {
+      return *PanelContext::of(*view->engine()).panel();
+    }
+  }
+  std::abort(); // the application opens its panel at the start
+}
+
+void obey(const std::string& command) {
+  if (command == "quit") {
+    shownPanel().quit();
+  } else if (command == "close") {
+    shownPanel().close();
+  }
+}
+
+int runOn(const QString& folder, std::int64_t sizeMB) {
+  const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
+  const auto queue = std::make_shared<QtMainQueue>();
+  TamberlineApp app(
+      {.acquisition = {.tools = std::make_shared<FakeTools>(), .queue = queue},
+       .events = std::make_shared<SimulatedEventSource>(),
+       .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>(),
+                                                Benchmark::Setting{.sizeMB = sizeMB})},
+      queue);
+  app.start();
+  QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+  QObject::connect(&input, &QSocketNotifier::activated, [&input] {
+    std::string command;
+    if (std::getline(std::cin, command)) {
+      obey(command);
+    } else {
+      input.setEnabled(false);
+    }
+  });
+  shownPanel().runBenchmark(folder);
+  return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  const QApplication application(argc, argv);
+  const QStringList words = QApplication::arguments();
+  return words.size() == 3 ? runOn(words[1], words[2].toLongLong()) : EXIT_FAILURE;
+}
