@@ -120,5 +120,32 @@ TEST_F(PanelVolumes, DoNotOpenOrCloseTheirDevice) {
   EXPECT_EQ(rows().rowCount(), count);
 }
 
+TEST_F(PanelVolumes, KeepTheKeyboardThroughATest) {
+  open();
+  const AccessibleObject test = find(QAccessible::Button, testName);
+  test.item()->forceActiveFocus();
+  show(BenchmarkPhase::Running{"Writing…"});
+  typeKey(Qt::Key_Space);
+  EXPECT_TRUE(testedVolumes.empty());
+  show(BenchmarkPhase::Running{"Reading…"});
+  show(BenchmarkPhase::Done{412.2, 1021.6});
+  EXPECT_EQ(find(QAccessible::Button, retestName).item(), test.item());
+  EXPECT_TRUE(test.item()->hasActiveFocus());
+  typeKey(Qt::Key_Space);
+  EXPECT_EQ(testedVolumes.size(), 1U);
+}
+
+TEST_F(PanelVolumes, KeepTheKeyboardThroughAnEjectionThatFails) {
+  open();
+  const AccessibleObject eject = find(QAccessible::Button, ejectName);
+  eject.item()->forceActiveFocus();
+  showEjection(EjectState::Ejecting{});
+  showEjection(EjectState::Failed{"Volume busy"});
+  EXPECT_TRUE(eject.item()->hasActiveFocus());
+  scanner->ejectStates.set({});
+  settle();
+  EXPECT_TRUE(eject.item()->hasActiveFocus());
+}
+
 } // namespace
 } // namespace tamberline

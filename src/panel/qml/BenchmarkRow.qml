@@ -29,13 +29,15 @@ LineLayout {
         LineLayout.isTrailing: true
     }
     Repeater {
-        model: row.volume.testTexts
+        model: ValueListModel {
+            values: row.volume.testTexts
+        }
 
         TextLine {
-            required property var modelData
+            required property var value
 
-            color: Theme.inks[modelData.color]
-            text: modelData.text
+            color: Theme.inks[value.color]
+            text: value.text
             LineLayout.isTrailing: true
         }
     }

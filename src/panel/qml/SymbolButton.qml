@@ -20,6 +20,7 @@ Item {
     Accessible.name: hint
     Accessible.role: Accessible.Button
     Accessible.onPressAction: if (enabled) triggered()
+    Keys.enabled: visible
     Keys.onEnterPressed: triggered()
     Keys.onReturnPressed: triggered()
     Keys.onSpacePressed: triggered()

@@ -72,12 +72,14 @@ Column {
         }
     }
     Repeater {
-        model: row.content.volumes
+        model: ValueListModel {
+            values: row.content.volumes
+        }
 
         BenchmarkRow {
-            required property var modelData
+            required property var value
 
-            volume: modelData
+            volume: value
             width: row.width
         }
     }
