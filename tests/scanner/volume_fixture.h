@@ -1,32 +1,15 @@
 #pragma once
 
 #include "scanner/scanner_fixture.h"
+#include "support/fake_ejector.h"
 #include "support/fake_volume_files.h"
 #include "support/language_scope.h"
 
-#include <deque>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace tamberline {
-
-/// An ejector that answers what the test tells it to, and succeeds otherwise.
-class FakeEjector final : public VolumeEjector {
-public:
-  EjectOutcome eject(const std::string& mountPoint) override {
-    mountPoints.push_back(mountPoint);
-    if (failures.empty()) {
-      return {.isEjected = true};
-    }
-    std::string message = std::move(failures.front());
-    failures.pop_front();
-    return {.isEjected = false, .message = std::move(message)};
-  }
-
-  std::deque<std::string> failures;
-  std::vector<std::string> mountPoints;
-};
 
 /// A scanner with volumes in memory and an ejector in the test's hands, and what it publishes of
 /// them.

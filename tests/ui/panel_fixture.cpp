@@ -39,15 +39,26 @@ PanelFixture::~PanelFixture() {
 std::shared_ptr<PortScanner> PanelFixture::scannerOver(std::shared_ptr<ToolRunner> runner) {
   return PortScanner::create({.acquisition = {.tools = std::move(runner), .queue = queue},
                               .events = events,
+                              .benchmark = std::make_shared<Benchmark>(files),
+                              .ejector = ejector,
                               .now = [this] { return now; }});
 }
 
-PanelActions PanelFixture::actions() {
-  return {.runBenchmark = [this](const std::string& volume) { testedVolumes.push_back(volume); },
-          .eject = [this](const std::string& volume) { ejectedVolumes.push_back(volume); },
-          .openManual = [this] { ++manualCount; },
-          .closePanel = [this] { ++closeCount; },
-          .quit = [this] { ++quitCount; }};
+PanelActions PanelFixture::actions(const Setting& setting) {
+  if (!setting.hasActions) {
+    return {};
+  }
+  PanelActions actions{
+      .runBenchmark = [this](const std::string& volume) { testedVolumes.push_back(volume); },
+      .eject = [this](const std::string& volume) { ejectedVolumes.push_back(volume); },
+      .openManual = [this] { ++manualCount; },
+      .closePanel = [this] { ++closeCount; },
+      .quit = [this] { ++quitCount; }};
+  if (setting.areVolumesLive) {
+    actions.runBenchmark = [this](const std::string& volume) { scanner->runBenchmark(volume); };
+    actions.eject = [this](const std::string& volume) { scanner->eject(volume); };
+  }
+  return actions;
 }
 
 void PanelFixture::useSample(const std::string& name) {
@@ -60,7 +71,7 @@ void PanelFixture::openPanelWhileScanning(Setting setting) {
                             .queue = queue,
                             .now = [this] { return now; },
                             .fontScale = setting.fontScale,
-                            .actions = setting.hasActions ? actions() : PanelActions{}},
+                            .actions = actions(setting)},
       PanelShell::Placement{.isBoundByScreen = setting.isBoundByScreen});
   shell->open();
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/panel_shell.h"
+#include "support/fake_ejector.h"
 #include "support/fake_tools.h"
+#include "support/fake_volume_files.h"
 #include "support/hand_driven_queue.h"
 #include "support/simulated_event_source.h"
 #include "ui/accessible_objects.h"
@@ -32,6 +34,8 @@ protected:
     double fontScale = 1;
     bool isBoundByScreen = true;
     bool hasActions = true;
+    /// Volumes are tested and ejected by the scanner, instead of only noting that it was asked for.
+    bool areVolumesLive = false;
   };
 
   /// A scanner over the saved reports of samples/`name`, instead of the fake tools.
@@ -91,6 +95,8 @@ protected:
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<SimulatedEventSource> events = std::make_shared<SimulatedEventSource>();
   std::chrono::system_clock::time_point now{std::chrono::seconds(1'000'000)};
+  std::shared_ptr<FakeVolumeFiles> files = std::make_shared<FakeVolumeFiles>();
+  std::shared_ptr<FakeEjector> ejector = std::make_shared<FakeEjector>();
   std::shared_ptr<PortScanner> scanner;
   std::unique_ptr<PanelShell> shell;
 
@@ -102,7 +108,7 @@ protected:
 
 private:
   std::shared_ptr<PortScanner> scannerOver(std::shared_ptr<ToolRunner> runner);
-  PanelActions actions();
+  PanelActions actions(const Setting& setting);
 };
 
 } // namespace tamberline

@@ -1,0 +1,130 @@
+#include "ui/machines.h"
+#include "ui/panel_fixture.h"
+
+namespace tamberline {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* testName =
+    "Measure this volume's read & write speed (writes a temp file, then deletes it)";
+constexpr const char* retestName = "Run the test again";
+constexpr const char* ejectName = "Eject this drive";
+
+/// The panel over a scanner that tests and ejects a volume for real, in steps that the test takes.
+class LiveVolumes : public PanelFixture {
+protected:
+  void SetUp() override {
+    answerWithDisk(*tools);
+    openPanel({.areVolumesLive = true});
+    expandAll();
+  }
+
+  /// Presses a button and leaves what it sets off waiting.
+  void start(const QString& buttonName) { find(QAccessible::Button, buttonName).press(); }
+
+  void finishOneStep() {
+    queue->finishOneBackgroundWork();
+    draw();
+  }
+
+  bool isEnabled(const QString& buttonName) {
+    return find(QAccessible::Button, buttonName).item()->isEnabled();
+  }
+};
+
+TEST_F(LiveVolumes, ShowEveryPhaseOfATest) {
+  start(testName);
+  EXPECT_TRUE(isTextShown("Writing…"));
+  EXPECT_FALSE(isEnabled(ejectName));
+  finishOneStep();
+  EXPECT_TRUE(isTextShown("Reading…"));
+  EXPECT_FALSE(isEnabled(ejectName));
+  finishOneStep();
+  EXPECT_TRUE(isTextShown("Reading…")); // until the file is gone
+  finishOneStep();
+  EXPECT_FALSE(isTextShown("Reading…"));
+  EXPECT_TRUE(isShown(QAccessible::Button, retestName));
+  EXPECT_TRUE(isEnabled(ejectName));
+  EXPECT_TRUE(files->files().empty());
+}
+
+TEST_F(LiveVolumes, CanBeTestedAgainAfterAFailure) {
+  files->canCreate = false;
+  press(testName);
+  EXPECT_TRUE(isTextShown("Volume is read-only"));
+  files->canCreate = true;
+  press(retestName);
+  EXPECT_FALSE(isTextShown("Volume is read-only"));
+  EXPECT_EQ(
+      std::get_if<BenchmarkPhase::Failed>(&scanner->benchmarks.get().at("/Volumes/Data").state),
+      nullptr);
+}
+
+TEST_F(LiveVolumes, AreNotEjectedWhileTheyAreTested) {
+  start(testName);
+  start(ejectName);
+  click(find(QAccessible::Button, ejectName).item()->mapToScene({5, 5}));
+  EXPECT_TRUE(scanner->ejectStates.get().empty());
+  settle();
+  EXPECT_TRUE(ejector->mountPoints.empty());
+}
+
+TEST_F(LiveVolumes, KeepTheirResultThroughRescans) {
+  files->free = 0;
+  press(testName);
+  answerWithDevices(*tools, {});
+  rescan();
+  EXPECT_FALSE(isTextShown("Data"));
+  answerWithDisk(*tools);
+  rescan();
+  expandAll();
+  EXPECT_TRUE(isTextShown("Not enough free space"));
+}
+
+TEST_F(LiveVolumes, GoWithTheirDeviceWhenTheyAreEjected) {
+  start(ejectName);
+  EXPECT_TRUE(isShown(QAccessible::Indicator, "Ejecting…"));
+  answerWithDevices(*tools, {});
+  settle();
+  advance(1s);
+  EXPECT_EQ(ejector->mountPoints, std::vector<std::string>{"/Volumes/Data"});
+  EXPECT_FALSE(isTextShown("Data"));
+}
+
+TEST_F(LiveVolumes, ShowWhyTheyCannotBeEjectedForFourSeconds) {
+  ejector->failures = {"Volume busy"};
+  press(ejectName);
+  EXPECT_TRUE(isShown(QAccessible::Button, "Volume busy"));
+  EXPECT_FALSE(isShown(QAccessible::Button, ejectName));
+  advance(3999ms);
+  EXPECT_TRUE(isShown(QAccessible::Button, "Volume busy"));
+  advance(1ms);
+  EXPECT_FALSE(isShown(QAccessible::Button, "Volume busy"));
+  EXPECT_TRUE(isEnabled(ejectName));
+}
+
+TEST_F(LiveVolumes, CanBeEjectedAgainByTheMessageItself) {
+  ejector->failures = {"Volume busy"};
+  press(ejectName);
+  press("Volume busy");
+  EXPECT_EQ(ejector->mountPoints.size(), 2U);
+}
+
+TEST_F(LiveVolumes, AreTestedOnWhenThePanelCloses) {
+  start(testName);
+  closePanel();
+  queue->settle();
+  const auto& phase = scanner->benchmarks.get().at("/Volumes/Data");
+  EXPECT_TRUE(std::holds_alternative<BenchmarkPhase::Done>(phase.state));
+  EXPECT_TRUE(files->files().empty());
+}
+
+TEST_F(LiveVolumes, ShowAMessageFromOutsideAsPlainTextInOneLine) {
+  ejector->failures = {"<b>Volume</b>\nbusy\u202e"};
+  press(ejectName);
+  EXPECT_TRUE(isShown(QAccessible::Button, QString::fromUtf8("<b>Volume</b>\ufffdbusy\ufffd")));
+}
+
+} // namespace
+} // namespace tamberline
