@@ -1,0 +1,86 @@
+#include "platform/posix/termination_signals.h"
+#include "support/event_loop.h"
+
+#include <QCoreApplication>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <csignal>
+#include <thread>
+
+namespace tamberline {
+namespace {
+
+void (*treatmentOf(int signal))(int) {
+  struct sigaction action = {};
+  sigaction(signal, nullptr, &action);
+  return action.sa_handler;
+}
+
+class TerminationSignalsTest : public testing::Test {
+protected:
+  /// Whether all signals so far are told once.
+  bool isTold() {
+    return runEventsUntil([this] { return askedCount > 0; });
+  }
+
+  int argc = 1;
+  std::array<char, 5> name = {"test"};
+  std::array<char*, 2> argv = {name.data(), nullptr};
+  QCoreApplication application{argc, argv.data()};
+  int askedCount = 0;
+};
+
+TEST_F(TerminationSignalsTest, TellEachSignalThatAsksForTheEnd) {
+  const TerminationSignals termination([this] { ++askedCount; });
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    SCOPED_TRACE(signal);
+    askedCount = 0;
+    std::raise(signal);
+    EXPECT_EQ(askedCount, 0); // not inside the handler
+    EXPECT_TRUE(isTold());
+  }
+}
+
+TEST_F(TerminationSignalsTest, TellOnTheMainThread) {
+  std::thread::id toldOn;
+  const TerminationSignals termination([&] {
+    toldOn = std::this_thread::get_id();
+    ++askedCount;
+  });
+  std::thread([] { std::raise(SIGTERM); }).join();
+  EXPECT_TRUE(isTold());
+  EXPECT_EQ(toldOn, std::this_thread::get_id());
+}
+
+TEST_F(TerminationSignalsTest, TellManySignalsAtOnceOnlyOnce) {
+  const TerminationSignals termination([this] { ++askedCount; });
+  for (int count = 0; count < 50; ++count) {
+    std::raise(SIGTERM);
+  }
+  EXPECT_TRUE(isTold());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(askedCount, 1);
+}
+
+TEST_F(TerminationSignalsTest, LeaveSignalsIgnoredThatWereBefore) {
+  std::signal(SIGHUP, SIG_IGN); // as for a program that outlives its terminal
+  {
+    const TerminationSignals termination([this] { ++askedCount; });
+    EXPECT_EQ(treatmentOf(SIGHUP), SIG_IGN);
+  }
+  EXPECT_EQ(treatmentOf(SIGHUP), SIG_IGN);
+  std::signal(SIGHUP, SIG_DFL);
+}
+
+TEST_F(TerminationSignalsTest, GiveTheFormerTreatmentBack) {
+  {
+    const TerminationSignals termination([] {});
+  }
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    EXPECT_EQ(treatmentOf(signal), SIG_DFL);
+  }
+}
+
+} // namespace
+} // namespace tamberline
