@@ -24,6 +24,8 @@ using namespace tamberline;
 constexpr int exitUsage = 2;
 
 int run() {
+  // Outlives the application, whose end takes a moment and must not be cut short.
+  const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
   std::unique_ptr<TamberlineApp> app;
   const SingleInstance instance(runtimeFolder(), [&app] {
     if (app) {
@@ -35,7 +37,6 @@ int run() {
   }
   AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
   useOwnLookWithoutDesktop();
-  const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
   const auto queue = std::make_shared<QtMainQueue>();
   app = std::make_unique<TamberlineApp>(
       ScannerOutside{
