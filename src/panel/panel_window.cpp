@@ -62,14 +62,23 @@ void PanelWindow::hideEvent(QHideEvent* event) {
   context_.popover()->close();
 }
 
+/// What Qt calls Ctrl is the command key of a Mac.
 void PanelWindow::takeFreeKey(QKeyEvent& event) {
+  const QKeyCombination keys = event.keyCombination();
   if (event.key() == Qt::Key_Escape) {
     escape();
-    event.accept();
+  } else if (keys == (Qt::CTRL | Qt::Key_F)) {
+    context_.search()->focusField();
+  } else if (keys == (Qt::CTRL | Qt::Key_W)) {
+    context_.panel()->close();
+  } else if (keys == (Qt::CTRL | Qt::Key_Q)) {
+    context_.panel()->quit();
   } else if (startsText(event)) {
     context_.search()->type(event.text());
-    event.accept();
+  } else {
+    return;
   }
+  event.accept();
 }
 
 /// Closes what was opened last.

@@ -68,6 +68,9 @@ public:
   /// Appends to the search text, and gives the keyboard to the field.
   void type(const QString& text);
 
+  /// Takes the keyboard to the field.
+  void focusField();
+
 signals:
   void searchTextChanged();
   void suggestionsChanged();
@@ -75,7 +78,6 @@ signals:
   void fieldChanged();
 
 private:
-  void focusField();
   std::vector<SearchEntry> filteredSuggestions() const;
   void refreshSuggestions();
   void jumpTo(const SearchEntry& entry);

@@ -306,5 +306,34 @@ TEST_F(PanelKeyboard, EscapesFromTheLatestFirst) {
   EXPECT_EQ(closeCount, 1);
 }
 
+TEST_F(PanelKeyboard, FindsWithTheUsualKeys) {
+  answerWithDisk(*tools);
+  openPanel();
+  focusList();
+  typeKey(Qt::Key_F, Qt::ControlModifier);
+  EXPECT_TRUE(isFieldFocused());
+  EXPECT_EQ(searchText(), "");
+}
+
+TEST_F(PanelKeyboard, ClosesAndQuitsWithTheUsualKeys) {
+  openPanel();
+  typeKey(Qt::Key_W, Qt::ControlModifier);
+  EXPECT_EQ(closeCount, 1);
+  EXPECT_EQ(quitCount, 0);
+  typeKey(Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_EQ(closeCount, 1);
+  EXPECT_EQ(quitCount, 1);
+}
+
+TEST_F(PanelKeyboard, ClosesWithTheUsualKeysWhileSearching) {
+  answerWithDisk(*tools);
+  openPanel();
+  typeText("q");
+  ASSERT_TRUE(isFieldFocused());
+  typeKey(Qt::Key_W, Qt::ControlModifier);
+  EXPECT_EQ(closeCount, 1);
+  EXPECT_EQ(searchText(), "q");
+}
+
 } // namespace
 } // namespace tamberline
