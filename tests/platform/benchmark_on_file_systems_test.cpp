@@ -1,0 +1,481 @@
+#include "platform/mounted_volume.h"
+#include "platform/posix/descriptor.h"
+#include "platform/posix/posix_volume_files.h"
+#include "platform/process_resources.h"
+#include "storage/benchmark.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fcntl.h>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <sys/statvfs.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+constexpr std::uint64_t bytesPerMB = 1'000'000;
+
+std::filesystem::path fileOn(const std::filesystem::path& volume) {
+  return volume / Benchmark::fileName;
+}
+
+std::shared_ptr<VolumeFiles> realFiles() {
+  return std::make_shared<PosixVolumeFiles>();
+}
+
+bool isError(const BenchmarkResult& result, BenchmarkError error) {
+  return std::holds_alternative<BenchmarkError>(result) &&
+         std::get<BenchmarkError>(result) == error;
+}
+
+bool isSpeed(const BenchmarkResult& result) {
+  return std::holds_alternative<double>(result) && std::get<double>(result) > 0;
+}
+
+std::vector<std::string> namesIn(const std::filesystem::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    names.push_back(entry.path().filename());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+/// Free bytes of a volume: for an ordinary person, and with what only the system may take.
+struct Room {
+  std::uint64_t ordinary = 0;
+  std::uint64_t withReserve = 0;
+};
+
+Room roomOf(const std::string& mountPoint) {
+  struct statvfs status = {};
+  EXPECT_EQ(statvfs(mountPoint.c_str(), &status), 0);
+  return {status.f_bavail * status.f_frsize, status.f_bfree * status.f_frsize};
+}
+
+void occupy(const std::string& mountPoint, std::uint64_t bytes) {
+  const Descriptor file(
+      open((mountPoint + "/other").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+  ASSERT_EQ(posix_fallocate(file.number(), 0, static_cast<off_t>(bytes)), 0);
+}
+
+class BenchmarkOnVolume : public testing::Test {
+protected:
+  /// Skips the test where the machine cannot do that; the test returns then.
+  void mount(const VolumeSetting& setting) {
+    try {
+      volume_.emplace(setting);
+    } catch (const VolumeUnavailable& reason) {
+      GTEST_SKIP() << reason.what();
+    }
+  }
+
+  std::string mountPoint() const { return volume_->mountPoint(); }
+  std::filesystem::path file() const { return fileOn(mountPoint()); }
+
+  /// A speed test whose clock does something when writing or reading begins, and when it ends.
+  Benchmark whoseClockDoes(std::function<void()> action) {
+    return Benchmark(realFiles(), {.now = [action = std::move(action)] {
+                       action();
+                       return std::chrono::steady_clock::now();
+                     }});
+  }
+
+  std::optional<MountedVolume> volume_;
+  Benchmark benchmark_{realFiles()};
+};
+
+struct FileSystem {
+  std::string testName;
+  VolumeSetting setting;
+  bool isNothingButCache = false;
+  /// Whether writing goes to the medium without a stay in the cache.
+  bool writesPastCache = false;
+  /// Whether the thread that asks for the bytes has them moved, so that the system counts them for
+  /// it.
+  bool isCounted = true;
+};
+
+void PrintTo(const FileSystem& fileSystem, std::ostream* stream) {
+  *stream << fileSystem.testName;
+}
+
+const std::vector<FileSystem> fileSystems = {
+    {.testName = "Tmpfs",
+     .setting = {.fileSystem = "tmpfs"},
+     .isNothingButCache = true,
+     .isCounted = false},
+    {.testName = "Ext4", .setting = {.fileSystem = "ext4"}, .writesPastCache = true},
+    {.testName = "Ext4WithJournalOfData",
+     .setting = {.fileSystem = "ext4", .mountOptions = "data=journal"}},
+    {.testName = "Xfs", .setting = {.fileSystem = "xfs"}, .writesPastCache = true},
+    {.testName = "Btrfs", .setting = {.fileSystem = "btrfs"}},
+    {.testName = "BtrfsThatCompresses",
+     .setting = {.fileSystem = "btrfs", .mountOptions = "compress-force=zstd"}},
+    {.testName = "Vfat", .setting = {.fileSystem = "vfat"}},
+    {.testName = "Exfat", .setting = {.fileSystem = "exfat"}},
+    {.testName = "ExfatDriverThatIsAProgram",
+     .setting = {.fileSystem = "exfat-fuse"},
+     .isCounted = false},
+};
+
+auto fileSystemsThat(bool (*predicate)(const FileSystem&)) {
+  std::vector<FileSystem> found;
+  std::copy_if(fileSystems.begin(), fileSystems.end(), std::back_inserter(found), predicate);
+  return testing::ValuesIn(found);
+}
+
+std::string testName(const testing::TestParamInfo<FileSystem>& parameter) {
+  return parameter.param.testName;
+}
+
+class BenchmarkOnFileSystem : public BenchmarkOnVolume,
+                              public testing::WithParamInterface<FileSystem> {
+protected:
+  void SetUp() override { mount(GetParam().setting); }
+};
+
+class BenchmarkBesideCache : public BenchmarkOnFileSystem {};
+class BenchmarkPastCache : public BenchmarkOnFileSystem {};
+class BenchmarkOnMedium : public BenchmarkOnFileSystem {};
+
+INSTANTIATE_TEST_SUITE_P(FileSystems, BenchmarkOnFileSystem, testing::ValuesIn(fileSystems),
+                         testName);
+INSTANTIATE_TEST_SUITE_P(FileSystems, BenchmarkBesideCache,
+                         fileSystemsThat([](const FileSystem& one) {
+                           return !one.isNothingButCache;
+                         }),
+                         testName);
+INSTANTIATE_TEST_SUITE_P(FileSystems, BenchmarkPastCache,
+                         fileSystemsThat([](const FileSystem& one) { return one.writesPastCache; }),
+                         testName);
+INSTANTIATE_TEST_SUITE_P(FileSystems, BenchmarkOnMedium,
+                         fileSystemsThat([](const FileSystem& one) { return one.isCounted; }),
+                         testName);
+
+TEST_P(BenchmarkOnFileSystem, WritesAndReadsAFileOfTheSizeThatWasAskedForAndLeavesNothing) {
+  const std::vector<std::string> namesBefore = namesIn(mountPoint());
+  const auto descriptorsBefore = openDescriptors();
+  for (const std::int64_t sizeMB : {1, 9, 17}) {
+    SCOPED_TRACE(sizeMB);
+    EXPECT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), sizeMB)));
+    EXPECT_EQ(std::filesystem::file_size(file()), static_cast<std::uint64_t>(sizeMB) * bytesPerMB);
+    EXPECT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
+    benchmark_.cleanup(mountPoint());
+    EXPECT_EQ(namesIn(mountPoint()), namesBefore);
+    EXPECT_EQ(openDescriptors(), descriptorsBefore);
+  }
+}
+
+TEST_P(BenchmarkOnFileSystem, ReadsAgainWhatItRead) {
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 1)));
+  EXPECT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
+  EXPECT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
+}
+
+TEST_P(BenchmarkOnFileSystem, ReplacesAFileThatAFormerRunLeft) {
+  std::ofstream(file()) << std::string(3'000'000, 'x');
+  EXPECT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 1)));
+  EXPECT_EQ(std::filesystem::file_size(file()), bytesPerMB);
+  benchmark_.cleanup(mountPoint());
+  EXPECT_FALSE(std::filesystem::exists(file()));
+}
+
+TEST_P(BenchmarkBesideCache, FindsNothingOfTheFileThereWhenReadingBegins) {
+  // Somebody who looks at the file fills the cache again, whatever writing did.
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 17)));
+  std::ifstream(file()).ignore(17 * bytesPerMB);
+  ASSERT_GT(cachedBytes(file()), 0U);
+  std::uint64_t cachedWhenReadingBegins = 1;
+  int looks = 0;
+  Benchmark looking = whoseClockDoes([&] {
+    if (++looks == 1) {
+      cachedWhenReadingBegins = cachedBytes(file());
+    }
+  });
+  EXPECT_TRUE(isSpeed(looking.readSync(mountPoint())));
+  EXPECT_EQ(cachedWhenReadingBegins, 0U);
+}
+
+TEST_P(BenchmarkPastCache, LeavesNothingThereByWriting) {
+  // 16 MB are whole blocks.
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 16)));
+  EXPECT_EQ(cachedBytes(file()), 0U);
+}
+
+TEST_P(BenchmarkOnMedium, MovesEveryByteToItAndFromIt) {
+  const std::optional<MediumTraffic> before = mediumTraffic();
+  if (!before) {
+    GTEST_SKIP() << "this system does not count what its threads move";
+  }
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 17)));
+  const MediumTraffic written = mediumTraffic().value();
+  EXPECT_GE(written.writtenBytes - before->writtenBytes, 17 * bytesPerMB);
+  ASSERT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
+  EXPECT_GE(mediumTraffic()->readBytes - written.readBytes, 17 * bytesPerMB);
+}
+
+// --- room ---
+
+constexpr std::uint64_t bytesForDefaultSize = 384 * bytesPerMB;
+
+VolumeSetting memoryOf(std::uint64_t bytes) {
+  return {.mountOptions = "size=" + std::to_string(bytes)};
+}
+
+void expectNoSpace(Benchmark& benchmark, const std::string& mountPoint) {
+  const std::vector<std::string> namesBefore = namesIn(mountPoint);
+  EXPECT_TRUE(
+      isError(benchmark.writeSync(mountPoint, benchmark.sizeMB()), BenchmarkError::noSpace));
+  EXPECT_EQ(namesIn(mountPoint), namesBefore);
+}
+
+TEST_F(BenchmarkOnVolume, TakesAVolumeWithJustEnoughRoom) {
+  mount(memoryOf(bytesForDefaultSize));
+  if (IsSkipped()) {
+    return;
+  }
+  EXPECT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), benchmark_.sizeMB())));
+  EXPECT_EQ(std::filesystem::file_size(file()), 256 * bytesPerMB);
+  EXPECT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
+}
+
+TEST_F(BenchmarkOnVolume, WritesNothingWhereAPageIsMissing) {
+  const auto page = static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
+  mount(memoryOf((bytesForDefaultSize - 1) / page * page));
+  if (!IsSkipped()) {
+    expectNoSpace(benchmark_, mountPoint());
+  }
+}
+
+TEST_F(BenchmarkOnVolume, WritesNothingWhereThreeHundredMegabytesAreFree) {
+  mount(memoryOf(300 * bytesPerMB));
+  if (!IsSkipped()) {
+    expectNoSpace(benchmark_, mountPoint());
+  }
+}
+
+TEST_F(BenchmarkOnVolume, WritesNothingOnAFullVolume) {
+  mount(memoryOf(bytesPerMB));
+  if (IsSkipped()) {
+    return;
+  }
+  std::ofstream(mountPoint() + "/everything") << std::string(2 * bytesPerMB, 'x');
+  ASSERT_EQ(roomOf(mountPoint()).ordinary, 0U);
+  expectNoSpace(benchmark_, mountPoint());
+}
+
+TEST_F(BenchmarkOnVolume, LeavesAloneWhatIsReservedForTheSystem) {
+  mount({.fileSystem = "ext4"});
+  if (IsSkipped()) {
+    return;
+  }
+  occupy(mountPoint(), roomOf(mountPoint()).ordinary - 370 * bytesPerMB);
+  ASSERT_GT(roomOf(mountPoint()).withReserve, bytesForDefaultSize);
+  ASSERT_LT(roomOf(mountPoint()).ordinary, bytesForDefaultSize);
+  expectNoSpace(benchmark_, mountPoint());
+}
+
+/// The real files of volumes that do not tell how much is free.
+class FilesOfSilentVolumes final : public VolumeFiles {
+public:
+  std::optional<std::uint64_t> freeBytes(const std::string& /*mountPoint*/) override { return {}; }
+  std::unique_ptr<VolumeFile> create(const std::string& path) override {
+    return files_.create(path);
+  }
+  std::unique_ptr<VolumeFile> open(const std::string& path) override { return files_.open(path); }
+  void remove(const std::string& path) override { files_.remove(path); }
+
+private:
+  PosixVolumeFiles files_;
+};
+
+TEST_F(BenchmarkOnVolume, GivesTheRoomBackOfAVolumeThatIsFullSoonerThanExpected) {
+  mount(memoryOf(20 * bytesPerMB));
+  if (IsSkipped()) {
+    return;
+  }
+  const std::uint64_t roomBefore = roomOf(mountPoint()).ordinary;
+  Benchmark benchmark(std::make_shared<FilesOfSilentVolumes>());
+  EXPECT_TRUE(isError(benchmark.writeSync(mountPoint(), 64), BenchmarkError::ioError));
+  EXPECT_EQ(roomOf(mountPoint()).ordinary, 0U);
+  benchmark.cleanup(mountPoint());
+  EXPECT_EQ(roomOf(mountPoint()).ordinary, roomBefore);
+}
+
+// --- volumes of other kinds ---
+
+TEST_F(BenchmarkOnVolume, CannotWriteToAReadOnlyVolume) {
+  for (const std::string fileSystem : {"tmpfs", "ext4"}) {
+    SCOPED_TRACE(fileSystem);
+    mount({.fileSystem = fileSystem});
+    if (IsSkipped()) {
+      return;
+    }
+    const std::vector<std::string> namesBefore = namesIn(mountPoint());
+    volume_->makeReadOnly();
+    EXPECT_TRUE(isError(benchmark_.writeSync(mountPoint(), 1), BenchmarkError::notWritable));
+    EXPECT_TRUE(isError(benchmark_.readSync(mountPoint()), BenchmarkError::ioError));
+    benchmark_.cleanup(mountPoint());
+    EXPECT_EQ(namesIn(mountPoint()), namesBefore);
+  }
+}
+
+TEST_F(BenchmarkOnVolume, TakesEveryNameThatAVolumeCanHave) {
+  for (const std::string name : {"two  blanks ", "\"quoted\" 'twice' `and` $HOME", "-rf",
+                                 "Größe ö 測試 \xff", "a\nb\t*?[x]"}) {
+    SCOPED_TRACE(name);
+    mount({.name = name});
+    if (IsSkipped()) {
+      return;
+    }
+    EXPECT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 1)));
+    EXPECT_EQ(namesIn(mountPoint()), std::vector<std::string>{std::string(Benchmark::fileName)});
+    EXPECT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
+    benchmark_.cleanup(mountPoint());
+    EXPECT_TRUE(namesIn(mountPoint()).empty());
+  }
+}
+
+// --- what happens meanwhile ---
+
+TEST_F(BenchmarkOnVolume, CannotReadAVolumeThatWentAway) {
+  mount({.fileSystem = "tmpfs"});
+  if (IsSkipped()) {
+    return;
+  }
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 1)));
+  volume_->detach();
+  EXPECT_TRUE(isError(benchmark_.readSync(mountPoint()), BenchmarkError::ioError));
+  benchmark_.cleanup(mountPoint());
+  EXPECT_TRUE(namesIn(mountPoint()).empty());
+}
+
+TEST_F(BenchmarkOnVolume, FailsWhenTheDriveIsPulledBeforeReading) {
+  mount({.fileSystem = "ext4"});
+  if (IsSkipped()) {
+    return;
+  }
+  const auto descriptorsBefore = openDescriptors();
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 1)));
+  volume_->pullDrive();
+  EXPECT_TRUE(isError(benchmark_.readSync(mountPoint()), BenchmarkError::ioError));
+  benchmark_.cleanup(mountPoint());
+  EXPECT_EQ(openDescriptors(), descriptorsBefore);
+}
+
+TEST_F(BenchmarkOnVolume, FailsWhenTheDriveIsPulledAsWritingBegins) {
+  mount({.fileSystem = "xfs"});
+  if (IsSkipped()) {
+    return;
+  }
+  Benchmark benchmark = whoseClockDoes([this] { volume_->pullDrive(); });
+  EXPECT_TRUE(isError(benchmark.writeSync(mountPoint(), 1), BenchmarkError::ioError));
+  benchmark.cleanup(mountPoint());
+}
+
+TEST_F(BenchmarkOnVolume, FailsWhenTheMediumCannotBeRead) {
+  mount({.fileSystem = "ext4"});
+  if (IsSkipped()) {
+    return;
+  }
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 9)));
+  volume_->loseMediumContent();
+  EXPECT_TRUE(isError(benchmark_.readSync(mountPoint()), BenchmarkError::ioError));
+}
+
+TEST_F(BenchmarkOnVolume, FailsWhenTheMediumTakesLessThanItSays) {
+  mount({.fileSystem = "ext4", .mediumBytes = 40 * bytesPerMB});
+  if (IsSkipped()) {
+    return;
+  }
+  EXPECT_TRUE(isError(benchmark_.writeSync(mountPoint(), 64), BenchmarkError::ioError));
+}
+
+TEST_F(BenchmarkOnVolume, ReadsWhatIsLeftOfAFileThatSomebodyCutsShort) {
+  mount({.fileSystem = "tmpfs"});
+  if (IsSkipped()) {
+    return;
+  }
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 17)));
+  std::filesystem::resize_file(file(), 9'000'001);
+  EXPECT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
+}
+
+TEST_F(BenchmarkOnVolume, GivesNoSpeedForAFileThatSomebodyEmptied) {
+  mount({.fileSystem = "tmpfs"});
+  if (IsSkipped()) {
+    return;
+  }
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 1)));
+  std::filesystem::resize_file(file(), 0);
+  EXPECT_FALSE(isSpeed(benchmark_.readSync(mountPoint())));
+}
+
+TEST_F(BenchmarkOnVolume, CannotReadAFileThatSomebodyRemoved) {
+  mount({.fileSystem = "tmpfs"});
+  if (IsSkipped()) {
+    return;
+  }
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 1)));
+  std::filesystem::remove(file());
+  EXPECT_TRUE(isError(benchmark_.readSync(mountPoint()), BenchmarkError::ioError));
+}
+
+TEST_F(BenchmarkOnVolume, TakesTheFileAwayWhenTheProgramEnds) {
+  mount({.fileSystem = "ext4"});
+  if (IsSkipped()) {
+    return;
+  }
+  const std::vector<std::string> namesBefore = namesIn(mountPoint());
+  ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 1)));
+  benchmark_.stop();
+  EXPECT_EQ(namesIn(mountPoint()), namesBefore);
+}
+
+// --- many tests ---
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool allocatorKeepsMemory = true;
+#elif defined(__has_feature)
+constexpr bool allocatorKeepsMemory =
+    __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
+#else
+constexpr bool allocatorKeepsMemory = false;
+#endif
+
+void runWholeTests(int count, const std::string& mountPoint) {
+  for (int run = 0; run < count; ++run) {
+    Benchmark benchmark(realFiles());
+    ASSERT_TRUE(isSpeed(benchmark.writeSync(mountPoint, 1)));
+    ASSERT_TRUE(isSpeed(benchmark.readSync(mountPoint)));
+    benchmark.cleanup(mountPoint);
+  }
+}
+
+TEST(BenchmarkOnDisk, LeavesNothingBehindAfterTwoHundredTests) {
+  const TemporaryFolder folder;
+  const auto descriptorsBefore = openDescriptors();
+  ASSERT_NO_FATAL_FAILURE(runWholeTests(100, folder.path()));
+  const std::uint64_t residentAfterOneHundred = residentBytes();
+  ASSERT_NO_FATAL_FAILURE(runWholeTests(100, folder.path()));
+  EXPECT_TRUE(namesIn(folder.path()).empty());
+  EXPECT_EQ(openDescriptors(), descriptorsBefore);
+  if (!allocatorKeepsMemory) {
+    constexpr std::uint64_t aTenthOfAChunk = Benchmark::chunkBytes / 10;
+    EXPECT_LE(residentBytes(), residentAfterOneHundred + aTenthOfAChunk);
+  }
+}
+
+} // namespace
+} // namespace tamberline

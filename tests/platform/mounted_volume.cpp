@@ -1,0 +1,270 @@
+#include "platform/mounted_volume.h"
+
+#include "platform/posix/child_process_runner.h"
+#include "platform/posix/descriptor.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
+#include <linux/fs.h>
+#include <linux/loop.h>
+#include <poll.h>
+#include <sched.h>
+#include <sys/ioctl.h>
+#include <sys/mount.h>
+#include <sys/syscall.h>
+#include <sys/vfs.h>
+#include <sys/wait.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace tamberline {
+namespace {
+
+constexpr std::uint64_t mediumSize = 512U << 20U;
+constexpr unsigned long mountFlags = MS_NOSUID | MS_NODEV;
+constexpr auto driverProgram = "/usr/sbin/mount.exfat-fuse";
+
+std::string errorText(const std::string& what) {
+  return what + ": " + std::system_category().message(errno);
+}
+
+void saveText(const std::string& path, const std::string& text) {
+  std::ofstream(path) << text;
+}
+
+/// An ordinary person may mount in a namespace where it takes itself for root.
+bool enterAsOrdinaryPerson() {
+  const uid_t user = geteuid();
+  const gid_t group = getegid();
+  if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) {
+    return false;
+  }
+  saveText("/proc/self/setgroups", "deny");
+  saveText("/proc/self/uid_map", "0 " + std::to_string(user) + " 1");
+  saveText("/proc/self/gid_map", "0 " + std::to_string(group) + " 1");
+  return true;
+}
+
+/// The reason why not; empty when it worked.
+std::string tryToEnterPrivateMounts() {
+  if (unshare(CLONE_NEWNS) != 0 && !enterAsOrdinaryPerson()) {
+    return errorText("no mounts of its own for the process");
+  }
+  if (mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {
+    return errorText("the mounts of the process cannot be made private");
+  }
+  return {};
+}
+
+void enterPrivateMounts() {
+  static const std::string reason = tryToEnterPrivateMounts();
+  if (!reason.empty()) {
+    throw VolumeUnavailable(reason);
+  }
+}
+
+std::string makerOf(const std::string& fileSystem) {
+  return "mkfs." + (fileSystem == "exfat-fuse" ? "exfat" : fileSystem);
+}
+
+/// Another process may take the device in between; the caller tries again then.
+Descriptor tryToAttach(const Descriptor& control, const Descriptor& medium, std::string& path) {
+  path = "/dev/loop" + std::to_string(ioctl(control.number(), LOOP_CTL_GET_FREE));
+  Descriptor device(open(path.c_str(), O_RDWR | O_CLOEXEC));
+  loop_config config = {};
+  config.fd = static_cast<std::uint32_t>(medium.number());
+  config.info.lo_flags = LO_FLAGS_AUTOCLEAR;
+  if (device.isOpen() && ioctl(device.number(), LOOP_CONFIGURE, &config) != 0) {
+    device.close();
+  }
+  return device;
+}
+
+/// A block device over the file; it goes when nobody has it open or mounted.
+Descriptor attach(const std::string& medium, std::string& path) {
+  const Descriptor control(open("/dev/loop-control", O_RDWR | O_CLOEXEC));
+  const Descriptor file(open(medium.c_str(), O_RDWR | O_CLOEXEC));
+  constexpr int attempts = 100;
+  for (int attempt = 0; control.isOpen() && attempt < attempts; ++attempt) {
+    Descriptor device = tryToAttach(control, file, path);
+    if (device.isOpen()) {
+      return device;
+    }
+  }
+  throw VolumeUnavailable(errorText("no loop device"));
+}
+
+int openProcess(pid_t process) {
+  return static_cast<int>(syscall(SYS_pidfd_open, process, 0));
+}
+
+/// Becomes the driver, which says nothing.
+[[noreturn]] void becomeDriver(const char* device, const char* mountPoint) {
+  const int nothing = open("/dev/null", O_RDWR);
+  dup2(nothing, STDOUT_FILENO);
+  dup2(nothing, STDERR_FILENO);
+  execl(driverProgram, driverProgram, "-d", device, mountPoint, nullptr);
+  _exit(EXIT_FAILURE);
+}
+
+/// Becomes the keeper of a driver, which ends with it. When the test's process ends first, the
+/// keeper unmounts: a driver that is killed while nobody else has its volume never ends.
+[[noreturn]] void becomeKeeper(int testProcess, const char* device, const char* mountPoint) {
+  setsid(); // out of reach of the keyboard
+  const pid_t driver = fork();
+  if (driver == 0) {
+    becomeDriver(device, mountPoint);
+  }
+  std::array<pollfd, 2> ends = {pollfd{testProcess, POLLIN, 0},
+                                pollfd{openProcess(driver), POLLIN, 0}};
+  poll(ends.data(), ends.size(), -1);
+  if (ends[1].revents == 0) {
+    umount2(mountPoint, UMOUNT_NOFOLLOW | MNT_DETACH);
+    kill(driver, SIGTERM);
+  }
+  waitpid(driver, nullptr, 0);
+  _exit(EXIT_SUCCESS);
+}
+
+bool isServedByDriver(const std::string& mountPoint) {
+  constexpr auto fuseType = 0x65735546;
+  struct statfs status = {};
+  return statfs(mountPoint.c_str(), &status) == 0 && status.f_type == fuseType;
+}
+
+/// False when the keeper ended, or when nothing happens for a time that is long enough anywhere.
+bool awaitDriver(pid_t keeper, const Descriptor& mounts, const std::string& mountPoint) {
+  const Descriptor process(openProcess(keeper));
+  constexpr int patienceMilliseconds = 30'000;
+  while (!isServedByDriver(mountPoint)) {
+    std::array<pollfd, 2> events = {pollfd{mounts.number(), POLLPRI, 0},
+                                    pollfd{process.number(), POLLIN, 0}};
+    if (poll(events.data(), events.size(), patienceMilliseconds) <= 0 || events[1].revents != 0) {
+      return false;
+    }
+  }
+  return true;
+}
+
+void unmount(const std::filesystem::path& place) {
+  if (umount2(place.c_str(), UMOUNT_NOFOLLOW) != 0) {
+    umount2(place.c_str(), UMOUNT_NOFOLLOW | MNT_DETACH);
+  }
+}
+
+void require(bool worked, const std::string& what) {
+  if (!worked) {
+    throw std::system_error(errno, std::generic_category(), what);
+  }
+}
+
+} // namespace
+
+MountedVolume::Folder::Folder() {
+  std::string pattern = testing::TempDir() + "/tamberline völume XXXXXX";
+  require(mkdtemp(pattern.data()) != nullptr, pattern);
+  path = std::filesystem::canonical(pattern);
+}
+
+MountedVolume::Folder::~Folder() {
+  std::error_code ignored;
+  for (const auto& entry : std::filesystem::directory_iterator(path, ignored)) {
+    unmount(entry.path());
+  }
+  std::filesystem::remove_all(path, ignored);
+}
+
+MountedVolume::MountedVolume(const VolumeSetting& setting)
+    : mediumFolder_(folder_.path / "medium"), medium_(mediumFolder_ / "image"),
+      mountPoint_(folder_.path / setting.name) {
+  enterPrivateMounts();
+  std::filesystem::create_directory(mountPoint_);
+  if (setting.fileSystem == "tmpfs") {
+    mountInMemory(mountPoint_, setting.mountOptions);
+    return;
+  }
+  makeMedium(setting);
+  mountMedium(setting);
+}
+
+MountedVolume::~MountedVolume() {
+  unmount(mountPoint_);
+  if (keeper_ > 0) {
+    waitpid(keeper_, nullptr, 0);
+  }
+}
+
+void MountedVolume::mountInMemory(const std::filesystem::path& place,
+                                  const std::string& options) const {
+  if (mount("tmpfs", place.c_str(), "tmpfs", mountFlags, options.c_str()) != 0) {
+    throw VolumeUnavailable(errorText("tmpfs cannot be mounted"));
+  }
+}
+
+void MountedVolume::makeMedium(const VolumeSetting& setting) const {
+  std::filesystem::create_directory(mediumFolder_);
+  if (setting.mediumBytes) {
+    mountInMemory(mediumFolder_, "size=" + std::to_string(*setting.mediumBytes));
+  }
+  saveText(medium_, "");
+  std::filesystem::resize_file(medium_, mediumSize);
+  const ToolOutput output = ChildProcessRunner().runWithErrors(
+      "/usr/bin/env", {"PATH=/usr/sbin:/usr/bin:/sbin:/bin", makerOf(setting.fileSystem), medium_});
+  if (output.exitStatus != 0) {
+    throw VolumeUnavailable(output.standardOutput);
+  }
+}
+
+void MountedVolume::mountMedium(const VolumeSetting& setting) {
+  std::string device;
+  const Descriptor deviceUntilMounted = attach(medium_, device);
+  if (setting.fileSystem == "exfat-fuse") {
+    startDriver(device);
+  } else if (mount(device.c_str(), mountPoint_.c_str(), setting.fileSystem.c_str(), mountFlags,
+                   setting.mountOptions.c_str()) != 0) {
+    throw VolumeUnavailable(errorText(setting.fileSystem + " cannot be mounted"));
+  }
+}
+
+void MountedVolume::startDriver(const std::string& device) {
+  if (access(driverProgram, X_OK) != 0) {
+    throw VolumeUnavailable(errorText(driverProgram));
+  }
+  const Descriptor mounts(open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC));
+  const Descriptor thisProcess(openProcess(getpid()));
+  keeper_ = fork();
+  if (keeper_ == 0) {
+    becomeKeeper(thisProcess.number(), device.c_str(), mountPoint_.c_str());
+  }
+  if (!awaitDriver(keeper_, mounts, mountPoint_)) {
+    throw VolumeUnavailable("exfat-fuse cannot mount here");
+  }
+}
+
+void MountedVolume::makeReadOnly() const {
+  require(mount(nullptr, mountPoint_.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0,
+          "read-only");
+}
+
+void MountedVolume::detach() const {
+  require(umount2(mountPoint_.c_str(), MNT_DETACH) == 0, "detach");
+}
+
+void MountedVolume::pullDrive() const {
+  constexpr unsigned long shutDown = _IOR('X', 125, std::uint32_t);
+  const std::uint32_t withoutWritingTheJournal = 2;
+  const Descriptor folder(open(mountPoint_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  require(ioctl(folder.number(), shutDown, &withoutWritingTheJournal) == 0, "pull drive");
+}
+
+void MountedVolume::loseMediumContent() const {
+  std::filesystem::resize_file(medium_, 0);
+}
+
+} // namespace tamberline

@@ -1,0 +1,267 @@
+#include "platform/posix/descriptor.h"
+#include "platform/posix/posix_volume_files.h"
+#include "platform/process_resources.h"
+#include "storage/benchmark.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <span>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contentOf(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+bool isError(const BenchmarkResult& result, BenchmarkError error) {
+  return std::holds_alternative<BenchmarkError>(result) &&
+         std::get<BenchmarkError>(result) == error;
+}
+
+/// What can be said of a name without following or opening it.
+struct Look {
+  mode_t mode = 0;
+  ino_t number = 0;
+  nlink_t names = 0;
+  off_t size = 0;
+  std::string linkTarget;
+
+  bool operator==(const Look&) const = default;
+};
+
+Look lookAt(const fs::path& path) {
+  struct stat status = {};
+  EXPECT_EQ(lstat(path.c_str(), &status), 0) << path;
+  return {status.st_mode, status.st_ino, status.st_nlink, status.st_size,
+          fs::is_symlink(path) ? fs::read_symlink(path).string() : ""};
+}
+
+/// A folder that stands for a volume, beside a file of somebody.
+class PosixVolumeFilesTest : public testing::Test {
+protected:
+  PosixVolumeFilesTest() {
+    fs::create_directory(volume_);
+    fs::permissions(folder_.path(), fs::perms::all);
+    fs::permissions(volume_, fs::perms::all);
+    folder_.save("somebody's file", "somebody's content");
+  }
+
+  std::string mountPoint() const { return volume_.string(); }
+  fs::path file() const { return volume_ / Benchmark::fileName; }
+
+  /// Whatever has the name stays as it is, and so does the file of somebody.
+  void expectToBeLeftAlone() {
+    const Look before = lookAt(file());
+    EXPECT_TRUE(isError(benchmark_.writeSync(mountPoint(), 1), BenchmarkError::notWritable));
+    EXPECT_TRUE(isError(benchmark_.readSync(mountPoint()), BenchmarkError::ioError));
+    benchmark_.cleanup(mountPoint());
+    EXPECT_EQ(lookAt(file()), before);
+    EXPECT_EQ(contentOf(somebodysFile_), "somebody's content");
+  }
+
+  const TemporaryFolder folder_;
+  const fs::path volume_ = folder_.path() / "volume";
+  const fs::path somebodysFile_ = folder_.path() / "somebody's file";
+  Benchmark benchmark_{std::make_shared<PosixVolumeFiles>()};
+};
+
+// --- names that are taken ---
+
+TEST_F(PosixVolumeFilesTest, LeavesASymbolicLinkAndItsTargetAlone) {
+  fs::create_symlink(somebodysFile_, file());
+  expectToBeLeftAlone();
+}
+
+TEST_F(PosixVolumeFilesTest, MakesNoTargetForADanglingSymbolicLink) {
+  fs::create_symlink(folder_.path() / "missing", file());
+  expectToBeLeftAlone();
+  EXPECT_FALSE(fs::exists(folder_.path() / "missing"));
+}
+
+TEST_F(PosixVolumeFilesTest, LeavesASymbolicLinkToItselfAlone) {
+  fs::create_symlink(Benchmark::fileName, file());
+  expectToBeLeftAlone();
+}
+
+TEST_F(PosixVolumeFilesTest, LeavesFoldersAlone) {
+  fs::create_directory(file());
+  expectToBeLeftAlone();
+  folder_.save(fs::relative(file(), folder_.path()) / "inside", "content");
+  expectToBeLeftAlone();
+  EXPECT_EQ(contentOf(file() / "inside"), "content");
+}
+
+TEST_F(PosixVolumeFilesTest, WaitsForNobodyAtAPipeWithoutReader) {
+  ASSERT_EQ(mkfifo(file().c_str(), 0600), 0);
+  expectToBeLeftAlone();
+}
+
+TEST_F(PosixVolumeFilesTest, SendsNothingToTheReaderOfAPipe) {
+  ASSERT_EQ(mkfifo(file().c_str(), 0600), 0);
+  const Descriptor reader(open(file().c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  ASSERT_TRUE(reader.isOpen());
+  expectToBeLeftAlone();
+  char byte = 0;
+  EXPECT_EQ(read(reader.number(), &byte, 1), 0);
+}
+
+TEST_F(PosixVolumeFilesTest, LeavesSocketsAlone) {
+  const Descriptor parent(open(volume_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  const std::string shortPath =
+      "/proc/self/fd/" + std::to_string(parent.number()) + "/" + std::string(Benchmark::fileName);
+  sockaddr_un address = {.sun_family = AF_UNIX, .sun_path = {}};
+  ASSERT_LT(shortPath.copy(address.sun_path, sizeof(address.sun_path) - 1),
+            sizeof(address.sun_path) - 1);
+  const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  ASSERT_EQ(bind(socket.number(), reinterpret_cast<sockaddr*>(&address), sizeof(address)), 0);
+  expectToBeLeftAlone();
+}
+
+TEST_F(PosixVolumeFilesTest, LeavesDevicesAlone) {
+  constexpr unsigned memoryDevices = 1;
+  constexpr unsigned nullDevice = 3;
+  if (mknod(file().c_str(), S_IFCHR | 0600, makedev(memoryDevices, nullDevice)) != 0) {
+    GTEST_SKIP() << "devices cannot be made here";
+  }
+  expectToBeLeftAlone();
+}
+
+TEST_F(PosixVolumeFilesTest, LeavesAFileThatHasAnotherNameTooAlone) {
+  fs::create_hard_link(somebodysFile_, file());
+  expectToBeLeftAlone();
+}
+
+// --- files of former runs ---
+
+TEST_F(PosixVolumeFilesTest, ReplacesAFileThatAFormerRunLeftAndRemovesIt) {
+  folder_.save("volume/" + std::string(Benchmark::fileName), std::string(3'000'000, 'x'));
+  EXPECT_TRUE(std::holds_alternative<double>(benchmark_.writeSync(mountPoint(), 1)));
+  EXPECT_EQ(fs::file_size(file()), 1'000'000U);
+  benchmark_.cleanup(mountPoint());
+  EXPECT_TRUE(fs::is_empty(volume_));
+}
+
+/// Root is an ordinary person until the scope ends; whoever is one already stays it.
+class AsOrdinaryPerson {
+public:
+  AsOrdinaryPerson() { EXPECT_TRUE(!wasRoot_ || seteuid(nobody) == 0); }
+  AsOrdinaryPerson(const AsOrdinaryPerson&) = delete;
+  AsOrdinaryPerson& operator=(const AsOrdinaryPerson&) = delete;
+  ~AsOrdinaryPerson() { EXPECT_TRUE(!wasRoot_ || seteuid(0) == 0); }
+
+private:
+  static constexpr uid_t nobody = 65534;
+  const bool wasRoot_ = geteuid() == 0;
+};
+
+TEST_F(PosixVolumeFilesTest, CannotWriteToAVolumeOfSomebodyElse) {
+  fs::permissions(volume_, fs::perms{0555});
+  const AsOrdinaryPerson scope;
+  EXPECT_TRUE(isError(benchmark_.writeSync(mountPoint(), 1), BenchmarkError::notWritable));
+  EXPECT_TRUE(fs::is_empty(volume_));
+}
+
+// --- mount points that name no volume ---
+
+/// The folder is the working directory until the scope ends.
+class WorkingIn {
+public:
+  explicit WorkingIn(const fs::path& folder) { fs::current_path(folder); }
+  WorkingIn(const WorkingIn&) = delete;
+  WorkingIn& operator=(const WorkingIn&) = delete;
+  ~WorkingIn() { fs::current_path(before_); }
+
+private:
+  const fs::path before_ = fs::current_path();
+};
+
+TEST_F(PosixVolumeFilesTest, TakesNoMountPointThatIsRelativeOrHoldsAZeroByte) {
+  const WorkingIn scope(volume_);
+  fs::create_directory("inner");
+  const std::string zero(1, '\0');
+  for (const std::string& notOne :
+       {std::string("."), std::string("inner"), std::string("./inner"), std::string(".."), zero,
+        mountPoint() + zero, mountPoint() + zero + "/inner"}) {
+    SCOPED_TRACE(notOne);
+    EXPECT_TRUE(isError(benchmark_.writeSync(notOne, 1), BenchmarkError::notWritable));
+    EXPECT_TRUE(isError(benchmark_.readSync(notOne), BenchmarkError::ioError));
+    benchmark_.cleanup(notOne);
+  }
+  EXPECT_TRUE(fs::is_empty("inner"));
+  fs::remove("inner");
+  EXPECT_TRUE(fs::is_empty("."));
+}
+
+TEST_F(PosixVolumeFilesTest, RemovesNothingThroughARelativeMountPoint) {
+  const WorkingIn scope(volume_);
+  folder_.save("volume/" + std::string(Benchmark::fileName), "left");
+  for (const std::string notOne : {".", "./", "../volume"}) {
+    benchmark_.cleanup(notOne);
+    EXPECT_EQ(contentOf(file()), "left");
+  }
+}
+
+TEST_F(PosixVolumeFilesTest, TakesNothingThatIsNoFolder) {
+  for (const fs::path& notOne : {folder_.path() / "missing", somebodysFile_}) {
+    SCOPED_TRACE(notOne);
+    EXPECT_TRUE(isError(benchmark_.writeSync(notOne, 1), BenchmarkError::notWritable));
+    EXPECT_TRUE(isError(benchmark_.readSync(notOne), BenchmarkError::ioError));
+    benchmark_.cleanup(notOne);
+  }
+  EXPECT_EQ(contentOf(somebodysFile_), "somebody's content");
+}
+
+// --- the files themselves ---
+
+TEST_F(PosixVolumeFilesTest, MakesFilesThatOnlyTheOwnerWritesAndNoChildInherits) {
+  PosixVolumeFiles files;
+  const auto before = openDescriptors();
+  const std::unique_ptr<VolumeFile> created = files.create(file());
+  ASSERT_TRUE(created);
+  EXPECT_EQ(lookAt(file()).mode & 0022U, 0U);
+  int newCount = 0;
+  for (const auto& [number, target] : openDescriptors()) {
+    if (!before.contains(number)) {
+      ++newCount;
+      EXPECT_EQ(fcntl(std::stoi(number), F_GETFD) & FD_CLOEXEC, FD_CLOEXEC) << target;
+    }
+  }
+  EXPECT_EQ(newCount, 1);
+}
+
+TEST_F(PosixVolumeFilesTest, ReadsTheBytesThatWereWrittenAtAnySizeAndAddress) {
+  PosixVolumeFiles files;
+  const std::string content = "some bytes that fill no block";
+  const auto bytes = std::as_bytes(std::span(content));
+  ASSERT_EQ(files.create(file())->write(bytes), static_cast<std::int64_t>(bytes.size()));
+  const std::unique_ptr<VolumeFile> opened = files.open(file());
+  std::string buffer(100, ' ');
+  ASSERT_EQ(opened->read(std::as_writable_bytes(std::span(buffer)).subspan(1)),
+            static_cast<std::int64_t>(bytes.size()));
+  EXPECT_EQ(buffer.substr(1, content.size()), content);
+  EXPECT_EQ(opened->read(std::as_writable_bytes(std::span(buffer))), 0);
+}
+
+TEST_F(PosixVolumeFilesTest, TellsTheFreeRoomOfFoldersOnly) {
+  PosixVolumeFiles files;
+  EXPECT_GT(files.freeBytes(mountPoint()), 0U);
+  EXPECT_EQ(files.freeBytes(folder_.path() / "missing"), std::nullopt);
+}
+
+} // namespace
+} // namespace tamberline
