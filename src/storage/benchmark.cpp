@@ -15,8 +15,9 @@ constexpr std::int64_t bytesPerMB = 1'000'000;
 /// What stays free beside the test's file, so that a test never fills a volume.
 constexpr std::int64_t reserveMB = 128;
 
+/// Empty for an empty mount point, which must not stand for the volume of the system.
 std::string pathAt(const std::string& mountPoint) {
-  return mountPoint + "/" + std::string(Benchmark::fileName);
+  return mountPoint.empty() ? "" : mountPoint + "/" + std::string(Benchmark::fileName);
 }
 
 double speedMBps(std::int64_t bytes, std::chrono::steady_clock::duration elapsed) {
