@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <fcntl.h>
 #include <iterator>
 #include <memory>
@@ -15,6 +16,7 @@
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <sys/un.h>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -146,6 +148,34 @@ TEST_F(PosixVolumeFilesTest, LeavesAFileThatHasAnotherNameTooAlone) {
   expectToBeLeftAlone();
 }
 
+TEST_F(PosixVolumeFilesTest, NeverWritesToWhatTakesTheNameAtTheLastMoment) {
+  const fs::path link = folder_.path() / "link";
+  std::atomic<bool> isOver = false;
+  std::thread somebody([&] {
+    while (!isOver) {
+      fs::create_symlink(somebodysFile_, link);
+      fs::rename(link, file());
+      folder_.save("file", "");
+      fs::rename(folder_.path() / "file", file());
+      fs::create_hard_link(somebodysFile_, link);
+      fs::rename(link, file());
+      fs::remove(file());
+    }
+  });
+  PosixVolumeFiles files;
+  constexpr int attempts = 10'000;
+  const std::vector<std::byte> bytes(1);
+  int createdCount = 0;
+  for (int attempt = 0; attempt < attempts; ++attempt) {
+    const std::unique_ptr<VolumeFile> created = files.create(file());
+    createdCount += created && created->write(bytes) == 1 ? 1 : 0;
+  }
+  isOver = true;
+  somebody.join();
+  EXPECT_GT(createdCount, 0);
+  EXPECT_EQ(contentOf(somebodysFile_), "somebody's content");
+}
+
 // --- files of former runs ---
 
 TEST_F(PosixVolumeFilesTest, ReplacesAFileThatAFormerRunLeftAndRemovesIt) {
@@ -172,6 +202,17 @@ private:
   const bool wasRoot_ = geteuid() == 0;
   const bool isPossible_ = !wasRoot_ || seteuid(nobody) == 0;
 };
+
+TEST_F(PosixVolumeFilesTest, ReplacesAFileOfAFormerRunThatCannotBeWritten) {
+  folder_.save("volume/" + std::string(Benchmark::fileName), "left");
+  fs::permissions(file(), fs::perms{0444});
+  const AsOrdinaryPerson scope;
+  if (!scope.isPossible()) {
+    GTEST_SKIP() << "nobody is an ordinary person here";
+  }
+  EXPECT_TRUE(std::holds_alternative<double>(benchmark_.writeSync(mountPoint(), 1)));
+  EXPECT_EQ(fs::file_size(file()), 1'000'000U);
+}
 
 TEST_F(PosixVolumeFilesTest, CannotWriteToAVolumeOfSomebodyElse) {
   fs::permissions(volume_, fs::perms{0555});

@@ -82,16 +82,14 @@ std::optional<std::uint64_t> PosixVolumeFiles::freeBytes(const std::string& moun
   return availableBytes(mountPoint);
 }
 
+/// Never opens what is there, however quickly it got there: what it writes to is its own making.
 std::unique_ptr<VolumeFile> PosixVolumeFiles::create(const std::string& path) {
-  if (!isUsable(path) || occupantOf(path) == Occupant::somethingElse) {
+  if (!isUsable(path)) {
     return nullptr;
   }
-  Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | safeOpening, newFileMode));
-  // Emptied only once it is known to be what it was a moment ago.
-  if (!file.isOpen() || !isFileOfItsOwn(file) || ftruncate(file.number(), 0) != 0) {
-    return nullptr;
-  }
-  return std::make_unique<PosixVolumeFile>(std::move(file));
+  remove(path);
+  Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | safeOpening, newFileMode));
+  return file.isOpen() ? std::make_unique<PosixVolumeFile>(std::move(file)) : nullptr;
 }
 
 std::unique_ptr<VolumeFile> PosixVolumeFiles::open(const std::string& path) {
