@@ -20,8 +20,12 @@ std::mt19937_64 seededGenerator() {
 
 } // namespace
 
+/// Touched as a whole, because the system gives memory only then: some file systems read into
+/// untouched memory through their cache, and the others would have it given while the clock runs.
 ChunkBuffer::ChunkBuffer(std::size_t size)
-    : start_(static_cast<std::byte*>(operator new(size, pageAlignment))), size_(size) {}
+    : start_(static_cast<std::byte*>(operator new(size, pageAlignment))), size_(size) {
+  std::memset(start_.get(), 0, size_);
+}
 
 void ChunkBuffer::fillRandomly() {
   std::mt19937_64 generator = seededGenerator();
