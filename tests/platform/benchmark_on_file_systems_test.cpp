@@ -323,6 +323,15 @@ TEST_F(BenchmarkOnVolume, GivesTheRoomBackOfAVolumeThatIsFullSoonerThanExpected)
 
 // --- volumes of other kinds ---
 
+TEST_F(BenchmarkOnVolume, TakesAVolumeThatDoesNotTellItsSize) {
+  mount({.fileSystem = "ramfs"});
+  if (IsSkipped()) {
+    return;
+  }
+  EXPECT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 1)));
+  EXPECT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
+}
+
 TEST_F(BenchmarkOnVolume, CannotWriteToAReadOnlyVolume) {
   for (const std::string fileSystem : {"tmpfs", "ext4"}) {
     SCOPED_TRACE(fileSystem);

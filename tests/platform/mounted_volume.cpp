@@ -185,8 +185,8 @@ MountedVolume::MountedVolume(const VolumeSetting& setting)
       mountPoint_(folder_.path / setting.name) {
   enterPrivateMounts();
   std::filesystem::create_directory(mountPoint_);
-  if (setting.fileSystem == "tmpfs") {
-    mountInMemory(mountPoint_, setting.mountOptions);
+  if (setting.fileSystem == "tmpfs" || setting.fileSystem == "ramfs") {
+    mountInMemory(setting.fileSystem, mountPoint_, setting.mountOptions);
     return;
   }
   makeMedium(setting);
@@ -200,17 +200,18 @@ MountedVolume::~MountedVolume() {
   }
 }
 
-void MountedVolume::mountInMemory(const std::filesystem::path& place,
-                                  const std::string& options) const {
-  if (mount("tmpfs", place.c_str(), "tmpfs", mountFlags, options.c_str()) != 0) {
-    throw VolumeUnavailable(errorText("tmpfs cannot be mounted"));
+void MountedVolume::mountInMemory(const std::string& fileSystem, const std::filesystem::path& place,
+                                  const std::string& options) {
+  if (mount(fileSystem.c_str(), place.c_str(), fileSystem.c_str(), mountFlags, options.c_str()) !=
+      0) {
+    throw VolumeUnavailable(errorText(fileSystem + " cannot be mounted"));
   }
 }
 
 void MountedVolume::makeMedium(const VolumeSetting& setting) const {
   std::filesystem::create_directory(mediumFolder_);
   if (setting.mediumBytes) {
-    mountInMemory(mediumFolder_, "size=" + std::to_string(*setting.mediumBytes));
+    mountInMemory("tmpfs", mediumFolder_, "size=" + std::to_string(*setting.mediumBytes));
   }
   saveText(medium_, "");
   std::filesystem::resize_file(medium_, mediumSize);

@@ -59,7 +59,8 @@ private:
     std::filesystem::path path;
   };
 
-  void mountInMemory(const std::filesystem::path& place, const std::string& options) const;
+  static void mountInMemory(const std::string& fileSystem, const std::filesystem::path& place,
+                            const std::string& options);
   void makeMedium(const VolumeSetting& setting) const;
   void mountMedium(const VolumeSetting& setting);
   void startDriver(const std::string& device);

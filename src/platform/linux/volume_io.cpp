@@ -15,10 +15,14 @@ bool setStatusFlags(int descriptor, int added, int removed) {
 
 } // namespace
 
+/// A volume without a size is one that does not tell it.
 std::optional<std::uint64_t> availableBytes(const std::string& folder) {
   std::error_code error;
   const std::filesystem::space_info space = std::filesystem::space(folder, error);
-  return error ? std::nullopt : std::optional<std::uint64_t>(space.available);
+  if (error || space.capacity == 0) {
+    return std::nullopt;
+  }
+  return space.available;
 }
 
 /// Asked for only after opening: a file system that refuses it may have made the file by then.

@@ -7,10 +7,11 @@
 
 namespace tamberline {
 
-/// Not the portable call, whose counts have 32 bits here.
+/// Not the portable call, whose counts have 32 bits here. A volume without a size is one that does
+/// not tell it.
 std::optional<std::uint64_t> availableBytes(const std::string& folder) {
   struct statfs status = {};
-  if (statfs(folder.c_str(), &status) != 0) {
+  if (statfs(folder.c_str(), &status) != 0 || status.f_blocks == 0) {
     return std::nullopt;
   }
   return status.f_bavail * status.f_bsize;
