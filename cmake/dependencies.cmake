@@ -2,5 +2,5 @@
 find_package(Threads REQUIRED)
 find_package(nlohmann_json 3.11 REQUIRED)
 find_package(pugixml REQUIRED)
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network PdfWidgets Qml Quick Test Widgets)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Network PdfWidgets Qml Quick Test Widgets)
 find_package(QCoro6 REQUIRED COMPONENTS Coro)

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QByteArrayList>
+#include <QDBusMessage>
+#include <QString>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// A disk, a partition, or what an unlocked encrypted one shows. Paths are those of the disk
+/// service's objects; an empty one means that there is none.
+struct BlockDevice {
+  QString path;
+  QString drive;
+  QString encryptedDevice;    // the one that this shows the content of
+  QByteArrayList mountPoints; // bytes of any encoding; empty also when it holds no file system
+};
+
+/// Something that can be plugged in or takes media.
+struct Drive {
+  QString path;
+  bool hasOpticalDisc = false;
+  bool canPowerOff = false;
+  bool canEject = false;
+  QString siblingId; // the same for all drives of one device; empty when it has only this one
+};
+
+struct DiskObjects {
+  std::vector<BlockDevice> blocks;
+  std::vector<Drive> drives;
+};
+
+/// The call that asks the disk service for its objects.
+QDBusMessage askForDiskObjects();
+
+/// What the service answered; absent when that is not what the service promises, since half a list
+/// could make a drive look unused.
+std::optional<DiskObjects> readDiskObjects(const QDBusMessage& answer);
+
+} // namespace tamberline

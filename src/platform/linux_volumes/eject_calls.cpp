@@ -1,0 +1,165 @@
+#include "platform/linux_volumes/eject_calls.h"
+
+#include "platform/linux_volumes/disk_service.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace tamberline {
+namespace {
+
+/// How the disk service's objects belong together.
+class DiskTopology {
+public:
+  explicit DiskTopology(const DiskObjects& objects) : objects_(objects) {}
+
+  /// Null when there is none.
+  const BlockDevice* mountedAt(const QByteArray& mountPoint) const {
+    return findIf(objects_.blocks,
+                  [&](const BlockDevice& block) { return block.mountPoints.contains(mountPoint); });
+  }
+
+  /// The encrypted devices that a block device lies in, innermost first.
+  std::vector<const BlockDevice*> encryptedDevicesBelow(const BlockDevice& block) const {
+    std::vector<const BlockDevice*> devices;
+    const BlockDevice* below = byPath(objects_.blocks, block.encryptedDevice);
+    // A service that answers in circles must not keep us.
+    while (below != nullptr && devices.size() < objects_.blocks.size()) {
+      devices.push_back(below);
+      below = byPath(objects_.blocks, below->encryptedDevice);
+    }
+    return devices;
+  }
+
+  /// The path of the drive that a block device lies on in the end; empty when there is none.
+  QString drivePathOf(const BlockDevice& block) const {
+    const std::vector<const BlockDevice*> below = encryptedDevicesBelow(block);
+    return below.empty() ? block.drive : below.back()->drive;
+  }
+
+  const Drive* drive(const QString& path) const { return byPath(objects_.drives, path); }
+
+  std::vector<const BlockDevice*> blocksOf(const Drive& drive) const {
+    std::vector<const BlockDevice*> blocks;
+    for (const BlockDevice& block : objects_.blocks) {
+      if (drivePathOf(block) == drive.path) {
+        blocks.push_back(&block);
+      }
+    }
+    return blocks;
+  }
+
+  /// Whether another drive of the same device is in use.
+  bool hasSiblingInUse(const Drive& drive) const {
+    return std::any_of(objects_.drives.begin(), objects_.drives.end(), [&](const Drive& other) {
+      return areSiblings(drive, other) && isInUse(other);
+    });
+  }
+
+private:
+  template <typename Record, typename Condition>
+  static const Record* findIf(const std::vector<Record>& records, const Condition& condition) {
+    const auto found = std::find_if(records.begin(), records.end(), condition);
+    return found == records.end() ? nullptr : &*found;
+  }
+
+  template <typename Record>
+  static const Record* byPath(const std::vector<Record>& records, const QString& path) {
+    return findIf(records, [&](const Record& record) { return record.path == path; });
+  }
+
+  static bool areSiblings(const Drive& drive, const Drive& other) {
+    return !drive.siblingId.isEmpty() && drive.siblingId == other.siblingId &&
+           drive.path != other.path;
+  }
+
+  bool isInUse(const Drive& drive) const {
+    const std::vector<const BlockDevice*> blocks = blocksOf(drive);
+    return std::any_of(blocks.begin(), blocks.end(), [](const BlockDevice* block) {
+      return !block->mountPoints.empty() || !block->encryptedDevice.isEmpty();
+    });
+  }
+
+  const DiskObjects& objects_;
+};
+
+bool holdsRunningSystem(const std::vector<const BlockDevice*>& blocks) {
+  return std::any_of(blocks.begin(), blocks.end(), [](const BlockDevice* block) {
+    return block->mountPoints.contains(QByteArrayLiteral("/"));
+  });
+}
+
+void addUnmounting(const BlockDevice& block, std::vector<DiskCall>& calls) {
+  const auto count = static_cast<std::size_t>(block.mountPoints.size()); // each call undoes one
+  calls.insert(calls.end(), count, {block.path, DiskService::fileSystem, "Unmount"});
+}
+
+/// What lies in another encrypted device is locked before that.
+void addLocking(std::vector<const BlockDevice*> blocks, const DiskTopology& topology,
+                std::vector<DiskCall>& calls) {
+  std::stable_sort(blocks.begin(), blocks.end(), [&](const auto* first, const auto* second) {
+    return topology.encryptedDevicesBelow(*first).size() >
+           topology.encryptedDevicesBelow(*second).size();
+  });
+  for (const BlockDevice* block : blocks) {
+    if (!block->encryptedDevice.isEmpty()) {
+      calls.push_back({block->encryptedDevice, DiskService::encrypted, "Lock"});
+    }
+  }
+}
+
+/// What makes a drive that is not in use safe to pull; absent when that is all that it takes.
+std::optional<DiskCall> callToRelease(const Drive& drive, bool isSiblingInUse) {
+  if (drive.hasOpticalDisc) {
+    return DiskCall{drive.path, DiskService::drive, "Eject"};
+  }
+  if (drive.canPowerOff && !isSiblingInUse) {
+    return DiskCall{drive.path, DiskService::drive, "PowerOff"};
+  }
+  if (drive.canEject) {
+    return DiskCall{drive.path, DiskService::drive, "Eject"};
+  }
+  return std::nullopt;
+}
+
+std::vector<DiskCall> callsToEjectDrive(const Drive& drive, const BlockDevice& askedBlock,
+                                        const DiskTopology& topology) {
+  std::vector<const BlockDevice*> blocks = topology.blocksOf(drive);
+  if (holdsRunningSystem(blocks)) {
+    return {};
+  }
+  std::stable_partition(blocks.begin(), blocks.end(),
+                        [&](const BlockDevice* block) { return block == &askedBlock; });
+  std::vector<DiskCall> calls;
+  for (const BlockDevice* block : blocks) {
+    addUnmounting(*block, calls);
+  }
+  addLocking(blocks, topology, calls);
+  if (const auto release = callToRelease(drive, topology.hasSiblingInUse(drive))) {
+    calls.push_back(*release);
+  }
+  return calls;
+}
+
+} // namespace
+
+std::vector<DiskCall> callsToEject(const DiskObjects& objects, const std::string& mountPoint) {
+  const DiskTopology topology(objects);
+  const BlockDevice* askedBlock = topology.mountedAt(QByteArray::fromStdString(mountPoint));
+  if (askedBlock == nullptr) {
+    return {};
+  }
+  const QString drivePath = topology.drivePathOf(*askedBlock);
+  if (drivePath.isEmpty()) {
+    std::vector<DiskCall> calls;
+    addUnmounting(*askedBlock, calls);
+    return calls;
+  }
+  const Drive* drive = topology.drive(drivePath);
+  if (drive == nullptr) { // it was pulled while the service told of it
+    return {};
+  }
+  return callsToEjectDrive(*drive, *askedBlock, topology);
+}
+
+} // namespace tamberline

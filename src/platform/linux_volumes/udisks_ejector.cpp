@@ -1,0 +1,62 @@
+#include "platform/linux_volumes/udisks_ejector.h"
+
+#include "platform/linux_volumes/disk_objects.h"
+#include "platform/linux_volumes/disk_service.h"
+#include "platform/linux_volumes/eject_calls.h"
+#include "platform/linux_volumes/system_bus.h"
+
+#include <QVariantMap>
+
+namespace tamberline {
+namespace {
+
+EjectOutcome failed(const QString& message) {
+  return {.isEjected = false, .message = message.toStdString()};
+}
+
+bool isError(const QDBusMessage& answer) {
+  return answer.type() != QDBusMessage::ReplyMessage;
+}
+
+QDBusMessage messageOf(const DiskCall& call) {
+  QDBusMessage message =
+      QDBusMessage::createMethodCall(QLatin1String(DiskService::name), call.object,
+                                     QLatin1String(call.interface), QLatin1String(call.method));
+  message << QVariantMap(); // no options
+  return message;
+}
+
+/// A file system over several block devices is mounted on each of them and gone from all at once,
+/// and somebody else may have unmounted it meanwhile.
+bool isDoneAlready(const QDBusMessage& answer) {
+  return answer.errorName() == QLatin1String("org.freedesktop.UDisks2.Error.NotMounted");
+}
+
+EjectOutcome carryOut(const std::vector<DiskCall>& calls, const SystemBus& bus) {
+  for (const DiskCall& call : calls) {
+    const QDBusMessage answer = bus.call(messageOf(call));
+    if (isError(answer) && !isDoneAlready(answer)) {
+      return failed(answer.errorMessage());
+    }
+  }
+  return {.isEjected = true};
+}
+
+} // namespace
+
+EjectOutcome UDisksEjector::eject(const std::string& mountPoint) {
+  const SystemBus bus;
+  if (!bus.isConnected()) {
+    return failed(bus.error());
+  }
+  const QDBusMessage answer = bus.call(askForDiskObjects());
+  if (isError(answer)) {
+    return failed(answer.errorMessage());
+  }
+  const std::optional<DiskObjects> objects = readDiskObjects(answer);
+  const std::vector<DiskCall> calls =
+      objects ? callsToEject(*objects, mountPoint) : std::vector<DiskCall>();
+  return calls.empty() ? EjectOutcome{} : carryOut(calls, bus);
+}
+
+} // namespace tamberline
