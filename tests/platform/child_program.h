@@ -1,29 +1,35 @@
 #pragma once
 
-#include <QProcess>
-#include <QString>
-#include <QStringList>
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+#include <vector>
 
 namespace tamberline {
 
-/// A program that runs beside a test and is killed when this goes, and when the test's process ends
-/// however it does. Belongs to the thread that makes it.
+/// A program that runs beside a test. It is killed when this goes, and when the thread that made
+/// this ends, however it does. What it writes goes nowhere but here.
 class ChildProgram {
 public:
-  ChildProgram(const QString& program, const QStringList& arguments);
+  /// Finds the program like a shell does.
+  explicit ChildProgram(const std::vector<std::string>& programAndArguments);
   ChildProgram(const ChildProgram&) = delete;
   ChildProgram& operator=(const ChildProgram&) = delete;
   ~ChildProgram();
 
-  /// Waits for a first line of output that begins so; a test fails when there is none.
-  bool hasSaid(const QByteArray& beginning);
+  /// Waits for a line of output that begins so; a test fails when there is none.
+  void waitForLine(std::string_view beginning);
 
-  qint64 processId() const { return process_.processId(); }
-  bool isRunning() { return !process_.waitForFinished(0); }
-  QByteArray errors() { return process_.readAllStandardError(); }
+  /// What it has written up to now.
+  const std::string& output();
 
 private:
-  QProcess process_;
+  /// False when nothing comes in the time, in milliseconds, or nothing can come any more.
+  bool readMore(int patience);
+
+  int output_ = -1;
+  pid_t process_ = 0;
+  std::string text_;
 };
 
 } // namespace tamberline

@@ -59,12 +59,10 @@ void MockedDisks::set(const char* part, const char* name, const QJsonValue& valu
 void MockedDisks::start() {
   const QByteArray parameters = QJsonDocument(parameters_).toJson(QJsonDocument::Compact);
   service_ = std::make_unique<ChildProgram>(
-      QStringLiteral("/usr/bin/python3"), // the one that Debian's modules are for
-      QStringList{QStringLiteral("-m"), QStringLiteral("dbusmock"), QStringLiteral("--logfile"),
-                  QStringLiteral("/dev/null"), QStringLiteral("--template"),
-                  QStringLiteral(UDISKS2_MOCK), QStringLiteral("--parameters"),
-                  QString::fromUtf8(parameters)});
-  service_->hasSaid("ready");
+      std::vector<std::string>{"/usr/bin/python3", // the one that Debian's modules are for
+                               "-m", "dbusmock", "--logfile", "/dev/null", "--template",
+                               UDISKS2_MOCK, "--parameters", parameters.toStdString()});
+  service_->waitForLine("ready");
 }
 
 std::string MockedDisks::calls() {

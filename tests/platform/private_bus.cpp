@@ -1,15 +1,14 @@
 #include "platform/private_bus.h"
 
-#include <QByteArray>
-#include <QCoreApplication>
+#include <cstdlib>
+#include <unistd.h>
 
 namespace tamberline {
 namespace {
 
 /// Abstract, so that no file is left behind.
-QByteArray address() {
-  return "unix:abstract=tamberline-test-bus-" +
-         QByteArray::number(QCoreApplication::applicationPid());
+std::string address() {
+  return "unix:abstract=tamberline-test-bus-" + std::to_string(getpid());
 }
 
 std::string configuration() {
@@ -17,7 +16,7 @@ std::string configuration() {
          " \"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
          "<busconfig>\n"
          "  <listen>" +
-         address().toStdString() +
+         address() +
          "</listen>\n"
          "  <auth>EXTERNAL</auth>\n"
          "  <policy context=\"default\">\n"
@@ -28,22 +27,21 @@ std::string configuration() {
          "</busconfig>\n";
 }
 
-QString savedConfiguration(const TemporaryFolder& folder) {
+std::string savedConfiguration(const TemporaryFolder& folder) {
   folder.save("bus.conf", configuration());
-  return QString::fromStdString((folder.path() / "bus.conf").string());
+  return (folder.path() / "bus.conf").string();
 }
 
 } // namespace
 
 PrivateBus::PrivateBus(const TemporaryFolder& folder)
-    : daemon_(QStringLiteral("dbus-daemon"),
-              {QStringLiteral("--config-file=") + savedConfiguration(folder),
-               QStringLiteral("--nofork"), QStringLiteral("--print-address")}) {
-  daemon_.hasSaid(address());
+    : daemon_({"dbus-daemon", "--config-file=" + savedConfiguration(folder), "--nofork",
+               "--print-address"}) {
+  daemon_.waitForLine(address());
 }
 
 void PrivateBus::becomeSystemBus() {
-  qputenv("DBUS_SYSTEM_BUS_ADDRESS", address());
+  setenv("DBUS_SYSTEM_BUS_ADDRESS", address().c_str(), 1);
 }
 
 } // namespace tamberline

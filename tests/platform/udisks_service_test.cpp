@@ -64,11 +64,11 @@ private:
     const MountedImage image(folder);
     if (image.problem().empty()) {
       const PrivateBus bus(folder);
-      ChildProgram service(QString::fromLatin1(serviceProgram), {QStringLiteral("--no-debug")});
+      ChildProgram service({serviceProgram, "--no-debug"});
       if (runEventsUntil(isServiceOnBus)) {
         something(image);
       } else {
-        ADD_FAILURE() << service.errors().toStdString();
+        ADD_FAILURE() << service.output();
       }
     }
     return image.problem();
