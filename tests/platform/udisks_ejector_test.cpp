@@ -391,7 +391,7 @@ TEST_F(Ejecting, SaysThatTheServiceDiedMeanwhile) {
   disks.letGather("Unmount", 0);
   disks.start();
   std::future<std::string> outcome = ejectInBackground("/media/stick");
-  ASSERT_TRUE(waitForCalls("sdb1.Unmount {}, may ask\n"));
+  EXPECT_TRUE(waitForCalls("sdb1.Unmount {}, may ask\n"));
   disks.stop();
   EXPECT_EQ(outcome.get(),
             "failed: Message recipient disconnected from message bus without replying");
@@ -402,7 +402,7 @@ TEST_F(Ejecting, ComesToAnEndWhenTheBusDies) {
   disks.letGather("Unmount", 0);
   disks.start();
   std::future<std::string> outcome = ejectInBackground("/media/stick");
-  ASSERT_TRUE(waitForCalls("sdb1.Unmount {}, may ask\n"));
+  EXPECT_TRUE(waitForCalls("sdb1.Unmount {}, may ask\n"));
   bus.reset();
   EXPECT_EQ(outcome.get().rfind("failed: ", 0), 0U);
 }
