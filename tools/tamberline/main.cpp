@@ -5,11 +5,9 @@
 #include "async/qt_main_queue.h"
 #include "i18n/app_language.h"
 #include "platform/desktop.h"
-#include "platform/posix/child_process_runner.h"
-#include "platform/posix/posix_volume_files.h"
 #include "platform/posix/termination_signals.h"
 #include "platform/preferred_languages.h"
-#include "scanner/silent_event_source.h"
+#include "platform/this_machine.h"
 
 #include <QApplication>
 
@@ -38,12 +36,7 @@ int run() {
   AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
   useOwnLookWithoutDesktop();
   const auto queue = std::make_shared<QtMainQueue>();
-  app = std::make_unique<TamberlineApp>(
-      ScannerOutside{
-          .acquisition = {.tools = std::make_shared<ChildProcessRunner>(), .queue = queue},
-          .events = std::make_shared<SilentEventSource>(),
-          .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>())},
-      queue);
+  app = std::make_unique<TamberlineApp>(thisMachine(queue), queue);
   app->start();
   return QApplication::exec();
 }
