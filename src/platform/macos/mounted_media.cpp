@@ -1,0 +1,95 @@
+#include "platform/macos/mounted_media.h"
+
+#include "base/text.h"
+#include "base/utf8.h"
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+/// The registry may write a location, 32 bits, as a negative number.
+std::int64_t unsignedLocation(std::int64_t locationID) {
+  constexpr std::int64_t twoToThe32nd = std::int64_t{1} << 32U;
+  return locationID < 0 ? locationID + twoToThe32nd : locationID;
+}
+
+/// The name of a volume where only its mount point tells it. File systems here keep a name's "/" as
+/// ":" in their paths.
+std::string nameAt(std::string_view mountPoint) {
+  return replacedAll(mountPoint.substr(mountPoint.find_last_of('/') + 1), ":", "/");
+}
+
+class Join {
+public:
+  explicit Join(const std::vector<Mount>& mounts) {
+    constexpr std::string_view folderOfDevices = "/dev/";
+    for (const Mount& mount : mounts) {
+      const std::string_view device = mount.device;
+      if (device.starts_with(folderOfDevices) && isValidUtf8(mount.mountPoint)) {
+        mountPointsByMedium_.emplace(device.substr(folderOfDevices.size()), mount.mountPoint);
+      }
+    }
+  }
+
+  /// `location` is that of the nearest USB device above, absent when there is none.
+  void walk(PropertyListValue value, std::optional<std::int64_t> location) {
+    PropertyListValue nested = value;
+    if (value.isDictionary()) {
+      location = locationBelow(value, location);
+      addVolumesOf(value, location);
+      nested = value.member("IORegistryEntryChildren");
+    }
+    for (const PropertyListValue element : nested.elements()) {
+      walk(element, location);
+    }
+  }
+
+  VolumesByLocation takeVolumes() { return std::move(volumes_); }
+
+private:
+  /// A device's interfaces and drivers repeat its location. A device without one must not pass its
+  /// media on to the hub above it.
+  static std::optional<std::int64_t> locationBelow(PropertyListValue entry,
+                                                   std::optional<std::int64_t> locationAbove) {
+    if (const auto locationID = entry.member("locationID").integer()) {
+      return unsignedLocation(*locationID);
+    }
+    const bool isDevice = entry.member("IOObjectClass").text() == "IOUSBHostDevice";
+    return isDevice ? std::nullopt : locationAbove;
+  }
+
+  void addVolumesOf(PropertyListValue entry, std::optional<std::int64_t> location) {
+    const std::optional<std::string> medium = entry.member("BSD Name").text();
+    if (!location || !medium || !seenMedia_.insert(*medium).second) {
+      return;
+    }
+    const auto [first, last] = mountPointsByMedium_.equal_range(*medium);
+    for (auto mounted = first; mounted != last; ++mounted) {
+      const std::string& mountPoint = mounted->second;
+      // Only volumes that share a container with others have a name in the registry.
+      const std::string name = entry.member("FullName").text().value_or("");
+      volumes_[*location].push_back({name.empty() ? nameAt(mountPoint) : name, mountPoint});
+    }
+  }
+
+  std::multimap<std::string, std::string, std::less<>> mountPointsByMedium_;
+  std::unordered_set<std::string> seenMedia_;
+  VolumesByLocation volumes_;
+};
+
+} // namespace
+
+VolumesByLocation mountedVolumesIn(const PropertyList& dump, const std::vector<Mount>& mounts) {
+  Join join(mounts);
+  join.walk(dump.root(), std::nullopt);
+  return join.takeVolumes();
+}
+
+} // namespace tamberline

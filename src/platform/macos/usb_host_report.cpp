@@ -1,0 +1,247 @@
+#include "platform/macos/usb_host_report.h"
+
+#include "base/letter_case.h"
+#include "base/text.h"
+#include "reports/json_values.h"
+#include "reports/report_decoding.h"
+#include "reports/usb_report.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+using nlohmann::json;
+
+constexpr std::string_view digits = "0123456789";
+constexpr std::string_view digitsAndSeparators = "0123456789.,";
+constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+constexpr std::string_view endsOfAGap =
+    "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789()";
+
+/// Takes from the start of `text` what stands before the first character that is one of `ends`.
+std::string_view takeUntil(std::string_view ends, std::string_view& text) {
+  const std::string_view taken = text.substr(0, text.find_first_of(ends));
+  text.remove_prefix(taken.size());
+  return taken;
+}
+
+/// Takes from the start of `text` what consists of `characters`.
+std::string_view takeWhile(std::string_view characters, std::string_view& text) {
+  const std::string_view taken = text.substr(0, text.find_first_not_of(characters));
+  text.remove_prefix(taken.size());
+  return taken;
+}
+
+std::string withoutSeparators(std::string_view number) {
+  return replacedAll(replacedAll(number, ".", ""), ",", "");
+}
+
+/// A number of a text with the word behind it: "4.48" with "w", "896" with "ma".
+struct Measure {
+  std::string_view number; // digits, points and commas; starts with a digit
+  std::string unit;        // in lower case; empty when something else follows
+
+  /// A thousandth of the unit is the least that counts; a point or comma is the decimal one. Absent
+  /// for numbers of more than six digits before it.
+  std::optional<std::int64_t> thousandths() const {
+    const std::size_t point = std::min(number.find_first_of(".,"), number.size());
+    std::string decimals = withoutSeparators(number.substr(point)).substr(0, 3);
+    decimals.resize(3, '0');
+    return point <= 6 ? parseDecimal(std::string(number.substr(0, point)) + decimals)
+                      : std::nullopt;
+  }
+};
+
+/// The system writes texts for people in their language: "4.48 W (896 mA)", "4,48 W (1.500 mA)",
+/// "Up to 10 Gb/s".
+std::vector<Measure> measuresIn(std::string_view text) {
+  std::vector<Measure> measures;
+  takeUntil(digits, text);
+  while (!text.empty()) {
+    const std::string_view number = takeWhile(digitsAndSeparators, text);
+    takeUntil(endsOfAGap, text);
+    measures.push_back({number, lowerCased(takeWhile(letters, text))});
+    takeUntil(digits, text);
+  }
+  return measures;
+}
+
+/// Absent when the text tells no speed.
+std::optional<std::int64_t> kilobitsPerSecondIn(std::string_view text) {
+  for (const Measure& measure : measuresIn(text)) {
+    const bool isInGigabits = measure.unit.starts_with("gb");
+    const std::optional<std::int64_t> thousandths = measure.thousandths();
+    if (thousandths && (isInGigabits || measure.unit.starts_with("mb"))) {
+      return isInGigabits ? *thousandths * 1000 : *thousandths;
+    }
+  }
+  return std::nullopt;
+}
+
+/// The older section's token. It has none above 10 Gb/s and for speeds that are none of USB's;
+/// such a speed is handed on as a text, in one spelling, and shown as it is.
+std::string speedToken(std::string_view linkSpeed) {
+  static constexpr std::array<std::pair<std::int64_t, const char*>, 5> tokens = {{
+      {1'500, "low_speed"},
+      {12'000, "full_speed"},
+      {480'000, "high_speed"},
+      {5'000'000, "super_speed"},
+      {10'000'000, "super_speed_plus"},
+  }};
+  const std::optional<std::int64_t> speed = kilobitsPerSecondIn(linkSpeed);
+  if (!speed) {
+    return std::string(trimmed(linkSpeed));
+  }
+  for (const auto& [kilobits, token] : tokens) {
+    if (*speed == kilobits) {
+      return token;
+    }
+  }
+  constexpr std::int64_t kilobitsOfGigabit = 1'000'000;
+  const auto kilobits = static_cast<double>(*speed);
+  return *speed >= kilobitsOfGigabit ? generalText(kilobits / 1'000'000) + " Gb/s"
+                                     : generalText(kilobits / 1'000) + " Mb/s";
+}
+
+/// Absent when the text tells no current. Currents are whole numbers, so that a point or comma in
+/// one can only group its digits.
+std::optional<std::int64_t> milliamperesIn(std::string_view text) {
+  const std::vector<Measure> measures = measuresIn(text);
+  for (const Measure& measure : measures) {
+    if (measure.unit == "ma") {
+      return parseDecimal(withoutSeparators(measure.number));
+    }
+  }
+  constexpr std::int64_t volts = 5;
+  for (const Measure& measure : measures) {
+    const std::optional<std::int64_t> milliwatts = measure.thousandths();
+    if (measure.unit == "w" && milliwatts) {
+      return *milliwatts / volts;
+    }
+  }
+  return std::nullopt;
+}
+
+/// Absent also where the report spells absence out.
+std::optional<std::string> providedText(const json& entry, std::string_view key) {
+  std::optional<std::string> text = textMember(entry, key);
+  return text == "Not Provided" ? std::nullopt : text;
+}
+
+void copyText(const json& from, std::string_view key, json& to, const char* olderKey) {
+  if (std::optional<std::string> text = providedText(from, key)) {
+    to[olderKey] = std::move(*text);
+  }
+}
+
+/// The older section's name of the same bus, by which its speed is known. That section called every
+/// controller beyond USB 3.0 a USB 3.1 one, those of USB4 ports too.
+std::string olderBusName(const std::string& name) {
+  static constexpr std::array<std::pair<std::string_view, const char*>, 4> names = {{
+      {"USB 2.", "USB20Bus"},
+      {"USB 3.0", "USB30Bus"},
+      {"USB 3.", "USB31Bus"},
+      {"USB 4", "USB31Bus"},
+  }};
+  const auto* found = std::find_if(names.begin(), names.end(),
+                                   [&](const auto& known) { return contains(name, known.first); });
+  return found == names.end() ? name : found->second;
+}
+
+class Translation {
+public:
+  explicit Translation(VolumesByLocation volumes) : volumes_(std::move(volumes)) {}
+
+  json bus(const json& entry) {
+    json older = json::object();
+    if (const std::optional<std::string> name = textMember(entry, "_name")) {
+      older["_name"] = olderBusName(*name);
+    }
+    copyText(entry, "Driver", older, "host_controller");
+    addDevices(entry, 1, older);
+    return older;
+  }
+
+private:
+  /// The report and its buses nest three levels, each tier of devices two, and the volumes of a
+  /// device four.
+  static constexpr int deepestTier = (deepestReportNesting - 3 - 4) / 2;
+
+  void addDevices(const json& entry, int tier, json& older) {
+    const json& items = objectsMember(entry, "_items");
+    if (items.empty() || tier > deepestTier) {
+      return;
+    }
+    json devices = json::array();
+    for (const json& item : items) {
+      devices.push_back(device(item, tier));
+    }
+    older["_items"] = std::move(devices);
+  }
+
+  json device(const json& item, int tier) {
+    json older = json::object();
+    if (const std::optional<std::string> name = textMember(item, "_name")) {
+      older["_name"] = trimmed(*name); // the report puts a blank before some
+    }
+    copyText(item, "USBDeviceKeyVendorID", older, "vendor_id");
+    copyText(item, "USBDeviceKeyProductID", older, "product_id");
+    copyText(item, "USBDeviceKeyVendorName", older, "manufacturer");
+    copyText(item, "USBDeviceKeySerialNumber", older, "serial_num");
+    copyText(item, "USBKeyLocationID", older, "location_id");
+    if (const auto linkSpeed = providedText(item, "USBDeviceKeyLinkSpeed")) {
+      older["device_speed"] = speedToken(*linkSpeed);
+    }
+    addPower(item, older);
+    addMedia(item, older);
+    addDevices(item, tier + 1, older);
+    return older;
+  }
+
+  /// What is allocated to a device is what it declared to draw at most, so it stands for the rated
+  /// draw and for nothing that was measured. What its port could offer is not told.
+  static void addPower(const json& item, json& older) {
+    const std::string allocation = textMember(item, "USBDeviceKeyPowerAllocation", "");
+    if (const std::optional<std::int64_t> allocatedMa = milliamperesIn(allocation)) {
+      older["bus_power_used"] = std::to_string(*allocatedMa);
+    }
+  }
+
+  void addMedia(const json& item, json& older) {
+    const auto locationID = parseLocationID(textMember(item, "USBKeyLocationID", ""));
+    const auto found = locationID ? volumes_.find(*locationID) : volumes_.end();
+    if (found == volumes_.end()) {
+      return;
+    }
+    json volumes = json::array();
+    for (const USBVolume& volume : found->second) {
+      volumes.push_back({{"_name", volume.name}, {"mount_point", volume.mountPoint}});
+    }
+    older["Media"] = json::array({json{{"volumes", std::move(volumes)}}});
+    volumes_.erase(found);
+  }
+
+  VolumesByLocation volumes_; // of devices that are still to come
+};
+
+} // namespace
+
+json usbReportFrom(const json& hostReport, VolumesByLocation volumes) {
+  Translation translation(std::move(volumes));
+  json buses = json::array();
+  for (const json& entry : objectsMember(hostReport, "SPUSBHostDataType")) {
+    buses.push_back(translation.bus(entry));
+  }
+  return {{"SPUSBDataType", std::move(buses)}};
+}
+
+} // namespace tamberline

@@ -1,0 +1,321 @@
+#include "platform/macos/usb_host_report.h"
+#include "reports/report_decoding.h"
+#include "reports/usb_report.h"
+#include "support/bus_text.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+using nlohmann::json;
+
+json translated(const std::string& section, VolumesByLocation volumes = {}) {
+  return usbReportFrom(json::parse(R"({"SPUSBHostDataType": )" + section + "}"),
+                       std::move(volumes));
+}
+
+/// The buses as the rest of the program sees them.
+std::vector<USBBus> busesOf(const std::string& section, VolumesByLocation volumes = {}) {
+  return parseUSB(translated(section, std::move(volumes)), {});
+}
+
+/// What becomes of a device with these members, as JSON.
+json translatedDevice(const std::string& members) {
+  return translated(R"([{"_items": [{)" + members + "}]}]")["SPUSBDataType"][0]["_items"][0];
+}
+
+/// The one device with these members.
+USBDevice deviceOf(const json& members, VolumesByLocation volumes = {}) {
+  json item = {{"_name", "x"}};
+  item.update(members);
+  const auto buses = busesOf(json::array({{{"_items", json::array({item})}}}).dump(), volumes);
+  return buses.at(0).devices[0];
+}
+
+constexpr const char* laptop = R"json([
+  {"_name": "USB 3.1 Bus", "Driver": "AppleT8132USBXHCI", "USBKeyHardwareType": "Built-in",
+   "USBKeyLocationID": "0x01000000",
+   "_items": [
+     {"_name": " USB 3 Hub", "USBDeviceKeyLinkSpeed": "10 Gb/s", "USBKeyLocationID": "0x01200000",
+      "USBDeviceKeyUSB4Tunnel": "No",
+      "_items": [
+        {"_name": "Quarry Portable SSD", "USBDeviceKeyVendorID": "0xe347",
+         "USBDeviceKeyProductID": "0x0210", "USBDeviceKeyVendorName": "Quarry Storage",
+         "USBDeviceKeySerialNumber": "Q-1", "USBDeviceKeyLinkSpeed": "5 Gb/s",
+         "USBDeviceKeyPowerAllocation": "4.48 W (896 mA)", "USBKeyLocationID": "0x01210000"},
+        {"_name": "Keys", "USBDeviceKeyLinkSpeed": "1.5 Mb/s"}]}]},
+  {"_name": "USB 4.0 Bus", "Driver": "AppleT8132USBXHCI", "USBKeyLocationID": "0x00000000"},
+  {"_name": "USB 2.0 Bus", "Driver": "AppleUSBXHCIPCI", "_items": [
+     {"_name": "Stick", "USBDeviceKeyLinkSpeed": "480 Mb/s"}]}
+])json";
+
+TEST(UsbHostReport, GivesTheTreeOfTheOlderReport) {
+  const auto buses = busesOf(laptop);
+  EXPECT_EQ(busText(buses), "USB31Bus\n"
+                            "  USB 3 Hub super_speed_plus\n"
+                            "    Quarry Portable SSD super_speed\n"
+                            "    Keys low_speed\n"
+                            "USB31Bus\n"
+                            "USB20Bus\n"
+                            "  Stick high_speed\n");
+  EXPECT_EQ(buses[0].hostController, "AppleT8132USBXHCI");
+  EXPECT_TRUE(buses[0].isInternalTBController());
+  EXPECT_TRUE(buses[1].isInternalTBController());
+  EXPECT_FALSE(buses[2].isInternalTBController());
+}
+
+TEST(UsbHostReport, GivesEveryFieldOfADevice) {
+  const USBDevice disk = busesOf(laptop)[0].devices[0].children[0];
+  EXPECT_EQ(disk.vendorID, "0xe347");
+  EXPECT_EQ(disk.productID, "0x0210");
+  EXPECT_EQ(disk.manufacturer, "Quarry Storage");
+  EXPECT_EQ(disk.serialNumber, "Q-1");
+  EXPECT_EQ(disk.physicalPort, 1);
+  EXPECT_EQ(disk.busPowerUsed, 896);
+  EXPECT_EQ(disk.busPower, std::nullopt);
+  EXPECT_TRUE(disk.volumes.empty());
+}
+
+TEST(UsbHostReport, GivesNothingThatTheReportDoesNotSay) {
+  EXPECT_EQ(translatedDevice(""), json::object());
+  EXPECT_EQ(translatedDevice(R"("_name": "x", "_items": [], "Unknown": {"a": [1]})"),
+            json({{"_name", "x"}}));
+  EXPECT_EQ(translated("[{}]"), json::parse(R"({"SPUSBDataType": [{}]})"));
+}
+
+TEST(UsbHostReport, TakesValuesOfAnotherTypeForAbsent) {
+  EXPECT_EQ(translatedDevice(R"("_name": 1, "USBDeviceKeyVendorID": 781,
+      "USBDeviceKeyProductID": [], "USBDeviceKeyVendorName": {}, "USBDeviceKeySerialNumber": true,
+      "USBDeviceKeyLinkSpeed": 5, "USBDeviceKeyPowerAllocation": 896, "USBKeyLocationID": 33554432,
+      "_items": {"_name": "x"})"),
+            json::object());
+  EXPECT_EQ(translated(R"([{"_name": null, "Driver": 1, "_items": "x"}])"),
+            json::parse(R"({"SPUSBDataType": [{}]})"));
+}
+
+TEST(UsbHostReport, WithoutItsSectionIsEmpty) {
+  const json empty = json::parse(R"({"SPUSBDataType": []})");
+  for (const char* report : {"{}", R"({"SPUSBHostDataType": {}})", R"({"SPUSBHostDataType": [1]})",
+                             R"({"SPUSBHostDataType": "x"})", R"({"SPUSBHostDataType": null})"}) {
+    SCOPED_TRACE(report);
+    EXPECT_EQ(usbReportFrom(json::parse(report), {}), empty);
+  }
+}
+
+TEST(UsbHostReport, TakesWhatIsSpelledOutAsNotProvidedForAbsent) {
+  EXPECT_EQ(translatedDevice(R"("_name": "Not Provided", "USBDeviceKeyVendorID": "Not Provided",
+      "USBDeviceKeyVendorName": "Not Provided", "USBDeviceKeySerialNumber": "Not Provided",
+      "USBDeviceKeyLinkSpeed": "Not Provided", "USBDeviceKeyPowerAllocation": "Not Provided")"),
+            json({{"_name", "Not Provided"}}));
+  EXPECT_EQ(deviceOf({{"USBDeviceKeySerialNumber", ""}}).serialNumber, "");
+}
+
+TEST(UsbHostReport, GivesBusesTheNamesByWhichTheirSpeedIsKnown) {
+  const struct {
+    const char* name;
+    const char* rawName;
+    double maxSpeedGbps;
+  } table[] = {
+      {"USB 2.0 Bus", "USB20Bus", 0.48},
+      {"USB 3.0 Bus", "USB30Bus", 5.0},
+      {"USB 3.1 Bus", "USB31Bus", 10.0},
+      {"USB 3.2 Bus", "USB31Bus", 10.0},
+      {"USB 4.0 Bus", "USB31Bus", 10.0},
+      {"USB 4 Bus", "USB31Bus", 10.0},
+      {"USB31Bus", "USB31Bus", 10.0},
+      {"USB 1.1 Bus", "USB 1.1 Bus", 5.0},
+      {"Bus", "Bus", 5.0},
+      {"", "", 5.0},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.name);
+    const USBBus bus = busesOf(json::array({{{"_name", row.name}}}).dump()).at(0);
+    EXPECT_EQ(bus.rawName, row.rawName);
+    EXPECT_EQ(bus.maxSpeedGbps(), row.maxSpeedGbps);
+  }
+}
+
+TEST(UsbHostReport, GivesSpeedsInWhateverSpelling) {
+  const struct {
+    const char* linkSpeed;
+    const char* label;
+    double gbps;
+  } table[] = {
+      {"1.5 Mb/s", "1.5 Mb/s", 0.0015},
+      {"1,5 Mb/s", "1.5 Mb/s", 0.0015},
+      {"1.50 Mb/s", "1.5 Mb/s", 0.0015},
+      {"12 Mb/s", "12 Mb/s", 0.012},
+      {"480 Mb/s", "480 Mb/s", 0.48},
+      {"480Mb/s", "480 Mb/s", 0.48},
+      {"480 MBit/s", "480 Mb/s", 0.48},
+      {"0.48 Gb/s", "480 Mb/s", 0.48},
+      {"5 Gb/s", "5 Gb/s", 5},
+      {"5.0 Gb/s", "5 Gb/s", 5},
+      {"5000 Mb/s", "5 Gb/s", 5},
+      {"5\u00a0Gbit/s", "5 Gb/s", 5},
+      {"10 Gb/s", "10 Gb/s", 10},
+      {"10 Gbps", "10 Gb/s", 10},
+      {"10gbps", "10 Gb/s", 10},
+      {"Up to 10 Gb/s", "10 Gb/s", 10},
+      {"USB 3.2 Gen 2, 10 Gb/s", "10 Gb/s", 10},
+      {"super_speed_plus", "10 Gb/s", 10},
+      // Beyond what a speed bar knows, and what no USB device has: said, and not judged.
+      {"20 Gb/s", "20 Gb/s", 0},
+      {"Up to 20 GBPS", "20 Gb/s", 0},
+      {"40 Gb/s", "40 Gb/s", 0},
+      {"40000 Mb/s", "40 Gb/s", 0},
+      {"80 Gb/s", "80 Gb/s", 0},
+      {"100 Mb/s", "100 Mb/s", 0},
+      {"2,5 Gb/s", "2.5 Gb/s", 0},
+      {"12 (Mb/s)", "12 (Mb/s)", 0},
+      {"5 GHz", "5 GHz", 0},
+      {"5", "5", 0},
+      {" fast ", "fast", 0},
+      {"Gb/s", "Gb/s", 0},
+      {"9999999 Gb/s", "9999999 Gb/s", 0},
+      {"999999 Gb/s", "999999 Gb/s", 0},
+      {"99999999999999999999 Mb/s", "99999999999999999999 Mb/s", 0},
+      {"", "—", 0},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.linkSpeed);
+    const USBDevice device = deviceOf({{"USBDeviceKeyLinkSpeed", row.linkSpeed}});
+    EXPECT_EQ(device.speedShortLabel(), row.label);
+    EXPECT_EQ(device.speedGbps(), row.gbps);
+  }
+}
+
+TEST(UsbHostReport, GivesTheAllocatedCurrentAsRatedDraw) {
+  const struct {
+    const char* allocation;
+    std::optional<std::int64_t> milliamperes;
+  } table[] = {
+      {"4.48 W (896 mA)", 896},
+      {"2.5 W (500 mA)", 500},
+      {"4,48 W (896 mA)", 896},
+      {"4,48\u00a0W (896\u00a0mA)", 896},
+      {"7.5 W (1,500 mA)", 1500},
+      {"7,5 W (1.500 mA)", 1500},
+      {"(896 mA)", 896},
+      {"896mA", 896},
+      {"0 W (0 mA)", 0},
+      {"4.48 W", 896},
+      {"2,5 W", 500},
+      {"4.48 W (none)", 896},
+      {"-1 mA", 1}, // no sign is known there
+      {"4 Wh", std::nullopt},
+      {"896", std::nullopt},
+      {"mA", std::nullopt},
+      {"", std::nullopt},
+      {"9223372036854775807 mA", 9223372036854775807},
+      {"9223372036854775808 mA", std::nullopt},
+      {"99999999999999999999999 W", std::nullopt},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.allocation);
+    const USBDevice device = deviceOf({{"USBDeviceKeyPowerAllocation", row.allocation}});
+    EXPECT_EQ(device.busPowerUsed, row.milliamperes);
+    EXPECT_EQ(device.busPower, std::nullopt);
+  }
+}
+
+TEST(UsbHostReport, GivesTheVolumesAtADevicesLocation) {
+  const USBVolume data{"Data", "/Volumes/Data"};
+  const USBVolume more{"More", "/Volumes/More"};
+  const struct {
+    const char* location;
+    std::vector<USBVolume> expected;
+  } table[] = {
+      {"0x02100000", {data, more}},
+      {"0x02100000 / 7", {data, more}},
+      {"2100000", {data, more}},
+      {"0xff100000", {{"High", "/Volumes/High"}}},
+      {"0x02110000", {}},
+      {"none", {}},
+      {"", {}},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.location);
+    const USBDevice device = deviceOf(
+        {{"USBKeyLocationID", row.location}},
+        {{0x02100000, {data, more}}, {0xff100000, {{"High", "/Volumes/High"}}}, {0, {data}}});
+    EXPECT_EQ(device.volumes, row.expected);
+  }
+  EXPECT_TRUE(deviceOf(json::object(), {{0, {data}}}).volumes.empty());
+}
+
+TEST(UsbHostReport, GivesVolumesOnlyOnce) {
+  const auto buses = busesOf(R"([
+    {"_items": [{"_name": "hub", "USBKeyLocationID": "0x01200000", "_items": [
+      {"_name": "first", "USBKeyLocationID": "0x01210000"},
+      {"_name": "second", "USBKeyLocationID": "0x01210000"}]}]},
+    {"_items": [{"_name": "third", "USBKeyLocationID": "0x01210000"}]}])",
+                             {{0x01210000, {{"Data", "/Volumes/Data"}}}});
+  const USBDevice& hub = buses.at(0).devices[0];
+  EXPECT_TRUE(hub.volumes.empty());
+  EXPECT_EQ(hub.children[0].volumes.size(), 1U);
+  EXPECT_TRUE(hub.children[1].volumes.empty());
+  EXPECT_TRUE(buses.at(1).devices[0].volumes.empty());
+}
+
+TEST(UsbHostReport, HandsOnNamesWithWhateverIsInThem) {
+  const std::string name("<b>\x1b[31m\0\u202e", 12);
+  EXPECT_EQ(deviceOf({{"_name", " \n" + name + " "}}).name, name);
+  EXPECT_EQ(deviceOf({{"_name", "  "}}).name, "");
+  EXPECT_EQ(deviceOf({{"USBDeviceKeyVendorName", name}}).manufacturer, name);
+}
+
+/// A report whose devices hang on each other, each with a location.
+std::string chain(int length) {
+  std::string opening;
+  std::string closing;
+  for (int number = 0; number < length; ++number) {
+    opening +=
+        R"({"_name": "d", "USBKeyLocationID": ")" + std::to_string(number) + R"(", "_items": [)";
+    closing += "]}";
+  }
+  return R"({"SPUSBHostDataType": [{"_items": [)" + opening + closing + "]}]}";
+}
+
+int lengthOfChain(const SharedList<USBDevice>& devices) {
+  return devices.empty() ? 0 : 1 + lengthOfChain(devices[0].children);
+}
+
+TEST(UsbHostReport, OfTheDeepestReportThatDecodesCanBeDecodedAgain) {
+  for (int length = 1; length < deepestReportNesting / 2; length += length < 240 ? 20 : 1) {
+    SCOPED_TRACE(length);
+    const auto deep = decodeReport(chain(length));
+    if (!deep) {
+      EXPECT_GT(length, 254);
+      continue;
+    }
+    VolumesByLocation volumes;
+    for (int number = 0; number < length; ++number) {
+      volumes[*parseLocationID(std::to_string(number))] = {{"Data", "/Volumes/Data"}};
+    }
+    const auto again = decodeReport(usbReportFrom(*deep, volumes).dump());
+    ASSERT_TRUE(again);
+    EXPECT_EQ(lengthOfChain(parseUSB(*again, {}).at(0).devices), std::min(length, 252));
+  }
+}
+
+TEST(UsbHostReport, FindsWhatStandsBehindManyNumbers) {
+  std::string numbers;
+  for (int count = 0; count < 300'000; ++count) {
+    numbers += "1 ";
+  }
+  EXPECT_EQ(deviceOf({{"USBDeviceKeyPowerAllocation", numbers + "896 mA"}}).busPowerUsed, 896);
+  EXPECT_EQ(deviceOf({{"USBDeviceKeyLinkSpeed", numbers + "5 Gb/s"}}).speed, "super_speed");
+}
+
+} // namespace
+} // namespace tamberline
