@@ -17,6 +17,7 @@ std::string fileNameFor(const std::string& commandLine) {
   static const std::map<std::string, std::string> names = {
       {"/usr/sbin/system_profiler SPThunderboltDataType -json", "SPThunderboltDataType.json"},
       {"/usr/sbin/system_profiler SPUSBDataType -json", "SPUSBDataType.json"},
+      {"/usr/sbin/system_profiler SPUSBHostDataType -json", "SPUSBHostDataType.json"},
       {"/usr/sbin/system_profiler SPPowerDataType -json", "SPPowerDataType.json"},
       {"/usr/sbin/ioreg -a -r -c AppleHPMDevice -l", "AppleHPMDevice.plist"},
       {"/usr/sbin/ioreg -a -r -c AppleSmartBattery -l", "AppleSmartBattery.plist"},

@@ -1,0 +1,77 @@
+#include "platform/macos/mac_tool_runner.h"
+
+#include "acquisition/tool_commands.h"
+#include "platform/macos/mounted_media.h"
+#include "platform/macos/usb_host_report.h"
+#include "registry/property_list.h"
+#include "reports/json_values.h"
+#include "reports/report_decoding.h"
+
+#include <nlohmann/json.hpp>
+
+#include <optional>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+using nlohmann::json;
+
+ToolOutput runCommand(ToolRunner& tools, const ToolCommand& command) {
+  return tools.run(command.executable, command.arguments);
+}
+
+/// Whether it holds the section and nothing in it. Older releases print that too, where nothing is
+/// attached.
+bool isEmptySection(const std::string& output, const char* section) {
+  const std::optional<json> report = decodeReport(output);
+  if (!report || !report->contains(section)) {
+    return false;
+  }
+  const json& entries = report->at(section);
+  return entries.is_array() && entries.empty();
+}
+
+/// Nothing on releases without the section, where there is no other to read.
+std::optional<json> hostReportWithBuses(ToolRunner& tools) {
+  constexpr const char* section = "SPUSBHostDataType";
+  std::optional<json> report =
+      decodeReport(runCommand(tools, reportCommand(section)).standardOutput);
+  const bool hasBuses = report && !objectsMember(*report, section).empty();
+  return hasBuses ? std::move(report) : std::nullopt;
+}
+
+VolumesByLocation mountedVolumes(ToolRunner& tools, const std::vector<Mount>& mounts) {
+  ToolOutput dump = runCommand(tools, registryCommand(RegistryDump::usbHostDevices));
+  const auto list = PropertyList::decode(std::move(dump.standardOutput));
+  return list ? mountedVolumesIn(*list, mounts) : VolumesByLocation();
+}
+
+} // namespace
+
+MacToolRunner::MacToolRunner(std::shared_ptr<ToolRunner> tools, MountTableReader readMountTable)
+    : tools_(std::move(tools)), readMountTable_(std::move(readMountTable)) {}
+
+ToolOutput MacToolRunner::run(const std::string& executable,
+                              const std::vector<std::string>& arguments) {
+  constexpr const char* section = "SPUSBDataType";
+  ToolOutput output = tools_->run(executable, arguments);
+  if (ToolCommand{executable, arguments} != reportCommand(section) ||
+      !isEmptySection(output.standardOutput, section)) {
+    return output;
+  }
+  const std::optional<json> hostReport = hostReportWithBuses(*tools_);
+  if (!hostReport) {
+    return output;
+  }
+  const json report = usbReportFrom(*hostReport, mountedVolumes(*tools_, readMountTable_()));
+  return {report.dump(-1, ' ', /*ensure_ascii=*/false, json::error_handler_t::replace),
+          output.exitStatus};
+}
+
+ToolOutput MacToolRunner::runWithErrors(const std::string& executable,
+                                        const std::vector<std::string>& arguments) {
+  return tools_->runWithErrors(executable, arguments);
+}
+
+} // namespace tamberline
