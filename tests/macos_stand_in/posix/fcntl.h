@@ -1,0 +1,9 @@
+// Stands in for the Mac's header of this name where there is no Mac: what its manual page fcntl(2)
+// says of two requests. Answered by file_systems.cpp.
+#pragma once
+
+inline constexpr int F_NOCACHE = 48;
+inline constexpr int F_FULLFSYNC = 51;
+
+int fcntl(int descriptor, int request);
+int fcntl(int descriptor, int request, int argument);

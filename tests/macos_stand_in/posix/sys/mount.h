@@ -1,0 +1,19 @@
+// Stands in for the Mac's header of this name where there is no Mac: what its manual pages
+// getfsstat(2) and statfs(2) say, as far as the sources under test use it. The functions are
+// answered by file_systems.cpp.
+#pragma once
+
+#include <cstdint>
+
+inline constexpr int MNT_NOWAIT = 2;
+
+struct statfs {
+  std::uint32_t f_bsize;
+  std::uint64_t f_blocks;
+  std::uint64_t f_bavail;
+  char f_mntonname[1024];
+  char f_mntfromname[1024];
+};
+
+int statfs(const char* path, struct statfs* buffer);
+int getfsstat(struct statfs* buffer, int bufferSize, int mode);
