@@ -1,5 +1,6 @@
 #include "acquisition/tool_commands.h"
 #include "platform/macos/mac_tool_runner.h"
+#include "platform/saved/saved_reports_runner.h"
 #include "reports/report_decoding.h"
 #include "reports/usb_report.h"
 #include "support/bus_text.h"
@@ -175,6 +176,28 @@ TEST_F(MacTools, PassRunsWithErrorsThrough) {
   EXPECT_EQ(
       runner.runWithErrors("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}).standardOutput,
       emptyReport);
+}
+
+TEST(MacToolsOnASample, GiveItsDevicesTheVolumesOfAMountTable) {
+  MacToolRunner runner(std::make_shared<SavedReportsRunner>(SAMPLES_FOLDER "/studio"), [] {
+    return std::vector<Mount>{{"/dev/disk3s1s1", "/"},
+                              {"/dev/disk5s1", "/Volumes/Sessions"},
+                              {"/dev/disk5s2", "/Volumes/Samples 24:25"},
+                              {"/dev/disk6s1", "/Volumes/Handover"}};
+  });
+  const auto report = decodeReport(
+      runner.run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}).standardOutput);
+  ASSERT_TRUE(report);
+  const auto buses = parseUSB(*report, {});
+  const USBDevice& hub = buses.at(0).devices[0];
+  EXPECT_TRUE(hub.volumes.empty());
+  EXPECT_EQ(hub.children[0].name, "Quarry Pebble SSD");
+  EXPECT_EQ(hub.children[0].volumes,
+            (std::vector<USBVolume>{{"Sessions", "/Volumes/Sessions"},
+                                    {"Samples 24/25", "/Volumes/Samples 24:25"}}));
+  EXPECT_EQ(buses.at(1).devices[0].name, "Pocket Stick 64");
+  EXPECT_EQ(buses.at(1).devices[0].volumes,
+            (std::vector<USBVolume>{{"Handover", "/Volumes/Handover"}}));
 }
 
 TEST_F(MacTools, AnswerSeveralAtOnce) {

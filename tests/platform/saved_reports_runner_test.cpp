@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
 namespace tamberline {
@@ -27,6 +28,7 @@ TEST_F(SavedReports, StandForEachToolByTheirNames) {
        "/usr/sbin/system_profiler",
        {"SPThunderboltDataType", "-json"}},
       {"SPUSBDataType.json", "/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}},
+      {"SPUSBHostDataType.json", "/usr/sbin/system_profiler", {"SPUSBHostDataType", "-json"}},
       {"SPPowerDataType.json", "/usr/sbin/system_profiler", {"SPPowerDataType", "-json"}},
       {"AppleHPMDevice.plist", "/usr/sbin/ioreg", {"-a", "-r", "-c", "AppleHPMDevice", "-l"}},
       {"AppleSmartBattery.plist", "/usr/sbin/ioreg", {"-a", "-r", "-c", "AppleSmartBattery", "-l"}},
@@ -65,6 +67,23 @@ TEST_F(SavedReports, KnowNoOtherCommandLines) {
   EXPECT_EQ(runner.run("/usr/sbin/system_profiler", {"SPUSBDataType"}).exitStatus, std::nullopt);
   EXPECT_EQ(runner.run("/usr/sbin/system_profiler", {"../secret", "-json"}).standardOutput, "");
   EXPECT_EQ(runner.run("/bin/cat", {"SPUSBDataType", "-json"}).standardOutput, "");
+}
+
+TEST_F(SavedReports, OfEveryReleaseAreAnsweredAlike) {
+  const std::string emptySection = R"({"SPUSBDataType": []})";
+  const std::shared_ptr<ToolRunner> tools = savedMachineTools(folder.path());
+  const auto usbReport = [&] {
+    return tools->run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}).standardOutput;
+  };
+  EXPECT_EQ(usbReport(), "");
+  folder.save("SPUSBDataType.json", emptySection);
+  EXPECT_EQ(usbReport(), emptySection);
+  folder.save("SPUSBHostDataType.json",
+              R"({"SPUSBHostDataType": [{"_name": "USB 2.0 Bus", "Driver": "x"}]})");
+  EXPECT_EQ(usbReport(), R"({"SPUSBDataType":[{"_name":"USB20Bus","host_controller":"x"}]})");
+  const std::string olderSection = R"({"SPUSBDataType": [{"_name": "USB31Bus"}]})";
+  folder.save("SPUSBDataType.json", olderSection);
+  EXPECT_EQ(usbReport(), olderSection);
 }
 
 TEST(SilentEventSource, TellsNothing) {

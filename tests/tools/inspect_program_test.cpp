@@ -48,7 +48,7 @@ void saveEmptySections(const TemporaryFolder& folder) {
 }
 
 TEST(InspectProgram, ShowsEverySampleAsTextAndAsADocument) {
-  for (const std::string machine : {"desk", "road", "desktop", "bare"}) {
+  for (const std::string machine : {"desk", "road", "desktop", "bare", "studio"}) {
     SCOPED_TRACE(machine);
     const Outcome text = inspect({"--reports", sampleFolder + "/" + machine});
     EXPECT_EQ(text.exitStatus, 0);
@@ -65,6 +65,41 @@ TEST(InspectProgram, ShowsWhatHangsOnTheDesk) {
   EXPECT_TRUE(contains(outcome.output, "├─ Quarry Slate NVMe Enclosure  [TB3]\n"));
   EXPECT_TRUE(contains(outcome.output, "Volume  Küste Sommer  /Volumes/Küste Sommer\n"));
   EXPECT_TRUE(contains(outcome.output, "↑ Port supports up to 10 Gb/s — device or cable is"));
+}
+
+/// Names and speeds of devices as indented text.
+std::string devicesText(const json& devices, const std::string& indent) {
+  std::string text;
+  for (const json& device : devices) {
+    text += indent + device["name"].get<std::string>() + " " +
+            device["speedShortLabel"].get<std::string>() + "\n" +
+            devicesText(device["children"], indent + "  ");
+  }
+  return text;
+}
+
+TEST(InspectProgram, ShowsAMachineWhoseUSBReportIsInTheNewerSection) {
+  const Outcome outcome = inspect({"--reports", sampleFolder + "/studio", "--json"});
+  EXPECT_EQ(outcome.errorOutput, "");
+  const json document = json::parse(outcome.output);
+  std::string text;
+  for (const json& bus : document["usbBuses"]) {
+    text += bus["displayName"].get<std::string>() + " " + bus["hostController"].get<std::string>() +
+            "\n" + devicesText(bus["devices"], "  ");
+  }
+  EXPECT_EQ(text, "USB 3.1 Bus AppleT8132USBXHCI\n"
+                  "  USB3.1 Hub 10 Gb/s\n"
+                  "    Quarry Pebble SSD 10 Gb/s\n"
+                  "    Larkspur Compact Keyboard 1.5 Mb/s\n"
+                  "    Copperline Solo Audio Interface 480 Mb/s\n"
+                  "    Larkspur Drum Pad 12 Mb/s\n"
+                  "USB 3.1 Bus AppleT8132USBXHCI\n"
+                  "  Pocket Stick 64 480 Mb/s\n");
+  const json& cards = document["panel"]["cards"];
+  ASSERT_EQ(cards.size(), 2U);
+  EXPECT_EQ(cards[0]["rows"][0]["name"], "USB3.1 Hub");
+  EXPECT_EQ(cards[1]["rows"][0]["name"], "Pocket Stick 64");
+  EXPECT_EQ(cards[1]["rows"][0]["powerBar"]["usedMa"], 200);
 }
 
 TEST(InspectProgram, UsesNoColorsWhereNoTerminalIs) {

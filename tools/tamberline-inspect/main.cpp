@@ -48,7 +48,7 @@ std::string render(const PortScanner& scanner, bool asJson) {
 
 std::shared_ptr<ToolRunner> toolsFor(const InspectOptions& options) {
   if (options.reportsFolder) {
-    return std::make_shared<SavedReportsRunner>(*options.reportsFolder);
+    return savedMachineTools(*options.reportsFolder);
   }
   return std::make_shared<ChildProcessRunner>();
 }

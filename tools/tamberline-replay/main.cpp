@@ -44,8 +44,7 @@ Clock clockOf(const ReplayOptions& options) {
 std::shared_ptr<PortScanner> scannerOf(const ReplayOptions& options,
                                        const std::shared_ptr<MainQueue>& queue, const Clock& now) {
   return PortScanner::create(
-      {.acquisition = {.tools = std::make_shared<SavedReportsRunner>(options.reportsFolder),
-                       .queue = queue},
+      {.acquisition = {.tools = savedMachineTools(options.reportsFolder), .queue = queue},
        .events = std::make_shared<FolderEventSource>(options.reportsFolder),
        .now = now});
 }

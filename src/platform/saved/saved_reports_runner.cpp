@@ -1,6 +1,7 @@
 #include "platform/saved/saved_reports_runner.h"
 
 #include "acquisition/tool_commands.h"
+#include "platform/macos/mac_tool_runner.h"
 
 #include <array>
 #include <fstream>
@@ -8,13 +9,15 @@
 #include <sstream>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace tamberline {
 namespace {
 
 /// Absent for a command line that no file stands for.
 std::optional<std::string> fileNameFor(const ToolCommand& command) {
-  for (const char* section : {"SPThunderboltDataType", "SPUSBDataType", "SPPowerDataType"}) {
+  for (const char* section :
+       {"SPThunderboltDataType", "SPUSBDataType", "SPUSBHostDataType", "SPPowerDataType"}) {
     if (command == reportCommand(section)) {
       return std::string(section) + ".json";
     }
@@ -57,6 +60,11 @@ ToolOutput SavedReportsRunner::run(const std::string& executable,
 ToolOutput SavedReportsRunner::runWithErrors(const std::string& executable,
                                              const std::vector<std::string>& arguments) {
   return run(executable, arguments);
+}
+
+std::shared_ptr<ToolRunner> savedMachineTools(const std::filesystem::path& folder) {
+  return std::make_shared<MacToolRunner>(std::make_shared<SavedReportsRunner>(folder),
+                                         [] { return std::vector<Mount>(); });
 }
 
 } // namespace tamberline

@@ -3,6 +3,7 @@
 #include "acquisition/tool_runner.h"
 
 #include <filesystem>
+#include <memory>
 
 namespace tamberline {
 
@@ -20,5 +21,9 @@ public:
 private:
   std::filesystem::path folder_;
 };
+
+/// Tools that answer from the folder as the tools of every release of the system do. What was
+/// mounted is not saved: a machine of a release whose USB report knows no volumes shows none.
+std::shared_ptr<ToolRunner> savedMachineTools(const std::filesystem::path& folder);
 
 } // namespace tamberline
