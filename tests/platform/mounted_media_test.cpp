@@ -149,6 +149,25 @@ TEST(MountedMedia, AreRecognisedByTheWholeNameOfTheirDevice) {
   }
 }
 
+TEST(MountedMedia, AreRecognisedWhereAProgramServesThem) {
+  const struct {
+    std::string source;
+    std::string expected;
+  } table[] = {
+      {"msdos://disk4/NO%20NAME", "1 | Data | /Volumes/Data\n"},
+      {"exfat://disk4", "1 | Data | /Volumes/Data\n"},
+      {"exfat://disk40/x", ""},
+      {"exfat:///disk4", ""},
+      {"https://disk4/share", ""},
+      {"msdos:disk4", ""},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.source);
+    EXPECT_EQ(joined(device("1", medium("disk4") + medium("")), {{row.source, "/Volumes/Data"}}),
+              row.expected);
+  }
+}
+
 TEST(MountedMedia, WithAMountPointThatCannotBeHandedOnAreLeftOut) {
   EXPECT_EQ(joined(device("1", medium("disk4") + medium("disk5")),
                    {{"/dev/disk4", "/Volumes/\xff"}, {"/dev/disk5", "/Volumes/ok"}}),

@@ -7,7 +7,7 @@ namespace tamberline {
 
 /// One mounted file system.
 struct Mount {
-  /// "/dev/disk4s1" for a file system on a medium; whatever else the system calls its source.
+  /// What the system calls its source: "/dev/disk4s1", "//server/share", "devfs".
   std::string device;
   std::string mountPoint;
 

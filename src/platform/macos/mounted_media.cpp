@@ -26,14 +26,30 @@ std::string nameAt(std::string_view mountPoint) {
   return replacedAll(mountPoint.substr(mountPoint.find_last_of('/') + 1), ":", "/");
 }
 
+/// The medium that a file system is on, "disk4s1"; empty when it is on none. The system mounts
+/// "/dev/disk4s1" itself and leaves some kinds to programs of their own, which name what they mount
+/// as "msdos://disk4s1/NO%20NAME".
+std::string_view mediumOf(std::string_view device) {
+  constexpr std::string_view folderOfDevices = "/dev/";
+  if (device.starts_with(folderOfDevices)) {
+    return device.substr(folderOfDevices.size());
+  }
+  for (const std::string_view scheme : {"msdos://", "exfat://"}) {
+    if (device.starts_with(scheme)) {
+      const std::string_view rest = device.substr(scheme.size());
+      return rest.substr(0, rest.find('/'));
+    }
+  }
+  return {};
+}
+
 class Join {
 public:
   explicit Join(const std::vector<Mount>& mounts) {
-    constexpr std::string_view folderOfDevices = "/dev/";
     for (const Mount& mount : mounts) {
-      const std::string_view device = mount.device;
-      if (device.starts_with(folderOfDevices) && isValidUtf8(mount.mountPoint)) {
-        mountPointsByMedium_.emplace(device.substr(folderOfDevices.size()), mount.mountPoint);
+      const std::string_view medium = mediumOf(mount.device);
+      if (!medium.empty() && isValidUtf8(mount.mountPoint)) {
+        mountPointsByMedium_.emplace(medium, mount.mountPoint);
       }
     }
   }
