@@ -28,7 +28,11 @@ void Hints::setHovered(QQuickItem* item, const QString& text, bool isHovered) {
   if (isHovered && !text.isEmpty()) {
     hide();
     hovered_ = item;
-    connect(item, &QQuickItem::visibleChanged, this, &Hints::hide);
+    connect(item, &QQuickItem::visibleChanged, this, [this, item] {
+      if (!item->isVisible()) { // and not when it comes, with a hint that begins here
+        hide();
+      }
+    });
     connect(item, &QObject::destroyed, this, &Hints::hide);
     pending_ = queue_->postLater(restingTime, [this, text] { show(text); });
   } else if (item == hovered_) {

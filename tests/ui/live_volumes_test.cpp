@@ -104,6 +104,18 @@ TEST_F(LiveVolumes, ShowWhyTheyCannotBeEjectedForFourSeconds) {
   EXPECT_TRUE(isEnabled(ejectName));
 }
 
+TEST_F(LiveVolumes, SayWhyToThePointerThatPressedTheButton) {
+  ejector->failures = {"Volume busy"};
+  const QPointF place = find(QAccessible::Button, ejectName).item()->mapToScene({5, 5});
+  movePointer(place);
+  click(place);
+  settle();
+  EXPECT_EQ(context().hints()->target(), nullptr);
+  advance(600ms);
+  ASSERT_NE(context().hints()->target(), nullptr);
+  EXPECT_EQ(context().hints()->text(), "Volume busy");
+}
+
 TEST_F(LiveVolumes, CanBeEjectedAgainByTheMessageItself) {
   ejector->failures = {"Volume busy"};
   press(ejectName);

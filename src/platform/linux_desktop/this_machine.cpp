@@ -10,11 +10,11 @@
 namespace tamberline {
 
 ScannerOutside thisMachine(std::shared_ptr<MainQueue> queue) {
-  return {.acquisition = {.tools = std::make_shared<ChildProcessRunner>(),
-                          .queue = std::move(queue)},
-          .events = std::make_shared<SilentEventSource>(),
-          .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>()),
-          .ejector = std::make_shared<UDisksEjector>()};
+  return {
+      .acquisition = {.tools = std::make_shared<ChildProcessRunner>(), .queue = std::move(queue)},
+      .events = std::make_shared<SilentEventSource>(),
+      .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>()),
+      .ejector = std::make_shared<UDisksEjector>()};
 }
 
 } // namespace tamberline
