@@ -19,8 +19,8 @@ bool bypassCache(int descriptor);
 void useCache(int descriptor);
 
 /// Returns when the medium holds everything that was written, whatever the drive would like to keep
-/// back.
-void flushToMedium(int descriptor);
+/// back. False when it does not, or when the file system cannot tell.
+bool flushToMedium(int descriptor);
 
 /// Forgets what the system remembers of the file, so that reading it reads the medium. What was not
 /// flushed stays.

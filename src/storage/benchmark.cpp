@@ -107,7 +107,7 @@ BenchmarkResult Benchmark::writeChunks(VolumeFile& file, std::int64_t totalBytes
     }
     remaining -= written;
   }
-  file.flushToMedium();
+  file.flushToMedium(); // some file systems cannot, and their volumes have a speed all the same
   return speedMBps(totalBytes, setting_.now() - start);
 }
 

@@ -24,8 +24,9 @@ public:
   /// How many bytes were read; 0 at the end of the file, negative on failure.
   virtual std::int64_t read(std::span<std::byte> buffer) = 0;
 
-  /// Returns when the medium holds everything, whatever the drive itself would like to cache.
-  virtual void flushToMedium() = 0;
+  /// Returns when the medium holds everything, whatever the drive itself would like to cache. False
+  /// when it does not, or when the file system cannot tell.
+  virtual bool flushToMedium() = 0;
 };
 
 /// The volumes of the machine, as far as a speed test needs them. Failure is a value: nothing is

@@ -46,11 +46,11 @@ TEST(MacVolumeIo, SaysWhenTheCacheCannotBeTurnedOff) {
 /// No file is open under -1, so the ordinary way, which is this system's own, leaves its error.
 TEST(MacVolumeIo, FlushesToTheMediumAndTheOrdinaryWayWhereThatIsRefused) {
   MacFileSystems& fileSystems = freshMacFileSystems();
-  flushToMedium(-1);
+  EXPECT_TRUE(flushToMedium(-1));
   EXPECT_EQ(fileSystems.requests, Requests{fullSync + " on -1"});
   EXPECT_EQ(errno, 0);
   fileSystems.refusesRequests = true;
-  flushToMedium(-1);
+  EXPECT_FALSE(flushToMedium(-1));
   EXPECT_EQ(fileSystems.requests, (Requests{fullSync + " on -1", fullSync + " on -1"}));
   EXPECT_EQ(errno, EBADF);
 }

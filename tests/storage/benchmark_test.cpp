@@ -77,6 +77,13 @@ TEST_F(BenchmarkTest, CountsTheTimeUntilTheMediumHasEverything) {
   EXPECT_DOUBLE_EQ(speedOf(write()), 40);
 }
 
+TEST_F(BenchmarkTest, CountsAFlushThatFailsLikeAnyOther) {
+  files->canFlush = false;
+  letTake("flush", 500ms);
+  EXPECT_DOUBLE_EQ(speedOf(write()), 40);
+  EXPECT_EQ(files->steps().back(), "close");
+}
+
 TEST_F(BenchmarkTest, LeavesOpeningAndClosingOutOfTheTime) {
   letTake("write", 1s);
   files->during = [this](const std::string& step) {

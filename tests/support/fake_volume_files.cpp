@@ -45,7 +45,10 @@ public:
     return count;
   }
 
-  void flushToMedium() override { volumes_.note("flush"); }
+  bool flushToMedium() override {
+    volumes_.note("flush");
+    return volumes_.canFlush;
+  }
 
 private:
   FakeVolumeFiles& volumes_;

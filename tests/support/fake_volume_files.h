@@ -25,6 +25,7 @@ public:
   std::optional<std::uint64_t> free = 1'000'000'000'000U;
   bool canCreate = true;
   bool canOpen = true;
+  bool canFlush = true;
   /// What the nth write or read, counted from 1, gives instead of bytes.
   std::map<int, std::int64_t> writeFailures;
   std::map<int, std::int64_t> readFailures;

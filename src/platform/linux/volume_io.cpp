@@ -34,8 +34,8 @@ void useCache(int descriptor) {
   setStatusFlags(descriptor, 0, O_DIRECT);
 }
 
-void flushToMedium(int descriptor) {
-  fsync(descriptor);
+bool flushToMedium(int descriptor) {
+  return fsync(descriptor) == 0;
 }
 
 /// Also after direct reading was allowed: some file systems allow it and read through their cache.

@@ -26,10 +26,8 @@ void useCache(int descriptor) {
 }
 
 /// Volumes of a network know only the ordinary way.
-void flushToMedium(int descriptor) {
-  if (fcntl(descriptor, F_FULLFSYNC) == -1) {
-    fsync(descriptor);
-  }
+bool flushToMedium(int descriptor) {
+  return fcntl(descriptor, F_FULLFSYNC) != -1 || fsync(descriptor) == 0;
 }
 
 /// Nothing is left to do: every file system here writes past the cache when it is told to.

@@ -54,7 +54,7 @@ public:
     return retried([&] { return ::read(file_.number(), buffer.data(), buffer.size()); });
   }
 
-  void flushToMedium() override { tamberline::flushToMedium(file_.number()); }
+  bool flushToMedium() override { return tamberline::flushToMedium(file_.number()); }
 
 private:
   /// Past the cache only whole blocks can be moved, and some file systems allow it and refuse it
