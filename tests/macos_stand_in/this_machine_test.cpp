@@ -1,0 +1,33 @@
+#include "macos_stand_in/fake_mac.h"
+#include "platform/macos/mac_tool_runner.h"
+#include "platform/this_machine.h"
+#include "storage/disk_utility_ejector.h"
+#include "support/hand_driven_queue.h"
+
+#include <gtest/gtest.h>
+
+namespace tamberline {
+namespace {
+
+TEST(ThisMac, HasEverythingThatAMacHas) {
+  FakeMac::reset();
+  const auto queue = std::make_shared<HandDrivenQueue>();
+  const ScannerOutside mac = thisMachine(queue);
+  EXPECT_EQ(mac.acquisition.queue, queue);
+  EXPECT_NE(std::dynamic_pointer_cast<MacToolRunner>(mac.acquisition.tools), nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<DiskUtilityEjector>(mac.ejector), nullptr);
+  ASSERT_NE(mac.benchmark, nullptr);
+  EXPECT_EQ(mac.benchmark->sizeMB(), Benchmark::defaultSizeMB);
+}
+
+TEST(ThisMac, TellsOfItsEvents) {
+  FakeMac::reset();
+  const ScannerOutside mac = thisMachine(std::make_shared<HandDrivenQueue>());
+  int changes = 0;
+  mac.events->start({.registryChanged = [&changes] { ++changes; }, .powerChanged = [] {}});
+  FakeMac::get().notifyRegistration(0, 1);
+  EXPECT_EQ(changes, 1);
+}
+
+} // namespace
+} // namespace tamberline
