@@ -1,0 +1,30 @@
+# Makes the program `tamberline` the application Tamberline.app: a menu-bar-only application (its
+# Info.plist says so), with its icon and its manuals as resources, that brings its libraries along when
+# it is installed. Included beside the program.
+set(here ${CMAKE_CURRENT_LIST_DIR})
+file(GLOB manuals CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/manual/Manual-*.pdf)
+set(icon ${here}/Tamberline.icns)
+target_sources(tamberline PRIVATE ${icon} ${manuals})
+set_source_files_properties(${icon} ${manuals} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+foreach(language en de fr it es)
+  set(strings ${here}/${language}.lproj/InfoPlist.strings)
+  target_sources(tamberline PRIVATE ${strings})
+  set_source_files_properties(${strings} PROPERTIES
+    MACOSX_PACKAGE_LOCATION Resources/${language}.lproj)
+endforeach()
+
+set_target_properties(tamberline PROPERTIES
+  MACOSX_BUNDLE TRUE
+  OUTPUT_NAME Tamberline
+  MACOSX_BUNDLE_INFO_PLIST ${here}/Info.plist.in
+  MACOSX_BUNDLE_GUI_IDENTIFIER org.tamberline.Tamberline
+  MACOSX_BUNDLE_ICON_FILE Tamberline
+  MACOSX_BUNDLE_BUNDLE_VERSION ${PROJECT_VERSION}
+  MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION})
+
+install(TARGETS tamberline BUNDLE DESTINATION .)
+find_program(macdeployqt macdeployqt HINTS ${QT6_INSTALL_PREFIX}/bin REQUIRED)
+install(CODE "execute_process(
+  COMMAND ${macdeployqt} \"\${CMAKE_INSTALL_PREFIX}/Tamberline.app\"
+    -qmldir=${PROJECT_SOURCE_DIR}/src/panel/qml
+  COMMAND_ERROR_IS_FATAL ANY)")
