@@ -11,6 +11,7 @@ namespace tamberline {
 namespace {
 
 /// All that a signal handler may reach.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 std::atomic<int> wakeUpDescriptor = -1;
 
 void wakeUp(int /*signal*/) {
