@@ -1,20 +1,11 @@
 #include "base/uuid.h"
 
+#include "base/seeded_generator.h"
+
 #include <cstring>
-#include <random>
 #include <string_view>
 
 namespace tamberline {
-namespace {
-
-std::mt19937_64 seededGenerator() {
-  std::random_device source;
-  std::seed_seq seed = {source(), source(), source(), source(),
-                        source(), source(), source(), source()};
-  return std::mt19937_64(seed);
-}
-
-} // namespace
 
 Uuid Uuid::random() {
   thread_local std::mt19937_64 generator = seededGenerator();

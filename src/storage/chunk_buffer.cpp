@@ -1,5 +1,7 @@
 #include "storage/chunk_buffer.h"
 
+#include "base/seeded_generator.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -11,12 +13,6 @@ namespace {
 
 /// The size of a page on every system so far; blocks of drives are at most as large.
 constexpr std::align_val_t pageAlignment{16384};
-
-std::mt19937_64 seededGenerator() {
-  std::random_device source;
-  std::seed_seq seed = {source(), source(), source(), source()};
-  return std::mt19937_64(seed);
-}
 
 } // namespace
 
