@@ -1,15 +1,11 @@
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
+#include "ui/volume_buttons.h"
 
 namespace tamberline {
 namespace {
 
 using namespace std::chrono_literals;
-
-constexpr const char* testName =
-    "Measure this volume's read & write speed (writes a temp file, then deletes it)";
-constexpr const char* retestName = "Run the test again";
-constexpr const char* ejectName = "Eject this drive";
 
 /// The panel over a scanner that tests and ejects a volume for real, in steps that the test takes.
 class LiveVolumes : public PanelFixture {

@@ -1,15 +1,11 @@
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
+#include "ui/volume_buttons.h"
 
 #include <utility>
 
 namespace tamberline {
 namespace {
-
-constexpr const char* testName =
-    "Measure this volume's read & write speed (writes a temp file, then deletes it)";
-constexpr const char* retestName = "Run the test again";
-constexpr const char* ejectName = "Eject this drive";
 
 class PanelVolumes : public PanelFixture {
 protected:
