@@ -17,62 +17,19 @@ LineAttached::LineAttached(QObject* child) : QObject(child) {
   });
 }
 
-LineLayout::LineLayout(QQuickItem* parent) : QQuickItem(parent) {
-  connect(this, &LineLayout::spacingChanged, this, &LineLayout::layOut);
-}
-
-/// The children stay a moment longer, and change while they are let go.
-LineLayout::~LineLayout() {
-  for (QQuickItem* child : childItems()) {
-    child->disconnect(this);
-  }
-}
-
-void LineLayout::componentComplete() {
-  QQuickItem::componentComplete();
-  layOut();
-}
-
-void LineLayout::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
-  QQuickItem::geometryChange(newGeometry, oldGeometry);
-  if (newGeometry.width() != oldGeometry.width()) {
-    layOut();
-  }
-}
-
-void LineLayout::itemChange(ItemChange change, const ItemChangeData& data) {
-  QQuickItem::itemChange(change, data);
-  if (change != ItemChildAddedChange && change != ItemChildRemovedChange) {
-    return;
-  }
-  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): Qt hands it over so.
-  QQuickItem* const child = data.item;
-  if (change == ItemChildAddedChange) {
-    follow(child);
-  } else {
-    child->disconnect(this);
-    layOut();
-  }
-}
-
 void LineLayout::follow(QQuickItem* child) {
   connect(child, &QQuickItem::implicitWidthChanged, this, &LineLayout::layOut);
   connect(child, &QQuickItem::implicitHeightChanged, this, &LineLayout::layOut);
   connect(child, &QQuickItem::visibleChanged, this, &LineLayout::layOut);
-  layOut();
 }
 
-void LineLayout::layOut() {
-  if (isLayingOut_ || !isComponentComplete()) {
-    return;
-  }
-  isLayingOut_ = true;
+void LineLayout::place() {
   const std::vector<Part> parts = shownParts();
   setImplicitWidth(naturalWidth(parts));
   Line pinned;
   std::copy_if(parts.begin(), parts.end(), std::back_inserter(pinned),
                [](const Part& part) { return part.isPinned; });
-  const double pinnedWidth = pinned.empty() ? 0 : widthOf(pinned) + spacing_;
+  const double pinnedWidth = pinned.empty() ? 0 : widthOf(pinned) + spacing();
   double top = 0;
   bool isFirst = true;
   double available = width() - pinnedWidth;
@@ -81,11 +38,10 @@ void LineLayout::layOut() {
     if (std::exchange(isFirst, false)) {
       line.insert(line.end(), pinned.begin(), pinned.end());
     }
-    top += place(line, top, width()) + lineSpacing_;
+    top += placeLine(line, top, width()) + lineSpacing_;
     available = width();
   }
   setImplicitHeight(std::max(0.0, top - lineSpacing_));
-  isLayingOut_ = false;
 }
 
 std::vector<LineLayout::Part> LineLayout::shownParts() const {
@@ -113,8 +69,9 @@ double LineLayout::neededWidth(const Part& part) const {
 }
 
 double LineLayout::widthOf(const Line& line) const {
-  return std::accumulate(line.begin(), line.end(), -spacing_,
-                         [&](double sum, const Part& part) { return sum + part.width + spacing_; });
+  return std::accumulate(line.begin(), line.end(), -spacing(), [&](double sum, const Part& part) {
+    return sum + part.width + spacing();
+  });
 }
 
 double LineLayout::naturalWidth(const std::vector<Part>& parts) const {
@@ -129,7 +86,7 @@ std::vector<LineLayout::Line> LineLayout::breakIntoLines(const std::vector<Part>
     if (part.isPinned) {
       continue;
     }
-    const double gap = lines.back().empty() ? 0 : spacing_;
+    const double gap = lines.back().empty() ? 0 : spacing();
     if (gap + neededWidth(part) > left && !lines.back().empty()) {
       lines.emplace_back();
       left = width();
@@ -144,9 +101,9 @@ std::vector<LineLayout::Line> LineLayout::breakIntoLines(const std::vector<Part>
 
 /// Gives elastic parts what the others leave, and cuts what is wider than a whole line.
 void LineLayout::stretch(Line& line, double available) const {
-  double left = available + spacing_;
+  double left = available + spacing();
   for (const Part& part : line) {
-    left -= (part.isElastic ? 0 : part.width) + spacing_;
+    left -= (part.isElastic ? 0 : part.width) + spacing();
   }
   for (Part& part : line) {
     if (part.isElastic) {
@@ -158,7 +115,7 @@ void LineLayout::stretch(Line& line, double available) const {
 }
 
 /// Returns the height of the line.
-double LineLayout::place(const Line& line, double top, double available) const {
+double LineLayout::placeLine(const Line& line, double top, double available) const {
   double height = 0;
   for (const Part& part : line) {
     part.item->setWidth(part.width);
@@ -169,7 +126,7 @@ double LineLayout::place(const Line& line, double top, double available) const {
   for (const Part& part : line) {
     const double x = part.isTrailing ? left + slack : left;
     part.item->setPosition({x, top + std::round((height - part.item->implicitHeight()) / 2)});
-    left += part.width + spacing_;
+    left += part.width + spacing();
   }
   return height;
 }

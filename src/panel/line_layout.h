@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QQuickItem>
+#include "panel/child_layout.h"
+
 #include <QtQml/qqmlregistration.h>
 
 #include <vector>
@@ -32,33 +33,23 @@ signals:
 /// Children side by side in one line, centred vertically, as long as they fit; then in several. An
 /// elastic child makes room for the others, down to `leastElasticWidth`, before anything wraps, so
 /// that a name stays in sight beside any number of badges and at any size of the font.
-class LineLayout : public QQuickItem {
+class LineLayout : public ChildLayout {
   Q_OBJECT
   QML_ELEMENT
   QML_ATTACHED(tamberline::LineAttached)
-  Q_PROPERTY(double spacing MEMBER spacing_ NOTIFY spacingChanged)
   Q_PROPERTY(double lineSpacing MEMBER lineSpacing_ NOTIFY spacingChanged)
   Q_PROPERTY(double leastElasticWidth MEMBER leastElasticWidth_ NOTIFY spacingChanged)
 
 public:
-  explicit LineLayout(QQuickItem* parent = nullptr);
-  LineLayout(const LineLayout&) = delete;
-  LineLayout& operator=(const LineLayout&) = delete;
-  ~LineLayout() override;
+  using ChildLayout::ChildLayout;
 
   static LineAttached* qmlAttachedProperties(QObject* child) { return new LineAttached(child); }
 
-signals:
-  void spacingChanged();
-
 protected:
-  void componentComplete() override;
-  void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
-  void itemChange(ItemChange change, const ItemChangeData& data) override;
+  void follow(QQuickItem* child) override;
+  void place() override;
 
 private:
-  friend class LineAttached;
-
   struct Part {
     QQuickItem* item = nullptr;
     double width = 0;
@@ -68,20 +59,16 @@ private:
   };
   using Line = std::vector<Part>;
 
-  void follow(QQuickItem* child);
-  void layOut();
   std::vector<Part> shownParts() const;
   double neededWidth(const Part& part) const;
   double widthOf(const Line& line) const;
   std::vector<Line> breakIntoLines(const std::vector<Part>& parts, double pinnedWidth) const;
   void stretch(Line& line, double available) const;
-  double place(const Line& line, double top, double available) const;
+  double placeLine(const Line& line, double top, double available) const;
   double naturalWidth(const std::vector<Part>& parts) const;
 
-  double spacing_ = 0;
   double lineSpacing_ = 0;
   double leastElasticWidth_ = 0;
-  bool isLayingOut_ = false;
 };
 
 } // namespace tamberline

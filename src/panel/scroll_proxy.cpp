@@ -16,7 +16,8 @@ ScrollProxy::ScrollProxy(QObject* parent) : QObject(parent) {
   animation_.setDuration(scrollingMilliseconds);
   animation_.setEasingCurve(QEasingCurve::InOutQuad);
   connect(&animation_, &QVariantAnimation::valueChanged, this,
-          [this](const QVariant& position) { list_->setProperty("contentY", position); });
+          [this](const QVariant& position) { moveTo(position.toDouble()); });
+  connect(&animation_, &QVariantAnimation::finished, this, &ScrollProxy::arrive);
 }
 
 void ScrollProxy::setList(QQuickItem* list) {
@@ -54,28 +55,63 @@ void ScrollProxy::centre(int index) {
     return;
   }
   animation_.stop();
-  const QVariant start = list_->property("contentY");
+  const double start = startOfWayTo(index);
   const double end = positionThatCentres(index);
-  list_->setProperty("contentY", start);
-  animation_.setStartValue(start.toDouble());
+  moveTo(start);
+  animation_.setStartValue(start);
   animation_.setEndValue(end);
   animation_.start();
   list_->setProperty("currentIndex", index);
   list_->forceActiveFocus(Qt::OtherFocusReason);
 }
 
-/// Only the list view knows where a row that is not drawn stands, and tells by going there.
-double ScrollProxy::positionThatCentres(int index) const {
+/// Where the list is; for a row that is not drawn, as far away from it as is seen at once. How far
+/// it really is the list only guesses, as long as it has not made the rows between.
+double ScrollProxy::startOfWayTo(int index) {
+  const double position = list_->property("contentY").toDouble();
+  if (rowAt(index) != nullptr) {
+    return position;
+  }
+  int seen = -1;
+  QMetaObject::invokeMethod(list_, "indexAt", Q_RETURN_ARG(int, seen), Q_ARG(double, 1),
+                            Q_ARG(double, position + visibleHeight_ / 2));
   QMetaObject::invokeMethod(list_, "positionViewAtIndex", Q_ARG(int, index),
                             Q_ARG(int, listViewCenter));
+  return positionThatCentres(index) + (seen < index ? -visibleHeight_ : visibleHeight_);
+}
+
+/// Rows that became higher or lower on the way have moved the end of it.
+void ScrollProxy::arrive() {
+  if (const int index = list_->property("currentIndex").toInt(); rowAt(index) != nullptr) {
+    moveTo(positionThatCentres(index));
+  }
+}
+
+/// A list view that stands beyond its ends can be at work for ever to get back.
+void ScrollProxy::moveTo(double position) {
+  list_->setProperty("contentY", betweenEnds(position));
+}
+
+double ScrollProxy::betweenEnds(double position) const {
+  const auto number = [this](const char* name) { return list_->property(name).toDouble(); };
+  const double first = number("originY");
+  const double top = first - number("topMargin");
+  const double bottom = first + number("contentHeight") + number("bottomMargin") - number("height");
+  return std::clamp(position, top, std::max(top, bottom));
+}
+
+/// Null where the list view drew none.
+QQuickItem* ScrollProxy::rowAt(int index) const {
   QQuickItem* row = nullptr;
   QMetaObject::invokeMethod(list_, "itemAtIndex", Q_RETURN_ARG(QQuickItem*, row),
                             Q_ARG(int, index));
-  const double top = list_->property("originY").toDouble();
-  const double bottom = top + list_->property("contentHeight").toDouble() - visibleHeight_;
-  const double centred = row == nullptr ? list_->property("contentY").toDouble()
-                                        : row->y() + (row->height() - visibleHeight_) / 2;
-  return std::clamp(centred, top, std::max(top, bottom));
+  return row;
+}
+
+double ScrollProxy::positionThatCentres(int index) const {
+  const QQuickItem* row = rowAt(index);
+  return betweenEnds(row == nullptr ? list_->property("contentY").toDouble()
+                                    : row->y() + (row->height() - visibleHeight_) / 2);
 }
 
 } // namespace tamberline

@@ -35,6 +35,11 @@ signals:
 private:
   void followKeyboard(const QQuickWindow* window) const;
   void revealKeyboard();
+  double startOfWayTo(int index);
+  void arrive();
+  void moveTo(double position);
+  double betweenEnds(double position) const;
+  QQuickItem* rowAt(int index) const;
   double positionThatCentres(int index) const;
 
   QQuickItem* list_ = nullptr; // a ListView; owns this object

@@ -1,7 +1,7 @@
 #include "panel/scroll_proxy.h"
 #include "panel/search_controller.h"
 #include "scanner/scanner_fixture.h"
-#include "support/event_loop.h"
+#include "support/hand_driven_animations.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -31,36 +31,63 @@ protected:
   }
 
   double position() const { return list->property("contentY").toDouble(); }
-  bool comesTo(double end) const {
-    return runEventsUntil([&] { return position() == end; });
+  /// After the time that a way takes.
+  double positionInTheEnd() {
+    animations.advance(250ms);
+    return position();
   }
 
+  HandDrivenAnimations animations;
   QQmlEngine engine;
   std::unique_ptr<QQuickItem> list;
   ScrollProxy proxy;
 };
 
 TEST_F(ScrollProxyTest, BringsARowToTheMiddleOfWhatIsSeen) {
-  proxy.centre(20);
+  proxy.centre(10);
   EXPECT_EQ(position(), 0) << "smoothly";
-  EXPECT_TRUE(comesTo(360));
+  animations.advance(125ms);
+  EXPECT_EQ(position(), 80);
+  EXPECT_EQ(positionInTheEnd(), 160);
 }
 
 TEST_F(ScrollProxyTest, StopsAtTheEnds) {
   proxy.centre(49);
-  EXPECT_TRUE(comesTo(900));
+  EXPECT_EQ(positionInTheEnd(), 900);
   proxy.centre(1);
-  EXPECT_EQ(position(), 900);
-  EXPECT_TRUE(comesTo(0));
+  EXPECT_EQ(positionInTheEnd(), 0);
+}
+
+TEST_F(ScrollProxyTest, ComesToARowThatIsNotDrawnFromTheSideOnWhichItWas) {
+  proxy.centre(40);
+  EXPECT_EQ(position(), 660);
+  EXPECT_EQ(positionInTheEnd(), 760);
+  proxy.centre(10);
+  EXPECT_EQ(position(), 260);
+  EXPECT_EQ(positionInTheEnd(), 160);
 }
 
 TEST_F(ScrollProxyTest, GoesToAnotherRowFromWhereItIs) {
-  proxy.centre(40);
-  ASSERT_TRUE(runEventsUntil([&] { return position() > 100; }));
-  const double onTheWay = position();
   proxy.centre(10);
-  EXPECT_EQ(position(), onTheWay);
-  EXPECT_TRUE(comesTo(160));
+  animations.advance(125ms);
+  proxy.centre(12);
+  EXPECT_EQ(position(), 80);
+  EXPECT_EQ(positionInTheEnd(), 200);
+}
+
+TEST_F(ScrollProxyTest, StaysWhereSomebodyScrolledByHand) {
+  proxy.centre(10);
+  animations.advance(125ms);
+  proxy.stop();
+  EXPECT_EQ(positionInTheEnd(), 80);
+}
+
+TEST_F(ScrollProxyTest, StaysWithinAListThatBecomesShorterOnTheWay) {
+  proxy.centre(14);
+  animations.advance(125ms);
+  list->setProperty("model", 8);
+  animations.advance(100ms);
+  EXPECT_EQ(position(), 60);
 }
 
 TEST_F(ScrollProxyTest, DoesNothingWithoutAList) {
@@ -80,7 +107,7 @@ TEST_F(ScrollProxyTest, IsWhatASearchScrollsWith) {
   search.setSearchText("keys");
   search.jumpToFirst();
   queue->advance(180ms);
-  EXPECT_TRUE(comesTo(360));
+  EXPECT_EQ(positionInTheEnd(), 360);
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 
 #include <QGuiApplication>
 
+#include <map>
+
 namespace tamberline {
 namespace {
 
@@ -49,8 +51,33 @@ protected:
 
 class PanelLayoutOfSamples : public PanelLayout, public testing::WithParamInterface<SampleCase> {
 protected:
+  /// Of the rows that the list made.
+  std::map<const QQuickItem*, double> rowHeights() {
+    std::map<const QQuickItem*, double> heights;
+    for (int index = 0; index < rows().rowCount(); ++index) {
+      if (const QQuickItem* row = rowItem(index)) {
+        heights[row] = row->height();
+      }
+    }
+    return heights;
+  }
+
   const LanguageScope language{GetParam().language};
 };
+
+/// A list view that finds rows higher than they were when it made them may never come to rest.
+TEST_P(PanelLayoutOfSamples, KnowsTheHeightOfARowAsSoonAsItIsMade) {
+  useSample(GetParam().sample);
+  openPanel();
+  expandAll();
+  const double end = listView()->property("contentHeight").toDouble() - window().height();
+  for (double top = 0; top < end; top += 100) {
+    listView()->setProperty("contentY", listView()->property("originY").toDouble() + top);
+    const std::map<const QQuickItem*, double> heights = rowHeights();
+    settle();
+    EXPECT_EQ(rowHeights(), heights);
+  }
+}
 
 TEST_P(PanelLayoutOfSamples, HasRoomForEveryText) {
   useSample(GetParam().sample);

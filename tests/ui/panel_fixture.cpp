@@ -109,6 +109,8 @@ void PanelFixture::settle() {
 void PanelFixture::advance(std::chrono::milliseconds duration) {
   queue->advance(duration);
   settle();
+  animations.advance(duration);
+  settle();
 }
 
 void PanelFixture::rescan() {

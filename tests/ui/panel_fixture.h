@@ -4,6 +4,7 @@
 #include "support/fake_ejector.h"
 #include "support/fake_tools.h"
 #include "support/fake_volume_files.h"
+#include "support/hand_driven_animations.h"
 #include "support/hand_driven_queue.h"
 #include "support/simulated_event_source.h"
 #include "ui/accessible_objects.h"
@@ -54,7 +55,8 @@ protected:
   void draw();
   /// Lets everything happen that happens at the present time, until the panel stands still.
   void settle();
-  /// Moves the clock and settles.
+  /// Moves the clock and settles. What moves comes to its new place in a single frame, as on a very
+  /// slow machine.
   void advance(std::chrono::milliseconds duration);
   /// Another scan, to its end.
   void rescan();
@@ -91,6 +93,7 @@ protected:
   int indexOfRowNamed(const QString& start);
 
   QmlWarnings warnings;
+  HandDrivenAnimations animations;
   std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<SimulatedEventSource> events = std::make_shared<SimulatedEventSource>();

@@ -34,8 +34,7 @@ TEST_F(PanelSizes, ShowTheWholeListWithoutScrolling) {
   ASSERT_LT(window().height(), greatestHeight());
   EXPECT_TRUE(isInView(*rowItem(0)));
   EXPECT_TRUE(isInView(*rowItem(rows().rowCount() - 1)));
-  EXPECT_NEAR(listView()->parentItem()->height(), listView()->property("contentHeight").toDouble(),
-              1);
+  EXPECT_NEAR(listView()->parentItem()->height(), listView()->property("fullHeight").toDouble(), 1);
 }
 
 TEST_F(PanelSizes, StopShortOfTheScreenAndScroll) {

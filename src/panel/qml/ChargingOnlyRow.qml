@@ -2,12 +2,12 @@ import QtQuick
 import Tamberline
 
 // A port that draws power without data.
-Row {
+Item {
     id: row
 
     required property var content
 
-    spacing: 6
+    implicitHeight: Math.max(symbol.height, lines.height)
 
     SymbolIcon {
         id: symbol
@@ -15,9 +15,13 @@ Row {
         color: Theme.fills.yellow
         name: "bolt.fill"
     }
-    Column {
+    Stack {
+        id: lines
+
+        anchors.left: symbol.right
+        anchors.leftMargin: 6
+        anchors.right: parent.right
         spacing: 2
-        width: row.width - symbol.width - row.spacing
 
         LineLayout {
             leastElasticWidth: Theme.leastNameWidth

@@ -20,7 +20,7 @@ Item {
         onCountChanged: Popover.close()
     }
     ListHeightKey {
-        height: list.visible ? list.contentHeight : 0
+        height: list.visible ? list.fullHeight : 0
     }
     ErrorBox {
         id: errorBox

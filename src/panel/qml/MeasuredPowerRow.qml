@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 
 // The live measured power of a port.
-Column {
+Stack {
     id: row
 
     required property var power

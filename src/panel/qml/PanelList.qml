@@ -8,14 +8,19 @@ ListView {
     id: list
 
     required property real visibleHeight
+    // Margins: header and footer items of a list make it start over when they move.
+    readonly property real spaceAbove: 12
+    readonly property real spaceBelow: 2
+    readonly property real fullHeight: spaceAbove + contentHeight + spaceBelow
 
     activeFocusOnTab: true
-    bottomMargin: height - visibleHeight
+    bottomMargin: height - visibleHeight + spaceBelow
     boundsBehavior: Flickable.StopAtBounds
     cacheBuffer: 0 // rows that are made ahead warn when the list shrinks before they are there
     highlightFollowsCurrentItem: false // the scroll proxy knows what is seen
     keyNavigationEnabled: true
     model: Panel.rows
+    topMargin: spaceAbove
     Accessible.name: Panel.texts.portList
     Accessible.role: Accessible.List
     Component.onCompleted: Search.scrollProxy = proxy
@@ -132,12 +137,6 @@ ListView {
                 }
             }
         }
-    }
-    footer: Item {
-        implicitHeight: 2
-    }
-    header: Item {
-        implicitHeight: 12
     }
 
     ScrollProxy {

@@ -8,7 +8,7 @@ CardSegment {
     required property var content
     required property bool isExpanded
 
-    Column {
+    Stack {
         bottomPadding: card.isExpanded ? 4 : 0
         spacing: 10
         width: parent.width

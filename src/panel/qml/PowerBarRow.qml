@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 
 // A rated draw against a port's budget.
-Column {
+Stack {
     id: row
 
     required property var powerBar

@@ -13,7 +13,7 @@ Rectangle {
     implicitHeight: lines.implicitHeight + 24
     radius: 10
 
-    Column {
+    Stack {
         id: lines
 
         spacing: 6

@@ -5,9 +5,9 @@ import Tamberline
 Rectangle {
     id: bar
 
-    required property Flickable list
+    required property PanelList list
     required property real visibleHeight
-    readonly property real range: list.contentHeight
+    readonly property real range: list.fullHeight
     readonly property real share: Math.min(1, visibleHeight / Math.max(1, range))
 
     anchors.right: parent.right
@@ -18,5 +18,5 @@ Rectangle {
     radius: width / 2
     visible: list.visible && share < 1
     width: 5
-    y: (list.contentY - list.originY) / Math.max(1, range - visibleHeight) * (visibleHeight - height)
+    y: (list.contentY - list.originY + list.spaceAbove) / Math.max(1, range - visibleHeight) * (visibleHeight - height)
 }

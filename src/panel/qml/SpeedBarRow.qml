@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 
 // A negotiated speed against a maximum.
-Column {
+Stack {
     id: row
 
     required property var speedBar

@@ -7,7 +7,7 @@ CardSegment {
 
     required property var content
 
-    Column {
+    Stack {
         bottomPadding: 4
         width: parent.width
 

@@ -37,7 +37,7 @@ FocusScope {
     HoverHandler {
         id: hover
     }
-    Column {
+    Stack {
         id: lines
 
         spacing: 1

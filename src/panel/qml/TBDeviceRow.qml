@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 
 // A Thunderbolt device.
-Column {
+Stack {
     id: row
 
     required property var content

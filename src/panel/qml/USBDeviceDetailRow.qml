@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 
 // A USB device with its speed, its power and its volumes.
-Column {
+Stack {
     id: row
 
     required property var content

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QQuickItem>
+
+namespace tamberline {
+
+/// Places its children by itself, at once whenever one of them changes: an item is never seen, nor
+/// measured by a list, before it has its size.
+class ChildLayout : public QQuickItem {
+  Q_OBJECT
+  Q_PROPERTY(double spacing MEMBER spacing_ NOTIFY spacingChanged)
+
+public:
+  explicit ChildLayout(QQuickItem* parent = nullptr);
+  ChildLayout(const ChildLayout&) = delete;
+  ChildLayout& operator=(const ChildLayout&) = delete;
+  ~ChildLayout() override;
+
+  void layOut();
+
+signals:
+  void spacingChanged();
+
+protected:
+  void componentComplete() override;
+  void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+  void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+  double spacing() const { return spacing_; }
+
+  /// Calls layOut when the child changes in a way that matters.
+  virtual void follow(QQuickItem* child) = 0;
+  /// Places the children and sets the implicit size. Changes made meanwhile do not call it again.
+  virtual void place() = 0;
+
+private:
+  double spacing_ = 0;
+  bool isLayingOut_ = false;
+};
+
+} // namespace tamberline
