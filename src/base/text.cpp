@@ -1,7 +1,11 @@
 #include "base/text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstddef>
+#include <cstdio>
+#include <span>
 #include <system_error>
 
 namespace tamberline {
@@ -23,6 +27,25 @@ std::optional<std::int64_t> parseInteger(std::string_view text, int base) {
     return std::nullopt;
   }
   return value;
+}
+
+/// What a call that may have run out of room wrote; an error wrote nothing.
+std::string_view written(std::span<const char> room, int length) {
+  const auto wanted = static_cast<std::size_t>(std::max(length, 0));
+  return {room.data(), std::min(wanted, room.size() - 1)};
+}
+
+/// The number as it is written where a point stands before the decimals. What the process's locale
+/// has there is all that is neither digit nor sign nor letter.
+std::string withDecimalPoint(std::string_view number) {
+  constexpr std::string_view others = "0123456789+-abcdefghijklmnopqrstuvwxyz";
+  const std::size_t point = std::min(number.find_first_not_of(others), number.size());
+  const std::size_t decimals = std::min(number.find_first_of(others, point), number.size());
+  std::string text(number.substr(0, point));
+  if (decimals > point) {
+    text += '.';
+  }
+  return text += number.substr(decimals);
 }
 
 } // namespace
@@ -90,18 +113,15 @@ std::optional<std::int64_t> parseHexadecimal(std::string_view text) {
 }
 
 std::string fixedText(double value, int decimals) {
-  std::array<char, 512> digits{}; // the greatest number has 309 before its decimals
-  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                          std::chars_format::fixed, decimals);
-  return error == std::errc() ? std::string(digits.data(), end) : std::string();
+  std::array<char, 512> text{}; // the greatest number has 309 digits before its decimals
+  const int length = std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
+  return withDecimalPoint(written(text, length));
 }
 
 std::string generalText(double value) {
-  constexpr int precision = 6;
-  std::array<char, 32> digits{};
-  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                          std::chars_format::general, precision);
-  return error == std::errc() ? std::string(digits.data(), end) : std::string();
+  std::array<char, 32> text{};
+  const int length = std::snprintf(text.data(), text.size(), "%g", value);
+  return withDecimalPoint(written(text, length));
 }
 
 } // namespace tamberline

@@ -1,8 +1,8 @@
 #include "base/text.h"
+#include "support/process_locale_scope.h"
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cstdint>
 #include <limits>
 #include <locale>
@@ -113,6 +113,7 @@ TEST(FixedNumberText, HasAsManyDecimalsAsAsked) {
   EXPECT_EQ(fixedText(2.5, 0), "2");
   EXPECT_EQ(fixedText(-0.5, 1), "-0.5");
   EXPECT_EQ(fixedText(1234567.0, 1), "1234567.0");
+  EXPECT_EQ(fixedText(1e300, 1).size(), 303U); // the greatest numbers too
 }
 
 TEST(GeneralNumberText, HasNoMoreDigitsThanNeeded) {
@@ -141,6 +142,20 @@ private:
 
   std::locale before_;
 };
+
+TEST(NumberText, IsTheSameInAProcessWithADecimalComma) {
+  const ProcessLocaleScope scope("de_DE.UTF-8");
+  if (!scope.isSet()) {
+    GTEST_SKIP() << "this system has no German locale";
+  }
+  EXPECT_EQ(fixedText(1234.5, 1), "1234.5");
+  EXPECT_EQ(fixedText(-0.25, 2), "-0.25");
+  EXPECT_EQ(fixedText(12345, 0), "12345");
+  EXPECT_EQ(generalText(0.48), "0.48");
+  EXPECT_EQ(generalText(1234567), "1.23457e+06");
+  EXPECT_EQ(generalText(2e20), "2e+20");
+  EXPECT_EQ(generalText(std::numeric_limits<double>::infinity()), "inf");
+}
 
 TEST(NumberText, IsTheSameUnderALocaleWithADecimalComma) {
   const DecimalCommaScope scope;

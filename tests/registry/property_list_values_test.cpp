@@ -1,9 +1,9 @@
 #include "base/utf8.h"
 #include "registry/decoded_list.h"
+#include "support/process_locale_scope.h"
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -227,22 +227,6 @@ TEST(PropertyListValue, OfNoTypeAnswersNothing) {
   EXPECT_EQ(answersOf(PropertyListValue()), "");
   EXPECT_EQ(answersOf(decodedList("<dict/>").root().member("missing").member("deeper")), "");
 }
-
-/// The process's C locale, as a graphical program sets it at its start.
-class ProcessLocaleScope {
-public:
-  explicit ProcessLocaleScope(const char* name)
-      : before_(std::setlocale(LC_ALL, nullptr)), isSet_(std::setlocale(LC_ALL, name) != nullptr) {}
-  ProcessLocaleScope(const ProcessLocaleScope&) = delete;
-  ProcessLocaleScope& operator=(const ProcessLocaleScope&) = delete;
-  ~ProcessLocaleScope() { std::setlocale(LC_ALL, before_.c_str()); }
-
-  bool isSet() const { return isSet_; }
-
-private:
-  std::string before_;
-  bool isSet_;
-};
 
 TEST(PropertyListValue, IsTheSameUnderALocaleWithADecimalComma) {
   const ProcessLocaleScope scope("de_DE.UTF-8");

@@ -136,6 +136,8 @@ TEST_F(ReplayProgram, SaysWhatIsWrongWithItsArguments) {
       {{deskSample, "--font-scale", "big"}, "the font scale is a number from 0.5 to 4, not 'big'"},
       {{deskSample, "--font-scale", "5"}, "the font scale is a number from 0.5 to 4, not '5'"},
       {{deskSample, "--font-scale", "nan"}, "the font scale is a number from 0.5 to 4, not 'nan'"},
+      {{deskSample, "--font-scale", " 1"}, "the font scale is a number from 0.5 to 4, not ' 1'"},
+      {{deskSample, "--font-scale", "1,5"}, "the font scale is a number from 0.5 to 4, not '1,5'"},
       {{deskSample, "--screenshot"}, "option '--screenshot' needs an argument"},
       {{deskSample, "--wrong"}, "unknown option '--wrong'"},
   };

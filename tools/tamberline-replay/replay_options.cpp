@@ -3,10 +3,10 @@
 #include "base/text.h"
 
 #include <array>
-#include <charconv>
 #include <cstdio>
 #include <getopt.h>
-#include <system_error>
+#include <locale>
+#include <sstream>
 
 namespace tamberline {
 
@@ -68,11 +68,13 @@ bool setTheme(std::string_view name, ReplayOptions& options) {
 }
 
 bool setFontScale(std::string_view text, ReplayOptions& options) {
-  const char* const end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, options.fontScale);
-  const bool isValid = error == std::errc() && rest == end && options.fontScale >= leastFontScale &&
-                       options.fontScale <= greatestFontScale;
-  return isValid ||
+  std::istringstream number{std::string(text)};
+  number.imbue(std::locale::classic());
+  number >> std::noskipws >> options.fontScale;
+  const bool isNumber = !number.fail() && number.peek() == std::istringstream::traits_type::eof();
+  const bool isInRange =
+      options.fontScale >= leastFontScale && options.fontScale <= greatestFontScale;
+  return (isNumber && isInRange) ||
          complain("the font scale is a number from 0.5 to 4, not '" + std::string(text) + "'");
 }
 
