@@ -1,7 +1,6 @@
 #include "symbols/symbol_image.h"
 
-#include "symbols/symbols.h"
-#include "symbols/theme_drawing.h"
+#include "symbols/symbol_drawing.h"
 
 #include <QByteArrayView>
 #include <QHashFunctions>
@@ -13,7 +12,7 @@ namespace tamberline {
 namespace {
 
 /// How much of a pixel belongs to the symbol, from 0 to 255. White is no part of it: on a filled
-/// shape the theme draws the mark in white, and one colour can show it only as a hole.
+/// shape a mark is drawn in white, and one colour can show it only as a hole.
 int coverage(QRgb pixel) {
   constexpr int lightestInk = 96;
   const int whiteness = std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)});
@@ -39,9 +38,8 @@ QImage recolored(const QImage& drawing, const QColor& color) {
   return image;
 }
 
-QImage recoloredThemeIcon(std::string_view themeIcon, const QColor& color, int pixels) {
-  const bool isDrawable = !themeIcon.empty() && pixels > 0;
-  const QImage drawing = isDrawable ? themeDrawing(themeIcon, pixels) : QImage();
+QImage recoloredDrawing(std::string_view symbol, const QColor& color, int pixels) {
+  const QImage drawing = pixels > 0 ? symbolDrawing(symbol, pixels) : QImage();
   return drawing.isNull() ? transparentSquare(pixels) : recolored(drawing, color);
 }
 
@@ -50,13 +48,13 @@ QImage recoloredThemeIcon(std::string_view themeIcon, const QColor& color, int p
 QImage symbolImage(std::string_view symbol, const QColor& color, qreal sizePoints,
                    qreal devicePixelRatio) {
   const int pixels = qRound(sizePoints * devicePixelRatio);
-  QImage image = recoloredThemeIcon(themeIconName(symbol), color, pixels);
+  QImage image = recoloredDrawing(symbol, color, pixels);
   image.setDevicePixelRatio(devicePixelRatio);
   return image;
 }
 
 size_t qHash(const SymbolImageCache::Key& key, size_t seed) {
-  return qHashMulti(seed, QByteArrayView(key.themeIcon), key.color, key.sizePoints,
+  return qHashMulti(seed, QByteArrayView(key.symbol), key.color, key.sizePoints,
                     key.devicePixelRatio);
 }
 
@@ -64,7 +62,7 @@ SymbolImageCache::SymbolImageCache(qsizetype capacityBytes) : images_(capacityBy
 
 QImage SymbolImageCache::image(std::string_view symbol, const QColor& color, qreal sizePoints,
                                qreal devicePixelRatio) {
-  const Key key{themeIconName(symbol), color.rgba(), sizePoints, devicePixelRatio};
+  const Key key{std::string(symbol), color.rgba(), sizePoints, devicePixelRatio};
   if (const QImage* known = images_.object(key)) {
     return *known;
   }

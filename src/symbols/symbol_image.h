@@ -5,11 +5,12 @@
 #include <QColor>
 #include <QImage>
 
+#include <string>
 #include <string_view>
 
 namespace tamberline {
 
-/// A square of `sizePoints`, transparent when the symbol is unknown or the icon theme is missing.
+/// A square of `sizePoints`, transparent when the platform does not have the symbol.
 QImage symbolImage(std::string_view symbol, const QColor& color, qreal sizePoints,
                    qreal devicePixelRatio);
 
@@ -26,7 +27,7 @@ public:
 
 private:
   struct Key {
-    std::string_view themeIcon;
+    std::string symbol;
     QRgb color;
     qreal sizePoints;
     qreal devicePixelRatio;

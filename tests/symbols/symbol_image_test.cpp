@@ -1,6 +1,6 @@
+#include "platform/linux_symbols/theme_icons.h"
 #include "support/temporary_folder.h"
 #include "symbols/symbol_image.h"
-#include "symbols/symbols.h"
 
 #include <gtest/gtest.h>
 

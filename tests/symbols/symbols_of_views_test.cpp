@@ -1,5 +1,5 @@
+#include "platform/linux_symbols/theme_icons.h"
 #include "support/sample_records.h"
-#include "symbols/symbols.h"
 #include "views/device_icons.h"
 #include "views/power_card.h"
 #include "views/volume_row.h"

@@ -1,5 +1,5 @@
-// The names of all symbols that the panel and the tray use, and the drawing that the Breeze icon
-// theme has for each.
+// The names of all symbols that the panel and the menu bar use, and the drawing that the Breeze
+// icon theme has for each.
 #pragma once
 
 #include <span>

@@ -1,4 +1,4 @@
-#include "symbols/symbols.h"
+#include "platform/linux_symbols/theme_icons.h"
 
 #include <algorithm>
 #include <array>

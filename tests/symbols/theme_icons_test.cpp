@@ -1,5 +1,5 @@
+#include "platform/linux_symbols/theme_icons.h"
 #include "symbols/symbol_image.h"
-#include "symbols/symbols.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ int pixelsWithInk(const QImage& image, int leastAlpha) {
   return count;
 }
 
-TEST(SymbolTable, HasEverySymbolOnce) {
+TEST(ThemeIcons, HasEverySymbolOnce) {
   std::set<std::string_view> symbols;
   for (const SymbolIcon& row : symbolTable()) {
     EXPECT_TRUE(symbols.insert(row.symbol).second) << row.symbol;
@@ -31,14 +31,14 @@ TEST(SymbolTable, HasEverySymbolOnce) {
   }
 }
 
-TEST(SymbolTable, HasNoIconForOtherNames) {
+TEST(ThemeIcons, HasNoIconForOtherNames) {
   for (const std::string_view symbol : {"", "Camera", "camer", "cameras", "camera ", "battery"}) {
     EXPECT_EQ(themeIconName(symbol), "") << symbol;
   }
 }
 
 /// Lines of one pixel of the drawing's grid spread over two pixels at these sizes.
-TEST(SymbolTable, NamesOnlyIconsThatTheThemeDraws) {
+TEST(ThemeIcons, NamesOnlyIconsThatTheThemeDraws) {
   for (const SymbolIcon& row : symbolTable()) {
     SCOPED_TRACE(row.symbol);
     for (const int size : {14, 18}) {
@@ -49,7 +49,7 @@ TEST(SymbolTable, NamesOnlyIconsThatTheThemeDraws) {
   }
 }
 
-TEST(SymbolTable, NamesIconsThatLookDifferent) {
+TEST(ThemeIcons, NamesIconsThatLookDifferent) {
   const auto table = symbolTable();
   for (auto row = table.begin(); row != table.end(); ++row) {
     const QImage image = symbolImage(row->symbol, Qt::black, 14, 1);
@@ -62,7 +62,7 @@ TEST(SymbolTable, NamesIconsThatLookDifferent) {
   }
 }
 
-TEST(SymbolTable, NamesIconsThatLookTheSameAtEveryRatio) {
+TEST(ThemeIcons, NamesIconsThatLookTheSameAtEveryRatio) {
   for (const SymbolIcon& row : symbolTable()) {
     const QImage small = symbolImage(row.symbol, Qt::black, 16, 1);
     const QImage large = symbolImage(row.symbol, Qt::black, 16, 4)

@@ -1,4 +1,4 @@
-#include "symbols/theme_drawing.h"
+#include "platform/linux_symbols/theme_drawing.h"
 
 #include <QImageReader>
 #include <QSize>
