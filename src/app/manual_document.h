@@ -8,7 +8,7 @@
 
 namespace tamberline {
 
-/// Where the program carries its manuals, one for each language.
+/// Where the program carries its manuals, one for each language, on systems without bundles.
 inline constexpr QLatin1String carriedManuals(":/manual");
 
 /// The manual in the language of this run, or else the English one; null when neither opens and

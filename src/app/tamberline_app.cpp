@@ -1,29 +1,20 @@
 #include "app/tamberline_app.h"
 
-#include "app/manual_document.h"
-#include "app/menu_bar_icon.h"
-#include "i18n/loc.h"
-
 #include <QApplication>
 #include <QWindow>
 
 #include <utility>
 
 namespace tamberline {
-namespace {
 
-QString asQString(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-} // namespace
-
-TamberlineApp::TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue)
-    : hasTray_(QSystemTrayIcon::isSystemTrayAvailable()), benchmark_(outside.benchmark),
-      manual_(carriedManuals), scanner_(PortScanner::create(outside)),
+TamberlineApp::TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue,
+                             const DesktopWays& desktop)
+    : hasTray_(QSystemTrayIcon::isSystemTrayAvailable()), trayMenuOpener_(desktop.trayMenuOpener),
+      benchmark_(outside.benchmark), manual_(desktop.manuals),
+      scanner_(PortScanner::create(outside)),
       shell_({.scanner = scanner_, .queue = std::move(queue), .actions = actions(outside)},
              {.kind = hasTray_ ? PanelWindow::Kind::attached : PanelWindow::Kind::ordinary,
-              .iconGeometry = [this] { return icon_ ? icon_->geometry() : QRect(); }}) {}
+              .iconGeometry = [this] { return trayIcon_ ? trayIcon_->geometry() : QRect(); }}) {}
 
 void TamberlineApp::start() {
   QApplication::setQuitOnLastWindowClosed(!hasTray_);
@@ -35,8 +26,8 @@ void TamberlineApp::start() {
 }
 
 TamberlineApp::~TamberlineApp() {
-  if (icon_) {
-    icon_->hide();
+  if (trayIcon_) {
+    trayIcon_->icon().hide();
   }
   for (QWindow* window : QGuiApplication::topLevelWindows()) {
     window->hide();
@@ -64,21 +55,13 @@ PanelActions TamberlineApp::actions(const ScannerOutside& outside) {
 }
 
 void TamberlineApp::installTrayIcon() {
-  menu_ = std::make_unique<QMenu>();
-  menu_->addAction(asQString(Loc::openPanel()), menu_.get(), [this] { shell_.open(); });
-  menu_->addAction(asQString(Loc::quit()), menu_.get(), [] { QApplication::quit(); });
-  icon_ = std::make_unique<QSystemTrayIcon>(menuBarIcon());
-  icon_->setToolTip(QStringLiteral("Tamberline"));
-  icon_->setContextMenu(menu_.get());
-  QObject::connect(icon_.get(), &QSystemTrayIcon::activated, icon_.get(),
-                   [this](QSystemTrayIcon::ActivationReason reason) {
-                     if (reason == QSystemTrayIcon::Trigger) {
-                       shell_.toggle();
-                     }
-                   });
-  QObject::connect(shell_.context().theme(), &Theme::changed, icon_.get(),
-                   [this] { icon_->setIcon(menuBarIcon()); });
-  icon_->show();
+  trayIcon_ = std::make_unique<TrayIcon>(TrayIcon::Actions{.toggle = [this] { shell_.toggle(); },
+                                                           .open = [this] { shell_.open(); },
+                                                           .quit = [] { QApplication::quit(); }},
+                                         trayMenuOpener_);
+  QObject::connect(shell_.context().theme(), &Theme::changed, &trayIcon_->icon(),
+                   [this] { trayIcon_->redraw(); });
+  trayIcon_->icon().show();
 }
 
 } // namespace tamberline

@@ -1,21 +1,30 @@
 #pragma once
 
+#include "app/manual_document.h"
 #include "app/manual_window.h"
 #include "app/panel_shell.h"
+#include "app/tray_icon.h"
 #include "scanner/port_scanner.h"
 
-#include <QMenu>
-#include <QSystemTrayIcon>
+#include <QString>
 
 #include <memory>
 
 namespace tamberline {
 
+/// In what desktops differ.
+struct DesktopWays {
+  /// The folder with the manuals.
+  QString manuals = carriedManuals;
+  TrayIcon::MenuOpener trayMenuOpener = TrayIcon::MenuOpener::tray;
+};
+
 /// The application: the one scanner, the panel that shows it, and the icon that opens the panel. An
 /// ordinary small window where there is no tray. Main thread only.
 class TamberlineApp {
 public:
-  TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue);
+  TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue,
+                const DesktopWays& desktop = {});
   TamberlineApp(const TamberlineApp&) = delete;
   TamberlineApp& operator=(const TamberlineApp&) = delete;
 
@@ -34,12 +43,12 @@ private:
   void installTrayIcon();
 
   bool hasTray_;
+  TrayIcon::MenuOpener trayMenuOpener_;
   std::shared_ptr<Benchmark> benchmark_; // may be null
   ManualWindow manual_;
   std::shared_ptr<PortScanner> scanner_;
   PanelShell shell_;
-  std::unique_ptr<QMenu> menu_;
-  std::unique_ptr<QSystemTrayIcon> icon_;
+  std::unique_ptr<TrayIcon> trayIcon_;
 };
 
 } // namespace tamberline

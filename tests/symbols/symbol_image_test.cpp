@@ -1,5 +1,5 @@
 #include "platform/linux_symbols/theme_icons.h"
-#include "support/temporary_folder.h"
+#include "support/without_icon_theme.h"
 #include "symbols/symbol_image.h"
 
 #include <gtest/gtest.h>
@@ -127,33 +127,8 @@ TEST(SymbolImageCache, GivesImagesThatAreTooLargeToKeep) {
   EXPECT_EQ(cache.usedBytes(), 0);
 }
 
-/// Data folders of the desktop without any icon theme.
-class WithoutTheme : public testing::Test {
-protected:
-  void SetUp() override {
-    qputenv("XDG_DATA_DIRS", folder_.path().c_str());
-    qputenv("XDG_DATA_HOME", folder_.path().c_str());
-  }
-  void TearDown() override {
-    restore("XDG_DATA_DIRS", dataDirs_);
-    restore("XDG_DATA_HOME", dataHome_);
-  }
-
-private:
-  static void restore(const char* variable, const QByteArray& value) {
-    if (value.isNull()) {
-      qunsetenv(variable);
-    } else {
-      qputenv(variable, value);
-    }
-  }
-
-  TemporaryFolder folder_;
-  QByteArray dataDirs_ = qgetenv("XDG_DATA_DIRS");
-  QByteArray dataHome_ = qgetenv("XDG_DATA_HOME");
-};
-
-TEST_F(WithoutTheme, EverySymbolIsATransparentSquare) {
+TEST(SymbolImage, WithoutAnIconThemeIsATransparentSquare) {
+  const WithoutIconTheme scope;
   for (const SymbolIcon& row : symbolTable()) {
     const QImage image = symbolImage(row.symbol, blue, 14, 2);
     EXPECT_EQ(image.size(), QSize(28, 28)) << row.symbol;

@@ -21,6 +21,12 @@ using namespace tamberline;
 
 constexpr int exitUsage = 2;
 
+DesktopWays desktopWays() {
+  return {.manuals = bundledManuals().value_or(carriedManuals),
+          .trayMenuOpener = everyClickOpensTrayMenu() ? TrayIcon::MenuOpener::program
+                                                      : TrayIcon::MenuOpener::tray};
+}
+
 int run() {
   // Outlives the application, whose end takes a moment and must not be cut short.
   const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
@@ -36,7 +42,7 @@ int run() {
   AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
   useOwnLookWithoutDesktop();
   const auto queue = std::make_shared<QtMainQueue>();
-  app = std::make_unique<TamberlineApp>(thisMachine(queue), queue);
+  app = std::make_unique<TamberlineApp>(thisMachine(queue), queue, desktopWays());
   app->start();
   return QApplication::exec();
 }

@@ -10,4 +10,12 @@ void chooseGraphics() {
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
+std::optional<QString> bundledManuals() {
+  return std::nullopt;
+}
+
+bool everyClickOpensTrayMenu() {
+  return false;
+}
+
 } // namespace tamberline
