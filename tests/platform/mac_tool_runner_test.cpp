@@ -80,6 +80,34 @@ TEST_F(MacTools, AnswerWithoutVolumesWhereTheRegistryTellsNone) {
   }
 }
 
+TEST_F(MacTools, AskForThePortsWithThunderboltWhereAControllerNeedsThem) {
+  tools->answer("SPUSBDataType.json", emptyReport);
+  tools->answer("SPUSBHostDataType.json",
+                R"json({"SPUSBHostDataType": [
+    {"Driver": "AppleT8122USBXHCI", "USBKeyLocationID": "0x00000000"},
+    {"Driver": "AppleT8122USBXHCI", "USBKeyLocationID": "0x01000000"}]})json");
+  const struct {
+    const char* thunderbolt;
+    std::vector<bool> areOnPorts;
+  } rows[] = {
+      {R"({"SPThunderboltDataType": [{"_name": "thunderboltusb4_bus_1"}]})", {false, true}},
+      {R"({"SPThunderboltDataType": []})", {false, false}},
+      {"no report", {false, false}},
+      {"", {false, false}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.thunderbolt);
+    tools->answer("SPThunderboltDataType.json", row.thunderbolt);
+    const auto report = decodeReport(runUSB().standardOutput);
+    ASSERT_TRUE(report);
+    std::vector<bool> areOnPorts;
+    for (const USBBus& bus : parseUSB(*report, {})) {
+      areOnPorts.push_back(bus.isInternalTBController());
+    }
+    EXPECT_EQ(areOnPorts, row.areOnPorts);
+  }
+}
+
 TEST_F(MacTools, KeepTheOlderSectionWhereItIsNotAnEmptyArray) {
   tools->answer("SPUSBHostDataType.json", hostReport);
   for (const std::string output : {

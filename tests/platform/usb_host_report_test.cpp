@@ -18,9 +18,10 @@ namespace {
 
 using nlohmann::json;
 
-json translated(const std::string& section, VolumesByLocation volumes = {}) {
-  return usbReportFrom(json::parse(R"({"SPUSBHostDataType": )" + section + "}"),
-                       std::move(volumes));
+json translated(const std::string& section, VolumesByLocation volumes = {},
+                const ThunderboltPorts& ports = {}) {
+  return usbReportFrom(json::parse(R"({"SPUSBHostDataType": )" + section + "}"), std::move(volumes),
+                       ports);
 }
 
 /// The buses as the rest of the program sees them.
@@ -85,6 +86,55 @@ TEST(UsbHostReport, GivesEveryFieldOfADevice) {
   EXPECT_TRUE(disk.volumes.empty());
 }
 
+TEST(UsbHostReport, PutsTheComputersOwnControllersOnTheirPorts) {
+  const struct {
+    const char* driver;
+    const char* location;
+    bool isOnPort;
+  } rows[] = {
+      {"AppleT8122USBXHCI", "0x01000000", true},
+      {"AppleT8122USBXHCI", "0x00000000", true},
+      {"AppleT6041USBXHCI", "0x01000000 / 1", true},
+      {"AppleT8122USBXHCI", "0x02000000", false}, // a port without Thunderbolt
+      {"AppleT8122USBXHCI", "somewhere", false},
+      {"AppleT8122USBXHCI", "-1", false},
+      {"AppleT8122USBXHCI", "0x7fffffffffffffff", false},
+      {"AppleUSBXHCIPCI", "0x01000000", false},
+      {"AppleASMedia3142USBXHCI", "0x01000000", false},
+      {"AppleTUSBXHCI", "0x01000000", false},
+      {"AppleTrueUSBXHCI", "0x01000000", false},
+      {"T8122USBXHCI", "0x01000000", false},
+      {"", "0x01000000", false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.driver) + " at " + row.location);
+    const json entry = {{"Driver", row.driver}, {"USBKeyLocationID", row.location}};
+    const auto buses = parseUSB(translated(json::array({entry}).dump(), {}, {0, 1}), {});
+    EXPECT_EQ(buses.at(0).isInternalTBController(), row.isOnPort);
+    EXPECT_EQ(buses[0].hostController,
+              row.isOnPort ? std::string(row.driver) + ", like AppleT8132USBXHCI" : row.driver);
+  }
+}
+
+TEST(UsbHostReport, AsksForThePortsOnlyWhereAControllerNeedsThem) {
+  const struct {
+    const char* section;
+    bool isInNeed;
+  } rows[] = {
+      {R"([{"Driver": "AppleUSBXHCIPCI"}, {"Driver": "AppleT8122USBXHCI"}])", true},
+      {R"([{"Driver": "AppleT8132USBXHCI"}, {"Driver": "AppleUSBXHCIPCI"}, {}])", false},
+      {R"([{"Driver": 8122}])", false},
+      {R"([])", false},
+      {R"({"Driver": "AppleT8122USBXHCI"})", false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.section);
+    const json report = {{"SPUSBHostDataType", json::parse(row.section)}};
+    EXPECT_EQ(needsThunderboltPorts(report), row.isInNeed);
+  }
+  EXPECT_FALSE(needsThunderboltPorts(json::object()));
+}
+
 TEST(UsbHostReport, GivesNothingThatTheReportDoesNotSay) {
   EXPECT_EQ(translatedDevice(""), json::object());
   EXPECT_EQ(translatedDevice(R"("_name": "x", "_items": [], "Unknown": {"a": [1]})"),
@@ -107,7 +157,7 @@ TEST(UsbHostReport, WithoutItsSectionIsEmpty) {
   for (const char* report : {"{}", R"({"SPUSBHostDataType": {}})", R"({"SPUSBHostDataType": [1]})",
                              R"({"SPUSBHostDataType": "x"})", R"({"SPUSBHostDataType": null})"}) {
     SCOPED_TRACE(report);
-    EXPECT_EQ(usbReportFrom(json::parse(report), {}), empty);
+    EXPECT_EQ(usbReportFrom(json::parse(report), {}, {}), empty);
   }
 }
 
@@ -302,7 +352,7 @@ TEST(UsbHostReport, OfTheDeepestReportThatDecodesCanBeDecodedAgain) {
     for (int number = 0; number < length; ++number) {
       volumes[*parseLocationID(std::to_string(number))] = {{"Data", "/Volumes/Data"}};
     }
-    const auto again = decodeReport(usbReportFrom(*deep, volumes).dump());
+    const auto again = decodeReport(usbReportFrom(*deep, volumes, {}).dump());
     ASSERT_TRUE(again);
     EXPECT_EQ(lengthOfChain(parseUSB(*again, {}).at(0).devices), std::min(length, 252));
   }

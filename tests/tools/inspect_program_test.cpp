@@ -87,13 +87,13 @@ TEST(InspectProgram, ShowsAMachineWhoseUSBReportIsInTheNewerSection) {
     text += bus["displayName"].get<std::string>() + " " + bus["hostController"].get<std::string>() +
             "\n" + devicesText(bus["devices"], "  ");
   }
-  EXPECT_EQ(text, "USB 3.1 Bus AppleT8132USBXHCI\n"
+  EXPECT_EQ(text, "USB 3.1 Bus AppleT8122USBXHCI, like AppleT8132USBXHCI\n"
                   "  USB3.1 Hub 10 Gb/s\n"
                   "    Quarry Pebble SSD 10 Gb/s\n"
                   "    Larkspur Compact Keyboard 1.5 Mb/s\n"
                   "    Copperline Solo Audio Interface 480 Mb/s\n"
                   "    Larkspur Drum Pad 12 Mb/s\n"
-                  "USB 3.1 Bus AppleT8132USBXHCI\n"
+                  "USB 3.1 Bus AppleT8122USBXHCI, like AppleT8132USBXHCI\n"
                   "  Pocket Stick 64 480 Mb/s\n");
   const json& cards = document["panel"]["cards"];
   ASSERT_EQ(cards.size(), 2U);

@@ -6,6 +6,7 @@
 #include "registry/property_list.h"
 #include "reports/json_values.h"
 #include "reports/report_decoding.h"
+#include "reports/thunderbolt_report.h"
 
 #include <nlohmann/json.hpp>
 
@@ -41,6 +42,17 @@ std::optional<json> hostReportWithBuses(ToolRunner& tools) {
   return hasBuses ? std::move(report) : std::nullopt;
 }
 
+ThunderboltPorts thunderboltPorts(ToolRunner& tools) {
+  const std::optional<json> report =
+      decodeReport(runCommand(tools, reportCommand("SPThunderboltDataType")).standardOutput);
+  ThunderboltPorts ports;
+  for (const ThunderboltBus& bus :
+       report ? parseThunderbolt(*report) : std::vector<ThunderboltBus>()) {
+    ports.insert(bus.busNumber);
+  }
+  return ports;
+}
+
 VolumesByLocation mountedVolumes(ToolRunner& tools, const std::vector<Mount>& mounts) {
   ToolOutput dump = runCommand(tools, registryCommand(RegistryDump::usbHostDevices));
   const auto list = PropertyList::decode(std::move(dump.standardOutput));
@@ -64,7 +76,9 @@ ToolOutput MacToolRunner::run(const std::string& executable,
   if (!hostReport) {
     return output;
   }
-  const json report = usbReportFrom(*hostReport, mountedVolumes(*tools_, readMountTable_()));
+  const ThunderboltPorts ports =
+      needsThunderboltPorts(*hostReport) ? thunderboltPorts(*tools_) : ThunderboltPorts();
+  const json report = usbReportFrom(*hostReport, mountedVolumes(*tools_, readMountTable_()), ports);
   return {report.dump(-1, ' ', /*ensure_ascii=*/false, json::error_handler_t::replace),
           output.exitStatus};
 }

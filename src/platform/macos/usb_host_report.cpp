@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -157,16 +158,38 @@ std::string olderBusName(const std::string& name) {
   return found == names.end() ? name : found->second;
 }
 
+/// Whether the driver is of a computer's own USB-C ports, such as "AppleT8122USBXHCI", and USBBus
+/// does not know it.
+bool isUnknownOwn(const std::string& driver) {
+  constexpr std::string_view start = "AppleT";
+  constexpr std::string_view end = "USBXHCI";
+  if (!driver.starts_with(start) || !driver.ends_with(end) ||
+      USBBus{.hostController = driver}.isInternalTBController()) {
+    return false;
+  }
+  const std::size_t length = driver.size() - start.size() - end.size();
+  return parseDecimal(std::string_view(driver).substr(start.size(), length)).has_value();
+}
+
+/// The port that a controller serves stands in the upper byte of its location.
+std::optional<std::int64_t> portOf(const json& entry) {
+  const auto locationID = parseLocationID(textMember(entry, "USBKeyLocationID", ""));
+  return locationID && *locationID >= 0 ? std::optional(*locationID / 0x1000000) : std::nullopt;
+}
+
 class Translation {
 public:
-  explicit Translation(VolumesByLocation volumes) : volumes_(std::move(volumes)) {}
+  Translation(VolumesByLocation volumes, const ThunderboltPorts& ports)
+      : volumes_(std::move(volumes)), ports_(ports) {}
 
   json bus(const json& entry) {
     json older = json::object();
     if (const std::optional<std::string> name = textMember(entry, "_name")) {
       older["_name"] = olderBusName(*name);
     }
-    copyText(entry, "Driver", older, "host_controller");
+    if (const std::optional<std::string> driver = providedText(entry, "Driver")) {
+      older["host_controller"] = hostController(*driver, entry);
+    }
     addDevices(entry, 1, older);
     return older;
   }
@@ -175,6 +198,12 @@ private:
   /// The report and its buses nest three levels, each tier of devices two, and the volumes of a
   /// device four.
   static constexpr int deepestTier = (deepestReportNesting - 3 - 4) / 2;
+
+  std::string hostController(const std::string& driver, const json& entry) const {
+    const std::optional<std::int64_t> port = portOf(entry);
+    const bool isOnKnownPort = port && ports_.contains(*port);
+    return isOnKnownPort && isUnknownOwn(driver) ? driver + ", like AppleT8132USBXHCI" : driver;
+  }
 
   void addDevices(const json& entry, int tier, json& older) {
     const json& items = objectsMember(entry, "_items");
@@ -231,17 +260,26 @@ private:
   }
 
   VolumesByLocation volumes_; // of devices that are still to come
+  const ThunderboltPorts& ports_;
 };
 
 } // namespace
 
-json usbReportFrom(const json& hostReport, VolumesByLocation volumes) {
-  Translation translation(std::move(volumes));
+json usbReportFrom(const json& hostReport, VolumesByLocation volumes,
+                   const ThunderboltPorts& ports) {
+  Translation translation(std::move(volumes), ports);
   json buses = json::array();
   for (const json& entry : objectsMember(hostReport, "SPUSBHostDataType")) {
     buses.push_back(translation.bus(entry));
   }
   return {{"SPUSBDataType", std::move(buses)}};
+}
+
+bool needsThunderboltPorts(const json& hostReport) {
+  const json& entries = objectsMember(hostReport, "SPUSBHostDataType");
+  return std::any_of(entries.begin(), entries.end(), [](const json& entry) {
+    return isUnknownOwn(textMember(entry, "Driver", ""));
+  });
 }
 
 } // namespace tamberline
