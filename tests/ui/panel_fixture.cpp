@@ -62,7 +62,7 @@ PanelActions PanelFixture::actions(const Setting& setting) {
 }
 
 void PanelFixture::useSample(const std::string& name) {
-  scanner = scannerOver(std::make_shared<SavedReportsRunner>(SAMPLES_FOLDER "/" + name));
+  scanner = scannerOver(savedMachineTools(SAMPLES_FOLDER "/" + name));
 }
 
 void PanelFixture::openPanelWhileScanning(Setting setting) {
