@@ -51,6 +51,16 @@ QVariantMap ownFills(bool isDark) {
   };
 }
 
+/// Where Qt does not tell the accent apart, it is the colour of what is selected; on a Mac that is
+/// a pale shade of it.
+QColor accentOf(const QPalette& palette) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
+  return palette.color(QPalette::Active, QPalette::Accent);
+#else
+  return palette.color(QPalette::Active, QPalette::Highlight);
+#endif
+}
+
 QFont sized(QFont font, double pixels, QFont::Weight weight) {
   font.setPixelSize(qRound(pixels));
   font.setWeight(weight);
@@ -89,7 +99,7 @@ void Theme::readPalette(const QPalette& palette) {
   separator_ = blended(text_, card_, 0.10);
   secondary_ = blended(text_, card_, 0.62);
   tertiary_ = blended(text_, card_, 0.40);
-  accent_ = palette.color(QPalette::Active, QPalette::Highlight);
+  accent_ = accentOf(palette);
 
   fills_ = ownFills(isDark_);
   fills_.insert(colorName(Color::accent), accent_);
