@@ -7,9 +7,9 @@
 namespace tamberline {
 namespace {
 
-/// The call that fills memory of the caller: the one that hands out memory of its own shares that
-/// between threads. It does not say when the memory was too short, so more is offered until some is
-/// left over.
+/// getfsstat fills memory of the caller; getmntinfo would hand out memory that it shares between
+/// threads, and scans ask on several. It does not say when the memory was too short, so more is
+/// offered until some is left over.
 std::vector<struct statfs> mountedFileSystems() {
   constexpr std::size_t spare = 8; // for what is mounted meanwhile
   std::vector<struct statfs> fileSystems;
