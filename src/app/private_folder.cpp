@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 namespace tamberline {
 namespace {
@@ -15,8 +14,7 @@ uint userIdentifier() {
 
 } // namespace
 
-QString runtimeFolder() {
-  const QString ofTheSystem = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+QString runtimeFolder(const QString& ofTheSystem) {
   return ofTheSystem.isEmpty() ? privateFolderIn(QDir::tempPath()) : ofTheSystem;
 }
 

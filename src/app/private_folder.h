@@ -4,9 +4,9 @@
 
 namespace tamberline {
 
-/// Where a program keeps the traces of its run: the runtime folder of the system or, without one,
-/// `privateFolderIn` the folder for temporary files. Empty when neither can be had.
-QString runtimeFolder();
+/// Where a program keeps the traces of its run: the folder that the system has for that or, when
+/// that is empty, `privateFolderIn` the folder for temporary files. Empty when that cannot be had.
+QString runtimeFolder(const QString& ofTheSystem);
 
 /// A folder for this person alone, made when it is missing; empty when it cannot be had or somebody
 /// else made it.

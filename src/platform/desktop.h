@@ -13,6 +13,9 @@ void chooseGraphics();
 /// bundles and carry them inside. After the application object is made.
 std::optional<QString> bundledManuals();
 
+/// Where programs keep the traces of their runs for a person; empty where there is no such folder.
+QString systemRuntimeFolder();
+
 /// Whether a tray that knows an icon's menu opens it on every click and leaves none for the panel.
 bool everyClickOpensTrayMenu();
 

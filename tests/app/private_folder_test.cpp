@@ -1,4 +1,5 @@
 #include "app/private_folder.h"
+#include "platform/desktop.h"
 #include "support/temporary_folder.h"
 
 #include <QFileInfo>
@@ -78,14 +79,15 @@ TEST(RuntimeFolder, IsTheOneOfTheSystem) {
   const TemporaryFolder temporary;
   fs::permissions(temporary.path(), fs::perms::owner_all);
   const EnvironmentScope runtime("XDG_RUNTIME_DIR", temporary.path().string());
-  EXPECT_EQ(runtimeFolder().toStdString(), temporary.path().string());
+  EXPECT_EQ(runtimeFolder(systemRuntimeFolder()).toStdString(), temporary.path().string());
 }
 
 TEST(RuntimeFolder, IsAmongTheTemporaryFilesWithoutOneOfTheSystem) {
   const TemporaryFolder temporary;
   const EnvironmentScope runtime("XDG_RUNTIME_DIR", "/dev/null");
   const EnvironmentScope temporaryFiles("TMPDIR", temporary.path().string());
-  EXPECT_EQ(fs::path(runtimeFolder().toStdString()).parent_path(), temporary.path());
+  EXPECT_EQ(fs::path(runtimeFolder(systemRuntimeFolder()).toStdString()).parent_path(),
+            temporary.path());
 }
 
 } // namespace

@@ -17,6 +17,10 @@ TEST(MacDesktop, HasTheManualsInTheResourcesOfTheBundle) {
   EXPECT_EQ(bundledManuals(), contents.filePath("Resources"));
 }
 
+TEST(MacDesktop, HasNoFolderForTheTracesOfARun) {
+  EXPECT_TRUE(systemRuntimeFolder().isEmpty());
+}
+
 TEST(MacDesktop, LeavesNoClickToThePanelWhereItsMenuBarKnowsAMenu) {
   EXPECT_TRUE(everyClickOpensTrayMenu());
 }

@@ -31,7 +31,7 @@ int run() {
   // Outlives the application, whose end takes a moment and must not be cut short.
   const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
   std::unique_ptr<TamberlineApp> app;
-  const SingleInstance instance(runtimeFolder(), [&app] {
+  const SingleInstance instance(runtimeFolder(systemRuntimeFolder()), [&app] {
     if (app) {
       app->raise();
     }

@@ -1,6 +1,7 @@
 #include "platform/desktop.h"
 
 #include <QQuickWindow>
+#include <QStandardPaths>
 
 namespace tamberline {
 
@@ -12,6 +13,10 @@ void chooseGraphics() {
 
 std::optional<QString> bundledManuals() {
   return std::nullopt;
+}
+
+QString systemRuntimeFolder() {
+  return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
 }
 
 bool everyClickOpensTrayMenu() {

@@ -13,6 +13,11 @@ std::optional<QString> bundledManuals() {
   return QDir::cleanPath(QCoreApplication::applicationDirPath() + QLatin1String("/../Resources"));
 }
 
+/// What Qt calls so here is the folder in which programs keep their data for good.
+QString systemRuntimeFolder() {
+  return {};
+}
+
 bool everyClickOpensTrayMenu() {
   return true;
 }
