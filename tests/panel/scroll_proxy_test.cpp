@@ -33,7 +33,7 @@ protected:
   double position() const { return list->property("contentY").toDouble(); }
   /// After the time that a way takes.
   double positionInTheEnd() {
-    animations.advance(250ms);
+    animations.advanceBy(250ms);
     return position();
   }
 
@@ -46,7 +46,7 @@ protected:
 TEST_F(ScrollProxyTest, BringsARowToTheMiddleOfWhatIsSeen) {
   proxy.centre(10);
   EXPECT_EQ(position(), 0) << "smoothly";
-  animations.advance(125ms);
+  animations.advanceBy(125ms);
   EXPECT_EQ(position(), 80);
   EXPECT_EQ(positionInTheEnd(), 160);
 }
@@ -69,7 +69,7 @@ TEST_F(ScrollProxyTest, ComesToARowThatIsNotDrawnFromTheSideOnWhichItWas) {
 
 TEST_F(ScrollProxyTest, GoesToAnotherRowFromWhereItIs) {
   proxy.centre(10);
-  animations.advance(125ms);
+  animations.advanceBy(125ms);
   proxy.centre(12);
   EXPECT_EQ(position(), 80);
   EXPECT_EQ(positionInTheEnd(), 200);
@@ -77,16 +77,16 @@ TEST_F(ScrollProxyTest, GoesToAnotherRowFromWhereItIs) {
 
 TEST_F(ScrollProxyTest, StaysWhereSomebodyScrolledByHand) {
   proxy.centre(10);
-  animations.advance(125ms);
+  animations.advanceBy(125ms);
   proxy.stop();
   EXPECT_EQ(positionInTheEnd(), 80);
 }
 
 TEST_F(ScrollProxyTest, StaysWithinAListThatBecomesShorterOnTheWay) {
   proxy.centre(14);
-  animations.advance(125ms);
+  animations.advanceBy(125ms);
   list->setProperty("model", 8);
-  animations.advance(100ms);
+  animations.advanceBy(100ms);
   EXPECT_EQ(position(), 60);
 }
 

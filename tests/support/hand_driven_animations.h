@@ -24,7 +24,7 @@ public:
   qint64 elapsed() const override { return elapsed_.count(); }
 
   /// The next frame comes this much later.
-  void advance(std::chrono::milliseconds duration) {
+  void advanceBy(std::chrono::milliseconds duration) {
     letQtKeepUp();
     if (isRunning()) {
       elapsed_ += duration;

@@ -109,7 +109,7 @@ void PanelFixture::settle() {
 void PanelFixture::advance(std::chrono::milliseconds duration) {
   queue->advance(duration);
   settle();
-  animations.advance(duration);
+  animations.advanceBy(duration);
   settle();
 }
 
