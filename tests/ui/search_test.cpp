@@ -84,19 +84,17 @@ TEST_F(PanelSearch, GivesTheKeyboardToTheRowThatItFound) {
   EXPECT_EQ(fieldText(), "x");
 }
 
-TEST_F(PanelSearch, JumpsFromBothEndsToAnyRow) {
+TEST_F(PanelSearch, JumpsToAnyRowFromTheFartherEnd) {
   expandAll();
   ScrollProxy& proxy = *context().search()->scrollProxy();
   const int last = rows().rowCount() - 1;
-  for (const int from : {0, last}) {
-    for (int to = 0; to <= last; ++to) {
-      proxy.centre(from);
-      advance(scrolling);
-      proxy.centre(to);
-      advance(scrolling);
-      ASSERT_NE(rowItem(to), nullptr) << from << " to " << to;
-      EXPECT_TRUE(isInView(*rowItem(to))) << from << " to " << to;
-    }
+  for (int row = 0; row <= last; ++row) {
+    proxy.centre(row < last / 2 ? last : 0);
+    advance(scrolling);
+    proxy.centre(row);
+    advance(scrolling);
+    ASSERT_NE(rowItem(row), nullptr) << row;
+    EXPECT_TRUE(isInView(*rowItem(row))) << row;
   }
 }
 
