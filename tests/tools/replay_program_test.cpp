@@ -2,11 +2,13 @@
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -115,6 +117,33 @@ TEST_F(ReplayProgram, SearchingDoesNotMakeThePanelHigher) {
   EXPECT_EQ(sizeOfPicture(picture({"--search", "a"})).height, sizeOfPicture(picture({})).height);
 }
 
+TEST_F(ReplayProgram, TellsWhereTheTextsOfThePictureAre) {
+  const std::filesystem::path file = folder.path() / "places.json";
+  const PictureSize size = sizeOfPicture(picture({"--places", file.string(), "--language", "it"}));
+  std::map<std::string, nlohmann::json> places;
+  double previousTop = 0;
+  for (const nlohmann::json& place : nlohmann::json::parse(contentOf(file))) {
+    EXPECT_GE(place["y"], previousTop);
+    previousTop = place["y"];
+    EXPECT_LE(place["x"].get<double>() + place["width"].get<double>(), size.width);
+    places.emplace(place["text"], place);
+  }
+  for (const char* text : {"Tamberline", "Cerca dispositivi…", "Espandi tutto",
+                           "Porta Thunderbolt 1", "40 Gb/s", "Apri il manuale utente", "Esci"}) {
+    EXPECT_EQ(places.count(text), 1U) << text;
+  }
+  EXPECT_LT(places["Porta Thunderbolt 1"]["x"], places["40 Gb/s"]["x"]);
+  EXPECT_GT(places["Esci"]["y"], size.height - 60.0);
+}
+
+TEST_F(ReplayProgram, FailsWhenThePlacesCannotBeWritten) {
+  const std::string file = (folder.path() / "missing" / "places.json").string();
+  const Outcome outcome = replay(
+      {deskSample, "--screenshot", (folder.path() / "panel.png").string(), "--places", file});
+  EXPECT_EQ(outcome.exitStatus, 1);
+  EXPECT_EQ(outcome.errorOutput, "tamberline-replay: cannot write '" + file + "'\n");
+}
+
 TEST_F(ReplayProgram, FailsWhenThePictureCannotBeWritten) {
   const std::string file = (folder.path() / "missing" / "panel.png").string();
   const Outcome outcome = replay({deskSample, "--screenshot", file});
@@ -139,6 +168,8 @@ TEST_F(ReplayProgram, SaysWhatIsWrongWithItsArguments) {
       {{deskSample, "--font-scale", " 1"}, "the font scale is a number from 0.5 to 4, not ' 1'"},
       {{deskSample, "--font-scale", "1,5"}, "the font scale is a number from 0.5 to 4, not '1,5'"},
       {{deskSample, "--screenshot"}, "option '--screenshot' needs an argument"},
+      {{deskSample, "--places", "places.json"},
+       "there are places only in a picture: --places goes with --screenshot"},
       {{deskSample, "--wrong"}, "unknown option '--wrong'"},
   };
   for (const auto& row : rows) {

@@ -13,7 +13,7 @@ namespace tamberline {
 const std::string_view replayUsage =
     R"(Usage: tamberline-replay DIR [--language en|de|fr|it|es] [--theme light|dark]
                          [--font-scale F] [--expand-all] [--search TEXT]
-                         [--screenshot FILE.png]
+                         [--screenshot FILE.png [--places FILE.json]]
 
 Opens the panel on the machine whose reports were saved in the folder DIR. A change of
 any file there counts as something plugged in or unplugged.
@@ -24,6 +24,7 @@ any file there counts as something plugged in or unplugged.
   --expand-all       opens every card and row
   --search TEXT      searches for TEXT
   --screenshot FILE  writes a picture of the panel to FILE and ends; needs no display
+  --places FILE      with a picture: writes where each text and button is in it to FILE
   --help             print this text
   --version          print the version
 
@@ -42,6 +43,7 @@ enum OptionCode : int {
   expandAll,
   search,
   screenshot,
+  places,
   help,
   version
 };
@@ -96,6 +98,9 @@ bool apply(int code, const std::string& lastArgument, ReplayOptions& options) {
   case screenshot:
     options.screenshot = optarg;
     return true;
+  case places:
+    options.places = optarg;
+    return true;
   case help:
     options.showsHelp = true;
     return true;
@@ -110,13 +115,14 @@ bool apply(int code, const std::string& lastArgument, ReplayOptions& options) {
 }
 
 bool applyOptions(int argc, char** argv, ReplayOptions& options) {
-  static constexpr std::array<option, 9> known = {{
+  static constexpr std::array<option, 10> known = {{
       {"language", required_argument, nullptr, language},
       {"theme", required_argument, nullptr, theme},
       {"font-scale", required_argument, nullptr, fontScale},
       {"expand-all", no_argument, nullptr, expandAll},
       {"search", required_argument, nullptr, search},
       {"screenshot", required_argument, nullptr, screenshot},
+      {"places", required_argument, nullptr, places},
       {"help", no_argument, nullptr, help},
       {"version", no_argument, nullptr, version},
       {nullptr, 0, nullptr, 0},
@@ -151,10 +157,17 @@ std::optional<ReplayOptions> parseReplayOptions(int argc, char** argv) {
   if (!applyOptions(argc, argv, options)) {
     return std::nullopt;
   }
-  if (options.showsHelp || options.showsVersion || setReportsFolder(argc, argv, options)) {
+  if (options.showsHelp || options.showsVersion) {
     return options;
   }
-  return std::nullopt;
+  if (!setReportsFolder(argc, argv, options)) {
+    return std::nullopt;
+  }
+  if (options.places && !options.screenshot) {
+    complain("there are places only in a picture: --places goes with --screenshot");
+    return std::nullopt;
+  }
+  return options;
 }
 
 } // namespace tamberline

@@ -22,6 +22,8 @@ struct ReplayOptions {
   std::string searchText;
   /// Where the picture goes; absent: the panel stays open.
   std::optional<std::filesystem::path> screenshot;
+  /// Where the places of the picture's texts go; never without a picture.
+  std::optional<std::filesystem::path> places;
   bool showsHelp = false;
   bool showsVersion = false;
 };

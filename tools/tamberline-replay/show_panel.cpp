@@ -1,7 +1,9 @@
 #include "show_panel.h"
 
 #include "async/awaitables.h"
+#include "text_places.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
 
@@ -36,13 +38,30 @@ QCoro::Task<> untilScanned(std::shared_ptr<PortScanner> scanner, std::shared_ptr
   }
 }
 
+QString asQString(const std::filesystem::path& path) {
+  return QString::fromStdString(path.string());
+}
+
+bool writeFile(const std::filesystem::path& path, const QByteArray& content) {
+  QFile file(asQString(path));
+  return file.open(QFile::WriteOnly) && file.write(content) == content.size() && file.flush();
+}
+
 /// The exit status of the program.
-int savePicture(PanelWindow& window, const std::filesystem::path& file) {
-  if (window.grabWindow().save(QString::fromStdString(file.string()), "PNG")) {
-    return EXIT_SUCCESS;
+int exitStatusAfter(bool wasWritten, const std::filesystem::path& file) {
+  if (!wasWritten) {
+    std::fprintf(stderr, "tamberline-replay: cannot write '%s'\n", file.c_str());
   }
-  std::fprintf(stderr, "tamberline-replay: cannot write '%s'\n", file.c_str());
-  return EXIT_FAILURE;
+  return wasWritten ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+int savePicture(PanelWindow& window, const ReplayOptions& options) {
+  const bool wasWritten = window.grabWindow().save(asQString(*options.screenshot), "PNG");
+  const int status = exitStatusAfter(wasWritten, *options.screenshot);
+  if (status != EXIT_SUCCESS || !options.places) {
+    return status;
+  }
+  return exitStatusAfter(writeFile(*options.places, textPlaces(window)), *options.places);
 }
 
 } // namespace
@@ -63,7 +82,7 @@ QCoro::Task<> showPanel(PanelShell* shell, std::shared_ptr<PortScanner> scanner,
   }
   auto still = untilItStandsStill(shell->window(), queue);
   co_await still;
-  QGuiApplication::exit(savePicture(*shell->window(), *options.screenshot));
+  QGuiApplication::exit(savePicture(*shell->window(), options));
 }
 
 } // namespace tamberline
