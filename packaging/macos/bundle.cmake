@@ -2,10 +2,13 @@
 # Info.plist says so), with its icon and its manuals as resources, that brings its libraries along when
 # it is installed. Included beside the program.
 set(here ${CMAKE_CURRENT_LIST_DIR})
-file(GLOB manuals CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/manual/Manual-*.pdf)
 set(icon ${here}/Tamberline.icns)
-target_sources(tamberline PRIVATE ${icon} ${manuals})
-set_source_files_properties(${icon} ${manuals} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+target_sources(tamberline PRIVATE ${icon} ${TAMBERLINE_MANUALS})
+set_source_files_properties(${icon} ${TAMBERLINE_MANUALS} PROPERTIES
+  MACOSX_PACKAGE_LOCATION Resources)
+if(TAMBERLINE_MANUALS)
+  add_dependencies(tamberline tamberline_manual)
+endif()
 foreach(language en de fr it es)
   set(strings ${here}/${language}.lproj/InfoPlist.strings)
   target_sources(tamberline PRIVATE ${strings})

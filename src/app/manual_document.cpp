@@ -22,7 +22,20 @@ std::unique_ptr<QPdfDocument> open(const QString& path) {
 
 } // namespace
 
+QString manualFolder(const QString& programFolder) {
+  for (const char* place : {"../share/tamberline/manual", "../Resources"}) {
+    const QString folder = QDir::cleanPath(QDir(programFolder).filePath(QLatin1String(place)));
+    if (QDir(folder).exists(fileNameFor(AppLanguage::en))) {
+      return folder;
+    }
+  }
+  return {};
+}
+
 std::unique_ptr<QPdfDocument> loadDocument(const QString& folder) {
+  if (folder.isEmpty()) {
+    return nullptr; // nothing from the folder that the program runs in
+  }
   for (const AppLanguage language : {AppLanguage::current(), AppLanguage(AppLanguage::en)}) {
     if (auto document = open(QDir(folder).filePath(fileNameFor(language)))) {
       return document;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QLatin1String>
 #include <QPdfDocument>
 #include <QString>
 
@@ -8,11 +7,13 @@
 
 namespace tamberline {
 
-/// Where the program carries its manuals, one for each language, on systems without bundles.
-inline constexpr QLatin1String carriedManuals(":/manual");
+/// Where the manuals of a program are, one for each language: in the share folder beside its own,
+/// or in the resources of its bundle. Empty when neither is there. `programFolder` is where its
+/// executable is.
+QString manualFolder(const QString& programFolder);
 
 /// The manual in the language of this run, or else the English one; null when neither opens and
-/// has a page.
+/// has a page, or `folder` is empty.
 std::unique_ptr<QPdfDocument> loadDocument(const QString& folder);
 
 } // namespace tamberline

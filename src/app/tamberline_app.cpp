@@ -1,5 +1,7 @@
 #include "app/tamberline_app.h"
 
+#include "app/manual_document.h"
+
 #include <QApplication>
 #include <QWindow>
 
@@ -8,9 +10,9 @@
 namespace tamberline {
 
 TamberlineApp::TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue,
-                             const DesktopWays& desktop)
-    : hasTray_(QSystemTrayIcon::isSystemTrayAvailable()), trayMenuOpener_(desktop.trayMenuOpener),
-      benchmark_(outside.benchmark), manual_(desktop.manuals),
+                             TrayIcon::MenuOpener trayMenuOpener)
+    : hasTray_(QSystemTrayIcon::isSystemTrayAvailable()), trayMenuOpener_(trayMenuOpener),
+      benchmark_(outside.benchmark), manual_(manualFolder(QCoreApplication::applicationDirPath())),
       scanner_(PortScanner::create(outside)),
       shell_({.scanner = scanner_, .queue = std::move(queue), .actions = actions(outside)},
              {.kind = hasTray_ ? PanelWindow::Kind::attached : PanelWindow::Kind::ordinary,

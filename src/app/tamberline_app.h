@@ -1,30 +1,20 @@
 #pragma once
 
-#include "app/manual_document.h"
 #include "app/manual_window.h"
 #include "app/panel_shell.h"
 #include "app/tray_icon.h"
 #include "scanner/port_scanner.h"
 
-#include <QString>
-
 #include <memory>
 
 namespace tamberline {
-
-/// In what desktops differ.
-struct DesktopWays {
-  /// The folder with the manuals.
-  QString manuals = carriedManuals;
-  TrayIcon::MenuOpener trayMenuOpener = TrayIcon::MenuOpener::tray;
-};
 
 /// The application: the one scanner, the panel that shows it, and the icon that opens the panel. An
 /// ordinary small window where there is no tray. Main thread only.
 class TamberlineApp {
 public:
   TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue,
-                const DesktopWays& desktop = {});
+                TrayIcon::MenuOpener trayMenuOpener = TrayIcon::MenuOpener::tray);
   TamberlineApp(const TamberlineApp&) = delete;
   TamberlineApp& operator=(const TamberlineApp&) = delete;
 

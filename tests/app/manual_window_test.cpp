@@ -1,4 +1,3 @@
-#include "app/manual_document.h"
 #include "app/manual_window.h"
 #include "app/pdf_kit_view.h"
 #include "support/event_loop.h"
@@ -7,6 +6,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMetaObject>
+#include <QPdfDocument>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -31,7 +31,7 @@ protected:
     QApplication::sendEvent(window->findChild<QPdfView*>(), &event);
   }
 
-  std::unique_ptr<ManualWindow> manual = std::make_unique<ManualWindow>(carriedManuals);
+  std::unique_ptr<ManualWindow> manual = std::make_unique<ManualWindow>(MANUALS_FOLDER);
 };
 
 TEST_F(ManualWindowTest, ShowsTheManual) {

@@ -79,7 +79,7 @@ int replay(const ReplayOptions& options, int& argc, char** argv) {
   const auto queue = std::make_shared<QtMainQueue>();
   const Clock now = clockOf(options);
   const std::shared_ptr<PortScanner> scanner = scannerOf(options, queue, now);
-  ManualWindow manual(bundledManuals().value_or(carriedManuals));
+  ManualWindow manual(manualFolder(QCoreApplication::applicationDirPath()));
   PanelShell shell({.scanner = scanner,
                     .queue = queue,
                     .fontScale = options.fontScale,

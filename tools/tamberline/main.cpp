@@ -21,10 +21,8 @@ using namespace tamberline;
 
 constexpr int exitUsage = 2;
 
-DesktopWays desktopWays() {
-  return {.manuals = bundledManuals().value_or(carriedManuals),
-          .trayMenuOpener = everyClickOpensTrayMenu() ? TrayIcon::MenuOpener::program
-                                                      : TrayIcon::MenuOpener::tray};
+TrayIcon::MenuOpener trayMenuOpener() {
+  return everyClickOpensTrayMenu() ? TrayIcon::MenuOpener::program : TrayIcon::MenuOpener::tray;
 }
 
 int run() {
@@ -42,7 +40,7 @@ int run() {
   AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
   useOwnLookWithoutDesktop();
   const auto queue = std::make_shared<QtMainQueue>();
-  app = std::make_unique<TamberlineApp>(thisMachine(queue), queue, desktopWays());
+  app = std::make_unique<TamberlineApp>(thisMachine(queue), queue, trayMenuOpener());
   app->start();
   return QApplication::exec();
 }

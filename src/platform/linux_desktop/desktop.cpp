@@ -11,10 +11,6 @@ void chooseGraphics() {
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
-std::optional<QString> bundledManuals() {
-  return std::nullopt;
-}
-
 QString systemRuntimeFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
 }
