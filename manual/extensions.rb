@@ -10,8 +10,7 @@
 # Document attributes: texts (the language table), pictures (the folder with what tamberline-replay
 # made for this language).
 
-require 'asciidoctor'
-require 'asciidoctor/extensions'
+require 'asciidoctor-pdf'
 require 'base64'
 require 'cgi'
 require 'json'
@@ -219,6 +218,15 @@ module TamberlineManual
     unbroken = text.size > LONGEST_UNBROKEN_TEXT ? text : text.tr(' ', NO_BREAK_SPACE)
     processor.create_inline(parent, :quoted, CGI.escapeHTML(unbroken), type: :unquoted,
                                                                        attributes: { 'role' => 'ui' })
+  end
+end
+
+# Says in the PDF in which language it is, for who reads it aloud.
+class PdfWithLanguage < Asciidoctor::Converter.for('pdf')
+  register_for 'pdf'
+
+  def init_pdf(document)
+    super.tap { state.store.root.data[:Lang] = PDF::Core::LiteralString.new(document.attr('lang')) }
   end
 end
 

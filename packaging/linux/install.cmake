@@ -1,0 +1,75 @@
+# What is installed beside the programs on a desktop that follows freedesktop.org, and the Debian package
+# made of it (target `package`). Included by the top CMakeLists.txt.
+include(GNUInstallDirs)
+set(here ${CMAKE_CURRENT_LIST_DIR})
+set(id org.tamberline.Tamberline)
+
+foreach(file debian/changelog ${id}.metainfo.xml)
+  file(READ ${here}/${file} content)
+  if(NOT content MATCHES "\\(${PROJECT_VERSION}\\)|version=\"${PROJECT_VERSION}\"")
+    message(FATAL_ERROR "${here}/${file} does not mention version ${PROJECT_VERSION}")
+  endif()
+endforeach()
+
+install(TARGETS tamberline tamberline-inspect tamberline-replay)
+install(FILES ${TAMBERLINE_MANUALS} DESTINATION ${CMAKE_INSTALL_DATADIR}/tamberline/manual)
+install(FILES ${here}/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${here}/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+
+set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/icons/tamberline.svg
+  DESTINATION ${icons}/scalable/apps RENAME ${id}.svg)
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/icons/tamberline-symbolic.svg
+  DESTINATION ${icons}/symbolic/apps RENAME ${id}-symbolic.svg)
+
+foreach(tool tamberline-inspect tamberline-replay)
+  install(FILES ${here}/completions/${tool}.bash RENAME ${tool}
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES ${here}/completions/_${tool}
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+  install(FILES ${here}/completions/${tool}.fish
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+endforeach()
+
+# tamberline_install_compressed(<file> <folder> <name>): without a time in it, so that builds compare.
+function(tamberline_install_compressed file folder name)
+  set(compressed ${CMAKE_CURRENT_BINARY_DIR}/packaging/${name}.gz)
+  add_custom_command(OUTPUT ${compressed}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/packaging
+    COMMAND gzip --best --no-name --stdout ${file} > ${compressed}
+    DEPENDS ${file} VERBATIM)
+  add_custom_target(compressed_${name} ALL DEPENDS ${compressed})
+  install(FILES ${compressed} DESTINATION ${folder})
+endfunction()
+foreach(program tamberline tamberline-inspect tamberline-replay)
+  tamberline_install_compressed(${here}/man/${program}.1 ${CMAKE_INSTALL_MANDIR}/man1 ${program}.1)
+endforeach()
+set(documents ${CMAKE_INSTALL_DATADIR}/doc/tamberline)
+tamberline_install_compressed(${here}/debian/changelog ${documents} changelog)
+install(FILES ${here}/debian/copyright DESTINATION ${documents})
+install(FILES ${here}/autostart.desktop DESTINATION ${documents}/examples)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PACKAGE_CONTACT "The Tamberline authors <hello@tamberline.org>")
+set(CPACK_PACKAGE_HOMEPAGE_URL https://tamberline.org/)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "show what is attached to USB-C and Thunderbolt ports")
+set(CPACK_PACKAGE_DESCRIPTION
+"A panel behind an icon in the tray shows, port by port, what is attached to a
+computer's USB-C and Thunderbolt ports: chains, hubs, devices and volumes, the
+speed of each link against the fastest that the port supports, and the power
+that devices draw. Volumes can be tested for their speed and ejected.
+.
+tamberline-inspect prints the same as text or JSON; tamberline-replay shows
+saved reports of another machine.")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# What is not linked: the modules that the panel's QML imports, its symbols and the plugin that draws them.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "breeze-icon-theme, libqt6svg6, qml6-module-qt-labs-qmlmodels, \
+qml6-module-qtqml-workerscript, qml6-module-qtquick, qml6-module-qtquick-window")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-inter, udisks2")
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+include(CPack)
