@@ -24,7 +24,7 @@ std::unique_ptr<QPdfDocument> open(const QString& path) {
 
 QString manualFolder(const QString& programFolder) {
   for (const char* place : {"../share/tamberline/manual", "../Resources"}) {
-    const QString folder = QDir::cleanPath(QDir(programFolder).filePath(QLatin1String(place)));
+    QString folder = QDir::cleanPath(QDir(programFolder).filePath(QLatin1String(place)));
     if (QDir(folder).exists(fileNameFor(AppLanguage::en))) {
       return folder;
     }
