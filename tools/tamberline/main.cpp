@@ -58,5 +58,6 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tamberline"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tamberline"));
+  QApplication::setDesktopFileName(QStringLiteral("org.tamberline.Tamberline"));
   return run();
 }
