@@ -6,4 +6,6 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network PdfWidgets Qml Quick T
 find_package(QCoro6 REQUIRED COMPONENTS Coro)
 if(UNIX AND NOT APPLE)
   find_package(Qt6 6.4 REQUIRED COMPONENTS DBus)
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(udev REQUIRED IMPORTED_TARGET libudev)
 endif()

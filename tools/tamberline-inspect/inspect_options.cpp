@@ -9,18 +9,22 @@
 namespace tamberline {
 
 const std::string_view inspectUsage =
-    R"(Usage: tamberline-inspect [--reports DIR] [--json] [--language en|de|fr|it|es]
+    R"(Usage: tamberline-inspect [--reports DIR] [--json] [--watch]
+                          [--language en|de|fr|it|es]
 
 Shows port by port what is attached to the USB-C and Thunderbolt ports of this machine.
 
   --reports DIR    show the machine whose reports were saved in the folder DIR
   --json           print everything the scan found as one JSON document
+  --watch          print it again after each change, until interrupted; each JSON document
+                   is one line then
   --language CODE  the language of the texts; without it, the system's
   --help           print this text
   --version        print the version
 
 Exit status: 0 after a scan that succeeded, 1 when an error left nothing to show or
-the result could not be written, 2 for wrong arguments.
+the result could not be written, 2 for wrong arguments. With --watch 0 when
+interrupted (SIGINT, SIGTERM, SIGHUP), 1 when the result could not be written.
 
 In the text, "▲" stands before the rating of an adapter that charges, "↑" before the
 reason why a link is slow, and a bar's lighter part is what is allocated but not used.
@@ -28,7 +32,7 @@ reason why a link is slow, and a bar's lighter part is what is allocated but not
 
 namespace {
 
-enum OptionCode : int { reports = 1, json, language, help, version };
+enum OptionCode : int { reports = 1, json, watch, language, help, version };
 
 bool complain(const std::string& message) {
   std::fprintf(stderr, "tamberline-inspect: %s\n", message.c_str());
@@ -61,6 +65,9 @@ bool apply(int code, const std::string& lastArgument, InspectOptions& options) {
   case json:
     options.printsJson = true;
     return true;
+  case watch:
+    options.watches = true;
+    return true;
   case language:
     return setLanguage(optarg, options);
   case help:
@@ -79,9 +86,10 @@ bool apply(int code, const std::string& lastArgument, InspectOptions& options) {
 } // namespace
 
 std::optional<InspectOptions> parseInspectOptions(int argc, char** argv) {
-  static constexpr std::array<option, 6> known = {{
+  static constexpr std::array<option, 7> known = {{
       {"reports", required_argument, nullptr, reports},
       {"json", no_argument, nullptr, json},
+      {"watch", no_argument, nullptr, watch},
       {"language", required_argument, nullptr, language},
       {"help", no_argument, nullptr, help},
       {"version", no_argument, nullptr, version},

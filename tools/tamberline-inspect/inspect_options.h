@@ -12,6 +12,7 @@ struct InspectOptions {
   /// Absent: the machine that the program runs on.
   std::optional<std::filesystem::path> reportsFolder;
   bool printsJson = false;
+  bool watches = false;
   /// Absent: the language that the person prefers.
   std::optional<AppLanguage> language;
   bool showsHelp = false;

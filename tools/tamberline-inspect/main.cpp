@@ -1,22 +1,22 @@
 #include "async/qt_main_queue.h"
-#include "inspect/document.h"
-#include "inspect/panel_text.h"
 #include "inspect_options.h"
-#include "platform/posix/child_process_runner.h"
+#include "platform/posix/termination_signals.h"
 #include "platform/preferred_languages.h"
+#include "platform/saved/folder_event_source.h"
 #include "platform/saved/saved_reports_runner.h"
+#include "platform/this_machine_tools.h"
+#include "scan_output.h"
+#include "scan_watch.h"
 #include "scanner/port_scanner.h"
 #include "scanner/silent_event_source.h"
-#include "views/panel_inputs.h"
 
 #include <QCoreApplication>
-#include <nlohmann/json.hpp>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-#include <string>
-#include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -25,32 +25,20 @@ using namespace tamberline;
 constexpr int exitFailure = 1;
 constexpr int exitUsage = 2;
 
-/// False when standard output took less than the whole text.
-bool print(std::string_view text) {
-  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
-         std::fflush(stdout) == 0;
-}
+struct Source {
+  std::shared_ptr<ToolRunner> tools;
+  std::shared_ptr<PortEventSource> events;
+};
 
-bool wantsColors() {
-  const char* noColor = std::getenv("NO_COLOR");
-  return (noColor == nullptr || *noColor == '\0') && isatty(STDOUT_FILENO) != 0;
-}
-
-std::string render(const PortScanner& scanner, bool asJson) {
-  if (asJson) {
-    constexpr int indent = 2;
-    return inspectionDocument(scanner).dump(indent, ' ', /*ensure_ascii=*/false,
-                                            nlohmann::json::error_handler_t::replace) +
-           "\n";
-  }
-  return panelText(describePanel(panelInputs(scanner)), wantsColors());
-}
-
-std::shared_ptr<ToolRunner> toolsFor(const InspectOptions& options) {
+Source sourceOf(const InspectOptions& options) {
+  std::shared_ptr<PortEventSource> events = std::make_shared<SilentEventSource>();
   if (options.reportsFolder) {
-    return savedMachineTools(*options.reportsFolder);
+    if (options.watches) {
+      events = std::make_shared<FolderEventSource>(*options.reportsFolder);
+    }
+    return {savedMachineTools(*options.reportsFolder), events};
   }
-  return std::make_shared<ChildProcessRunner>();
+  return {toolsOfThisMachine(), options.watches ? eventsOfThisMachine() : events};
 }
 
 /// The program writes UTF-8 whatever the locale says, so Qt's notice about it helps nobody.
@@ -62,35 +50,46 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
   return application;
 }
 
+std::shared_ptr<PortScanner> scannerOf(const InspectOptions& options) {
+  Source source = sourceOf(options);
+  return PortScanner::create(
+      {.acquisition = {.tools = std::move(source.tools), .queue = std::make_shared<QtMainQueue>()},
+       .events = std::move(source.events)});
+}
+
 QCoro::Task<> scanAndQuit(std::shared_ptr<PortScanner> scanner) {
   auto scan = scanner->scan();
   co_await scan;
   QCoreApplication::quit();
 }
 
+int inspectOnce(const InspectOptions& options) {
+  const std::shared_ptr<PortScanner> scanner = scannerOf(options);
+  const auto scan = scanAndQuit(scanner);
+  QCoreApplication::exec();
+  const bool isSuccess = reportScanError(*scanner);
+  return printScan(render(*scanner, options)) && isSuccess ? EXIT_SUCCESS : exitFailure;
+}
+
+int watch(const InspectOptions& options) {
+  const TerminationSignals termination([] { QCoreApplication::quit(); });
+  const std::shared_ptr<PortScanner> scanner = scannerOf(options);
+  const ScanWatch scanWatch(scanner, options);
+  const auto scan = scanner->scan();
+  return QCoreApplication::exec();
+}
+
 int inspect(const InspectOptions& options, int& argc, char** argv) {
   AppLanguage::choose(
       options.language.value_or(AppLanguage::forPreferredLanguages(preferredLanguages())));
   const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
-  const auto scanner = PortScanner::create(
-      {.acquisition = {.tools = toolsFor(options), .queue = std::make_shared<QtMainQueue>()},
-       .events = std::make_shared<SilentEventSource>()});
-  const auto scan = scanAndQuit(scanner);
-  QCoreApplication::exec();
-  const std::optional<std::string>& error = scanner->errorMessage.get();
-  if (error) {
-    std::fprintf(stderr, "tamberline-inspect: %s\n", error->c_str());
-  }
-  if (!print(render(*scanner, options.printsJson))) {
-    std::fputs("tamberline-inspect: cannot write to standard output\n", stderr);
-    return exitFailure;
-  }
-  return error ? exitFailure : EXIT_SUCCESS;
+  return options.watches ? watch(options) : inspectOnce(options);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGPIPE, SIG_IGN); // a reader that is gone is an error of writing
   const std::optional<InspectOptions> options = parseInspectOptions(argc, argv);
   if (!options) {
     std::fputs(inspectUsage.data(), stderr);

@@ -1,0 +1,19 @@
+#include "platform/this_machine_tools.h"
+
+#include "platform/linux_devices/kernel_tool_runner.h"
+#include "platform/linux_devices/machine_reader.h"
+#include "platform/linux_live/udev_event_source.h"
+#include "platform/linux_live/udev_hardware_names.h"
+
+namespace tamberline {
+
+std::shared_ptr<ToolRunner> toolsOfThisMachine() {
+  return std::make_shared<KernelToolRunner>(
+      [names = udevHardwareNames()] { return sysfs::readMachine(MachinePaths(), names); });
+}
+
+std::shared_ptr<PortEventSource> eventsOfThisMachine() {
+  return std::make_shared<UdevEventSource>();
+}
+
+} // namespace tamberline

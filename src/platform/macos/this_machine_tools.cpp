@@ -1,0 +1,18 @@
+#include "platform/this_machine_tools.h"
+
+#include "platform/macos/io_registry_events.h"
+#include "platform/macos/mac_tool_runner.h"
+#include "platform/macos/mount_table.h"
+#include "platform/posix/child_process_runner.h"
+
+namespace tamberline {
+
+std::shared_ptr<ToolRunner> toolsOfThisMachine() {
+  return std::make_shared<MacToolRunner>(std::make_shared<ChildProcessRunner>(), mountTable);
+}
+
+std::shared_ptr<PortEventSource> eventsOfThisMachine() {
+  return std::make_shared<IORegistryEvents>();
+}
+
+} // namespace tamberline
