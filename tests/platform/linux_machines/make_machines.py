@@ -1,0 +1,377 @@
+#!/usr/bin/env python3
+"""Writes the invented machines of this folder as umockdev recordings, one file for each, with the
+mount table beside it where something is mounted:  python3 make_machines.py
+
+The devices have what the kernel would describe them with, so that other tools can list them too."""
+
+import pathlib
+import struct
+
+HUB, AUDIO, HID, STORAGE, VIDEO, WIRELESS, VENDOR = 9, 1, 3, 8, 14, 0xE0, 0xFF
+
+
+class Machine:
+    def __init__(self, name):
+        self.name = name
+        self.blocks = []
+        self.mounts = []
+        self.paths = {}
+        self.links = {}
+        self.device_numbers = {}
+
+    def add(self, path, subsystem, properties=(), attributes=(), links=(), node=None, binary=()):
+        lines = [f"P: {path}"]
+        if node:
+            lines.append(f"N: {node}")
+        lines += [f"E: {key}={value}" for key, value in properties]
+        lines.append(f"E: SUBSYSTEM={subsystem}")
+        lines += [f"A: {key}={value}\\n" for key, value in attributes if value is not None]
+        lines += [f"H: {key}={value.hex().upper()}" for key, value in binary]
+        lines += [f"L: {key}={value}" for key, value in links]
+        self.blocks.append((path, lines))
+
+    # A link from a folder to a path of the machine, relative as the kernel writes it.
+    @staticmethod
+    def relative(folder, target):
+        here, there = folder.strip("/").split("/"), target.strip("/").split("/")
+        while here and there and here[0] == there[0]:
+            here, there = here[1:], there[1:]
+        return "/".join([".."] * len(here) + there)
+
+    def root_hub(self, bus, pci, speed, ports, connectors=None, peer_bus=None, location=None):
+        path = f"/devices/pci0000:00/{pci}/usb{bus}"
+        self.paths[f"usb{bus}"] = path
+        super_speed = speed >= 5000
+        self._device(
+            path, f"usb{bus}", bus, 1, "0", 0x1D6B, 3 if super_speed else 2,
+            "xHCI Host Controller", "Linux 6.12.0 xhci-hcd", pci, speed, 0, HUB, ports)
+        for port in range(1, ports + 1):
+            self._port(f"usb{bus}", port, (connectors or {}).get(port),
+                       f"usb{peer_bus}-port{port}" if peer_bus else None,
+                       (location or {}).get(port))
+
+    def device(self, name, vendor, product, text, maker, speed, milliamperes, klass=VENDOR,
+               serial=None, ports=0, peer=None, container=None):
+        bus = int(name.split("-")[0])
+        parent = name.rsplit(".", 1)[0] if "." in name else f"usb{bus}"
+        path = f"{self.paths[parent]}/{name}"
+        self.paths[name] = path
+        number = self.device_numbers.get(bus, 1) + 1
+        self._device(path, name, bus, number, name.split("-")[1], vendor, product, text, maker,
+                     serial, speed, milliamperes, klass, ports, container)
+        for port in range(1, ports + 1):
+            self._port(name, port, None, f"{peer}-port{port}" if peer else None, None)
+
+    def _device(self, path, name, bus, number, devpath, vendor, product, text, maker, serial,
+                speed, milliamperes, klass, ports, container=None):
+        self.device_numbers[bus] = number
+        version = 0x0320 if speed >= 10000 else 0x0300 if speed >= 5000 else 0x0200
+        unit = 8 if speed >= 5000 else 2
+        packet = 9 if speed >= 5000 else 64
+        descriptor = struct.pack(
+            "<BBHBBBBHHHBBBB", 18, 1, version, HUB if ports else 0, 0, 0, packet, vendor, product,
+            0x0100, 0, 0, 0, 1)
+        interface = struct.pack("<BBBBBBBBB", 9, 4, 0, 0, 1, klass, 0, 0, 0)
+        endpoint = struct.pack("<BBBBHB", 7, 5, 0x81, 3, 8, 12)
+        configuration = struct.pack(
+            "<BBHBBBBB", 9, 2, 9 + len(interface) + len(endpoint), 1, 1, 0, 0xE0,
+            min(milliamperes // unit, 255)) + interface + endpoint
+        binary = [("descriptors", descriptor + configuration)]
+        if container:
+            capability = struct.pack("<BBBB", 20, 0x10, 4, 0) + bytes.fromhex(container)
+            binary.append(("bos_descriptors",
+                           struct.pack("<BBHB", 5, 15, 5 + len(capability), 1) + capability))
+        self.add(
+            path, "usb",
+            [("DEVTYPE", "usb_device"), ("DRIVER", "usb"), ("BUSNUM", f"{bus:03}"),
+             ("DEVNUM", f"{number:03}"), ("MAJOR", "189"), ("MINOR", str((bus - 1) * 128 + number - 1)),
+             ("DEVNAME", f"/dev/bus/usb/{bus:03}/{number:03}")],
+            [("busnum", bus), ("devnum", number), ("devpath", devpath), ("speed", f"{speed:g}"),
+             ("idVendor", f"{vendor:04x}"), ("idProduct", f"{product:04x}"), ("bcdDevice", "0100"),
+             ("version", f" {version >> 8:x}.{version & 0xFF:02x}"),
+             ("bDeviceClass", f"{HUB if ports else 0:02x}"), ("bDeviceSubClass", "00"),
+             ("bDeviceProtocol", "00"), ("bMaxPacketSize0", packet), ("bNumConfigurations", 1),
+             ("bConfigurationValue", 1), ("bNumInterfaces", " 1"), ("bmAttributes", "e0"),
+             ("bMaxPower", f"{milliamperes}mA"), ("maxchild", ports), ("rx_lanes", 1),
+             ("tx_lanes", 1), ("configuration", ""), ("product", text), ("manufacturer", maker),
+             ("serial", serial)],
+            node=f"bus/usb/{bus:03}/{number:03}", binary=binary,
+            links=[("driver", self.relative(path, "/bus/usb/drivers/usb"))])
+        interface_name = f"{bus}-0:1.0" if name.startswith("usb") else f"{name}:1.0"
+        driver = {HUB: "hub", HID: "usbhid", STORAGE: "uas", AUDIO: "snd-usb-audio",
+                  VIDEO: "uvcvideo", WIRELESS: "btusb"}.get(klass, "cdc_ncm")
+        interface_path = f"{path}/{interface_name}"
+        self.links[name] = []
+        self.add(
+            interface_path, "usb", [("DEVTYPE", "usb_interface"), ("DRIVER", driver)],
+            [("bInterfaceNumber", "00"), ("bAlternateSetting", " 0"), ("bNumEndpoints", "01"),
+             ("bInterfaceClass", f"{klass:02x}"), ("bInterfaceSubClass", "00"),
+             ("bInterfaceProtocol", "00")],
+            links=[("driver", self.relative(interface_path, f"/bus/usb/drivers/{driver}"))])
+        self.paths[f"{name}:interface"] = interface_path
+
+    # Ports are folders of the hub's interface.
+    def _port(self, hub, port, connector, peer, location):
+        interface = self.paths[f"{hub}:interface"]
+        lines = next(lines for path, lines in self.blocks if path == interface)
+        folder = f"{hub}-port{port}"
+        lines.append(f"A: {folder}/connect_type=hotplug\\n")
+        if connector is not None:
+            target = self.relative(f"{interface}/{folder}",
+                                   f"/devices/platform/USBC000:00/typec/port{connector}")
+            lines.append(f"L: {folder}/connector={target}")
+        if peer:
+            lines.append(f"L: {folder}/peer=../../{peer}")
+        if location:
+            lines += self.location_lines(location, f"{folder}/")
+
+    @staticmethod
+    def location_lines(location, prefix=""):
+        panel, vertical, horizontal = location
+        values = [("panel", panel), ("vertical_position", vertical),
+                  ("horizontal_position", horizontal), ("dock", "no"), ("lid", "no")]
+        return [f"A: {prefix}physical_location/{key}={value}\\n" for key, value in values]
+
+    def typec(self, number, role, port_type="[dual] source sink", offered=None, location=None):
+        path = f"/devices/platform/USBC000:00/typec/port{number}"
+        self.paths[f"port{number}"] = path
+        attributes = [("power_role", role), ("port_type", port_type),
+                      ("data_role", "[host] device")]
+        if offered:
+            attributes += self.offers(offered)
+        self.add(path, "typec", [("DEVTYPE", "typec_port")], attributes)
+        if location:
+            self.blocks[-1][1].extend(self.location_lines(location))
+
+    @staticmethod
+    def offers(offered):
+        attributes = []
+        for position, (millivolts, milliamperes) in enumerate(offered, 1):
+            folder = f"usb_power_delivery/source-capabilities/{position}:fixed_supply"
+            attributes += [(f"{folder}/voltage", f"{millivolts}mV"),
+                           (f"{folder}/maximum_current", f"{milliamperes}mA")]
+        return attributes
+
+    def partner(self, number, vendor, product, video=False, offered=None):
+        path = f"{self.paths[f'port{number}']}/port{number}-partner"
+        attributes = [("identity/id_header", f"0x{0x6C000000 | vendor:08x}"),
+                      ("identity/product", f"0x{product << 16 | 0x0100:08x}")]
+        if offered:
+            attributes += self.offers(offered)
+        if video:
+            attributes += [(f"port{number}-partner.0/svid", "ff01"),
+                           (f"port{number}-partner.0/active", "yes")]
+        self.add(path, "typec", [("DEVTYPE", "typec_partner")], attributes)
+
+    def cable(self, number, kind, optical=False):
+        path = f"{self.paths[f'port{number}']}/port{number}-cable"
+        self.add(path, "typec", [("DEVTYPE", "typec_cable")],
+                 [("type", kind), ("plug_type", "type-c"),
+                  ("identity/product_type_vdo2", f"0x{0x400 if optical else 0:08x}")])
+
+    def supply(self, name, kind, parent="/devices/platform/USBC000:00", **attributes):
+        self.add(f"{parent}/power_supply/{name}", "power_supply",
+                 [("POWER_SUPPLY_NAME", name)], [("type", kind), *attributes.items()])
+
+    def router(self, name, text, maker, uid, generation, speed=None, lanes=None, firmware=None,
+               ports=(), connectors=None):
+        domain = name.split("-")[0]
+        base = f"/devices/pci0000:00/0000:00:0d.2/domain{domain}"
+        route = name.split("-")[1]
+        parent = f"{domain}-0" if len(route) <= 2 and route != "0" else \
+            f"{domain}-{route[-2:].lstrip('0')}" if len(route) > 2 else None
+        path = f"{self.paths[parent]}/{name}" if parent else f"{base}/{name}"
+        self.paths[name] = path
+        attributes = [("device_name", text), ("vendor_name", maker), ("unique_id", uid),
+                      ("generation", generation), ("nvm_version", firmware),
+                      ("authorized", 1)]
+        if speed:
+            attributes += [("rx_speed", speed), ("tx_speed", speed), ("rx_lanes", lanes),
+                           ("tx_lanes", lanes)]
+        links = []
+        for port in ports:
+            attributes.append((f"usb4_port{port}/link", "none"))
+            if connectors:
+                links.append((f"usb4_port{port}/connector",
+                              self.relative(f"{path}/usb4_port{port}",
+                                            self.paths[f"port{connectors[port]}"])))
+        self.add(path, "thunderbolt", [("DEVTYPE", "thunderbolt_device")], attributes, links)
+
+    def disk(self, usb_device, name, number, label=None, partitions=()):
+        host = f"{self.paths[usb_device]}/{usb_device}:1.0/host4/target4:0:0/4:0:0:0/block/{name}"
+        self._block(host, name, number, "disk", label)
+        for partition, partition_number, partition_label, holder in partitions:
+            self._block(f"{host}/{partition}", partition, partition_number, "partition",
+                        partition_label, holder)
+
+    def mapped(self, name, number, mapped_name, label=None, holders=()):
+        self._block(f"/devices/virtual/block/{name}", name, number, "disk", label, *holders,
+                    mapped=mapped_name)
+
+    def _block(self, path, name, number, kind, label, *holders, mapped=None):
+        major, minor = number.split(":")
+        properties = [("DEVTYPE", kind), ("DEVNAME", f"/dev/{name}"), ("MAJOR", major),
+                      ("MINOR", minor)]
+        if label:
+            properties.append(("ID_FS_LABEL_ENC", label.replace(" ", "\\x20")))
+        attributes = [("dev", number)] + ([("dm/name", mapped)] if mapped else [])
+        links = [(f"holders/{holder}", self.relative(f"{path}/holders",
+                                                     f"/devices/virtual/block/{holder}"))
+                 for holder in holders if holder]
+        self.add(path, "block", properties, attributes, links)
+
+    def mount(self, number, point, source, root="/", kind="ext4"):
+        self.mounts.append(f"{40 + len(self.mounts)} 24 {number} {root} {point} rw,relatime "
+                           f"shared:1 - {kind} {source} rw")
+
+    def write(self, folder):
+        text = "\n\n".join("\n".join(lines) for _, lines in self.blocks) + "\n"
+        (folder / f"{self.name}.umockdev").write_text(text, encoding="utf-8")
+        mounts = ["22 1 259:2 / / rw,relatime shared:1 - ext4 /dev/nvme0n1p2 rw",
+                  "23 22 0:21 / /proc rw - proc proc rw", *self.mounts]
+        (folder / f"{self.name}.mounts").write_text("\n".join(mounts) + "\n", encoding="utf-8")
+
+
+def docked_laptop():
+    machine = Machine("docked-laptop")
+    machine.typec(0, "source [sink]", offered=[(5000, 3000)])
+    machine.partner(0, 0x2AC1, 0x0D0C, video=True,
+                    offered=[(5000, 3000), (9000, 3000), (15000, 3000), (20000, 4800)])
+    machine.cable(0, "active")
+    machine.typec(1, "[source] sink", offered=[(5000, 3000)])
+    machine.partner(1, 0x2B07, 0x0042, video=True)
+    machine.cable(1, "active", optical=True)
+    machine.typec(2, "[source] sink", offered=[(5000, 1500)])
+    machine.router("0-0", "Ridgeline 14", "Alder & Moss", "d4010000-0082-8c1e-a200", 4,
+                   firmware="41.0", ports=(1, 3), connectors={1: 0, 3: 1})
+    machine.router("0-1", "Harbor 9 USB4 Dock", "Pier Seven", "3a780000-0072-641e-8230", 4,
+                   "20.0 Gb/s", 2, "5.12")
+    machine.router("0-301", "Quarry Slate NVMe", "Quarry", "81350000-0040-7d18-2200", 3,
+                   "20.0 Gb/s", 2, "24.1")
+    machine.root_hub(1, "0000:00:0d.0", 480, 2, {1: 0, 2: 1}, peer_bus=2)
+    machine.root_hub(2, "0000:00:0d.0", 10000, 2, {1: 0, 2: 1}, peer_bus=1)
+    machine.root_hub(3, "0000:00:14.0", 480, 4, {1: 2}, peer_bus=4)
+    machine.root_hub(4, "0000:00:14.0", 5000, 4, {1: 2}, peer_bus=3)
+    machine.device("1-1", 0x2AC1, 0x2513, "USB2 Hub", "Pier Seven", 480, 0, HUB, ports=4,
+                   peer="2-1")
+    machine.device("1-1.1", 0x2AC1, 0x3300, "Dock Audio", "Pier Seven", 12, 100, AUDIO)
+    machine.device("1-1.4", 0x046D, 0xC52B, None, None, 12, 98, HID)
+    machine.device("2-1", 0x2AC1, 0x2514, "USB3 Hub", "Pier Seven", 10000, 0, HUB, ports=4,
+                   peer="1-1")
+    machine.device("2-1.2", 0x2AC1, 0x8156, "2.5G Ethernet", "Pier Seven", 5000, 256, VENDOR,
+                   serial="00E04C680001")
+    machine.device("2-1.3", 0x2D01, 0x0577, "Basalt Portable", "Quarry", 10000, 896, STORAGE,
+                   serial="QB20417")
+    machine.device("3-3", 0x30C9, 0x00A1, "Integrated Camera", "Lumen", 480, 500, VIDEO)
+    machine.device("3-4", 0x8087, 0x0033, None, None, 12, 0, WIRELESS)
+    machine.disk("2-1.3", "sda", "8:0", partitions=[("sda1", "8:1", "Field Notes", None)])
+    machine.mount("8:1", "/media/ana/Field\\040Notes", "/dev/sda1", kind="exfat")
+    machine.supply("BAT0", "Battery", "/devices/LNXSYSTM:00/PNP0C0A:00", status="Charging",
+                   capacity=71, cycle_count=212, energy_full=48200000,
+                   energy_full_design=57000000)
+    machine.supply("AC", "Mains", "/devices/LNXSYSTM:00/ACPI0003:00", online=1)
+    machine.supply("ucsi-source-psy-USBC000:001", "USB", online=1, usb_type="C [PD] PD_PPS",
+                   voltage_now=20000000, voltage_max=20000000, current_now=3250000,
+                   current_max=4800000)
+    return machine
+
+
+def silent_laptop():
+    machine = Machine("silent-laptop")
+    machine.typec(0, "[source] sink")
+    machine.partner(0, 0x0781, 0x5583)
+    machine.typec(1, "source [sink]")
+    machine.partner(1, 0x05AC, 0x1A31)
+    machine.root_hub(1, "0000:00:14.0", 480, 6)
+    machine.root_hub(2, "0000:00:14.0", 5000, 4)
+    machine.device("1-5", 0x0BDA, 0x5634, "Webcam", "Sable Optics", 480, 500, VIDEO)
+    machine.device("2-2", 0x0781, 0x5583, "Cinder Stick", "Sable", 5000, 224, STORAGE,
+                   serial="4C530001")
+    machine.disk("2-2", "sda", "8:0", label="Holiday")
+    machine.mount("8:0", "/run/media/jo/Holiday", "/dev/sda", kind="vfat")
+    machine.supply("BAT1", "Battery", "/devices/LNXSYSTM:00/PNP0C0A:01", status="Full",
+                   capacity=100, cycle_count=34, charge_full=4200000,
+                   charge_full_design=4400000)
+    machine.supply("ADP1", "Mains", "/devices/LNXSYSTM:00/ACPI0003:00", online=1)
+    machine.supply("hidpp_battery_0", "Battery", "/devices/virtual", scope="Device",
+                   status="Discharging", capacity=40)
+    return machine
+
+
+def two_controllers():
+    machine = Machine("two-controllers")
+    machine.root_hub(1, "0000:00:14.0", 480, 10, peer_bus=2)
+    machine.root_hub(2, "0000:00:14.0", 10000, 6, peer_bus=1)
+    machine.root_hub(3, "0000:03:00.0", 480, 2, peer_bus=4)
+    machine.root_hub(4, "0000:03:00.0", 20000, 2, peer_bus=3)
+    machine.device("1-3", 0x04D9, 0x0169, "Clatter 87 Keyboard", "Marrow Keys", 1.5, 100, HID)
+    machine.device("1-4", 0x093A, 0x2510, "Optical Mouse", "", 1.5, 100, HID)
+    machine.device("1-9", 0x1234, 0xABCD, None, None, 480, 500)
+    machine.device("4-1", 0x152D, 0x0583, "Granite Dual SSD", "Quarry", 20000, 896, STORAGE,
+                   serial="GD-77")
+    machine.disk("4-1", "sdb", "8:16", partitions=[("sdb1", "8:17", None, None)])
+    machine.mount("0:51", "/srv/backup", "/dev/sdb1", root="/@backup", kind="btrfs")
+    return machine
+
+
+def hubs_in_hubs():
+    machine = Machine("hubs-in-hubs")
+    machine.root_hub(1, "0000:00:14.0", 480, 4, peer_bus=2)
+    machine.root_hub(2, "0000:00:14.0", 5000, 4, peer_bus=1)
+    container = "5b1dbf47e7fc4b5c9c8e5a6d1f2e3d4c"
+    for speed, bus, other in ((480, 1, 2), (5000, 2, 1)):
+        product = 0x0610 if speed == 480 else 0x0620
+        machine.device(f"{bus}-1", 0x05E3, product, "4-Port Hub", "Tern", speed, 100, HUB,
+                       ports=4, peer=f"{other}-1")
+        machine.device(f"{bus}-1.4", 0x05E3, product, "4-Port Hub", "Tern", speed, 100, HUB,
+                       ports=4, peer=f"{other}-1.4")
+        machine.device(f"{bus}-1.4.4", 0x2109, 0x2817 if speed == 480 else 0x0817,
+                       None, None, speed, 0, HUB, ports=4, container=container)
+    machine.device("1-1.4.4.1", 0x046D, 0xC077, "Mouse", "Fen", 1.5, 100, HID)
+    machine.device("1-2", 0x1A40, 0x0101, "USB 2.0 Hub", "", 480, 100, HUB, ports=4)
+    machine.device("1-2.1", 0x0D8C, 0x0014, "Headset", "Fen", 12, 100, AUDIO)
+    machine.device("2-1.4.4.2", 0x174C, 0x55AA, "Slate Disk", "Quarry", 5000, 224, STORAGE,
+                   serial="SD1")
+    return machine
+
+
+def encrypted_volumes():
+    machine = Machine("encrypted-volumes")
+    machine.root_hub(1, "0000:00:14.0", 480, 4, peer_bus=2)
+    machine.root_hub(2, "0000:00:14.0", 10000, 4, peer_bus=1)
+    machine.device("2-1", 0x04E8, 0x61F5, "Obsidian SSD", "Quarry", 10000, 896, STORAGE,
+                   serial="OB-1")
+    machine.disk("2-1", "sda", "8:0", partitions=[
+        ("sda1", "8:1", "Tools", None), ("sda2", "8:2", None, "dm-0")])
+    machine.mapped("dm-0", "253:0", "luks-5f1c", holders=("dm-1", "dm-2"))
+    machine.mapped("dm-1", "253:1", "vault-photos", label="Küste Sommer")
+    machine.mapped("dm-2", "253:2", "vault-plans")
+    machine.mount("8:1", "/media/ana/Tools", "/dev/sda1", kind="vfat")
+    machine.mount("253:1", "/media/ana/Küste\\040Sommer", "/dev/mapper/vault-photos")
+    machine.mount("0:61", "/media/ana/plans", "/dev/mapper/vault-plans", kind="btrfs")
+    machine.mount("253:2", "/media/ana/plans/shared", "/dev/mapper/vault-plans", root="/shared")
+    return machine
+
+
+def charging_phone():
+    machine = Machine("charging-phone")
+    left, right = ("left", "center", "left"), ("right", "center", "left")
+    machine.typec(0, "[source] sink", offered=[(5000, 3000), (9000, 2000)], location=left)
+    machine.partner(0, 0x18D1, 0x4EE1)
+    machine.typec(1, "source [sink]", offered=[(5000, 3000)], location=right)
+    machine.partner(1, 0x0451, 0x7A10, offered=[(5000, 3000), (20000, 3250)])
+    machine.root_hub(1, "0000:00:14.0", 480, 3, peer_bus=2, location={1: left, 2: right})
+    machine.root_hub(2, "0000:00:14.0", 10000, 2, peer_bus=1, location={1: left, 2: right})
+    machine.supply("BAT0", "Battery", "/devices/LNXSYSTM:00/PNP0C0A:00", status="Charging",
+                   capacity=12, health="Good")
+    machine.supply("ucsi-source-psy-USBC000:001", "USB", online=0, voltage_now=9000000,
+                   current_now=1670000, current_max=2000000)
+    machine.supply("ucsi-source-psy-USBC000:002", "USB", online=1, voltage_now=20000000,
+                   voltage_max=20000000, current_now=3000000, current_max=3250000)
+    return machine
+
+
+if __name__ == "__main__":
+    for make in (docked_laptop, silent_laptop, two_controllers, hubs_in_hubs, encrypted_volumes,
+                 charging_phone):
+        make().write(pathlib.Path(__file__).parent)

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+using UMockdevTestbed = struct _UMockdevTestbed;
+
+namespace tamberline {
+
+/// One of the recordings in this folder in the place of the machine that the test runs on, for this
+/// process and for programs that it starts, as long as it lives. Needs umockdev's preloaded
+/// library.
+class MockedMachine {
+public:
+  /// An empty name is a machine without any devices.
+  explicit MockedMachine(const std::string& name);
+  MockedMachine(const MockedMachine&) = delete;
+  MockedMachine& operator=(const MockedMachine&) = delete;
+  ~MockedMachine();
+
+  static std::filesystem::path folder();
+
+  /// Plugs devices in, described as in a recording; each tells of itself.
+  void attach(const std::string& recording);
+  /// Pulls a device, which tells so.
+  void detach(const std::string& path);
+  void setAttribute(const std::string& path, const std::string& name, const std::string& value);
+  /// Sends the event of a device that stays.
+  void tellOfChange(const std::string& path);
+
+private:
+  struct Release {
+    void operator()(UMockdevTestbed* testbed) const;
+  };
+  std::unique_ptr<UMockdevTestbed, Release> testbed_;
+};
+
+} // namespace tamberline
