@@ -50,10 +50,11 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
   return application;
 }
 
-std::shared_ptr<PortScanner> scannerOf(const InspectOptions& options) {
+std::shared_ptr<PortScanner> scannerOf(const InspectOptions& options,
+                                       std::shared_ptr<MainQueue> queue) {
   Source source = sourceOf(options);
   return PortScanner::create(
-      {.acquisition = {.tools = std::move(source.tools), .queue = std::make_shared<QtMainQueue>()},
+      {.acquisition = {.tools = std::move(source.tools), .queue = std::move(queue)},
        .events = std::move(source.events)});
 }
 
@@ -64,7 +65,7 @@ QCoro::Task<> scanAndQuit(std::shared_ptr<PortScanner> scanner) {
 }
 
 int inspectOnce(const InspectOptions& options) {
-  const std::shared_ptr<PortScanner> scanner = scannerOf(options);
+  const std::shared_ptr<PortScanner> scanner = scannerOf(options, std::make_shared<QtMainQueue>());
   const auto scan = scanAndQuit(scanner);
   QCoreApplication::exec();
   const bool isSuccess = reportScanError(*scanner);
@@ -73,8 +74,9 @@ int inspectOnce(const InspectOptions& options) {
 
 int watch(const InspectOptions& options) {
   const TerminationSignals termination([] { QCoreApplication::quit(); });
-  const std::shared_ptr<PortScanner> scanner = scannerOf(options);
-  const ScanWatch scanWatch(scanner, options);
+  const auto queue = std::make_shared<QtMainQueue>();
+  const std::shared_ptr<PortScanner> scanner = scannerOf(options, queue);
+  const ScanWatch scanWatch(scanner, queue, options);
   const auto scan = scanner->scan();
   return QCoreApplication::exec();
 }

@@ -9,14 +9,20 @@
 
 namespace tamberline {
 
-ScanWatch::ScanWatch(std::shared_ptr<PortScanner> scanner, InspectOptions options)
-    : scanner_(std::move(scanner)), options_(std::move(options)),
+ScanWatch::ScanWatch(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
+                     InspectOptions options)
+    : scanner_(std::move(scanner)), queue_(std::move(queue)), options_(std::move(options)),
       observation_(scanner_->isScanning.observe([this] { handleScanState(); })) {}
 
+/// Prints a turn of the event loop later: after the first scan changes are watched for by then, so
+/// that who has read the first result misses none.
 void ScanWatch::handleScanState() {
-  if (scanner_->isScanning.get()) {
-    return;
+  if (!scanner_->isScanning.get()) {
+    queue_->post([this] { printWhatIsNew(); });
   }
+}
+
+void ScanWatch::printWhatIsNew() {
   std::string rendered = render(*scanner_, options_);
   if (rendered == lastPrinted_) {
     return;

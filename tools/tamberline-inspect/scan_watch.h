@@ -1,5 +1,6 @@
 #pragma once
 
+#include "async/main_queue.h"
 #include "inspect_options.h"
 #include "scanner/port_scanner.h"
 
@@ -9,15 +10,18 @@
 namespace tamberline {
 
 /// Prints the result of every scan that differs from the one before. Ends the program's event loop
-/// with a failure when standard output takes no more.
+/// with a failure when standard output takes no more. Outlives the event loop.
 class ScanWatch {
 public:
-  ScanWatch(std::shared_ptr<PortScanner> scanner, InspectOptions options);
+  ScanWatch(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
+            InspectOptions options);
 
 private:
   void handleScanState();
+  void printWhatIsNew();
 
   std::shared_ptr<PortScanner> scanner_;
+  std::shared_ptr<MainQueue> queue_;
   InspectOptions options_;
   std::string lastPrinted_;
   Observation observation_;

@@ -20,13 +20,16 @@ std::vector<int> portsOfController(const std::string& controller, const Machine&
   return ports;
 }
 
-std::optional<double> watts(std::optional<std::int64_t> microvolts,
-                            std::optional<std::int64_t> microamperes) {
+std::optional<double> product(std::optional<std::int64_t> microvolts,
+                              std::optional<std::int64_t> microamperes) {
   constexpr double microSquared = 1e12;
+  constexpr double mostCredibleWatts = 10'000;
   if (microvolts.value_or(0) <= 0 || microamperes.value_or(0) <= 0) {
     return std::nullopt;
   }
-  return static_cast<double>(*microvolts) * static_cast<double>(*microamperes) / microSquared;
+  const double watts =
+      static_cast<double>(*microvolts) * static_cast<double>(*microamperes) / microSquared;
+  return watts <= mostCredibleWatts ? std::optional(watts) : std::nullopt;
 }
 
 } // namespace
@@ -74,11 +77,11 @@ std::optional<int> chargingPort(const Machine& machine) {
 }
 
 std::optional<double> wattsNow(const PowerSupply& supply) {
-  return watts(supply.voltageNow, supply.currentNow);
+  return product(supply.voltageNow, supply.currentNow);
 }
 
 std::optional<double> mostWatts(const PowerSupply& supply) {
-  return watts(supply.voltageMax, supply.currentMax);
+  return product(supply.voltageMax, supply.currentMax);
 }
 
 } // namespace tamberline::sysfs

@@ -23,7 +23,7 @@ struct Answer {
 };
 
 std::string asReport(const json& content) {
-  return content.dump();
+  return content.dump(-1, ' ', /*ensure_ascii=*/false, json::error_handler_t::replace);
 }
 
 const std::vector<Answer>& answers() {

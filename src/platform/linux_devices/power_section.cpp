@@ -30,7 +30,8 @@ std::string maximumCapacity(const PowerSupply& battery) {
   }
   const double share =
       static_cast<double>(*battery.fullCharge) / static_cast<double>(*battery.fullChargeByDesign);
-  return std::to_string(std::llround(share * 100)) + "%";
+  constexpr double mostCredibleShare = 10;
+  return share <= mostCredibleShare ? std::to_string(std::llround(share * 100)) + "%" : "";
 }
 
 json batteryEntry(const PowerSupply& battery) {

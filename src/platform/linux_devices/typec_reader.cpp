@@ -60,7 +60,8 @@ std::optional<double> mostWattsOf(const std::vector<PowerOffer>& offers) {
     most = std::max(most, static_cast<double>(offer.millivolts) *
                               static_cast<double>(offer.milliamperes) / 1'000'000);
   }
-  return most > 0 ? std::optional(most) : std::nullopt;
+  constexpr double mostCredibleWatts = 10'000;
+  return most > 0 && most <= mostCredibleWatts ? std::optional(most) : std::nullopt;
 }
 
 std::optional<std::int64_t> milliamperesAtFiveVolts(const std::vector<PowerOffer>& offers) {

@@ -1,0 +1,148 @@
+#include "platform/linux_devices/kernel_tool_runner.h"
+#include "platform/linux_devices/sysfs_tree.h"
+#include "registry/property_list.h"
+#include "reports/report_decoding.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <sys/stat.h>
+#include <thread>
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+using namespace std::string_literals;
+
+std::vector<ToolCommand> commandsOfAScan() {
+  return {
+      reportCommand("SPThunderboltDataType"),     reportCommand("SPUSBDataType"),
+      reportCommand("SPPowerDataType"),           registryCommand(RegistryDump::usbHostDevices),
+      registryCommand(RegistryDump::powerSource), registryCommand(RegistryDump::portControllers),
+      registryCommand(RegistryDump::portPower),   registryCommand(RegistryDump::deviceTree)};
+}
+
+class KernelTools : public testing::Test {
+protected:
+  ToolOutput run(const ToolCommand& command) {
+    return tools.run(command.executable, command.arguments);
+  }
+
+  int readings = 0;
+  KernelToolRunner tools{[this] {
+    ++readings;
+    return sysfs::Machine();
+  }};
+};
+
+TEST_F(KernelTools, AnswerEveryCommandOfAScanFromOneReading) {
+  for (const ToolCommand& command : commandsOfAScan()) {
+    const ToolOutput output = run(command);
+    EXPECT_FALSE(output.standardOutput.empty());
+    EXPECT_EQ(output.exitStatus, 0);
+  }
+  EXPECT_EQ(readings, 1);
+}
+
+TEST_F(KernelTools, ReadAnewForTheNextScan) {
+  run(reportCommand("SPUSBDataType"));
+  run(reportCommand("SPPowerDataType"));
+  run(reportCommand("SPUSBDataType"));
+  EXPECT_EQ(readings, 2);
+  run(reportCommand("SPPowerDataType"));
+  EXPECT_EQ(readings, 2);
+}
+
+TEST_F(KernelTools, ReadOnceWhenAskedFromSeveralThreads) {
+  std::vector<std::thread> threads;
+  for (const ToolCommand& command : commandsOfAScan()) {
+    threads.emplace_back([this, command] { run(command); });
+  }
+  for (std::thread& thread : threads) {
+    thread.join();
+  }
+  EXPECT_EQ(readings, 1);
+}
+
+TEST_F(KernelTools, AreMissingForOtherCommands) {
+  for (const ToolCommand& command :
+       {ToolCommand{"/usr/sbin/diskutil", {"eject", "/media"}}, reportCommand("SPUSBHostDataType"),
+        ToolCommand{"/usr/sbin/ioreg", {}}}) {
+    EXPECT_EQ(run(command).standardOutput, "");
+    EXPECT_EQ(run(command).exitStatus, std::nullopt);
+  }
+  EXPECT_EQ(readings, 0);
+}
+
+/// Runs a whole scan's commands on a tree; the scan can read all answers.
+void expectAnswers(const SysfsTree& tree) {
+  KernelToolRunner tools([&] { return tree.read(); });
+  for (const ToolCommand& command : commandsOfAScan()) {
+    const ToolOutput output = tools.runWithErrors(command.executable, command.arguments);
+    EXPECT_EQ(output.exitStatus, 0);
+    EXPECT_TRUE(decodeReport(output.standardOutput) || PropertyList::decode(output.standardOutput))
+        << output.standardOutput.substr(0, 1000);
+  }
+}
+
+TEST(KernelToolsOnOddMachines, AnswerWhereThereIsNothing) {
+  expectAnswers(SysfsTree());
+}
+
+TEST(KernelToolsOnOddMachines, AnswerWhereEverythingIsSomethingElse) {
+  const SysfsTree files;
+  for (const char* folder : {"bus", "class"}) {
+    files.attribute(folder, "a file");
+  }
+  expectAnswers(files);
+  const SysfsTree loops;
+  for (const char* folder : {"bus/usb/devices", "class/typec", "class/block",
+                             "bus/thunderbolt/devices", "class/power_supply"}) {
+    loops.link(folder, "../../" + std::string(folder));
+  }
+  expectAnswers(loops);
+}
+
+TEST(KernelToolsOnOddMachines, AnswerWithWhatDevicesMakeUp) {
+  const SysfsTree tree;
+  const std::string long_(1'000'000, '\xE4');
+  for (const std::string name : {"usb1", "1-1", "1-1.1", "1-1.2"}) {
+    tree.attributes("bus/usb/devices/" + name, {{"idVendor", "\x01\xff&<>"},
+                                                {"idProduct", long_},
+                                                {"product", "\xff]]>\0\x1b"s + long_},
+                                                {"manufacturer", "&#0;"},
+                                                {"serial", "\n\n\n\0"s},
+                                                {"speed", "-1"},
+                                                {"bMaxPower", "99999999999999999999mA"},
+                                                {"bDeviceClass", "09"}});
+    tree.bytes("bus/usb/devices/" + name + "/bos_descriptors", std::string(100'000, '\xff'));
+    tree.link("bus/usb/devices/" + name + "/" + name + ":1.0/" + name + "-port1/peer",
+              name + "-port1");
+  }
+  tree.attributes("bus/thunderbolt/devices/0-0", {{"device_name", long_}});
+  tree.attributes("bus/thunderbolt/devices/0-ffffffffffffffff",
+                  {{"generation", "-9223372036854775808"}, {"rx_lanes", long_}});
+  for (const std::string name : {"port0", "port254", "port255", "port-1", "port4294967295"}) {
+    tree.attributes("class/typec/" + name, {{"power_role", "[[]]"}, {"port_type", long_}});
+    tree.attributes("class/typec/" + name + "-partner/identity",
+                    {{"id_header", "0xffffffffffffffff"}, {"product", "-1"}});
+  }
+  tree.classDevice("power_supply", "x", "BAT0",
+                   {{"type", "Battery"},
+                    {"capacity", "-9223372036854775808"},
+                    {"charge_full", "9223372036854775807"},
+                    {"charge_full_design", "1"}});
+  tree.classDevice("power_supply", "x", "USB",
+                   {{"type", "USB"},
+                    {"online", "1"},
+                    {"voltage_now", "9223372036854775807"},
+                    {"current_now", "9223372036854775807"},
+                    {"model_name", long_},
+                    {"voltage_max", "9223372036854775807"},
+                    {"current_max", "9223372036854775807"}});
+  expectAnswers(tree);
+}
+
+} // namespace
+} // namespace tamberline

@@ -1,0 +1,120 @@
+#include "support/event_loop.h"
+#include "support/temporary_folder.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <csignal>
+#include <string>
+
+namespace tamberline {
+namespace {
+
+using nlohmann::json;
+
+/// The program watching a folder of saved reports.
+class WatchingProgram : public testing::Test {
+protected:
+  WatchingProgram() {
+    folder.save("SPThunderboltDataType.json", R"({"SPThunderboltDataType": []})");
+    folder.save("SPPowerDataType.json", R"({"SPPowerDataType": []})");
+    plugIn("First Stick");
+  }
+
+  void plugIn(const std::string& name) const {
+    folder.save("SPUSBDataType.json",
+                R"({"SPUSBDataType": [{"_items": [{"_name": ")" + name + "\"}]}]}");
+  }
+
+  QStringList arguments(const QStringList& others) const {
+    return QStringList{"--language", "en", "--watch", "--reports",
+                       QString::fromStdString(folder.path().string())} +
+           others;
+  }
+
+  void start(const QStringList& others) {
+    program.start(INSPECT_PROGRAM, arguments(others));
+    EXPECT_TRUE(program.waitForStarted());
+  }
+
+  std::string nextLine() {
+    EXPECT_TRUE(runEventsUntil([this] { return program.canReadLine(); }));
+    return program.readLine().toStdString();
+  }
+
+  std::string nextTextUpToABlankLine() {
+    std::string text;
+    for (std::string line = nextLine(); line != "\n"; line = nextLine()) {
+      text += line;
+    }
+    return text;
+  }
+
+  /// Ends the program with a signal; whether it ended in order.
+  bool ends(int signal) {
+    kill(static_cast<pid_t>(program.processId()), signal);
+    return program.waitForFinished() && program.exitStatus() == QProcess::NormalExit &&
+           program.exitCode() == 0;
+  }
+
+  int argc_ = 1;
+  std::string name_ = "test";
+  char* argv_ = name_.data();
+  QCoreApplication application_{argc_, &argv_};
+  TemporaryFolder folder;
+  QProcess program;
+};
+
+TEST_F(WatchingProgram, PrintsOneLineOfJsonForEachChange) {
+  start({"--json"});
+  EXPECT_EQ(json::parse(nextLine())["usbBuses"][0]["devices"][0]["name"], "First Stick");
+  plugIn("Second Stick");
+  EXPECT_EQ(json::parse(nextLine())["usbBuses"][0]["devices"][0]["name"], "Second Stick");
+  EXPECT_TRUE(ends(SIGINT));
+  EXPECT_EQ(program.readAllStandardOutput().toStdString(), "");
+}
+
+TEST_F(WatchingProgram, PrintsTheTextAgainForEachChange) {
+  start({});
+  EXPECT_EQ(nextTextUpToABlankLine(), "USB Bus\n└─ First Stick  —\n");
+  plugIn("Second Stick");
+  EXPECT_EQ(nextTextUpToABlankLine(), "USB Bus\n└─ Second Stick  —\n");
+  EXPECT_TRUE(ends(SIGTERM));
+}
+
+TEST_F(WatchingProgram, PrintsNothingForAChangeThatChangesNothing) {
+  start({"--json"});
+  nextLine();
+  folder.save("a file of another name", "");
+  plugIn("First Stick");
+  plugIn("Second Stick");
+  EXPECT_EQ(json::parse(nextLine())["usbBuses"][0]["devices"][0]["name"], "Second Stick");
+  EXPECT_TRUE(ends(SIGTERM));
+}
+
+TEST_F(WatchingProgram, GoesOnAfterAScanThatFailed) {
+  folder.save("SPUSBDataType.json", "this is no JSON");
+  start({"--json"});
+  EXPECT_EQ(json::parse(nextLine())["errorMessage"], "Could not parse SPUSBDataType");
+  plugIn("First Stick");
+  EXPECT_EQ(json::parse(nextLine())["errorMessage"], nullptr);
+  EXPECT_TRUE(ends(SIGTERM));
+  EXPECT_EQ(program.readAllStandardError().toStdString(),
+            "tamberline-inspect: Could not parse SPUSBDataType\n");
+}
+
+TEST_F(WatchingProgram, EndsWhenNobodyReadsItAnyMore) {
+  program.start("/bin/sh", QStringList{"-c", R"({ "$@"; echo "status $?" >&2; } | head -n 1)", "sh",
+                                       INSPECT_PROGRAM} +
+                               arguments({"--json"}));
+  nextLine();
+  plugIn("Second Stick");
+  EXPECT_TRUE(runEventsUntil([this] { return program.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(program.readAllStandardError().toStdString(),
+            "tamberline-inspect: cannot write to standard output\nstatus 1\n");
+}
+
+} // namespace
+} // namespace tamberline
