@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tamberline::sysfs {
+
+/// A longer table is read in part.
+inline constexpr std::size_t mostMountTableBytes = 16U * 1024 * 1024;
 
 /// A line of the kernel's mount table, bytes as they are.
 struct MountedFileSystem {

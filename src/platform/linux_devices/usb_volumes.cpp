@@ -18,7 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t mostMountTableBytes = 16U * 1024 * 1024;
 constexpr std::size_t mostUdevBytes = 65536;
 
 /// The nearest USB device above a block device, from the path that its entry links to.

@@ -48,7 +48,7 @@ UdevReference<udev_monitor> makeMonitor(udev* context) {
 
 } // namespace
 
-UdevEventSource::UdevEventSource(std::filesystem::path sysfs) : sysfs_(std::move(sysfs)) {}
+UdevEventSource::UdevEventSource(MachinePaths paths) : paths_(std::move(paths)) {}
 
 UdevEventSource::~UdevEventSource() {
   stop();
@@ -57,15 +57,15 @@ UdevEventSource::~UdevEventSource() {
 void UdevEventSource::start(PortEvents events) {
   stop();
   events_ = std::move(events);
+  mountTableWatch_ = std::make_unique<MountTableWatch>(paths_.mountTable, events_.registryChanged);
   udev_.reset(udev_new());
   monitor_ = makeMonitor(udev_.get());
-  if (monitor_ == nullptr) {
-    return;
+  if (monitor_ != nullptr) {
+    notifier_ = std::make_unique<QSocketNotifier>(udev_monitor_get_fd(monitor_.get()),
+                                                  QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
+                     [this] { takeEvents(); });
   }
-  notifier_ =
-      std::make_unique<QSocketNotifier>(udev_monitor_get_fd(monitor_.get()), QSocketNotifier::Read);
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
-                   [this] { takeEvents(); });
 }
 
 void UdevEventSource::stop() {
@@ -73,13 +73,14 @@ void UdevEventSource::stop() {
     notifier_->setEnabled(false);
     notifier_.release()->deleteLater(); // it may be the one that is telling
   }
+  mountTableWatch_.reset();
   monitor_.reset();
   udev_.reset();
   events_ = {};
 }
 
 bool UdevEventSource::isOnExternalPower() const {
-  return sysfs::isOnExternalPower(sysfs::readPowerSupplies(sysfs_));
+  return sysfs::isOnExternalPower(sysfs::readPowerSupplies(paths_.sysfs));
 }
 
 /// Takes all that wait and tells of them once. The socket never blocks.

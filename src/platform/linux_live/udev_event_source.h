@@ -1,23 +1,24 @@
 #pragma once
 
+#include "platform/linux_devices/machine_paths.h"
+#include "platform/linux_live/mount_table_watch.h"
 #include "platform/linux_live/udev_reference.h"
 #include "scanner/port_event_source.h"
 
 #include <QSocketNotifier>
 
-#include <filesystem>
 #include <memory>
 
 namespace tamberline {
 
 /// The events of udev, or of the kernel itself where udev does not run: USB devices, Thunderbolt
-/// routers, USB-C ports and block devices that come, go or change, and power supplies that change.
+/// routers, USB-C ports and block devices that come, go or change, and power supplies that change;
+/// besides, block devices that are mounted and unmounted, of which no such event tells.
 /// They arrive on the main thread while its event loop runs. Where there are no events, none
 /// arrive.
 class UdevEventSource final : public PortEventSource {
 public:
-  /// `sysfs` tells of the power source.
-  explicit UdevEventSource(std::filesystem::path sysfs = "/sys");
+  explicit UdevEventSource(MachinePaths paths = {});
   UdevEventSource(const UdevEventSource&) = delete;
   UdevEventSource& operator=(const UdevEventSource&) = delete;
   ~UdevEventSource() override;
@@ -29,11 +30,12 @@ public:
 private:
   void takeEvents();
 
-  std::filesystem::path sysfs_;
+  MachinePaths paths_;
   PortEvents events_;
   UdevReference<udev> udev_;
   UdevReference<udev_monitor> monitor_;
   std::unique_ptr<QSocketNotifier> notifier_;
+  std::unique_ptr<MountTableWatch> mountTableWatch_;
 };
 
 } // namespace tamberline
