@@ -3,9 +3,7 @@
 #include "platform/linux_devices/attribute_files.h"
 #include "platform/linux_devices/device_folders.h"
 
-#include <algorithm>
 #include <string>
-#include <utility>
 
 namespace tamberline::sysfs {
 namespace {
@@ -18,16 +16,20 @@ std::optional<std::int64_t> readChargeOrEnergy(const fs::path& folder, const std
   return charge ? charge : readNumber(folder / ("energy_" + what));
 }
 
-PowerSupply readSupply(const fs::path& folder, const std::string& name, std::string type) {
+/// What it is and whether it is online.
+PowerSupply readKind(const fs::path& folder) {
   PowerSupply supply{
-      .name = name,
-      .type = std::move(type),
-      .modelName = readTextOrNothing(folder / "model_name"),
-      .manufacturer = readTextOrNothing(folder / "manufacturer"),
+      .type = readTextOrNothing(folder / "type"),
       .belongsToDevice = readTextOrNothing(folder / "scope") == "Device",
-      .isOnline = readNumber(folder / "online").value_or(0) > 0,
-      .controller = owningDevice(folder),
   };
+  supply.isOnline = supply.isAdapter() && readNumber(folder / "online").value_or(0) > 0;
+  return supply;
+}
+
+PowerSupply readSupply(const fs::path& folder, const std::string& name) {
+  PowerSupply supply = readKind(folder);
+  supply.name = name;
+  supply.controller = owningDevice(folder);
   if (supply.isBattery()) {
     supply.status = readTextOrNothing(folder / "status");
     supply.health = readTextOrNothing(folder / "health");
@@ -36,6 +38,8 @@ PowerSupply readSupply(const fs::path& folder, const std::string& name, std::str
     supply.fullCharge = readChargeOrEnergy(folder, "full");
     supply.fullChargeByDesign = readChargeOrEnergy(folder, "full_design");
   } else if (supply.isAdapter()) {
+    supply.modelName = readTextOrNothing(folder / "model_name");
+    supply.manufacturer = readTextOrNothing(folder / "manufacturer");
     supply.voltageNow = readNumber(folder / "voltage_now");
     supply.voltageMax = readNumber(folder / "voltage_max");
     supply.currentNow = readNumber(folder / "current_now");
@@ -50,20 +54,22 @@ std::vector<PowerSupply> readPowerSupplies(const fs::path& sysfs) {
   const fs::path folder = classFolder(sysfs, "power_supply");
   std::vector<PowerSupply> supplies;
   for (const std::string& name : namesIn(folder)) {
-    if (auto type = readText(folder / name / "type")) {
-      supplies.push_back(readSupply(folder / name, name, std::move(*type)));
-    }
+    supplies.push_back(readSupply(folder / name, name));
   }
   return supplies;
 }
 
-bool isOnExternalPower(const std::vector<PowerSupply>& supplies) {
-  const auto isOnlineAdapter = [](const PowerSupply& supply) {
-    return supply.isAdapter() && supply.isOnline;
-  };
-  return std::any_of(supplies.begin(), supplies.end(), isOnlineAdapter) ||
-         std::none_of(supplies.begin(), supplies.end(),
-                      [](const PowerSupply& supply) { return supply.isBattery(); });
+bool isOnExternalPower(const fs::path& sysfs) {
+  const fs::path folder = classFolder(sysfs, "power_supply");
+  bool hasBattery = false;
+  for (const std::string& name : namesIn(folder)) {
+    const PowerSupply supply = readKind(folder / name);
+    if (supply.isOnline) {
+      return true;
+    }
+    hasBattery = hasBattery || supply.isBattery();
+  }
+  return !hasBattery;
 }
 
 } // namespace tamberline::sysfs

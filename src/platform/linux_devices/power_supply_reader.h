@@ -11,7 +11,7 @@ namespace tamberline::sysfs {
 std::vector<PowerSupply> readPowerSupplies(const std::filesystem::path& sysfs);
 
 /// Whether the machine runs on external power: an adapter is online, or there is no battery that it
-/// could run on.
-bool isOnExternalPower(const std::vector<PowerSupply>& supplies);
+/// could run on. Reads no more than that takes: the rest can keep firmware busy for milliseconds.
+bool isOnExternalPower(const std::filesystem::path& sysfs);
 
 } // namespace tamberline::sysfs

@@ -80,7 +80,7 @@ void UdevEventSource::stop() {
 }
 
 bool UdevEventSource::isOnExternalPower() const {
-  return sysfs::isOnExternalPower(sysfs::readPowerSupplies(paths_.sysfs));
+  return sysfs::isOnExternalPower(paths_.sysfs);
 }
 
 /// Takes all that wait and tells of them once. The socket never blocks.
