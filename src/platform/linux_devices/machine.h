@@ -61,6 +61,7 @@ struct RouterAddress {
   int hostPort() const { return static_cast<int>(route & 0xFFU); }
   RouterAddress parent() const;
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): takes the comparison that the compiler makes for a 0
   friend auto operator<=>(const RouterAddress&, const RouterAddress&) = default;
 };
 

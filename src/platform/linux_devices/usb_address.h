@@ -20,6 +20,7 @@ struct UsbAddress {
   /// The kernel's name: "usb1", "1-4.2".
   std::string name() const;
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): takes the comparison that the compiler makes for a 0
   friend auto operator<=>(const UsbAddress&, const UsbAddress&) = default;
 };
 

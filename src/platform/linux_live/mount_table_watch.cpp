@@ -21,13 +21,6 @@ MountTableWatch::MountTableWatch(std::filesystem::path table, std::function<void
                    [this] { handleChange(); });
 }
 
-MountTableWatch::~MountTableWatch() {
-  if (notifier_ != nullptr) {
-    notifier_->setEnabled(false);
-    notifier_.release()->deleteLater(); // it may be the one that is telling
-  }
-}
-
 std::string MountTableWatch::mountedDevices() const {
   std::string devices;
   const std::string table = sysfs::readBytes(table_, sysfs::mostMountTableBytes);

@@ -11,16 +11,16 @@
 
 namespace tamberline {
 
-/// Tells on the main thread, while its event loop runs, that a block device was mounted somewhere
-/// or unmounted. Other file systems (of containers, say) come and go all the time and are not told
-/// of.
+/// May go while it tells. Tells on the main thread, while its event loop runs, that a block device
+/// was mounted somewhere or unmounted. Other file systems (of containers, say) come and go all the
+/// time and are not told of.
 class MountTableWatch {
 public:
   /// The kernel's table, such as "/proc/self/mountinfo"; another file never changes.
   MountTableWatch(std::filesystem::path table, std::function<void()> onChange);
   MountTableWatch(const MountTableWatch&) = delete;
   MountTableWatch& operator=(const MountTableWatch&) = delete;
-  ~MountTableWatch();
+  ~MountTableWatch() = default;
 
 private:
   std::string mountedDevices() const;

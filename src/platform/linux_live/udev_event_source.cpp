@@ -69,10 +69,7 @@ void UdevEventSource::start(PortEvents events) {
 }
 
 void UdevEventSource::stop() {
-  if (notifier_ != nullptr) {
-    notifier_->setEnabled(false);
-    notifier_.release()->deleteLater(); // it may be the one that is telling
-  }
+  notifier_.reset();
   mountTableWatch_.reset();
   monitor_.reset();
   udev_.reset();
