@@ -209,15 +209,19 @@ TEST_P(BenchmarkBesideCache, FindsNothingOfTheFileThereWhenReadingBegins) {
 /// A size that is a multiple of every file system's blocks, as that of the real test is.
 constexpr std::int64_t wholeBlocksMB = 64;
 
-TEST_P(BenchmarkPastCache, LeavesNothingThereByWriting) {
+/// btrfs writes a chunk through the cache when the kernel took back a page of the memory that it
+/// comes from, and drops what is not in use at that moment.
+constexpr std::uint64_t hardlyAnything = wholeBlocksMB * bytesPerMB / 100;
+
+TEST_P(BenchmarkPastCache, LeavesHardlyAnythingThereByWriting) {
   ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), wholeBlocksMB)));
-  EXPECT_EQ(cachedBytes(file()), 0U);
+  EXPECT_LE(cachedBytes(file()), hardlyAnything);
 }
 
-TEST_P(BenchmarkPastCache, LeavesNothingThereByReading) {
+TEST_P(BenchmarkPastCache, LeavesHardlyAnythingThereByReading) {
   ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), wholeBlocksMB)));
   ASSERT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
-  EXPECT_EQ(cachedBytes(file()), 0U);
+  EXPECT_LE(cachedBytes(file()), hardlyAnything);
 }
 
 TEST_P(BenchmarkOnMedium, MovesEveryByteToItAndFromIt) {
