@@ -11,6 +11,19 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(tamberline_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
 
+# What people run is hardened: a hostile device that finds a fault in a parser shall end the program and
+# not take it over.
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  include(CheckPIESupported)
+  check_pie_supported(LANGUAGES CXX)
+  target_compile_options(tamberline_options INTERFACE
+    -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3 -fstack-protector-strong)
+  if(NOT APPLE)
+    target_compile_options(tamberline_options INTERFACE -fstack-clash-protection)
+    target_link_options(tamberline_options INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
+  endif()
+endif()
+
 if(TAMBERLINE_SANITIZE)
   target_compile_options(tamberline_options INTERFACE
     -fsanitize=${TAMBERLINE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
