@@ -13,6 +13,9 @@ namespace {
 
 using Devices = std::vector<const USBDevice*>;
 
+/// Twice as deep as a report can nest devices.
+constexpr std::size_t longestWayUp = 512;
+
 /// The devices of one container identifier, in bus order and then depth-first.
 struct Group {
   Devices instances;
@@ -46,12 +49,9 @@ public:
         setMerged(group, true);
       }
     }
-    for (std::set<const Group*> looping = groupsInLoops(); !looping.empty();
-         looping = groupsInLoops()) {
-      for (const Group* group : looping) {
-        setMerged(*group, false);
-      }
-    }
+    leaveAllApartWhereTheyNestTooDeep();
+    leaveApartWhatIsInLoops();
+    leaveAllApartWhereTheyNestTooDeep(); // what stays apart changes the ways of others
   }
 
   bool changesNothing() const { return mergedGroupOf_.empty(); }
@@ -103,8 +103,48 @@ private:
     return group == nullptr || group->keeper == device ? nullptr : group;
   }
 
-  /// Groups that would end up below themselves: whoever goes up from the keeper, from each dropped
-  /// instance on to its keeper, comes back to where they were. What hangs there would be lost.
+  /// From a device up, from each dropped instance on to its keeper. No longer than `longestWayUp`
+  /// and one step.
+  struct WayUp {
+    Devices steps = {};
+    const USBDevice* next = nullptr; // null at the top; in a loop one of the steps
+  };
+
+  WayUp wayUpFrom(const USBDevice* device) const {
+    WayUp way;
+    std::set<const USBDevice*> visited;
+    while (device != nullptr && way.steps.size() <= longestWayUp && visited.insert(device).second) {
+      way.steps.push_back(device);
+      const Group* dropping = groupThatDrops(device);
+      device = dropping == nullptr ? parentOf_.at(device) : dropping->keeper;
+    }
+    way.next = device;
+    return way;
+  }
+
+  /// Hubs of many buses that take over each other could nest as deep as there are hubs.
+  void leaveAllApartWhereTheyNestTooDeep() {
+    const bool nestTooDeep =
+        std::any_of(mergedGroupOf_.begin(), mergedGroupOf_.end(), [this](const auto& entry) {
+          const auto& [device, group] = entry;
+          return group->keeper == device && wayUpFrom(device).steps.size() > longestWayUp;
+        });
+    if (nestTooDeep) {
+      mergedGroupOf_.clear();
+    }
+  }
+
+  void leaveApartWhatIsInLoops() {
+    for (std::set<const Group*> looping = groupsInLoops(); !looping.empty();
+         looping = groupsInLoops()) {
+      for (const Group* group : looping) {
+        setMerged(*group, false);
+      }
+    }
+  }
+
+  /// Groups that would end up below themselves: the way up from the keeper comes back to where it
+  /// was. What hangs there would be lost.
   std::set<const Group*> groupsInLoops() const {
     std::set<const Group*> looping;
     for (const auto& [device, group] : mergedGroupOf_) {
@@ -117,16 +157,10 @@ private:
   }
 
   std::set<const Group*> groupsInLoopAbove(const USBDevice* device) const {
-    Devices path;
-    std::set<const USBDevice*> visited;
-    while (device != nullptr && visited.insert(device).second) {
-      path.push_back(device);
-      const Group* dropping = groupThatDrops(device);
-      device = dropping == nullptr ? parentOf_.at(device) : dropping->keeper;
-    }
+    const WayUp way = wayUpFrom(device);
     std::set<const Group*> groups;
-    const auto loopStart = std::find(path.begin(), path.end(), device);
-    for (auto step = loopStart; step != path.end(); ++step) {
+    const auto loopStart = std::find(way.steps.begin(), way.steps.end(), way.next);
+    for (auto step = loopStart; step != way.steps.end(); ++step) {
       if (const Group* dropping = groupThatDrops(*step)) {
         groups.insert(dropping);
       }

@@ -205,6 +205,32 @@ TEST(NestedHubs, MergeInLongChains) {
   EXPECT_EQ(idsOf(merged).size(), 1U + 200U + 2U);
 }
 
+/// Each hub's USB 3 half stands behind the USB 2 half of the one before, on another bus: merged,
+/// each would hang behind the one before.
+Buses hubsBehindEachOther(std::size_t count) {
+  Buses buses;
+  for (std::size_t hub = 0; hub < count; ++hub) {
+    buses.push_back(
+        addOnBus("bus", {slow("slow", std::to_string(hub),
+                              {fast("fast", std::to_string(hub + 1), {plain("disk")})})}));
+  }
+  return buses;
+}
+
+TEST(NestedHubs, MergeAcrossManyBuses) {
+  const Buses merged = mergeContainerHubs(hubsBehindEachOther(200));
+  ASSERT_EQ(merged.size(), 1U);
+  EXPECT_EQ(idsOf(merged).size(), 1U + 201U + 200U);
+}
+
+TEST(NestedHubs, StayApartWhereTheirTreeWouldBeFarDeeperThanAnyReport) {
+  constexpr std::size_t hubCount = 50'000;
+  const Buses buses = hubsBehindEachOther(hubCount);
+  const Buses merged = mergeContainerHubs(buses);
+  EXPECT_EQ(merged.size(), hubCount);
+  EXPECT_EQ(idsOf(merged), idsOf(buses));
+}
+
 /// Two trees of up to 14 devices each in which containers hold each other in every possible way;
 /// each device has a name of its own.
 class RandomTrees {
