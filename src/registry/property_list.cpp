@@ -93,6 +93,15 @@ bool hasOnlyElements(const pugi::xml_node& container) {
   return std::all_of(children.begin(), children.end(), isElementOrBlank);
 }
 
+/// A reference to what is no character becomes bytes that are no UTF-8. Instructions, document
+/// types and attributes can spell the start of a comment, which hides references behind it from
+/// hasOnlyKnownReferences.
+bool isUtf8Text(const pugi::xml_node& element) {
+  const auto parts = element.children();
+  return std::all_of(parts.begin(), parts.end(),
+                     [](const pugi::xml_node& part) { return isValidUtf8(part.value()); });
+}
+
 bool isWellFormedArray(pugi::xml_node array, int depth) {
   for (pugi::xml_node element = firstElement(array); !element.empty();
        element = nextElement(element)) {
@@ -115,8 +124,8 @@ bool isWellFormedDictionary(pugi::xml_node dictionary, int depth) {
 }
 
 bool isWellFormedValue(pugi::xml_node element, int depth) {
-  static constexpr std::array<std::string_view, 6> leaves = {"string", "data", "true",
-                                                             "false",  "real", "date"};
+  static constexpr std::array<std::string_view, 5> leaves = {"data", "true", "false", "real",
+                                                             "date"};
   const std::string_view name = nameOf(element);
   if (name == "dict" || name == "array") {
     return depth < PropertyList::deepestNesting && hasOnlyElements(element) &&
@@ -128,6 +137,9 @@ bool isWellFormedValue(pugi::xml_node element, int depth) {
   }
   if (name == "integer") {
     return IntegerSpelling(contentOf(element)).isWellFormed();
+  }
+  if (name == "string") {
+    return isUtf8Text(element);
   }
   return std::find(leaves.begin(), leaves.end(), name) != leaves.end();
 }

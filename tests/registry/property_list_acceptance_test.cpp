@@ -162,6 +162,14 @@ TEST(PropertyList, RefusesReferencesToWhatIsNoCharacter) {
   }
 }
 
+TEST(PropertyList, RefusesThemAlsoBehindWhatLooksLikeAComment) {
+  const std::string list = "<string>a&#xD800;b</string></plist>";
+  EXPECT_FALSE(decodes("<?instruction <!-- ?><plist>" + list));
+  EXPECT_FALSE(decodes("<?instruction <![CDATA[ ?><plist>" + list));
+  EXPECT_FALSE(decodes(R"(<!DOCTYPE plist SYSTEM "<!--"><plist>)" + list));
+  EXPECT_FALSE(decodes(R"(<plist version="<!--">)" + list));
+}
+
 std::string repeated(std::string_view text, int count) {
   std::string result;
   for (int index = 0; index < count; ++index) {
