@@ -1,0 +1,13 @@
+#include "document_checks.h"
+#include "inspect/record_documents.h"
+#include "probed_dump.h"
+
+namespace tamberline {
+
+void tryInput(std::string_view input) {
+  for (const HPMPort& port : probedDump(fetchHPMPorts, "AppleHPMDevice.plist", input)) {
+    requireSoundDocument(describe(port));
+  }
+}
+
+} // namespace tamberline

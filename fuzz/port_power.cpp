@@ -1,0 +1,14 @@
+#include "document_checks.h"
+#include "inspect/record_documents.h"
+#include "probed_dump.h"
+
+namespace tamberline {
+
+void tryInput(std::string_view input) {
+  for (const auto& [port, power] :
+       probedDump(fetchPortPowerOut, "AppleSmartBattery.plist", input)) {
+    requireSoundDocument(describe(power));
+  }
+}
+
+} // namespace tamberline

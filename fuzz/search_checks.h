@@ -1,0 +1,13 @@
+#pragma once
+
+#include "tree/tree_node.h"
+
+#include <string_view>
+#include <vector>
+
+namespace tamberline {
+
+/// Searches the tree and checks what is found.
+void requireSoundSearch(const std::vector<TreeNode>& tree, std::string_view searchText);
+
+} // namespace tamberline
