@@ -48,4 +48,9 @@ function(tamberline_layer name)
   target_link_libraries(tamberline_${name}
     PUBLIC tamberline_options ${LAYER_LINKS}
     PRIVATE ${LAYER_PRIVATE_LINKS})
+  # Background work may still run while the program ends, so nothing that it could read is destroyed then.
+  # What Qt generates for resources keeps to its own rules.
+  if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    set_source_files_properties(${LAYER_SOURCES} PROPERTIES COMPILE_OPTIONS -Wexit-time-destructors)
+  endif()
 endfunction()

@@ -52,12 +52,12 @@ constexpr Translations everywhere(std::string_view text) {
 #include "i18n/fixed_texts.def"
 #undef TAMBERLINE_TEXT
 
-const std::vector<FixedText>& fixedTexts() {
-  static const std::vector<FixedText> texts = {
+std::span<const FixedText> fixedTexts() {
+  static constexpr auto texts = std::to_array<FixedText>({
 #define TAMBERLINE_TEXT(key, en, de, fr, it, es) {#key, &(key)},
 #include "i18n/fixed_texts.def"
 #undef TAMBERLINE_TEXT
-  };
+  });
   return texts;
 }
 

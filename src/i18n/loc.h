@@ -4,9 +4,9 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace tamberline::Loc {
 
@@ -29,6 +29,6 @@ struct FixedText {
   std::string_view key;
   std::string_view (*text)();
 };
-const std::vector<FixedText>& fixedTexts();
+std::span<const FixedText> fixedTexts();
 
 } // namespace tamberline::Loc

@@ -1,5 +1,6 @@
 #include "reports/json_values.h"
 
+#include "base/never_destroyed.h"
 #include "base/text.h"
 
 #include <nlohmann/json.hpp>
@@ -57,18 +58,18 @@ bool flagMember(const json& object, std::string_view key) {
 }
 
 const json& objectMember(const json& object, std::string_view key) {
-  static const json none = json::object();
+  static const NeverDestroyed<json> none(json::object());
   const json* value = find(object, key);
-  return value != nullptr && value->is_object() ? *value : none;
+  return value != nullptr && value->is_object() ? *value : *none;
 }
 
 const json& objectsMember(const json& object, std::string_view key) {
-  static const json none = json::array();
+  static const NeverDestroyed<json> none(json::array());
   const json* value = find(object, key);
   const bool isArrayOfObjects = value != nullptr && value->is_array() &&
                                 std::all_of(value->begin(), value->end(),
                                             [](const json& entry) { return entry.is_object(); });
-  return isArrayOfObjects ? *value : none;
+  return isArrayOfObjects ? *value : *none;
 }
 
 } // namespace tamberline

@@ -19,6 +19,12 @@ void (*treatmentOf(int signal))(int) {
 
 class TerminationSignalsTest : public testing::Test {
 protected:
+  void TearDown() override {
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+      std::signal(signal, SIG_DFL);
+    }
+  }
+
   /// Whether all signals so far are told once.
   bool isTold() {
     return runEventsUntil([this] { return askedCount > 0; });
@@ -70,7 +76,6 @@ TEST_F(TerminationSignalsTest, LeaveSignalsIgnoredThatWereBefore) {
     EXPECT_EQ(treatmentOf(SIGHUP), SIG_IGN);
   }
   EXPECT_EQ(treatmentOf(SIGHUP), SIG_IGN);
-  std::signal(SIGHUP, SIG_DFL);
 }
 
 TEST_F(TerminationSignalsTest, GiveTheFormerTreatmentBack) {
@@ -79,6 +84,18 @@ TEST_F(TerminationSignalsTest, GiveTheFormerTreatmentBack) {
   }
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     EXPECT_EQ(treatmentOf(signal), SIG_DFL);
+  }
+}
+
+TEST_F(TerminationSignalsTest, IgnoreWhatComesWhileTheProgramEnds) {
+  {
+    const TerminationSignals termination([this] { ++askedCount; });
+    std::raise(SIGTERM);
+    EXPECT_TRUE(isTold());
+  }
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    std::raise(signal); // would end this test
+    EXPECT_EQ(treatmentOf(signal), SIG_IGN);
   }
 }
 

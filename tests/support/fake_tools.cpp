@@ -1,5 +1,7 @@
 #include "support/fake_tools.h"
 
+#include "base/never_destroyed.h"
+
 #include <utility>
 
 namespace tamberline {
@@ -14,7 +16,7 @@ std::string joinedWords(const std::string& executable, const std::vector<std::st
 }
 
 std::string fileNameFor(const std::string& commandLine) {
-  static const std::map<std::string, std::string> names = {
+  static const NeverDestroyed<std::map<std::string, std::string>> names({
       {"/usr/sbin/system_profiler SPThunderboltDataType -json", "SPThunderboltDataType.json"},
       {"/usr/sbin/system_profiler SPUSBDataType -json", "SPUSBDataType.json"},
       {"/usr/sbin/system_profiler SPUSBHostDataType -json", "SPUSBHostDataType.json"},
@@ -24,9 +26,9 @@ std::string fileNameFor(const std::string& commandLine) {
       {"/usr/sbin/ioreg -a -l -p IODeviceTree", "IODeviceTree.plist"},
       {"/usr/sbin/ioreg -a -r -c IOUSBHostDevice -l", "IOUSBHostDevice.plist"},
       {"/usr/sbin/ioreg -c IOPMPowerSource -r -a", "IOPMPowerSource.plist"},
-  };
-  const auto found = names.find(commandLine);
-  return found == names.end() ? "unknown command line" : found->second;
+  });
+  const auto found = (*names).find(commandLine);
+  return found == (*names).end() ? "unknown command line" : found->second;
 }
 
 } // namespace

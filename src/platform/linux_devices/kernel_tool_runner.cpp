@@ -1,5 +1,6 @@
 #include "platform/linux_devices/kernel_tool_runner.h"
 
+#include "base/never_destroyed.h"
 #include "platform/linux_devices/property_list_text.h"
 #include "platform/linux_devices/registry_dumps.h"
 #include "platform/linux_devices/report_sections.h"
@@ -27,7 +28,7 @@ std::string asReport(const json& content) {
 }
 
 const std::vector<Answer>& answers() {
-  static const std::vector<Answer> all = {
+  static const NeverDestroyed<std::vector<Answer>> all({
       {reportCommand("SPThunderboltDataType"), sysfs::thunderboltSection, asReport},
       {reportCommand("SPUSBDataType"), sysfs::usbSection, asReport},
       {reportCommand("SPPowerDataType"), sysfs::powerSection, asReport},
@@ -38,8 +39,8 @@ const std::vector<Answer>& answers() {
       {registryCommand(RegistryDump::usbHostDevices), sysfs::usbHostDeviceDump,
        sysfs::asPropertyList},
       {registryCommand(RegistryDump::powerSource), sysfs::powerSourceDump, sysfs::asPropertyList},
-  };
-  return all;
+  });
+  return *all;
 }
 
 } // namespace

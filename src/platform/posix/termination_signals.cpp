@@ -13,9 +13,12 @@ namespace {
 /// All that a signal handler may reach.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 std::atomic<int> wakeUpDescriptor = -1;
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+std::atomic<bool> isAsked = false;
 
 void wakeUp(int /*signal*/) {
   const int error = errno;
+  isAsked = true;
   const char byte = 0;
   // A full pipe has woken the reader already.
   [[maybe_unused]] const ssize_t count = write(wakeUpDescriptor, &byte, 1);
@@ -40,6 +43,7 @@ TerminationSignals::TerminationSignals(std::function<void()> onAsked) {
                      drain(descriptor);
                      onAsked();
                    });
+  isAsked = false;
   wakeUpDescriptor = pipe_.writeEnd.number();
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     listen(signal);
@@ -47,8 +51,16 @@ TerminationSignals::TerminationSignals(std::function<void()> onAsked) {
 }
 
 TerminationSignals::~TerminationSignals() {
+  struct sigaction ignoring = {};
+  ignoring.sa_handler = SIG_IGN;
   for (const Treatment& treatment : treatments_) {
-    sigaction(treatment.signal, &treatment.former, nullptr);
+    sigaction(treatment.signal, &ignoring, nullptr);
+  }
+  // A signal before that line has been noted; one after it is ignored.
+  for (const Treatment& treatment : treatments_) {
+    if (!isAsked) {
+      sigaction(treatment.signal, &treatment.former, nullptr);
+    }
   }
   wakeUpDescriptor = -1;
 }

@@ -13,7 +13,9 @@ namespace tamberline {
 
 /// Tells the program on its main thread when somebody asks it to end (SIGTERM, SIGINT, SIGHUP), so
 /// that it can end in order; only SIGKILL ends it at once then. Signals that were ignored before
-/// stay ignored. One object at a time; needs an application object.
+/// stay ignored. Once asked, the program is ending: what comes after this object is ignored, so
+/// that a second signal cannot cut the end short. One object at a time; needs an application
+/// object.
 class TerminationSignals {
 public:
   explicit TerminationSignals(std::function<void()> onAsked);

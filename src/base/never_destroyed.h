@@ -1,0 +1,20 @@
+#pragma once
+
+#include <utility>
+
+namespace tamberline {
+
+/// A value for static storage that is made once and never destroyed. Background work whose answer
+/// nobody waits for any more, such as a tool that hangs, may still read it while the program ends.
+template <typename Value>
+class NeverDestroyed {
+public:
+  explicit NeverDestroyed(Value value) : value_(new Value(std::move(value))) {}
+
+  const Value& operator*() const { return *value_; }
+
+private:
+  const Value* value_;
+};
+
+} // namespace tamberline
