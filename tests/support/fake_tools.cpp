@@ -64,6 +64,11 @@ void FakeTools::answerOnce(const std::string& fileName, std::string output) {
   answersForOnce_[fileName].push_back(std::move(output));
 }
 
+void FakeTools::forgetCommandLines() {
+  const std::lock_guard lock(mutex_);
+  commandLines_.clear();
+}
+
 std::vector<std::string> FakeTools::commandLines() const {
   const std::lock_guard lock(mutex_);
   return commandLines_;
@@ -73,6 +78,11 @@ std::size_t FakeTools::runCount(const std::string& fileName) const {
   const std::lock_guard lock(mutex_);
   const auto found = runCounts_.find(fileName);
   return found == runCounts_.end() ? 0 : found->second;
+}
+
+std::string savedFileNameFor(const std::string& executable,
+                             const std::vector<std::string>& arguments) {
+  return fileNameFor(joinedWords(executable, arguments));
 }
 
 void answerWithEmptyReports(FakeTools& tools) {

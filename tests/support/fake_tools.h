@@ -26,6 +26,8 @@ public:
 
   /// The command lines so far, in the order in which they ran.
   std::vector<std::string> commandLines() const;
+  /// For tests that run for long and look at the memory they take.
+  void forgetCommandLines();
   std::size_t runCount(const std::string& fileName) const;
 
 private:
@@ -35,6 +37,10 @@ private:
   std::vector<std::string> commandLines_;
   std::map<std::string, std::size_t> runCounts_;
 };
+
+/// The name of the saved file that would stand for what a command line prints.
+std::string savedFileNameFor(const std::string& executable,
+                             const std::vector<std::string>& arguments);
 
 /// Empty sections, so that a scan succeeds and finds nothing.
 void answerWithEmptyReports(FakeTools& tools);

@@ -1,0 +1,316 @@
+#include "inspect/document.h"
+#include "scanner/scan_rules.h"
+#include "support/hand_driven_queue.h"
+#include "support/simulated_event_source.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+using namespace std::chrono_literals;
+
+SavedMachine sample(const std::string& name) {
+  SavedMachine machine;
+  for (const char* fileName : allToolRuns) {
+    std::ostringstream content;
+    content << std::ifstream(SAMPLES_FOLDER "/" + name + "/" + fileName).rdbuf();
+    machine[fileName] = content.str();
+  }
+  return machine;
+}
+
+/// Docks, chains, hubs in two halves, disks, an adapter.
+const SavedMachine& deskMachine() {
+  static const SavedMachine machine = sample("desk");
+  return machine;
+}
+
+/// Everything else plugged into the same computer: its ports keep their limits.
+const SavedMachine& changedMachine() {
+  static const SavedMachine machine = [] {
+    SavedMachine changed = sample("road");
+    changed["IODeviceTree.plist"] = deskMachine().at("IODeviceTree.plist");
+    return changed;
+  }();
+  return machine;
+}
+
+const ReadMachine& readDesk() {
+  static const ReadMachine machine(deskMachine());
+  return machine;
+}
+
+const ReadMachine& readChangedMachine() {
+  static const ReadMachine machine(changedMachine());
+  return machine;
+}
+
+std::string text(const ToolFaults& faults) {
+  std::string text;
+  for (const auto& [fileName, fault] : faults) {
+    text += fileName + " " + nameOf(fault) + "; ";
+  }
+  return text;
+}
+
+/// A scanner and, beside it, the rules; both see the same machine, the same faults and the same
+/// time.
+class WatchedScanner {
+public:
+  ~WatchedScanner() { queue->end(); }
+  WatchedScanner() = default;
+  WatchedScanner(const WatchedScanner&) = delete;
+  WatchedScanner& operator=(const WatchedScanner&) = delete;
+
+  void startScan(const SavedMachine& machine, const ToolFaults& faults) {
+    now += 1min;
+    tools->setMachine(machine);
+    tools->setFaults(faults);
+    scanner->scan();
+  }
+
+  /// Lets the scan end, and the rules say what it should have left.
+  void endScan(const ReadMachine& machine, const ToolFaults& faults) {
+    queue->advance(150ms);
+    rules.scan(machine, faults, now);
+  }
+
+  void expectWhatTheRulesAllow(const std::string& situation) const {
+    const ShownState shown = shownBy(*scanner);
+    EXPECT_TRUE(shown == rules.state())
+        << situation << ": differs in " << difference(rules.state(), shown);
+  }
+
+  std::shared_ptr<FaultyTools> tools = std::make_shared<FaultyTools>();
+  std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
+  std::shared_ptr<SimulatedEventSource> events = std::make_shared<SimulatedEventSource>();
+  std::chrono::system_clock::time_point now{1'000'000s};
+  std::shared_ptr<PortScanner> scanner = PortScanner::create(
+      {.acquisition = {.tools = tools, .queue = queue}, .events = events, .now = [this] {
+         return now;
+       }});
+  ScanRules rules;
+};
+
+nlohmann::ordered_json freshDocument(const SavedMachine& machine, const ReadMachine& read) {
+  WatchedScanner watched;
+  watched.startScan(machine, {});
+  watched.endScan(read, {});
+  return inspectionDocument(*watched.scanner);
+}
+
+const nlohmann::ordered_json& documentOfDesk() {
+  static const nlohmann::ordered_json document = freshDocument(deskMachine(), readDesk());
+  return document;
+}
+
+const nlohmann::ordered_json& documentOfChangedMachine() {
+  static const nlohmann::ordered_json document =
+      freshDocument(changedMachine(), readChangedMachine());
+  return document;
+}
+
+/// The first scan of a program meets the faults, the next one goes well.
+void expectTheRulesInTheFirstScan(WatchedScanner& watched, const ToolFaults& faults) {
+  watched.startScan(deskMachine(), faults);
+  watched.endScan(readDesk(), faults);
+  watched.expectWhatTheRulesAllow(text(faults));
+  EXPECT_TRUE(watched.events->isRunning()) << text(faults);
+  watched.startScan(deskMachine(), {});
+  watched.endScan(readDesk(), {});
+  watched.expectWhatTheRulesAllow("the scan after " + text(faults));
+}
+
+/// A program that shows one machine meets the faults when everything on it has changed.
+void expectTheRulesInALaterScan(WatchedScanner& watched, const ToolFaults& faults) {
+  watched.startScan(deskMachine(), {});
+  watched.endScan(readDesk(), {});
+  watched.startScan(changedMachine(), faults);
+  watched.endScan(readChangedMachine(), faults);
+  watched.expectWhatTheRulesAllow(text(faults));
+  watched.startScan(changedMachine(), {});
+  watched.endScan(readChangedMachine(), {});
+  watched.expectWhatTheRulesAllow("the scan after " + text(faults));
+}
+
+/// Both, each in a scanner of its own, and in the end the documents of scanners that met no fault.
+void expectTheRulesAndFullRecovery(const ToolFaults& faults) {
+  WatchedScanner first;
+  expectTheRulesInTheFirstScan(first, faults);
+  EXPECT_TRUE(inspectionDocument(*first.scanner) == documentOfDesk()) << text(faults);
+  WatchedScanner later;
+  expectTheRulesInALaterScan(later, faults);
+  EXPECT_TRUE(inspectionDocument(*later.scanner) == documentOfChangedMachine()) << text(faults);
+}
+
+using PairOfRuns = std::pair<const char*, const char*>;
+
+std::vector<PairOfRuns> allPairs() {
+  std::vector<PairOfRuns> pairs;
+  for (std::size_t first = 0; first < allToolRuns.size(); ++first) {
+    for (std::size_t second = first + 1; second < allToolRuns.size(); ++second) {
+      pairs.emplace_back(allToolRuns.at(first), allToolRuns.at(second));
+    }
+  }
+  return pairs;
+}
+
+std::string nameOfPair(const testing::TestParamInfo<PairOfRuns>& info) {
+  const auto stem = [](const std::string& fileName) {
+    return fileName.substr(0, fileName.find('.'));
+  };
+  return stem(info.param.first) + "_" + stem(info.param.second);
+}
+
+class PairsOfFaults : public testing::TestWithParam<PairOfRuns> {
+protected:
+  /// Every fault of the one run with every fault of the other.
+  static std::vector<ToolFaults> allFaults() {
+    const auto& [first, second] = GetParam();
+    std::vector<ToolFaults> all;
+    for (const ToolFault faultOfFirst : allToolFaults) {
+      for (const ToolFault faultOfSecond : allToolFaults) {
+        all.push_back({{first, faultOfFirst}, {second, faultOfSecond}});
+      }
+    }
+    return all;
+  }
+};
+
+TEST_P(PairsOfFaults, LeaveWhatTheRulesAllowInTheFirstScanAndNothingInTheNext) {
+  for (const ToolFaults& faults : allFaults()) {
+    WatchedScanner watched;
+    expectTheRulesInTheFirstScan(watched, faults);
+  }
+}
+
+TEST_P(PairsOfFaults, LeaveWhatTheRulesAllowInALaterScanAndNothingInTheNext) {
+  WatchedScanner watched; // the same one for all: nothing of a fault may stay
+  for (const ToolFaults& faults : allFaults()) {
+    expectTheRulesInALaterScan(watched, faults);
+  }
+  EXPECT_TRUE(inspectionDocument(*watched.scanner) == documentOfChangedMachine());
+}
+
+INSTANTIATE_TEST_SUITE_P(OfAllRuns, PairsOfFaults, testing::ValuesIn(allPairs()), nameOfPair);
+
+TEST(SingleFaults, LeaveWhatTheRulesAllow) {
+  for (const char* fileName : allToolRuns) {
+    for (const ToolFault fault : allToolFaults) {
+      expectTheRulesAndFullRecovery({{fileName, fault}});
+    }
+  }
+}
+
+TEST(AllRunsAtOnce, MayFailInTheSameWay) {
+  for (const ToolFault fault : allToolFaults) {
+    ToolFaults faults;
+    for (const char* fileName : allToolRuns) {
+      faults[fileName] = fault;
+    }
+    expectTheRulesAndFullRecovery(faults);
+  }
+}
+
+class HugeOutput : public testing::TestWithParam<const char*> {};
+
+TEST_P(HugeOutput, OfTenMegabytesIsTakenLikeAnyOther) {
+  for (const ToolFault fault : {ToolFault::printsHugeReport, ToolFault::printsHugeGarbage}) {
+    const ToolFaults faults = {{GetParam(), fault}};
+    WatchedScanner watched;
+    watched.tools->setHugeSize(10'000'000);
+    watched.startScan(deskMachine(), faults);
+    watched.endScan(readDesk(), faults);
+    watched.expectWhatTheRulesAllow(text(faults));
+  }
+}
+
+std::string nameOfRun(const testing::TestParamInfo<const char*>& info) {
+  const std::string fileName = info.param;
+  return fileName.substr(0, fileName.find('.'));
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachRun, HugeOutput, testing::ValuesIn(allToolRuns), nameOfRun);
+
+/// A scan in which one run takes an hour while another one may go wrong.
+class SlowRuns : public testing::TestWithParam<const char*> {
+protected:
+  /// Lets everything end that comes before the slow run; false when the scan ended without it.
+  static bool reachSlowRun(WatchedScanner& watched) {
+    constexpr std::size_t runsAtOnce = 4;
+    const std::string slow = GetParam();
+    std::size_t index = 0;
+    while (allToolRuns.at(index) != slow) {
+      ++index;
+    }
+    for (std::size_t run = 0; run < std::min(index, runsAtOnce); ++run) {
+      watched.queue->finishOneBackgroundWork();
+    }
+    if (index < runsAtOnce) {
+      return true;
+    }
+    watched.queue->advanceWithoutBackground(150ms); // to second attempts, where there are any
+    while (watched.queue->backgroundCount() > 0 && !isNext(watched, index)) {
+      watched.queue->finishOneBackgroundWork();
+    }
+    return watched.queue->backgroundCount() > 0;
+  }
+
+  static void expectNothingButWaiting(WatchedScanner& watched, const ToolFaults& faults) {
+    const std::string treeBefore = shownBy(*watched.scanner).portTree;
+    watched.scanner->scan();
+    watched.events->changeRegistry();
+    watched.queue->advanceWithoutBackground(1h);
+    EXPECT_TRUE(watched.scanner->isScanning.get()) << text(faults);
+    EXPECT_EQ(shownBy(*watched.scanner).portTree, treeBefore) << text(faults);
+    EXPECT_FALSE(watched.scanner->errorMessage.get().has_value()) << text(faults);
+    EXPECT_LE(watched.queue->backgroundCount(), 4U) << "another scan began: " << text(faults);
+  }
+
+  static void expectTheRules(const ToolFaults& faults) {
+    const ToolFaults withoutLimits = {{"IODeviceTree.plist", ToolFault::isMissing}};
+    WatchedScanner watched;
+    watched.startScan(deskMachine(), withoutLimits); // so that the next scan asks for them again
+    watched.endScan(readDesk(), withoutLimits);
+    watched.startScan(changedMachine(), faults);
+    if (reachSlowRun(watched)) {
+      expectNothingButWaiting(watched, faults);
+    }
+    watched.endScan(readChangedMachine(), faults);
+    watched.expectWhatTheRulesAllow(text(faults));
+  }
+
+private:
+  /// Whether the work that waits is the probe with this index: all that comes before it ran.
+  static bool isNext(const WatchedScanner& watched, std::size_t index) {
+    constexpr std::size_t firstProbe = 4;
+    constexpr std::size_t scansBefore = 1;
+    if (index == firstProbe) {
+      const std::string busesBefore = watched.rules.state().thunderboltBuses;
+      return shownBy(*watched.scanner).thunderboltBuses != busesBefore;
+    }
+    return watched.tools->runCount(allToolRuns.at(index - 1)) > scansBefore;
+  }
+};
+
+TEST_P(SlowRuns, HoldTheirScanUpAndNothingElseWhateverHappensToTheOtherRuns) {
+  expectTheRules({});
+  for (const char* other : allToolRuns) {
+    if (std::string(other) != GetParam()) {
+      for (const ToolFault fault : allToolFaults) {
+        expectTheRules({{other, fault}});
+      }
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachRun, SlowRuns, testing::ValuesIn(allToolRuns), nameOfRun);
+
+} // namespace
+} // namespace tamberline
