@@ -67,6 +67,30 @@ TEST_F(PanelStates, ShowTheIndicatorInPlaceOfTheButtonWhileScanning) {
   EXPECT_TRUE(isShown(QAccessible::Button, "Scan again"));
 }
 
+TEST_F(PanelStates, LetThePanelBeUsedWhileAToolTakesAnHour) {
+  answerWithDisk(*tools);
+  openPanel();
+  find(QAccessible::Button, "Scan again").press();
+  queue->advanceWithoutBackground(1h);
+  draw();
+  EXPECT_TRUE(isShown(QAccessible::Indicator, "Scanning ports…"));
+  const auto port = findAccessibleStarting(window(), QAccessible::Button, "Thunderbolt Port 1");
+  ASSERT_TRUE(port);
+  port->press();
+  queue->runPosted();
+  draw();
+  EXPECT_EQ(rows().rowCount(), 2);
+  find(QAccessible::Button, "Quit").press();
+  EXPECT_EQ(quitCount, 1);
+  EXPECT_EQ(queue->backgroundCount(), 4U) << "nothing waited for the tools";
+  const std::weak_ptr<PortScanner> weakScanner = scanner;
+  closePanel();
+  scanner.reset();
+  EXPECT_FALSE(weakScanner.expired()) << "the scan holds it";
+  queue->end();
+  EXPECT_TRUE(weakScanner.expired());
+}
+
 class PanelFooter : public PanelFixture {};
 
 TEST_F(PanelFooter, TellsHowLongAgoTheLastScanWas) {
