@@ -10,6 +10,8 @@ template <typename Value>
 class NeverDestroyed {
 public:
   explicit NeverDestroyed(Value value) : value_(new Value(std::move(value))) {}
+  NeverDestroyed(const NeverDestroyed&) = delete;
+  NeverDestroyed& operator=(const NeverDestroyed&) = delete;
 
   const Value& operator*() const { return *value_; }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
 
 namespace tamberline {
 
@@ -8,6 +9,7 @@ namespace tamberline {
 /// measured by a list, before it has its size.
 class ChildLayout : public QQuickItem {
   Q_OBJECT
+  QML_ANONYMOUS
   Q_PROPERTY(double spacing MEMBER spacing_ NOTIFY spacingChanged)
 
 public:

@@ -33,7 +33,7 @@ signals:
 /// Children side by side in one line, centred vertically, as long as they fit; then in several. An
 /// elastic child makes room for the others, down to `leastElasticWidth`, before anything wraps, so
 /// that a name stays in sight beside any number of badges and at any size of the font.
-class LineLayout : public ChildLayout {
+class LineLayout : public tamberline::ChildLayout {
   Q_OBJECT
   QML_ELEMENT
   QML_ATTACHED(tamberline::LineAttached)

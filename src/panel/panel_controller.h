@@ -46,8 +46,8 @@ class PanelController final : public QObject {
   /// Stands in place of the cards.
   Q_PROPERTY(QString message READ message NOTIFY stateChanged)
   Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
-  /// The texts without an argument, by key.
-  Q_PROPERTY(QVariantMap texts READ texts CONSTANT)
+  /// The texts without an argument: a map by key, as a plain value like the colours of Theme.
+  Q_PROPERTY(QVariant texts READ texts CONSTANT)
   Q_PROPERTY(bool canTestVolumes READ canTestVolumes CONSTANT)
   Q_PROPERTY(bool canEject READ canEject CONSTANT)
   Q_PROPERTY(bool canOpenManual READ canOpenManual CONSTANT)
@@ -64,7 +64,7 @@ public:
   QString state() const;
   QString message() const;
   bool isScanning() const { return scanner_->isScanning.get(); }
-  QVariantMap texts() const { return texts_; }
+  QVariant texts() const { return texts_; }
   bool canTestVolumes() const { return actions_.runBenchmark != nullptr; }
   bool canEject() const { return actions_.eject != nullptr; }
   bool canOpenManual() const { return actions_.openManual != nullptr; }

@@ -103,7 +103,7 @@ private:
 };
 
 /// The natural height of what the list area shows.
-class ListHeightKey : public HeightKey {
+class ListHeightKey : public tamberline::HeightKey {
   Q_OBJECT
   QML_ELEMENT
 
@@ -113,7 +113,7 @@ public:
 };
 
 /// The height of one of the parts around the list.
-class ChromeHeightKey : public HeightKey {
+class ChromeHeightKey : public tamberline::HeightKey {
   Q_OBJECT
   QML_ELEMENT
 

@@ -8,7 +8,7 @@ namespace tamberline {
 
 /// Children one below the other, at their own sizes. Those that are hidden or have no height take
 /// no room.
-class Stack : public ChildLayout {
+class Stack : public tamberline::ChildLayout {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(double bottomPadding MEMBER bottomPadding_ NOTIFY bottomPaddingChanged)

@@ -28,10 +28,11 @@ class Theme final : public QObject {
   Q_PROPERTY(QColor secondary MEMBER secondary_ NOTIFY changed)
   Q_PROPERTY(QColor tertiary MEMBER tertiary_ NOTIFY changed)
   Q_PROPERTY(QColor accent MEMBER accent_ NOTIFY changed)
-  /// What areas are filled with, by the name of the colour.
-  Q_PROPERTY(QVariantMap fills MEMBER fills_ NOTIFY changed)
+  /// What areas are filled with: a map by the name of the colour. As a plain value, so that
+  /// qmllint takes any name; an unknown one is a warning at run time.
+  Q_PROPERTY(QVariant fills READ fills NOTIFY changed)
   /// The same colours for text and symbols: the same hue, but readable wherever text stands.
-  Q_PROPERTY(QVariantMap inks MEMBER inks_ NOTIFY changed)
+  Q_PROPERTY(QVariant inks READ inks NOTIFY changed)
 
   Q_PROPERTY(QFont titleFont MEMBER titleFont_ NOTIFY changed)
   Q_PROPERTY(QFont bodyFont MEMBER bodyFont_ NOTIFY changed)
@@ -56,6 +57,8 @@ public:
   static Theme* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   bool isDark() const { return isDark_; }
+  QVariant fills() const { return fills_; }
+  QVariant inks() const { return inks_; }
   double scale() const { return scale_; }
   double symbolSize() const { return qRound(14 * scale_); }
   double smallSymbolSize() const { return qRound(11 * scale_); }

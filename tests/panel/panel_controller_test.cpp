@@ -75,12 +75,12 @@ TEST_F(PanelControllerTest, ShowsWhatIsThereWhenItComesLater) {
 }
 
 TEST_F(PanelControllerTest, KnowsTheTextsOfTheLanguageOfTheRun) {
-  EXPECT_EQ(panel->texts()["quit"], "Quit");
-  EXPECT_EQ(panel->texts()["noPorts"], "No ports detected");
+  EXPECT_EQ(panel->texts().toMap()["quit"], "Quit");
+  EXPECT_EQ(panel->texts().toMap()["noPorts"], "No ports detected");
   const LanguageScope german(AppLanguage::de);
   const PanelController germanPanel(scanner, queue, {});
-  EXPECT_EQ(germanPanel.texts()["quit"], "Beenden");
-  EXPECT_EQ(germanPanel.texts().size(), panel->texts().size());
+  EXPECT_EQ(germanPanel.texts().toMap()["quit"], "Beenden");
+  EXPECT_EQ(germanPanel.texts().toMap().size(), panel->texts().toMap().size());
 }
 
 TEST_F(PanelControllerTest, SaysNothingAboutARescanThatFindsTheSame) {

@@ -23,14 +23,14 @@ Item {
                 id: column
 
                 required property int index
-                readonly property bool isConnector: index === hierarchy.depth - 1
+                readonly property bool isConnector: index === hierarchy.depth - 1 // qmllint disable unqualified
 
                 height: parent.height
                 width: 16
 
                 Rectangle {
                     color: column.isConnector ? Theme.secondary : Theme.text
-                    height: column.isConnector && hierarchy.isLast ? branch.y + 1 : parent.height
+                    height: column.isConnector && hierarchy.isLast ? branch.y + 1 : parent.height // qmllint disable unqualified
                     opacity: column.isConnector ? 1 : 0.2
                     width: 1
                     x: 7

@@ -18,7 +18,7 @@ CardSegment {
             width: parent.width
 
             sourceComponent: MeasuredPowerRow {
-                power: segment.content.measuredPower
+                power: segment.content.measuredPower // qmllint disable unqualified
             }
         }
         Loader {
@@ -27,7 +27,7 @@ CardSegment {
             width: parent.width
 
             sourceComponent: PowerBarRow {
-                powerBar: segment.content.portPowerBar
+                powerBar: segment.content.portPowerBar // qmllint disable unqualified
             }
         }
     }

@@ -45,7 +45,7 @@ Stack {
         width: parent.width
 
         sourceComponent: SpeedBarRow {
-            speedBar: row.content.speedBar
+            speedBar: row.content.speedBar // qmllint disable unqualified
         }
     }
 }

@@ -1,5 +1,4 @@
 import QtQuick
-import Tamberline
 
 // A thin bar: the track, what is allocated, what is used.
 Item {

@@ -59,7 +59,7 @@ Stack {
         width: parent.width
 
         sourceComponent: SpeedBarRow {
-            speedBar: row.content.speedBar
+            speedBar: row.content.speedBar // qmllint disable unqualified
         }
     }
     Loader {
@@ -68,7 +68,7 @@ Stack {
         width: parent.width
 
         sourceComponent: PowerBarRow {
-            powerBar: row.content.powerBar
+            powerBar: row.content.powerBar // qmllint disable unqualified
         }
     }
     Repeater {
@@ -80,7 +80,7 @@ Stack {
             required property var value
 
             volume: value
-            width: row.width
+            width: row.width // qmllint disable unqualified
         }
     }
 }
