@@ -2,6 +2,7 @@
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
 
+#include <QMouseEvent>
 #include <QQmlEngine>
 #include <QtGlobal>
 
@@ -83,6 +84,18 @@ protected:
       typeText("dev");
       typeKey(Qt::Key_Escape);
     }
+    if (inOneOf(5)) {
+      moveMouse({20.0 + static_cast<double>(generator() % 350),
+                 20.0 + static_cast<double>(generator() % 300)});
+    }
+  }
+
+  /// Qt remembers what is below a mouse at rest anew in each frame, until the mouse moves.
+  void moveMouse(QPointF position) {
+    QMouseEvent move(QEvent::MouseMove, position, position, Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(&window(), &move);
+    settle();
   }
 
   std::size_t scanCount() const { return tools->runCount("SPPowerDataType.json"); }
@@ -100,6 +113,7 @@ protected:
     rescan();
     advance(std::chrono::seconds(10));
     tools->forgetCommandLines();
+    moveMouse({20, 20});
     qmlEngine(listView())->collectGarbage(); // else what waits for it would count
     settle();
   }
@@ -128,7 +142,7 @@ TEST_F(Soak, LeavesThePanelAsItWas) {
   if (!doesMemoryTell) {
     GTEST_SKIP() << "the sanitizer's allocator does not tell how much memory is in use";
   }
-  EXPECT_LT(atTheEnd.heapBytes, afterWarmUp.heapBytes + 1'000'000);
+  EXPECT_LT(atTheEnd.heapBytes, afterWarmUp.heapBytes + 100'000);
   EXPECT_LT(atTheEnd.residentBytes, afterWarmUp.residentBytes + 8'000'000);
 }
 
