@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <string>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -99,13 +101,16 @@ TEST(ChildProcessRunner, LeavesNoDescriptorAndNoChildBehind) {
   runTool({"status", "0"});
   const int before = open("/dev/null", O_RDONLY | O_CLOEXEC);
   close(before);
-  for (int run = 0; run < 20; ++run) {
+  for (int run = 0; run < 100; ++run) {
     runTool({"status", "0"});
+    runTool({"crash"});
     ChildProcessRunner().run("/nowhere/tool", {});
   }
   const int after = open("/dev/null", O_RDONLY | O_CLOEXEC);
   close(after);
   EXPECT_EQ(before, after);
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+  EXPECT_EQ(errno, ECHILD);
 }
 
 TEST(ChildProcessRunner, RunsManyToolsAtOnce) {
