@@ -1,4 +1,5 @@
 #include "platform/process_resources.h"
+#include "support/sanitizers.h"
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
 
@@ -11,22 +12,8 @@
 #include <malloc.h>
 #include <random>
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define TAMBERLINE_OWN_ALLOCATOR 0
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define TAMBERLINE_OWN_ALLOCATOR 0
-#endif
-#endif
-#ifndef TAMBERLINE_OWN_ALLOCATOR
-#define TAMBERLINE_OWN_ALLOCATOR 1
-#endif
-
 namespace tamberline {
 namespace {
-
-/// The sanitizers' allocators keep what was freed for a while and tell mallinfo nothing.
-constexpr bool doesMemoryTell = TAMBERLINE_OWN_ALLOCATOR == 1;
 
 /// What a panel that runs for days must not grow.
 struct Resources {
@@ -139,8 +126,9 @@ TEST_F(Soak, LeavesThePanelAsItWas) {
   EXPECT_EQ(atTheEnd.descriptorCount, afterWarmUp.descriptorCount);
   EXPECT_EQ(warnings.text(), "");
   EXPECT_EQ(rows().rowCount(), 2);
-  if (!doesMemoryTell) {
-    GTEST_SKIP() << "the sanitizer's allocator does not tell how much memory is in use";
+  if (isSanitized) {
+    GTEST_SKIP()
+        << "the sanitizer's allocator keeps what was freed and does not tell how much is in use";
   }
   EXPECT_LT(atTheEnd.heapBytes, afterWarmUp.heapBytes + 100'000);
   EXPECT_LT(atTheEnd.residentBytes, afterWarmUp.residentBytes + 8'000'000);
