@@ -1,0 +1,64 @@
+// The way from a description of the folders in which the kernel describes a machine ("sys"), of its
+// mount table ("mountinfo") and of udev's notes ("udev") to the document and the panel.
+#include "fuzz_target.h"
+#include "platform/linux_devices/kernel_tool_runner.h"
+#include "platform/linux_devices/machine_reader.h"
+#include "registry/property_list.h"
+#include "reports/report_decoding.h"
+#include "scan_checks.h"
+#include "tree_folder.h"
+
+#include <nlohmann/json.hpp>
+
+#include <memory>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+HardwareNames namesOfAVendor(std::string_view vendorId, std::string_view /*productId*/) {
+  return vendorId == "046d" ? HardwareNames{.vendor = "Fen", .model = "Fen Receiver"}
+                            : HardwareNames();
+}
+
+/// Hands on what others answer, which a scan must be able to read.
+class ReadableTools final : public ToolRunner {
+public:
+  explicit ReadableTools(std::shared_ptr<ToolRunner> tools) : tools_(std::move(tools)) {}
+
+  ToolOutput run(const std::string& executable,
+                 const std::vector<std::string>& arguments) override {
+    return readable(tools_->run(executable, arguments));
+  }
+
+  ToolOutput runWithErrors(const std::string& executable,
+                           const std::vector<std::string>& arguments) override {
+    return readable(tools_->runWithErrors(executable, arguments));
+  }
+
+private:
+  static ToolOutput readable(ToolOutput output) {
+    require(output.exitStatus != 0 || decodeReport(output.standardOutput) ||
+                PropertyList::decode(output.standardOutput),
+            "what is answered can be decoded");
+    return output;
+  }
+
+  std::shared_ptr<ToolRunner> tools_;
+};
+
+std::shared_ptr<ToolRunner> toolsFor(const std::filesystem::path& folder) {
+  const MachinePaths paths{
+      .sysfs = folder / "sys", .mountTable = folder / "mountinfo", .udevData = folder / "udev"};
+  return std::make_shared<ReadableTools>(std::make_shared<KernelToolRunner>(
+      [paths] { return sysfs::readMachine(paths, namesOfAVendor); }));
+}
+
+} // namespace
+
+void tryInput(std::string_view input) {
+  const TreeFolder folder(describedTree(input));
+  requireSoundScans(toolsFor(folder.path()));
+}
+
+} // namespace tamberline
