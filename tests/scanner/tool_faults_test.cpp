@@ -1,7 +1,7 @@
 #include "inspect/document.h"
 #include "scanner/scan_rules.h"
+#include "support/build_kind.h"
 #include "support/hand_driven_queue.h"
-#include "support/sanitizers.h"
 #include "support/simulated_event_source.h"
 
 #include <gtest/gtest.h>
@@ -171,10 +171,10 @@ std::string nameOfPair(const testing::TestParamInfo<PairOfRuns>& info) {
 
 class PairsOfFaults : public testing::TestWithParam<PairOfRuns> {
 protected:
-  /// Every fault of the one run with every fault of the other. Sanitizers have time for a fifth of
+  /// Every fault of the one run with every fault of the other. Slow builds have time for a fifth of
   /// them, in which each fault of each run still occurs twice.
   static std::vector<ToolFaults> allFaults() {
-    constexpr std::size_t share = isSanitized ? 5 : 1;
+    constexpr std::size_t share = isSlow ? 5 : 1;
     const auto& [first, second] = GetParam();
     std::vector<ToolFaults> all;
     for (std::size_t ofFirst = 0; ofFirst < allToolFaults.size(); ++ofFirst) {
@@ -224,9 +224,9 @@ TEST(AllRunsAtOnce, MayFailInTheSameWay) {
 
 class HugeOutput : public testing::TestWithParam<const char*> {};
 
-/// A hundred megabytes; under sanitizers ten.
+/// A hundred megabytes; ten where that takes long.
 TEST_P(HugeOutput, IsTakenLikeAnyOther) {
-  constexpr std::size_t hugeSize = isSanitized ? 10'000'000 : 100'000'000;
+  constexpr std::size_t hugeSize = isSlow ? 10'000'000 : 100'000'000;
   for (const ToolFault fault : {ToolFault::printsHugeReport, ToolFault::printsHugeGarbage}) {
     const ToolFaults faults = {{GetParam(), fault}};
     WatchedScanner watched;

@@ -1,6 +1,7 @@
 #include "inspect/document.h"
 #include "inspect/panel_text.h"
 #include "random_machine.h"
+#include "support/build_kind.h"
 #include "support/fake_tools.h"
 #include "support/hand_driven_queue.h"
 #include "support/simulated_event_source.h"
@@ -18,7 +19,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::uint32_t machineCount = 1'000;
+constexpr std::uint32_t machineCount = isSlow ? 200 : 1'000;
 
 /// A scanner that scanned one random machine.
 struct ScannedMachine {

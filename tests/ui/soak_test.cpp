@@ -1,5 +1,5 @@
 #include "platform/process_resources.h"
-#include "support/sanitizers.h"
+#include "support/build_kind.h"
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
 

@@ -1,5 +1,5 @@
-// Whether the tests run under a sanitizer that makes everything many times slower and keeps memory
-// in an allocator of its own.
+// What the build does to the tests: sanitizers keep memory in an allocator of their own, and both
+// they and the counting of lines make everything many times slower.
 #pragma once
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -16,5 +16,11 @@
 namespace tamberline {
 
 inline constexpr bool isSanitized = TAMBERLINE_IS_SANITIZED == 1;
+
+#ifdef TAMBERLINE_COUNTS_LINES
+inline constexpr bool isSlow = true;
+#else
+inline constexpr bool isSlow = isSanitized;
+#endif
 
 } // namespace tamberline
