@@ -12,6 +12,7 @@ public:
   explicit NeverDestroyed(Value value) : value_(new Value(std::move(value))) {}
   NeverDestroyed(const NeverDestroyed&) = delete;
   NeverDestroyed& operator=(const NeverDestroyed&) = delete;
+  ~NeverDestroyed() = default;
 
   const Value& operator*() const { return *value_; }
 
