@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace tamberline {
 namespace {
@@ -134,7 +135,7 @@ std::vector<DiskCall> callsToEjectDrive(const Drive& drive, const BlockDevice& a
   for (const BlockDevice* block : blocks) {
     addUnmounting(*block, calls);
   }
-  addLocking(blocks, topology, calls);
+  addLocking(std::move(blocks), topology, calls);
   if (const auto release = callToRelease(drive, topology.hasSiblingInUse(drive))) {
     calls.push_back(*release);
   }
