@@ -28,7 +28,7 @@ constexpr auto table = std::to_array<SymbolIcon>({
     {"display", "devices/16/monitor"},
     {"dock.rectangle", "actions/16/dashboard-show"},
     {"eject.circle", "actions/16/media-eject"},
-    {"exclamationmark.circle", "status/16/dialog-warning"},
+    {"exclamationmark.circle", "emblems/16/vcs-conflicting"},
     {"exclamationmark.triangle", "status/16/data-warning"},
     {"externaldrive", "devices/16/drive-harddisk"},
     {"headphones", "devices/22/audio-headphones"},
