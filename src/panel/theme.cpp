@@ -51,14 +51,18 @@ QVariantMap ownFills(bool isDark) {
   };
 }
 
-/// Where Qt does not tell the accent apart, it is the colour of what is selected; on a Mac that is
-/// a pale shade of it.
+/// Where nobody tells the accent apart, it is the colour of what is selected: Qt knows an accent
+/// since 6.6, and not every palette that has the one colour has the other. On a Mac what is
+/// selected has a pale shade of the accent.
 QColor accentOf(const QPalette& palette) {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
-  return palette.color(QPalette::Active, QPalette::Accent);
-#else
-  return palette.color(QPalette::Active, QPalette::Highlight);
+  const bool hasOnlyHighlight = palette.isBrushSet(QPalette::Active, QPalette::Highlight) &&
+                                !palette.isBrushSet(QPalette::Active, QPalette::Accent);
+  if (!hasOnlyHighlight) {
+    return palette.color(QPalette::Active, QPalette::Accent);
+  }
 #endif
+  return palette.color(QPalette::Active, QPalette::Highlight);
 }
 
 QFont sized(QFont font, double pixels, QFont::Weight weight) {
