@@ -49,6 +49,28 @@ tamberline_install_compressed(${here}/debian/changelog ${documents} changelog)
 install(FILES ${here}/debian/copyright DESTINATION ${documents})
 install(FILES ${here}/autostart.desktop DESTINATION ${documents}/examples)
 
+# tamberline_files_at_run_time(<variable>): what is opened and not linked, one file for each package. The
+# modules that the panel's QML imports, its symbols and the plugin that draws them, and Wayland's plugins.
+function(tamberline_files_at_run_time variable)
+  get_target_property(qmake Qt6::qmake IMPORTED_LOCATION)
+  foreach(folder PLUGINS QML)
+    execute_process(COMMAND ${qmake} -query QT_INSTALL_${folder} OUTPUT_VARIABLE QT_INSTALL_${folder}
+      OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  endforeach()
+  set(files
+    /usr/share/icons/breeze/index.theme
+    ${QT_INSTALL_PLUGINS}/imageformats/libqsvg.so
+    ${QT_INSTALL_PLUGINS}/platforms/libqwayland-generic.so
+    ${QT_INSTALL_QML}/Qt/labs/qmlmodels/qmldir
+    ${QT_INSTALL_QML}/QtQml/WorkerScript/qmldir
+    ${QT_INSTALL_QML}/QtQuick/qmldir
+    ${QT_INSTALL_QML}/QtQuick/Window/qmldir)
+  if(TARGET LayerShellQt::Interface)
+    list(APPEND files ${QT_INSTALL_PLUGINS}/wayland-shell-integration/liblayer-shell.so)
+  endif()
+  set(${variable} ${files} PARENT_SCOPE)
+endfunction()
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
@@ -66,9 +88,8 @@ saved reports of another machine.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What is not linked: the modules that the panel's QML imports, its symbols and the plugin that draws them.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "breeze-icon-theme, libqt6svg6, qml6-module-qt-labs-qmlmodels, \
-qml6-module-qtqml-workerscript, qml6-module-qtquick, qml6-module-qtquick-window")
+set(CPACK_PROJECT_CONFIG_FILE ${here}/package_dependencies.cmake)
+tamberline_files_at_run_time(CPACK_TAMBERLINE_FILES_AT_RUN_TIME)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-inter, udisks2")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
