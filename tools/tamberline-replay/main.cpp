@@ -2,6 +2,7 @@
 #include "app/manual_document.h"
 #include "app/manual_window.h"
 #include "app/panel_shell.h"
+#include "app/qt_notices.h"
 #include "async/qt_main_queue.h"
 #include "platform/desktop.h"
 #include "platform/preferred_languages.h"
@@ -56,21 +57,12 @@ PanelActions actionsWith(ManualWindow& manual) {
           .quit = [] { QApplication::quit(); }};
 }
 
-/// Qt's usual output without what it says of every program that runs without a desktop.
-void withoutDesktopNotices(QtMsgType type, const QMessageLogContext& context,
-                           const QString& message) {
-  const bool isNotice = message.startsWith(QLatin1String("This plugin does not support")) ||
-                        message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"));
-  if (!isNotice) {
-    std::fprintf(stderr, "%s\n", qUtf8Printable(qFormatLogMessage(type, context, message)));
-  }
-}
-
 int replay(const ReplayOptions& options, int& argc, char** argv) {
   if (options.screenshot) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler(withoutDesktopNotices);
+    leaveOutDesktopNotices();
   }
+  leaveOutEncodingNotice();
   chooseGraphics();
   QApplication application(argc, argv);
   AppLanguage::choose(

@@ -1,5 +1,6 @@
 #include "app/look.h"
 #include "app/private_folder.h"
+#include "app/qt_notices.h"
 #include "app/single_instance.h"
 #include "app/tamberline_app.h"
 #include "async/qt_main_queue.h"
@@ -55,6 +56,7 @@ int main(int argc, char** argv) {
     return exitUsage;
   }
   chooseGraphics();
+  leaveOutEncodingNotice();
   const QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tamberline"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tamberline"));
