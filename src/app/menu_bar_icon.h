@@ -1,11 +1,13 @@
 #pragma once
 
+#include "desktop/tray.h"
+
 #include <QIcon>
 
 namespace tamberline {
 
-/// The icon in the tray: one colour, for a light or a dark bar as the palette says. Empty when the
-/// symbol is not to be had.
-QIcon menuBarIcon();
+/// The icon in the tray: one colour that is seen on a bar of this tone, and a light rim around a
+/// dark shape where the tone is not known. Empty when the symbol is not to be had.
+QIcon menuBarIcon(BarTone tone);
 
 } // namespace tamberline

@@ -16,9 +16,10 @@ int endY(const QRect& rectangle) {
   return rectangle.y() + rectangle.height();
 }
 
-/// When there is no room for both margins, the one at the start counts.
+/// When there is no room for both margins they become smaller, and beyond that the start counts.
 int clampedStart(int wanted, int start, int end, int extent) {
-  return std::max(start + margin, std::min(wanted, end - margin - extent));
+  const int room = std::clamp((end - start - extent) / 2, 0, margin);
+  return std::max(start + room, std::min(wanted, end - room - extent));
 }
 
 QPoint inside(const QRect& available, const QPoint& wanted, const QSize& panel) {

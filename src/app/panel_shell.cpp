@@ -1,6 +1,7 @@
 #include "app/panel_shell.h"
 
 #include "app/panel_placement.h"
+#include "desktop/screen_corner.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -17,33 +18,6 @@ constexpr std::chrono::milliseconds clickArrives{250};
 
 } // namespace
 
-/// The window as the window manager sees it.
-class PanelShell::Frame final : public PanelFrame {
-public:
-  Frame(PanelWindow& window, const Placement& placement) : window_(window), placement_(placement) {}
-
-  double contentHeight() const override { return window_.height(); }
-
-  std::optional<double> visibleScreenHeight() const override {
-    if (window_.screen() == nullptr || !placement_.isBoundByScreen) {
-      return std::nullopt;
-    }
-    return window_.screen()->availableGeometry().height();
-  }
-
-  /// The system keeps the position of a window that changes its size, which is its top left corner.
-  void setContentHeightKeepingTop(double height) override {
-    const QSize size(qRound(PanelSize::width), qRound(height));
-    window_.setMinimumSize(size);
-    window_.setMaximumSize(size);
-    window_.resize(size);
-  }
-
-private:
-  PanelWindow& window_;
-  const Placement& placement_;
-};
-
 PanelShell::PanelShell(PanelContext::Outside outside, Placement placement)
     : context_(outside), placement_(std::move(placement)), queue_(std::move(outside.queue)) {}
 
@@ -51,14 +25,13 @@ PanelShell::~PanelShell() {
   queue_->cancel(clickThatLeft_);
 }
 
-void PanelShell::open() {
+void PanelShell::open(const TrayPlace& place) {
   const bool isFirstTime = window_ == nullptr;
-  if (isFirstTime) {
-    make();
+  if (isOpen() && isHeightFixed() && !window_->isActive()) {
+    window_->hide(); // such a desktop puts only what is shown anew to the front
   }
-  if (placement_.kind == PanelWindow::Kind::attached && !window_->isVisible()) {
-    anchor_ = {placement_.iconGeometry(), QCursor::pos()};
-    place();
+  if (!isOpen()) {
+    prepare(place);
   }
   window_->show();
   window_->raise();
@@ -68,19 +41,20 @@ void PanelShell::open() {
   }
 }
 
-void PanelShell::toggle() {
+void PanelShell::toggle(const TrayPlace& place) {
   const bool isSameClick = clickThatLeft_ != 0;
   queue_->cancel(std::exchange(clickThatLeft_, 0));
   if (isOpen()) {
     close();
   } else if (!isSameClick) {
-    open();
+    open(place);
   }
 }
 
 void PanelShell::close() {
-  if (window_ != nullptr && placement_.kind == PanelWindow::Kind::attached) {
+  if (window_ != nullptr && isAttached()) {
     window_->hide();
+    frame_->setCornerHold(nullptr);
   } else if (window_ != nullptr) {
     window_->close(); // ends a program that has nothing else to show
   }
@@ -90,29 +64,85 @@ bool PanelShell::isOpen() const {
   return window_ != nullptr && window_->isVisible();
 }
 
-void PanelShell::make() {
-  window_ = std::make_unique<PanelWindow>(context_, placement_.kind);
-  frame_ = std::make_unique<Frame>(*window_, placement_);
-  manager_.emplace(*frame_, queue_);
-  PanelSizing* const sizing = context_.sizing();
-  sizing->setScreenHeight(frame_->visibleScreenHeight());
-  const auto fit = [this, sizing] { manager_->setTargetHeight(sizing->windowTotalHeight()); };
-  QObject::connect(sizing, &PanelSizing::changed, window_.get(), fit);
-  QObject::connect(window_.get(), &QWindow::screenChanged, window_.get(),
-                   [this, sizing] { sizing->setScreenHeight(frame_->visibleScreenHeight()); });
-  QObject::connect(window_.get(), &QWindow::heightChanged, window_.get(), [this] {
-    if (placement_.kind == PanelWindow::Kind::attached && isOpen()) {
-      place(); // a panel above its icon grows upwards
-    }
-  });
+/// Makes the window ready to be shown where it belongs this time.
+void PanelShell::prepare(const TrayPlace& place) {
+  const PanelWindow::Kind kind = placement_.kind();
+  if (window_ == nullptr || kind != kind_) {
+    make(kind);
+  }
+  if (isHeightFixed()) {
+    frame_->takeFixedHeight();
+  }
+  if (isAttached()) {
+    anchor_.icon = place.icon;
+    anchor_.click = place.click ? place.click : anchor_.click; // the tray is where it was
+    this->place();
+  }
+}
+
+void PanelShell::make(PanelWindow::Kind kind) {
+  manager_.reset();
+  frame_.reset();
+  window_.reset();
+  kind_ = kind;
+  window_ = std::make_unique<PanelWindow>(context_, kind);
+  frame_ = std::make_unique<PanelWindowFrame>(*window_, placement_.isBoundByScreen);
+  context_.sizing()->setGivenHeight(std::nullopt);
   QObject::connect(window_.get(), &QWindow::activeChanged, window_.get(),
                    [this] { closeWhenLeft(); });
+  if (isHeightFixed()) {
+    followWindow();
+  } else {
+    followContent();
+  }
+}
+
+/// The window is as high as its content, as far as the screen allows.
+void PanelShell::followContent() {
+  manager_.emplace(*frame_, queue_);
+  PanelSizing* const sizing = context_.sizing();
+  const auto fit = [this, sizing] { manager_->setTargetHeight(sizing->windowTotalHeight()); };
+  QObject::connect(sizing, &PanelSizing::changed, window_.get(), fit);
+  QObject::connect(window_.get(), &QWindow::screenChanged, window_.get(), [this] { fitScreen(); });
+  QObject::connect(window_.get(), &QWindow::heightChanged, window_.get(), [this] {
+    if (isAttached() && isOpen()) {
+      place(); // a panel above its icon grows upwards
+    } else {
+      frame_->keepOnScreen();
+    }
+  });
+  fitScreen();
   frame_->setContentHeightKeepingTop(PanelSize::initialHeight);
   fit();
 }
 
+/// The desktop decides where the window is and, when it is maximized, how large.
+void PanelShell::followWindow() {
+  PanelSizing* const sizing = context_.sizing();
+  const auto fill = [this, sizing] { sizing->setGivenHeight(window_->height()); };
+  QObject::connect(window_.get(), &QWindow::heightChanged, window_.get(), fill);
+  QObject::connect(window_.get(), &QWindow::windowStateChanged, window_.get(),
+                   [this](Qt::WindowState state) {
+                     if (state == Qt::WindowMaximized || state == Qt::WindowFullScreen) {
+                       frame_->releaseSize();
+                     } else if (state == Qt::WindowNoState) {
+                       frame_->takeFixedHeight();
+                     }
+                   });
+  fill();
+}
+
+void PanelShell::fitScreen() {
+  context_.sizing()->setScreenHeight(frame_->visibleScreenHeight());
+}
+
 void PanelShell::place() {
-  const auto& [icon, cursor] = anchor_;
+  if (placement_.places->decider() == WindowPlaces::Decider::corner) {
+    holdInCorner();
+    return;
+  }
+  const QRect& icon = anchor_.icon;
+  const QPoint cursor = anchor_.click.value_or(QCursor::pos());
   QScreen* screen = QGuiApplication::screenAt(icon.isEmpty() ? cursor : icon.center());
   screen = screen == nullptr ? QGuiApplication::primaryScreen() : screen;
   if (screen != nullptr) {
@@ -121,14 +151,27 @@ void PanelShell::place() {
   }
 }
 
+/// Once for each opening: the desktop keeps the window there whatever its height becomes.
+void PanelShell::holdInCorner() {
+  if (!isOpen() && window_->screen() != nullptr) {
+    frame_->setCornerHold(placement_.places->holdInCorner(
+        *window_, cornerNextTo(anchor_.click, window_->screen()->geometry()),
+        {.freeHeightChanged = [this] { fitScreen(); }, .clickedOutside = [this] { close(); }}));
+  }
+}
+
 /// A panel that belongs to a tray icon is there for a glance: a click elsewhere closes it.
 void PanelShell::closeWhenLeft() {
-  if (placement_.kind != PanelWindow::Kind::attached || window_->isActive() || !isOpen()) {
+  if (!isAttached() || window_->isActive() || !isOpen()) {
     return;
   }
   close();
   queue_->cancel(clickThatLeft_);
   clickThatLeft_ = queue_->postLater(clickArrives, [this] { clickThatLeft_ = 0; });
+}
+
+bool PanelShell::isHeightFixed() const {
+  return !isAttached() && placement_.places->decider() != WindowPlaces::Decider::program;
 }
 
 } // namespace tamberline

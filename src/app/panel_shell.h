@@ -1,6 +1,9 @@
 #pragma once
 
+#include "app/panel_frame.h"
 #include "app/window_manager.h"
+#include "desktop/tray.h"
+#include "desktop/window_places.h"
 #include "panel/panel_context.h"
 #include "panel/panel_window.h"
 
@@ -18,9 +21,9 @@ namespace tamberline {
 class PanelShell {
 public:
   struct Placement {
-    PanelWindow::Kind kind = PanelWindow::Kind::ordinary;
-    /// Where the tray icon is; an empty rectangle where the tray does not tell.
-    std::function<QRect()> iconGeometry = [] { return QRect(); };
+    /// Asked each time the panel opens: a tray may have come or gone.
+    std::function<PanelWindow::Kind()> kind = [] { return PanelWindow::Kind::ordinary; };
+    std::shared_ptr<WindowPlaces> places = std::make_shared<FreeWindowPlaces>();
     /// False to let the panel become as high as without a screen, for pictures of it.
     bool isBoundByScreen = true;
   };
@@ -30,12 +33,12 @@ public:
   PanelShell& operator=(const PanelShell&) = delete;
   ~PanelShell();
 
-  /// Shows the panel, or brings it to the front. The first time a scan begins.
-  void open();
+  /// Shows the panel beside its icon, or brings it to the front. The first time a scan begins.
+  void open(const TrayPlace& place = {});
 
   /// What a click on the tray icon does. The click that took the keyboard away from an open panel
   /// closed it, and does not open it again.
-  void toggle();
+  void toggle(const TrayPlace& place = {});
 
   void close();
   bool isOpen() const;
@@ -45,24 +48,30 @@ public:
   PanelWindow* window() { return window_.get(); }
 
 private:
-  class Frame;
-
   /// What an attached panel stands beside, as it was when the panel opened.
   struct Anchor {
     QRect icon;
-    QPoint cursor;
+    std::optional<QPoint> click; // the last on the icon; absent where the tray tells of none
   };
 
-  void make();
+  void prepare(const TrayPlace& place);
+  void make(PanelWindow::Kind kind);
+  void followContent();
+  void followWindow();
+  void fitScreen();
   void place();
+  void holdInCorner();
   void closeWhenLeft();
+  bool isAttached() const { return kind_ == PanelWindow::Kind::attached; }
+  bool isHeightFixed() const;
 
   PanelContext context_;
   Placement placement_;
   Anchor anchor_;
   std::shared_ptr<MainQueue> queue_;
+  PanelWindow::Kind kind_ = PanelWindow::Kind::ordinary; // of the window, when there is one
   std::unique_ptr<PanelWindow> window_;
-  std::unique_ptr<Frame> frame_;
+  std::unique_ptr<PanelWindowFrame> frame_;
   std::optional<WindowManager> manager_;
   MainQueue::WorkItem clickThatLeft_ = 0; // while the click that closed the panel may still arrive
 };

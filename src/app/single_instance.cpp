@@ -36,17 +36,18 @@ QString fileIn(const QString& folder, const QString& name) {
 
 } // namespace
 
-SingleInstance::SingleInstance(const QString& folder, std::function<void()> onRaiseAsked,
+SingleInstance::SingleInstance(const QString& folder, std::function<void()> onRaiseAsked, Wish wish,
                                std::chrono::milliseconds patience)
     : socketPath_(fileIn(folder, QStringLiteral("tamberline.socket"))),
       onRaiseAsked_(std::move(onRaiseAsked)),
-      lock_(fileIn(folder, QStringLiteral("tamberline.lock"))), isFirst_(becomeFirst(patience)) {
+      lock_(fileIn(folder, QStringLiteral("tamberline.lock"))),
+      isFirst_(becomeFirst(wish, patience)) {
   if (lock_.isLocked()) {
     listen();
   }
 }
 
-bool SingleInstance::becomeFirst(std::chrono::milliseconds patience) {
+bool SingleInstance::becomeFirst(Wish wish, std::chrono::milliseconds patience) {
   if (socketPath_.isEmpty()) {
     return true;
   }
@@ -58,6 +59,9 @@ bool SingleInstance::becomeFirst(std::chrono::milliseconds patience) {
     }
     if (lock_.error() != QLockFile::LockFailedError) {
       return true;
+    }
+    if (wish == Wish::nothing) {
+      break;
     }
     if (askFirstToRaise(socketPath_, deadline)) {
       return false;

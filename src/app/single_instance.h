@@ -16,17 +16,19 @@ namespace tamberline {
 /// that hears of no other. Main thread only; needs an application object.
 class SingleInstance {
 public:
-  /// Both files are in `folder`, which should belong to this person alone; with an
-  /// empty one nothing is locked. When another start is
-  /// the first, asks it to raise its panel and returns once it did or the patience is at an end: a
-  /// first that is frozen keeps its place.
-  SingleInstance(const QString& folder, std::function<void()> onRaiseAsked,
+  /// What a start asks of the one that is there already.
+  enum class Wish : unsigned char { raise, nothing };
+
+  /// Both files are in `folder`, which should belong to this person alone; with an empty one
+  /// nothing is locked. When another start is the first, tells it of the wish and returns once it
+  /// did it or the patience is at an end: a first that is frozen keeps its place.
+  SingleInstance(const QString& folder, std::function<void()> onRaiseAsked, Wish wish = Wish::raise,
                  std::chrono::milliseconds patience = std::chrono::seconds(1));
 
   bool isFirst() const { return isFirst_; }
 
 private:
-  bool becomeFirst(std::chrono::milliseconds patience);
+  bool becomeFirst(Wish wish, std::chrono::milliseconds patience);
   void listen();
   void takeRequests();
 

@@ -1,6 +1,8 @@
 #include "app/tamberline_app.h"
 
 #include "app/manual_document.h"
+#include "app/menu_bar_icon.h"
+#include "i18n/loc.h"
 
 #include <QApplication>
 #include <QWindow>
@@ -8,29 +10,36 @@
 #include <utility>
 
 namespace tamberline {
+namespace {
+
+QString asQString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
 
 TamberlineApp::TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue,
-                             TrayIcon::MenuOpener trayMenuOpener)
-    : hasTray_(QSystemTrayIcon::isSystemTrayAvailable()), trayMenuOpener_(trayMenuOpener),
+                             Desktop desktop)
+    : tray_(std::move(desktop.tray)), places_(std::move(desktop.places)),
       benchmark_(outside.benchmark), manual_(manualFolder(QCoreApplication::applicationDirPath())),
       scanner_(PortScanner::create(outside)),
       shell_({.scanner = scanner_, .queue = std::move(queue), .actions = actions(outside)},
-             {.kind = hasTray_ ? PanelWindow::Kind::attached : PanelWindow::Kind::ordinary,
-              .iconGeometry = [this] { return trayIcon_ ? trayIcon_->geometry() : QRect(); }}) {}
+             {.kind = [this] { return panelKind(); }, .places = places_}) {}
 
-void TamberlineApp::start() {
-  QApplication::setQuitOnLastWindowClosed(!hasTray_);
-  if (hasTray_) {
-    installTrayIcon();
-  } else {
-    shell_.open();
+void TamberlineApp::start(StartedBy starter) {
+  QApplication::setQuitOnLastWindowClosed(false);
+  QObject::connect(qGuiApp, &QGuiApplication::lastWindowClosed, shell_.context().panel(),
+                   [this] { endWithoutIcon(); });
+  if (tray_) {
+    showIcon();
+  }
+  if (starter == StartedBy::person) {
+    raise();
   }
 }
 
 TamberlineApp::~TamberlineApp() {
-  if (trayIcon_) {
-    trayIcon_->icon().hide();
-  }
+  tray_.reset();
   for (QWindow* window : QGuiApplication::topLevelWindows()) {
     window->hide();
   }
@@ -56,14 +65,35 @@ PanelActions TamberlineApp::actions(const ScannerOutside& outside) {
   return actions;
 }
 
-void TamberlineApp::installTrayIcon() {
-  trayIcon_ = std::make_unique<TrayIcon>(TrayIcon::Actions{.toggle = [this] { shell_.toggle(); },
-                                                           .open = [this] { shell_.open(); },
-                                                           .quit = [] { QApplication::quit(); }},
-                                         trayMenuOpener_);
-  QObject::connect(shell_.context().theme(), &Theme::changed, &trayIcon_->icon(),
-                   [this] { trayIcon_->redraw(); });
-  trayIcon_->icon().show();
+/// The panel stands beside its icon where there is one and the desktop lets it; an ordinary window
+/// elsewhere.
+PanelWindow::Kind TamberlineApp::panelKind() const {
+  const bool canStandBeside = places_->decider() != WindowPlaces::Decider::desktop;
+  return hasTray() && canStandBeside ? PanelWindow::Kind::attached : PanelWindow::Kind::ordinary;
+}
+
+TrayPlace TamberlineApp::placeOfIcon() const {
+  return {.icon = hasTray() ? tray_->iconGeometry() : QRect()};
+}
+
+void TamberlineApp::showIcon() {
+  tray_->show({.title = QStringLiteral("Tamberline"),
+               .iconName = QStringLiteral("org.tamberline.Tamberline-symbolic"),
+               .icon = menuBarIcon,
+               .openText = asQString(Loc::openPanel()),
+               .quitText = asQString(Loc::quit())},
+              {.clicked = [this](const TrayPlace& place) { shell_.toggle(place); },
+               .openChosen = [this](const TrayPlace& place) { shell_.open(place); },
+               .quitChosen = [] { QApplication::quit(); }});
+  QObject::connect(shell_.context().theme(), &Theme::changed, shell_.context().panel(),
+                   [this] { tray_->redraw(); });
+}
+
+/// Without an icon, a program that has no window left could not be reached any more.
+void TamberlineApp::endWithoutIcon() const {
+  if (!hasTray()) {
+    QApplication::quit();
+  }
 }
 
 } // namespace tamberline

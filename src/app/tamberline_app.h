@@ -2,7 +2,8 @@
 
 #include "app/manual_window.h"
 #include "app/panel_shell.h"
-#include "app/tray_icon.h"
+#include "desktop/tray.h"
+#include "desktop/window_places.h"
 #include "scanner/port_scanner.h"
 
 #include <memory>
@@ -13,8 +14,18 @@ namespace tamberline {
 /// ordinary small window where there is no tray. Main thread only.
 class TamberlineApp {
 public:
-  TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue,
-                TrayIcon::MenuOpener trayMenuOpener = TrayIcon::MenuOpener::tray);
+  /// What of the desktop the application uses. The tray may be null.
+  struct Desktop {
+    std::unique_ptr<Tray> tray;
+    std::shared_ptr<WindowPlaces> places = std::make_shared<FreeWindowPlaces>();
+  };
+
+  enum class StartedBy : unsigned char {
+    person,  // who wants to see the panel
+    session, // which wants the icon only
+  };
+
+  TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue, Desktop desktop);
   TamberlineApp(const TamberlineApp&) = delete;
   TamberlineApp& operator=(const TamberlineApp&) = delete;
 
@@ -22,23 +33,26 @@ public:
   /// ends with the chunk that it is at, and its file goes.
   ~TamberlineApp();
 
-  /// Puts the icon into the tray or, without one, opens the panel.
-  void start();
+  /// Puts the icon into the tray and, for a person, opens the panel.
+  void start(StartedBy starter = StartedBy::person);
 
   /// Another start of the program asked for the panel.
-  void raise() { shell_.open(); }
+  void raise() { shell_.open(placeOfIcon()); }
 
 private:
   PanelActions actions(const ScannerOutside& outside);
-  void installTrayIcon();
+  PanelWindow::Kind panelKind() const;
+  bool hasTray() const { return tray_ && tray_->isAvailable(); }
+  TrayPlace placeOfIcon() const;
+  void showIcon();
+  void endWithoutIcon() const;
 
-  bool hasTray_;
-  TrayIcon::MenuOpener trayMenuOpener_;
+  std::unique_ptr<Tray> tray_; // may be null
+  std::shared_ptr<WindowPlaces> places_;
   std::shared_ptr<Benchmark> benchmark_; // may be null
   ManualWindow manual_;
   std::shared_ptr<PortScanner> scanner_;
   PanelShell shell_;
-  std::unique_ptr<TrayIcon> trayIcon_;
 };
 
 } // namespace tamberline

@@ -33,6 +33,13 @@ void PanelSizing::setScreenHeight(std::optional<double> points) {
   }
 }
 
+void PanelSizing::setGivenHeight(std::optional<double> points) {
+  if (points != givenHeight_) {
+    givenHeight_ = points;
+    emit changed();
+  }
+}
+
 void PanelSizing::measure(Channel channel, const void* source, double height) {
   std::map<const void*, double>& heights = channel == Channel::list ? listHeights_ : chromeHeights_;
   if (height > 0) {
@@ -48,7 +55,7 @@ double PanelSizing::windowTotalHeight() const {
 }
 
 double PanelSizing::listAreaHeight() const {
-  return tamberline::listAreaHeight(windowTotalHeight(), chromeHeight_);
+  return tamberline::listAreaHeight(shownHeight(), chromeHeight_);
 }
 
 double PanelSizing::greatestListAreaHeight() const {
@@ -58,7 +65,7 @@ double PanelSizing::greatestListAreaHeight() const {
 }
 
 double PanelSizing::greatestSuggestionsHeight() const {
-  return tamberline::greatestSuggestionsHeight(windowTotalHeight(), chromeBaseline_);
+  return tamberline::greatestSuggestionsHeight(shownHeight(), chromeBaseline_);
 }
 
 /// Measurements come in the middle of a layout, and many at a time; what follows from them begins

@@ -46,6 +46,10 @@ public:
   /// Absent without a screen.
   void setScreenHeight(std::optional<double> points);
 
+  /// The height that the desktop gives the window whatever it asks for; absent where the window
+  /// follows its content. The list has what is left of it.
+  void setGivenHeight(std::optional<double> points);
+
   /// `source` is only told apart from others; a height of 0 takes its measurement back.
   void measure(Channel channel, const void* source, double height);
 
@@ -65,12 +69,14 @@ private:
 
   void combineSoon();
   void combine();
+  double shownHeight() const { return givenHeight_.value_or(windowTotalHeight()); }
 
   std::shared_ptr<MainQueue> queue_;
   std::shared_ptr<PendingCombination> pendingCombination_; // posted work holds it weakly
   std::map<const void*, double> listHeights_;
   std::map<const void*, double> chromeHeights_;
   std::optional<double> screenHeight_;
+  std::optional<double> givenHeight_;
   double chromeHeight_ = 0;
   double chromeBaseline_ = 0;
   double listHeight_ = 0;

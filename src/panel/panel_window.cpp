@@ -4,7 +4,11 @@
 
 #include <QKeyEvent>
 #include <QQmlEngine>
+#include <QQuickItem>
 #include <QUrl>
+
+#include <algorithm>
+#include <cmath>
 
 // Registers the types of the QML module; the linker would drop it if nobody called it.
 // NOLINTNEXTLINE(readability-identifier-naming): Qt's tools give the name.
@@ -60,6 +64,21 @@ void PanelWindow::hideEvent(QHideEvent* event) {
   context_.updated()->setPanelVisible(false);
   context_.hints()->hide();
   context_.popover()->close();
+}
+
+void PanelWindow::resizeEvent(QResizeEvent* event) {
+  QQuickView::resizeEvent(event);
+  centerContent();
+}
+
+/// A tiled or maximized window is wider than the panel, which keeps its width and stands in the
+/// middle.
+void PanelWindow::centerContent() {
+  if (QQuickItem* const content = rootObject(); content != nullptr) {
+    const double contentWidth = std::min<double>(width(), PanelSize::width);
+    content->setWidth(contentWidth);
+    content->setX(std::floor((width() - contentWidth) / 2));
+  }
 }
 
 /// What Qt calls Ctrl is the command key of a Mac.

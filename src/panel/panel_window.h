@@ -27,8 +27,10 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
 private:
+  void centerContent();
   void takeFreeKey(QKeyEvent& event);
   void escape();
 

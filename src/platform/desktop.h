@@ -1,6 +1,11 @@
 #pragma once
 
+#include "desktop/tray.h"
+#include "desktop/window_places.h"
+
 #include <QString>
+
+#include <memory>
 
 namespace tamberline {
 
@@ -10,7 +15,12 @@ void chooseGraphics();
 /// Where programs keep the traces of their runs for a person; empty where there is no such folder.
 QString systemRuntimeFolder();
 
-/// Whether a tray that knows an icon's menu opens it on every click and leaves none for the panel.
-bool everyClickOpensTrayMenu();
+/// Whether the session started the program, and no person who wants to see the panel. Can be asked
+/// once: what the program starts itself does not hear of it.
+bool takeStartInBackground();
+
+/// Both after the application object is made.
+std::shared_ptr<WindowPlaces> windowPlacesHere();
+std::unique_ptr<Tray> trayHere(std::shared_ptr<WindowPlaces> places);
 
 } // namespace tamberline

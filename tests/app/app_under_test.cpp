@@ -49,7 +49,7 @@ int runOn(const QString& folder, std::int64_t sizeMB) {
        .events = std::make_shared<SimulatedEventSource>(),
        .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>(),
                                                 Benchmark::Setting{.sizeMB = sizeMB})},
-      queue);
+      queue, {});
   app.start();
   QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
   QObject::connect(&input, &QSocketNotifier::activated, [&input] {

@@ -43,7 +43,12 @@ TEST(PanelPosition, IsBesideTheTrayIcon) {
       {"below the corner of two bars", {8, 8, 24, 24}, {40, 40, 1880, 1040}, "48, 48"},
       {"above the corner of two bars", {1888, 1048, 24, 24}, {0, 0, 1880, 1040}, "1472, 542"},
       {"on a screen at negative positions", {-100, 848, 24, 24}, screenAtLeft, "-408, 342"},
-      {"the start of a screen that is too small", {150, 0, 24, 24}, {0, 24, 300, 200}, "8, 32"},
+      {"the start of a screen that is too small", {150, 0, 24, 24}, {0, 24, 300, 200}, "0, 24"},
+      {"all of a screen that is just as wide", {370, 0, 24, 24}, {0, 24, 400, 276}, "0, 24"},
+      {"half of the room on each side of a narrow screen",
+       {0, 0, 24, 24},
+       {0, 0, 406, 800},
+       "3, 24"},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(text(panelPosition(row.icon, {5, 5}, panel, row.available)), row.expected)
@@ -64,7 +69,7 @@ TEST(PanelPosition, IsInTheCornerNextToTheCursorWithoutAnIconGeometry) {
       {"bottom left", {100, 1070}, aboveBottomBar, "8, 542"},
       {"bottom right", {1900, 1070}, aboveBottomBar, "1512, 542"},
       {"bottom right of a screen at the left", {-10, 830}, screenAtLeft, "-408, 342"},
-      {"the start of a screen that is too small", {299, 199}, {0, 0, 300, 200}, "8, 8"},
+      {"the start of a screen that is too small", {299, 199}, {0, 0, 300, 200}, "0, 0"},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(text(panelPosition(QRect(), row.cursor, panel, row.available)), row.expected)

@@ -1,13 +1,16 @@
 #include "app/panel_shell.h"
+#include "support/fake_desktop.h"
 #include "support/fake_tools.h"
 #include "support/hand_driven_queue.h"
 #include "support/simulated_event_source.h"
 
 #include <QGuiApplication>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QScreen>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace tamberline {
@@ -27,10 +30,12 @@ protected:
     queue->end();
   }
 
-  void makeShell(PanelWindow::Kind kind, const QRect& icon = {}) {
+  void makeShell(PanelWindow::Kind newKind,
+                 std::shared_ptr<WindowPlaces> places = std::make_shared<FreeWindowPlaces>()) {
+    kind = newKind;
     shell = std::make_unique<PanelShell>(
         PanelContext::Outside{.scanner = scanner, .queue = queue},
-        PanelShell::Placement{.kind = kind, .iconGeometry = [icon] { return icon; }});
+        PanelShell::Placement{.kind = [this] { return kind; }, .places = std::move(places)});
   }
 
   /// Another window takes the keyboard, as after a click outside of the panel.
@@ -57,10 +62,14 @@ protected:
     return isTold;
   }
 
-  void openPanel() {
-    shell->open();
+  void openPanel(const TrayPlace& place = {}) {
+    shell->open(place);
     QGuiApplication::processEvents();
     queue->settle();
+  }
+
+  static int screenHeight() {
+    return QGuiApplication::primaryScreen()->availableGeometry().height();
   }
 
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
@@ -69,6 +78,7 @@ protected:
       PortScanner::create({.acquisition = {.tools = tools, .queue = queue},
                            .events = std::make_shared<SimulatedEventSource>()});
   QWindow other;
+  PanelWindow::Kind kind = PanelWindow::Kind::ordinary;
   std::unique_ptr<PanelShell> shell;
 };
 
@@ -151,8 +161,8 @@ TEST_F(PanelShellTest, OnlyTheOrdinaryWindowHasAFrame) {
 
 TEST_F(PanelShellTest, PanelOfATrayIconStandsBelowIt) {
   const QRect icon(300, 0, 24, 24);
-  makeShell(PanelWindow::Kind::attached, icon);
-  openPanel();
+  makeShell(PanelWindow::Kind::attached);
+  openPanel({.icon = icon});
   EXPECT_GE(shell->window()->y(), icon.bottom());
   EXPECT_NEAR(shell->window()->geometry().center().x(), icon.center().x(), 1);
 }
@@ -160,8 +170,8 @@ TEST_F(PanelShellTest, PanelOfATrayIconStandsBelowIt) {
 TEST_F(PanelShellTest, PanelAboveItsIconGrowsUpwards) {
   const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
   const QRect icon(300, available.bottom() - 24, 24, 24);
-  makeShell(PanelWindow::Kind::attached, icon);
-  openPanel();
+  makeShell(PanelWindow::Kind::attached);
+  openPanel({.icon = icon});
   for (const int height : {300, 600, 250}) {
     shell->window()->setMinimumHeight(height);
     shell->window()->setMaximumHeight(height);
@@ -196,6 +206,188 @@ TEST_F(PanelShellTest, WindowIsAsHighAsItsContentAndCannotBeResized) {
   EXPECT_EQ(shell->window()->size(), QSize(400, wanted));
   EXPECT_EQ(shell->window()->minimumSize(), QSize(400, wanted));
   EXPECT_EQ(shell->window()->maximumSize(), QSize(400, wanted));
+}
+
+TEST_F(PanelShellTest, OrdinaryWindowThatGrowsMovesUpInsteadOfLeavingTheScreen) {
+  makeShell(PanelWindow::Kind::ordinary);
+  openPanel();
+  shell->window()->setPosition(100, screenHeight() - 200);
+  shell->window()->setMaximumHeight(600);
+  shell->window()->resize(400, 600);
+  QGuiApplication::processEvents();
+  EXPECT_EQ(shell->window()->frameGeometry().bottom(), screenHeight() - 1);
+  EXPECT_EQ(shell->window()->x(), 100);
+}
+
+TEST_F(PanelShellTest, OrdinaryWindowThatHasRoomBelowStaysWhereItIs) {
+  makeShell(PanelWindow::Kind::ordinary);
+  openPanel();
+  shell->window()->setPosition(100, 30);
+  shell->window()->setMaximumHeight(600);
+  shell->window()->resize(400, 600);
+  QGuiApplication::processEvents();
+  EXPECT_EQ(shell->window()->position(), QPoint(100, 30));
+}
+
+TEST_F(PanelShellTest, StandsNextToTheClickWhereTheTrayTellsOfOneOnly) {
+  makeShell(PanelWindow::Kind::attached);
+  openPanel({.click = QPoint(10, screenHeight() - 5)});
+  QGuiApplication::processEvents(); // its size follows its content
+  EXPECT_LT(shell->window()->x(), 20);
+  EXPECT_GT(shell->window()->geometry().bottom(), screenHeight() - 20);
+}
+
+TEST_F(PanelShellTest, BecomesAnOrdinaryWindowWhenTheTrayHasGone) {
+  makeShell(PanelWindow::Kind::attached);
+  openPanel();
+  shell->close();
+  kind = PanelWindow::Kind::ordinary;
+  openPanel();
+  EXPECT_TRUE(shell->isOpen());
+  EXPECT_FALSE(shell->window()->flags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U); // nothing is scanned anew for that
+}
+
+TEST_F(PanelShellTest, StaysTheWindowThatItIsWhileItIsOpen) {
+  makeShell(PanelWindow::Kind::ordinary);
+  openPanel();
+  const PanelWindow* const window = shell->window();
+  kind = PanelWindow::Kind::attached;
+  openPanel();
+  EXPECT_EQ(shell->window(), window);
+}
+
+class HeldPanelTest : public PanelShellTest {
+protected:
+  void makeHeldShell() { makeShell(PanelWindow::Kind::attached, places); }
+
+  std::shared_ptr<FakeWindowPlaces> places =
+      std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::corner);
+};
+
+TEST_F(HeldPanelTest, IsHeldInTheCornerOfTheClick) {
+  makeHeldShell();
+  openPanel({.click = QPoint(790, 590)}); // the platform's screen has 800 x 800 points
+  EXPECT_EQ(places->corners, std::vector{Qt::BottomRightCorner});
+}
+
+TEST_F(HeldPanelTest, RemembersTheCornerForAStartThatIsNoClick) {
+  makeHeldShell();
+  openPanel();
+  shell->close();
+  openPanel({.click = QPoint(5, 790)});
+  shell->close();
+  openPanel();
+  EXPECT_EQ(places->corners,
+            (std::vector{Qt::TopRightCorner, Qt::BottomLeftCorner, Qt::BottomLeftCorner}));
+}
+
+TEST_F(HeldPanelTest, IsHeldOnceForEachOpening) {
+  makeHeldShell();
+  openPanel();
+  shell->window()->setMaximumHeight(600);
+  shell->window()->resize(400, 600);
+  QGuiApplication::processEvents();
+  EXPECT_EQ(places->corners.size(), 1U);
+}
+
+TEST_F(HeldPanelTest, BecomesNoHigherThanBarsLeaveFree) {
+  makeHeldShell();
+  openPanel();
+  places->freeHeight = 300;
+  places->events.freeHeightChanged();
+  const auto& sizing = *shell->context().sizing();
+  EXPECT_LE(sizing.windowTotalHeight(), 300 - 40);
+}
+
+TEST_F(HeldPanelTest, ClosesOnAClickOutsideAndIsNotHeldAnyMore) {
+  makeHeldShell();
+  openPanel();
+  EXPECT_EQ(places->holds, 1);
+  places->events.clickedOutside();
+  EXPECT_FALSE(shell->isOpen());
+  EXPECT_EQ(places->holds, 0);
+}
+
+class UntoldPanelTest : public PanelShellTest {
+protected:
+  void openUntoldPanel() {
+    makeShell(PanelWindow::Kind::ordinary,
+              std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::desktop));
+    openPanel();
+  }
+  const PanelSizing& sizing() const { return *shell->context().sizing(); }
+};
+
+TEST_F(UntoldPanelTest, HasARoomyHeightThatLeavesPlaceForBarsAndTitle) {
+  openUntoldPanel();
+  const int height = std::min(720, screenHeight() - 128);
+  EXPECT_EQ(shell->window()->size(), QSize(400, height));
+  EXPECT_EQ(shell->window()->minimumSize(), QSize(400, height));
+  EXPECT_EQ(shell->window()->maximumSize(), QSize(400, height));
+}
+
+TEST_F(UntoldPanelTest, KeepsItsHeightWhateverItShows) {
+  openUntoldPanel();
+  const QSize size = shell->window()->size();
+  shell->window()->grabWindow(); // lays out
+  queue->settle();
+  EXPECT_EQ(shell->window()->size(), size);
+}
+
+TEST_F(UntoldPanelTest, GivesTheListWhatTheDesktopLeavesOfTheWindow) {
+  openUntoldPanel();
+  shell->window()->grabWindow();
+  queue->settle();
+  EXPECT_EQ(sizing().listAreaHeight(), shell->window()->height() - sizing().chromeHeight() - 2);
+}
+
+TEST_F(UntoldPanelTest, IsShownAnewWhenItIsWantedWhileAnotherWindowHasTheKeyboard) {
+  openUntoldPanel();
+  int shown = 0;
+  QObject::connect(shell->window(), &QWindow::visibleChanged, shell->window(),
+                   [&shown](bool isVisible) { shown += isVisible ? 1 : 0; });
+  openPanel();
+  EXPECT_EQ(shown, 0); // it is in front
+  clickElsewhere();
+  openPanel();
+  EXPECT_EQ(shown, 1);
+  EXPECT_TRUE(shell->isOpen());
+}
+
+TEST_F(UntoldPanelTest, FillsTheScreenWhileItIsMaximized) {
+  openUntoldPanel();
+  const QSize size = shell->window()->size();
+  shell->window()->setWindowStates(Qt::WindowMaximized);
+  QGuiApplication::processEvents();
+  EXPECT_GT(shell->window()->width(), 400);
+  EXPECT_GT(shell->window()->height(), size.height());
+  EXPECT_EQ(sizing().listAreaHeight(), shell->window()->height() - sizing().chromeHeight() - 2);
+  shell->window()->setWindowStates(Qt::WindowNoState);
+  QGuiApplication::processEvents();
+  EXPECT_EQ(shell->window()->size(), size);
+}
+
+TEST_F(UntoldPanelTest, KeepsTheContentsWidthInTheMiddleOfAWideWindow) {
+  openUntoldPanel();
+  shell->window()->setMaximumSize({1000, 1000});
+  shell->window()->resize(700, 500);
+  QGuiApplication::processEvents();
+  EXPECT_EQ(shell->window()->rootObject()->width(), 400);
+  EXPECT_EQ(shell->window()->rootObject()->x(), 150);
+  EXPECT_EQ(shell->window()->rootObject()->height(), 500);
+}
+
+TEST_F(UntoldPanelTest, FollowsItsContentAgainWhereATrayHasCome) {
+  makeShell(PanelWindow::Kind::ordinary,
+            std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::corner));
+  openPanel();
+  shell->close();
+  kind = PanelWindow::Kind::attached;
+  openPanel();
+  shell->window()->grabWindow();
+  queue->settle();
+  EXPECT_EQ(sizing().listAreaHeight(), sizing().windowTotalHeight() - sizing().chromeHeight() - 2);
 }
 
 } // namespace

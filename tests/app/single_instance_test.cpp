@@ -2,6 +2,7 @@
 #include "support/event_loop.h"
 #include "support/temporary_folder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLocalSocket>
@@ -27,7 +28,8 @@ class OneRun : public testing::Test {
 protected:
   std::unique_ptr<SingleInstance> start(std::chrono::milliseconds patience = 1s) {
     return std::make_unique<SingleInstance>(
-        QString::fromStdString(folder.path().string()), [this] { ++raises; }, patience);
+        QString::fromStdString(folder.path().string()), [this] { ++raises; },
+        SingleInstance::Wish::raise, patience);
   }
   QString socketPath() const {
     return QString::fromStdString((folder.path() / "tamberline.socket").string());
@@ -52,6 +54,19 @@ protected:
 TEST_F(OneRun, TheFirstStartOwnsIt) {
   const auto first = start();
   EXPECT_TRUE(first->isFirst());
+  EXPECT_EQ(raises, 0);
+}
+
+TEST_F(OneRun, ASecondThatTheSessionStartsRaisesNothing) {
+  const auto first = start();
+  bool isSecondFirst = true;
+  std::thread([&] {
+    const SingleInstance second(
+        QString::fromStdString(folder.path().string()), [] {}, SingleInstance::Wish::nothing);
+    isSecondFirst = second.isFirst();
+  }).join();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(isSecondFirst);
   EXPECT_EQ(raises, 0);
 }
 

@@ -1,5 +1,6 @@
 #include "app/tamberline_app.h"
 #include "panel/panel_window.h"
+#include "support/fake_desktop.h"
 #include "support/fake_tools.h"
 #include "support/fake_volume_files.h"
 #include "support/hand_driven_queue.h"
@@ -7,6 +8,7 @@
 
 #include <QApplication>
 #include <QQuickWindow>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -14,7 +16,6 @@
 namespace tamberline {
 namespace {
 
-/// The offscreen platform has no tray.
 class TamberlineAppTest : public testing::Test {
 protected:
   void SetUp() override { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
@@ -34,6 +35,21 @@ protected:
     return panels;
   }
 
+  /// Closes the panel in a running event loop, which the application is to end.
+  static bool endsWithItsWindow() {
+    bool isEnded = false;
+    const auto connection = QObject::connect(qApp, &QCoreApplication::aboutToQuit, qApp,
+                                             [&isEnded] { isEnded = true; });
+    QMetaObject::invokeMethod(
+        qApp, [] { panel().close(); }, Qt::QueuedConnection);
+    QTimer patience;
+    QObject::connect(&patience, &QTimer::timeout, qApp, [] { QCoreApplication::exit(1); });
+    patience.start(std::chrono::milliseconds(300));
+    const int status = QApplication::exec();
+    QObject::disconnect(connection);
+    return isEnded && status == 0;
+  }
+
   static PanelController& panel() {
     auto* view = qobject_cast<QQuickView*>(visiblePanels().at(0));
     return *PanelContext::of(*view->engine()).panel();
@@ -42,11 +58,14 @@ protected:
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
   std::shared_ptr<FakeVolumeFiles> files = std::make_shared<FakeVolumeFiles>();
-  std::unique_ptr<TamberlineApp> app = std::make_unique<TamberlineApp>(
-      ScannerOutside{.acquisition = {.tools = tools, .queue = queue},
-                     .events = std::make_shared<SimulatedEventSource>(),
-                     .benchmark = std::make_shared<Benchmark>(files)},
-      queue);
+  ScannerOutside outside() {
+    return {.acquisition = {.tools = tools, .queue = queue},
+            .events = std::make_shared<SimulatedEventSource>(),
+            .benchmark = std::make_shared<Benchmark>(files)};
+  }
+
+  std::unique_ptr<TamberlineApp> app =
+      std::make_unique<TamberlineApp>(outside(), queue, TamberlineApp::Desktop{});
 };
 
 TEST_F(TamberlineAppTest, OpensAnOrdinaryWindowWhereThereIsNoTray) {
@@ -58,7 +77,7 @@ TEST_F(TamberlineAppTest, OpensAnOrdinaryWindowWhereThereIsNoTray) {
 
 TEST_F(TamberlineAppTest, EndsWithItsOnlyWindowWhereThereIsNoTray) {
   app->start();
-  EXPECT_TRUE(QApplication::quitOnLastWindowClosed());
+  EXPECT_TRUE(endsWithItsWindow());
 }
 
 TEST_F(TamberlineAppTest, ShowsTheOneWindowToAnotherStart) {
@@ -73,6 +92,108 @@ TEST_F(TamberlineAppTest, ScansWithToolsThatAreMissingAndGoesOn) {
   queue->advance(std::chrono::seconds(1));
   EXPECT_EQ(tools->runCount("SPThunderboltDataType.json"), 2U); // two attempts
   EXPECT_EQ(visiblePanels().size(), 1U);
+}
+
+TEST_F(TamberlineAppTest, StaysWithoutAWindowWhereTheSessionStartedIt) {
+  app->start(TamberlineApp::StartedBy::session);
+  EXPECT_TRUE(visiblePanels().empty());
+  app->raise(); // by a person who starts it once more
+  EXPECT_EQ(visiblePanels().size(), 1U);
+}
+
+class AppWithTrayTest : public TamberlineAppTest {
+protected:
+  void SetUp() override {
+    TamberlineAppTest::SetUp();
+    makeApp(std::make_shared<FreeWindowPlaces>());
+  }
+
+  void makeApp(std::shared_ptr<WindowPlaces> places) {
+    auto owned = std::make_unique<FakeTray>();
+    tray = owned.get();
+    app = std::make_unique<TamberlineApp>(
+        outside(), queue, TamberlineApp::Desktop{.tray = std::move(owned), .places = places});
+  }
+
+  static bool isAttached() {
+    return visiblePanels().at(0)->flags().testFlag(Qt::FramelessWindowHint);
+  }
+
+  FakeTray* tray = nullptr;
+};
+
+TEST_F(AppWithTrayTest, OpensThePanelForAPerson) {
+  app->start();
+  EXPECT_TRUE(tray->isShown);
+  ASSERT_EQ(visiblePanels().size(), 1U);
+  EXPECT_TRUE(isAttached());
+}
+
+TEST_F(AppWithTrayTest, PutsTheIconIntoTheTrayOnlyForTheSession) {
+  app->start(TamberlineApp::StartedBy::session);
+  EXPECT_TRUE(tray->isShown);
+  EXPECT_TRUE(visiblePanels().empty());
+}
+
+TEST_F(AppWithTrayTest, NamesTheIconAndItsMenu) {
+  app->start();
+  EXPECT_EQ(tray->look.iconName, "org.tamberline.Tamberline-symbolic");
+  EXPECT_EQ(tray->look.title, "Tamberline");
+  EXPECT_EQ(tray->look.openText, "Open Tamberline");
+  EXPECT_EQ(tray->look.quitText, "Quit");
+  EXPECT_FALSE(tray->look.icon(BarTone::dark).isNull());
+}
+
+TEST_F(AppWithTrayTest, TogglesThePanelOnAClickAndOpensItFromTheMenu) {
+  app->start(TamberlineApp::StartedBy::session);
+  tray->events.clicked({});
+  EXPECT_EQ(visiblePanels().size(), 1U);
+  tray->events.clicked({});
+  EXPECT_TRUE(visiblePanels().empty());
+  tray->events.openChosen({});
+  tray->events.openChosen({});
+  EXPECT_EQ(visiblePanels().size(), 1U);
+}
+
+TEST_F(AppWithTrayTest, GoesOnWithoutAWindow) {
+  app->start();
+  EXPECT_FALSE(endsWithItsWindow());
+}
+
+TEST_F(AppWithTrayTest, GoesOnWhenATrayCameWhileTheWindowWasOpen) {
+  tray->isThere = false;
+  app->start();
+  EXPECT_FALSE(isAttached());
+  tray->isThere = true;
+  EXPECT_FALSE(endsWithItsWindow());
+  tray->events.clicked({});
+  EXPECT_TRUE(isAttached());
+}
+
+TEST_F(AppWithTrayTest, OpensAWindowThatEndsItWhenTheTrayHasGone) {
+  app->start(TamberlineApp::StartedBy::session);
+  tray->isThere = false;
+  app->raise();
+  EXPECT_FALSE(isAttached());
+  EXPECT_TRUE(endsWithItsWindow());
+}
+
+TEST_F(AppWithTrayTest, OpensAnOrdinaryWindowWhereTheDesktopAloneDecidesOfPlaces) {
+  makeApp(std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::desktop));
+  app->start();
+  EXPECT_FALSE(isAttached());
+  EXPECT_FALSE(endsWithItsWindow()); // the icon opens it again
+}
+
+TEST_F(AppWithTrayTest, DrawsTheIconAnewInOtherColours) {
+  app->start();
+  QPalette palette = QApplication::palette();
+  palette.setColor(QPalette::Window, Qt::black);
+  palette.setColor(QPalette::WindowText, Qt::white);
+  QApplication::setPalette(palette);
+  QCoreApplication::processEvents();
+  EXPECT_GE(tray->redraws, 1);
+  QApplication::setPalette(QPalette());
 }
 
 TEST_F(TamberlineAppTest, TestsVolumes) {

@@ -9,8 +9,12 @@ TEST(MacDesktop, HasNoFolderForTheTracesOfARun) {
   EXPECT_TRUE(systemRuntimeFolder().isEmpty());
 }
 
-TEST(MacDesktop, LeavesNoClickToThePanelWhereItsMenuBarKnowsAMenu) {
-  EXPECT_TRUE(everyClickOpensTrayMenu());
+TEST(MacDesktop, LetsProgramsDecideWhereTheirWindowsStand) {
+  EXPECT_EQ(windowPlacesHere()->decider(), WindowPlaces::Decider::program);
+}
+
+TEST(MacDesktop, StartsEveryRunForAPerson) {
+  EXPECT_FALSE(takeStartInBackground());
 }
 
 } // namespace

@@ -68,6 +68,20 @@ TEST_F(PanelSizingTest, FollowsFromBoth) {
   EXPECT_EQ(sizing->greatestListAreaHeight(), 1228);
 }
 
+TEST_F(PanelSizingTest, GivesTheListWhatIsLeftOfAWindowWhoseHeightIsGiven) {
+  measure(Channel::chrome, header, 100);
+  measure(Channel::list, cards, 400);
+  sizing->setGivenHeight(300);
+  EXPECT_EQ(changes.count(), 3);
+  EXPECT_EQ(sizing->windowTotalHeight(), 502);
+  EXPECT_EQ(sizing->listAreaHeight(), 198);
+  EXPECT_EQ(sizing->greatestSuggestionsHeight(), 138);
+  sizing->setGivenHeight(300);
+  EXPECT_EQ(changes.count(), 3);
+  sizing->setGivenHeight(std::nullopt);
+  EXPECT_EQ(sizing->listAreaHeight(), 400);
+}
+
 TEST_F(PanelSizingTest, KeepsTheWindowWhileSearching) {
   measure(Channel::chrome, header, 130);
   measure(Channel::list, cards, 300);

@@ -44,4 +44,8 @@ void PrivateBus::becomeSystemBus() {
   setenv("DBUS_SYSTEM_BUS_ADDRESS", address().c_str(), 1);
 }
 
+void PrivateBus::becomeSessionBus() {
+  setenv("DBUS_SESSION_BUS_ADDRESS", address().c_str(), 1);
+}
+
 } // namespace tamberline

@@ -1,3 +1,4 @@
+#include "app/display_guard.h"
 #include "app/look.h"
 #include "app/manual_document.h"
 #include "app/manual_window.h"
@@ -18,6 +19,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -64,7 +66,9 @@ int replay(const ReplayOptions& options, int& argc, char** argv) {
   }
   leaveOutEncodingNotice();
   chooseGraphics();
+  auto guard = std::make_optional<DisplayGuard>(QStringLiteral("tamberline-replay"));
   QApplication application(argc, argv);
+  guard.reset();
   AppLanguage::choose(
       options.language.value_or(AppLanguage::forPreferredLanguages(preferredLanguages())));
   applyLook(options);
@@ -76,7 +80,7 @@ int replay(const ReplayOptions& options, int& argc, char** argv) {
                     .queue = queue,
                     .fontScale = options.fontScale,
                     .actions = actionsWith(manual)},
-                   {.isBoundByScreen = !options.screenshot});
+                   {.places = windowPlacesHere(), .isBoundByScreen = !options.screenshot});
   const auto shown = showPanel(&shell, scanner, queue, options);
   return QApplication::exec();
 }

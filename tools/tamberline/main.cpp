@@ -1,3 +1,4 @@
+#include "app/display_guard.h"
 #include "app/look.h"
 #include "app/private_folder.h"
 #include "app/qt_notices.h"
@@ -15,6 +16,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -22,27 +24,37 @@ using namespace tamberline;
 
 constexpr int exitUsage = 2;
 
-TrayIcon::MenuOpener trayMenuOpener() {
-  return everyClickOpensTrayMenu() ? TrayIcon::MenuOpener::program : TrayIcon::MenuOpener::tray;
+TamberlineApp::Desktop desktopHere() {
+  const std::shared_ptr<WindowPlaces> places = windowPlacesHere();
+  return {.tray = trayHere(places), .places = places};
 }
 
-int run() {
+/// A session that starts the program once more has no use for the panel.
+SingleInstance::Wish wishOf(TamberlineApp::StartedBy starter) {
+  return starter == TamberlineApp::StartedBy::person ? SingleInstance::Wish::raise
+                                                     : SingleInstance::Wish::nothing;
+}
+
+int run(TamberlineApp::StartedBy starter) {
   // Outlives the application, whose end takes a moment and must not be cut short.
   const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
   std::unique_ptr<TamberlineApp> app;
-  const SingleInstance instance(runtimeFolder(systemRuntimeFolder()), [&app] {
-    if (app) {
-      app->raise();
-    }
-  });
+  const SingleInstance instance(
+      runtimeFolder(systemRuntimeFolder()),
+      [&app] {
+        if (app) {
+          app->raise();
+        }
+      },
+      wishOf(starter));
   if (!instance.isFirst()) {
     return EXIT_SUCCESS;
   }
   AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
   useOwnLookWithoutDesktop();
   const auto queue = std::make_shared<QtMainQueue>();
-  app = std::make_unique<TamberlineApp>(thisMachine(queue), queue, trayMenuOpener());
-  app->start();
+  app = std::make_unique<TamberlineApp>(thisMachine(queue), queue, desktopHere());
+  app->start(starter);
   return QApplication::exec();
 }
 
@@ -50,16 +62,20 @@ int run() {
 
 int main(int argc, char** argv) {
   if (argc > 1) {
-    std::fputs(
-        "tamberline: there are no arguments to give; tamberline-replay shows saved reports\n",
-        stderr);
+    std::fputs("tamberline: it takes no arguments; 'man tamberline' says what it does, and "
+               "tamberline-replay shows saved reports\n",
+               stderr);
     return exitUsage;
   }
+  const auto starter = takeStartInBackground() ? TamberlineApp::StartedBy::session
+                                               : TamberlineApp::StartedBy::person;
   chooseGraphics();
   leaveOutEncodingNotice();
+  auto guard = std::make_optional<DisplayGuard>(QStringLiteral("tamberline"));
   const QApplication application(argc, argv);
+  guard.reset();
   QApplication::setApplicationName(QStringLiteral("tamberline"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tamberline"));
   QApplication::setDesktopFileName(QStringLiteral("org.tamberline.Tamberline"));
-  return run();
+  return run(starter);
 }

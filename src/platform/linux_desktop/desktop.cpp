@@ -1,9 +1,31 @@
 #include "platform/desktop.h"
 
+#include "platform/linux_desktop/layer_shell.h"
+#include "platform/linux_desktop/linux_tray.h"
+
+#include <QGuiApplication>
 #include <QQuickWindow>
 #include <QStandardPaths>
 
+#include <utility>
+
 namespace tamberline {
+namespace {
+
+/// What the entry sets that starts the program with the session.
+constexpr const char* backgroundVariable = "TAMBERLINE_START_IN_BACKGROUND";
+
+/// A Wayland desktop that keeps the places of windows to itself.
+class UntoldWindowPlaces final : public WindowPlaces {
+public:
+  Decider decider() const override { return Decider::desktop; }
+  std::unique_ptr<CornerHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
+                                           HoldEvents /*events*/) override {
+    return nullptr;
+  }
+};
+
+} // namespace
 
 /// The panel is text and rectangles. Drawing them in software starts in a third of the time and
 /// memory that a graphics driver takes.
@@ -15,8 +37,22 @@ QString systemRuntimeFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
 }
 
-bool everyClickOpensTrayMenu() {
-  return false;
+bool takeStartInBackground() {
+  const bool isInBackground = qEnvironmentVariableIntValue(backgroundVariable) == 1;
+  qunsetenv(backgroundVariable);
+  return isInBackground;
+}
+
+std::shared_ptr<WindowPlaces> windowPlacesHere() {
+  if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+    return std::make_shared<FreeWindowPlaces>();
+  }
+  std::shared_ptr<WindowPlaces> places = layerShellPlaces();
+  return places ? places : std::make_shared<UntoldWindowPlaces>();
+}
+
+std::unique_ptr<Tray> trayHere(std::shared_ptr<WindowPlaces> places) {
+  return std::make_unique<LinuxTray>(std::move(places));
 }
 
 } // namespace tamberline

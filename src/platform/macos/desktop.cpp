@@ -1,5 +1,7 @@
 #include "platform/desktop.h"
 
+#include "desktop/qt_tray.h"
+
 namespace tamberline {
 
 /// The system's own way of drawing is the quick one here.
@@ -10,8 +12,18 @@ QString systemRuntimeFolder() {
   return {};
 }
 
-bool everyClickOpensTrayMenu() {
-  return true;
+/// What the system starts at login, it starts as a person does.
+bool takeStartInBackground() {
+  return false;
+}
+
+std::shared_ptr<WindowPlaces> windowPlacesHere() {
+  return std::make_shared<FreeWindowPlaces>();
+}
+
+/// A menu bar that knows an icon's menu opens it on every click and leaves none for the panel.
+std::unique_ptr<Tray> trayHere(std::shared_ptr<WindowPlaces> /*places*/) {
+  return std::make_unique<QtTray>(QtTray::MenuOpener::program);
 }
 
 } // namespace tamberline

@@ -1,0 +1,59 @@
+#include "app/display_guard.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+QString named(const char* variable, const QString& value) {
+  return QLatin1String(variable) +
+         (value.isEmpty() ? QStringLiteral(" is not set") : QStringLiteral(" is '%1'").arg(value));
+}
+
+} // namespace
+
+QString displayFailureText(const QString& program, const QString& waylandDisplay,
+                           const QString& x11Display) {
+  const QString facts =
+      QStringLiteral("%1: no display can be opened (%2, %3)")
+          .arg(program, named("WAYLAND_DISPLAY", waylandDisplay), named("DISPLAY", x11Display));
+  if (waylandDisplay.isEmpty()) {
+    return facts;
+  }
+  return facts + QStringLiteral("; Wayland takes Qt's plugin for it (package qt6-wayland)");
+}
+
+DisplayGuard* DisplayGuard::current = nullptr;
+
+DisplayGuard::DisplayGuard(QString program) : program_(std::move(program)) {
+  current = this;
+  formerHandler_ = qInstallMessageHandler(take);
+}
+
+DisplayGuard::~DisplayGuard() {
+  qInstallMessageHandler(formerHandler_);
+  current = nullptr;
+  for (const Message& message : keptBack_) {
+    qt_message_output(message.type, QMessageLogContext(), message.text);
+  }
+}
+
+void DisplayGuard::take(QtMsgType type, const QMessageLogContext& /*context*/,
+                        const QString& text) {
+  if (type == QtFatalMsg) {
+    current->fail();
+  }
+  current->keptBack_.append({type, text});
+}
+
+/// Nothing that the program has begun needs an end in order yet.
+void DisplayGuard::fail() const {
+  const QString text = displayFailureText(program_, qEnvironmentVariable("WAYLAND_DISPLAY"),
+                                          qEnvironmentVariable("DISPLAY"));
+  std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+  std::_Exit(EXIT_FAILURE);
+}
+
+} // namespace tamberline

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace tamberline {
+
+/// Why there is no display, for the person who started the program. `waylandDisplay` and
+/// `x11Display` are what the environment names; empty where it names none.
+QString displayFailureText(const QString& program, const QString& waylandDisplay,
+                           const QString& x11Display);
+
+/// Lives while the application object is made. Qt aborts the program where it cannot open a
+/// display; with a guard one sentence says so, and the program ends with status 1. What Qt says
+/// besides is kept back, and printed when all went well. One at a time.
+class DisplayGuard {
+public:
+  explicit DisplayGuard(QString program);
+  DisplayGuard(const DisplayGuard&) = delete;
+  DisplayGuard& operator=(const DisplayGuard&) = delete;
+  ~DisplayGuard();
+
+private:
+  struct Message {
+    QtMsgType type;
+    QString text;
+  };
+
+  static void take(QtMsgType type, const QMessageLogContext& context, const QString& text);
+  [[noreturn]] void fail() const;
+
+  static DisplayGuard* current;
+
+  QString program_;
+  QList<Message> keptBack_;
+  QtMessageHandler formerHandler_;
+};
+
+} // namespace tamberline

@@ -1,0 +1,58 @@
+#include "app/panel_frame.h"
+
+#include "panel/panel_size.h"
+
+#include <QScreen>
+
+#include <algorithm>
+
+namespace tamberline {
+namespace {
+
+constexpr int roomyHeight = 720;
+/// For a bar of the desktop, the window's title and a little air. The desktop does not tell.
+constexpr int barsAndTitle = 128;
+constexpr int anySize = 16384; // what the window system takes as no limit
+
+} // namespace
+
+std::optional<double> PanelWindowFrame::visibleScreenHeight() const {
+  if (!isBoundByScreen_ || window_.screen() == nullptr) {
+    return std::nullopt;
+  }
+  const std::optional<double> free = hold_ ? hold_->freeHeight() : std::nullopt;
+  return free ? *free : window_.screen()->availableGeometry().height();
+}
+
+void PanelWindowFrame::takeFixedHeight() {
+  const int most = window_.screen() == nullptr
+                       ? roomyHeight
+                       : window_.screen()->availableGeometry().height() - barsAndTitle;
+  fixSize(std::max(qRound(PanelSize::minimumHeight), std::min(roomyHeight, most)));
+}
+
+void PanelWindowFrame::releaseSize() {
+  window_.setMinimumSize({});
+  window_.setMaximumSize({anySize, anySize});
+}
+
+void PanelWindowFrame::keepOnScreen() {
+  if (!window_.isVisible() || !isBoundByScreen_ || window_.screen() == nullptr) {
+    return;
+  }
+  const QRect available = window_.screen()->availableGeometry();
+  const QRect frame = window_.frameGeometry();
+  const int overhang = frame.bottom() - available.bottom();
+  if (overhang > 0 && frame.top() > available.top()) {
+    window_.setFramePosition({frame.x(), std::max(available.top(), frame.top() - overhang)});
+  }
+}
+
+void PanelWindowFrame::fixSize(int height) {
+  const QSize size(qRound(PanelSize::width), height);
+  window_.setMinimumSize(size);
+  window_.setMaximumSize(size);
+  window_.resize(size);
+}
+
+} // namespace tamberline

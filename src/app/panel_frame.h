@@ -1,0 +1,48 @@
+#pragma once
+
+#include "app/window_manager.h"
+#include "desktop/window_places.h"
+#include "panel/panel_window.h"
+
+#include <functional>
+#include <memory>
+
+namespace tamberline {
+
+/// The panel's window as the window manager sees it: its height, and what the screen leaves for it.
+/// Main thread only.
+class PanelWindowFrame final : public PanelFrame {
+public:
+  /// The window outlives the frame. A frame that is not bound by the screen is as high as its
+  /// content, for pictures of it.
+  PanelWindowFrame(PanelWindow& window, bool isBoundByScreen)
+      : window_(window), isBoundByScreen_(isBoundByScreen) {}
+
+  /// The desktop holds the window in a corner and knows what is free there. Null ends that.
+  void setCornerHold(std::unique_ptr<CornerHold> hold) { hold_ = std::move(hold); }
+
+  double contentHeight() const override { return window_.height(); }
+  std::optional<double> visibleScreenHeight() const override;
+
+  /// The system keeps the position of a window that changes its size, which is its top left corner.
+  void setContentHeightKeepingTop(double height) override { fixSize(qRound(height)); }
+
+  /// The size for a window whose place only the desktop knows: a window that grows could leave the
+  /// screen there, so this one has room for several open rows from the start.
+  void takeFixedHeight();
+
+  /// Lets the desktop give the window another size, while it is maximized or fills the screen.
+  void releaseSize();
+
+  /// Moves a window with a frame up, as far as it ends below what the screen leaves free.
+  void keepOnScreen();
+
+private:
+  void fixSize(int height);
+
+  PanelWindow& window_;
+  bool isBoundByScreen_;
+  std::unique_ptr<CornerHold> hold_; // may be null
+};
+
+} // namespace tamberline

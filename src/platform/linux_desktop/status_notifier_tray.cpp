@@ -1,0 +1,158 @@
+#include "platform/linux_desktop/status_notifier_tray.h"
+
+#include "platform/linux_desktop/tray_menu.h"
+
+#include <QCoreApplication>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QUuid>
+
+#include <chrono>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+const auto watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
+const auto itemPath = QStringLiteral("/StatusNotifierItem");
+const auto menuPath = QStringLiteral("/TrayMenu");
+
+/// The program waits for the bus only when it starts, to know what kind of window to open.
+constexpr std::chrono::milliseconds patienceAtStart{500};
+
+QDBusMessage callOfWatcher(const QString& interface, const QString& method) {
+  QDBusMessage call =
+      QDBusMessage::createMethodCall(watcherService, watcherPath, interface, method);
+  call.setAutoStartService(false);
+  return call;
+}
+
+/// Whether somebody shows the items that the watcher keeps.
+QDBusMessage hostQuestion() {
+  QDBusMessage question =
+      callOfWatcher(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+  question << watcherService << QStringLiteral("IsStatusNotifierHostRegistered");
+  return question;
+}
+
+bool tellsOfHost(const QDBusMessage& answer) {
+  return answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty() &&
+         answer.arguments().constFirst().value<QDBusVariant>().variant().toBool();
+}
+
+/// Hosts look for the name in their themes; a program that is not installed has only its drawing.
+QString nameIfInstalled(const QString& iconName) {
+  const QString file = QStringLiteral("icons/hicolor/symbolic/apps/%1.svg").arg(iconName);
+  return QStandardPaths::locate(QStandardPaths::GenericDataLocation, file).isEmpty() ? QString()
+                                                                                     : iconName;
+}
+
+/// On X11 hosts tell of pixels.
+std::optional<QPoint> inPoints(std::optional<QPoint> place) {
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  if (place && screen != nullptr && QGuiApplication::platformName() == QLatin1String("xcb")) {
+    return *place / screen->devicePixelRatio();
+  }
+  return place;
+}
+
+} // namespace
+
+StatusNotifierTray::StatusNotifierTray(Hooks hooks)
+    : hooks_(std::move(hooks)),
+      bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus,
+                                         QUuid::createUuid().toString(QUuid::WithoutBraces))),
+      watcherOwner_(watcherService, bus_) {
+  if (!bus_.isConnected()) {
+    return;
+  }
+  followWatcher();
+  isAvailable_ = tellsOfHost(
+      bus_.call(hostQuestion(), QDBus::Block, static_cast<int>(patienceAtStart.count())));
+  if (!isAvailable_) {
+    askForHost(); // which may only have been slow
+  }
+}
+
+StatusNotifierTray::~StatusNotifierTray() {
+  QDBusConnection::disconnectFromBus(bus_.name());
+}
+
+void StatusNotifierTray::show(Look look, Events events) {
+  look_ = std::move(look);
+  events_ = std::move(events);
+  if (bus_.isConnected()) {
+    exportItem();
+    registerItem();
+  }
+}
+
+void StatusNotifierTray::redraw() {
+  if (item_) {
+    item_->setIcon(look_.icon(BarTone::unknown));
+  }
+}
+
+void StatusNotifierTray::askForHost() {
+  auto* const answer = new QDBusPendingCallWatcher(bus_.asyncCall(hostQuestion()), this);
+  connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+    setAvailable(tellsOfHost(answer->reply()));
+    answer->deleteLater();
+  });
+}
+
+void StatusNotifierTray::followWatcher() {
+  connect(&watcherOwner_, &QDBusServiceWatcher::serviceRegistered, this, [this] {
+    registerItem();
+    askForHost();
+  });
+  connect(&watcherOwner_, &QDBusServiceWatcher::serviceUnregistered, this,
+          [this] { setAvailable(false); });
+  for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
+    bus_.connect(watcherService, watcherPath, watcherService, QString::fromLatin1(signal), this,
+                 SLOT(askForHost()));
+  }
+}
+
+void StatusNotifierTray::exportItem() {
+  menu_ =
+      std::make_unique<TrayMenu>(MenuEntries{{look_.openText, [this] { events_.openChosen({}); }},
+                                             {look_.quitText, [this] { events_.quitChosen(); }}});
+  item_ = std::make_unique<StatusNotifierItem>(
+      StatusNotifierItem::Content{.title = look_.title,
+                                  .iconName = nameIfInstalled(look_.iconName),
+                                  .icon = look_.icon(BarTone::unknown),
+                                  .menu = QDBusObjectPath(menuPath)},
+      StatusNotifierItem::Events{
+          .activated =
+              [this](std::optional<QPoint> place) { events_.clicked({.click = inPoints(place)}); },
+          .menuWanted =
+              [this](std::optional<QPoint> place) { hooks_.menuWanted(inPoints(place)); }});
+  constexpr auto everything = QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals |
+                              QDBusConnection::ExportAllProperties;
+  bus_.registerObject(menuPath, menu_.get(), everything);
+  bus_.registerObject(itemPath, item_.get(), everything);
+}
+
+/// A watcher that comes anew knows nothing of the item.
+void StatusNotifierTray::registerItem() {
+  if (item_) {
+    QDBusMessage call = callOfWatcher(watcherService, QStringLiteral("RegisterStatusNotifierItem"));
+    call << bus_.baseService();
+    bus_.asyncCall(call);
+  }
+}
+
+void StatusNotifierTray::setAvailable(bool isAvailable) {
+  if (isAvailable != isAvailable_) {
+    isAvailable_ = isAvailable;
+    hooks_.availabilityChanged();
+  }
+}
+
+} // namespace tamberline

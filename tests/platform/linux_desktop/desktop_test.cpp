@@ -1,0 +1,30 @@
+#include "platform/desktop.h"
+
+#include <QByteArray>
+#include <QtGlobal>
+#include <gtest/gtest.h>
+
+namespace tamberline {
+namespace {
+
+TEST(LinuxDesktop, HearsOnceThatTheSessionStartedTheProgram) {
+  qputenv("TAMBERLINE_START_IN_BACKGROUND", "1");
+  EXPECT_TRUE(takeStartInBackground());
+  EXPECT_FALSE(qEnvironmentVariableIsSet("TAMBERLINE_START_IN_BACKGROUND"));
+  EXPECT_FALSE(takeStartInBackground());
+}
+
+TEST(LinuxDesktop, TakesEveryOtherStartForAPersons) {
+  for (const char* value : {"", "0", "yes"}) {
+    qputenv("TAMBERLINE_START_IN_BACKGROUND", value);
+    EXPECT_FALSE(takeStartInBackground()) << value;
+  }
+  qunsetenv("TAMBERLINE_START_IN_BACKGROUND");
+}
+
+TEST(LinuxDesktop, LetsProgramsDecideWhereTheirWindowsStandWithoutWayland) {
+  EXPECT_EQ(windowPlacesHere()->decider(), WindowPlaces::Decider::program);
+}
+
+} // namespace
+} // namespace tamberline

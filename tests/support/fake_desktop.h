@@ -1,0 +1,69 @@
+// A desktop that the test plays: its tray and where its windows stand.
+#pragma once
+
+#include "desktop/tray.h"
+#include "desktop/window_places.h"
+
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace tamberline {
+
+class FakeTray final : public Tray {
+public:
+  void show(Look newLook, Events newEvents) override {
+    look = std::move(newLook);
+    events = std::move(newEvents);
+    isShown = true;
+  }
+  bool isAvailable() const override { return isThere; }
+  QRect iconGeometry() const override { return geometry; }
+  void redraw() override { ++redraws; }
+
+  bool isThere = true;
+  bool isShown = false;
+  QRect geometry;
+  Look look;
+  Events events;
+  int redraws = 0;
+};
+
+/// Holds windows in corners, or says nothing of their places.
+class FakeWindowPlaces final : public WindowPlaces {
+public:
+  explicit FakeWindowPlaces(Decider decider) : decider_(decider) {}
+
+  Decider decider() const override { return decider_; }
+
+  std::unique_ptr<CornerHold> holdInCorner(QWindow& /*window*/, Qt::Corner corner,
+                                           HoldEvents newEvents) override {
+    corners.push_back(corner);
+    events = std::move(newEvents);
+    ++holds;
+    return std::make_unique<Hold>(*this);
+  }
+
+  std::optional<double> freeHeight;
+  std::vector<Qt::Corner> corners; // of each hold
+  HoldEvents events;               // of the last hold
+  int holds = 0;                   // that are there now
+
+private:
+  class Hold final : public CornerHold {
+  public:
+    explicit Hold(FakeWindowPlaces& places) : places_(places) {}
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+    ~Hold() override { --places_.holds; }
+    std::optional<double> freeHeight() const override { return places_.freeHeight; }
+
+  private:
+    FakeWindowPlaces& places_;
+  };
+
+  Decider decider_;
+};
+
+} // namespace tamberline
