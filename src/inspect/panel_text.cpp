@@ -212,7 +212,7 @@ TextTree treeOf(const ChargerCard& card) {
 
 } // namespace
 
-std::string panelText(const Panel& panel, bool useColors) {
+std::string panelText(const Panel& panel, bool useColors, std::optional<int> columns) {
   std::vector<TextTree> trees;
   if (panel.message) {
     const Color color = panel.state == Panel::State::error ? Color::orange : Color::secondary;
@@ -221,7 +221,7 @@ std::string panelText(const Panel& panel, bool useColors) {
   for (const Card& card : panel.cards) {
     trees.push_back(std::visit([](const auto& one) { return treeOf(one); }, card));
   }
-  return renderTextTrees(trees, useColors);
+  return renderTextTrees(trees, useColors, columns);
 }
 
 } // namespace tamberline

@@ -2,12 +2,14 @@
 
 #include "views/panel.h"
 
+#include <optional>
 #include <string>
 
 namespace tamberline {
 
 /// The panel as text for people, everything expanded: an indented tree of cards and rows, with the
-/// bars as short text bars.
-std::string panelText(const Panel& panel, bool useColors);
+/// bars as short text bars; `columns` as for `renderTextTrees`.
+std::string panelText(const Panel& panel, bool useColors,
+                      std::optional<int> columns = std::nullopt);
 
 } // namespace tamberline

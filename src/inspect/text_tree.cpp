@@ -1,5 +1,9 @@
 #include "inspect/text_tree.h"
 
+#include "inspect/line_wrapping.h"
+#include "inspect/text_columns.h"
+
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -35,16 +39,20 @@ std::string_view escapeCodeOf(Color color) {
   return ""; // the terminal's own foreground
 }
 
+/// Enough for a bar, however deep it stands.
+constexpr int leastTextColumns = 24;
+constexpr std::string_view hangingIndent = "  ";
+
 class Renderer {
 public:
-  explicit Renderer(bool useColors) : useColors_(useColors) {}
+  Renderer(bool useColors, std::optional<int> columns) : useColors_(useColors), columns_(columns) {}
 
   void appendTree(const TextTree& tree, const std::string& firstPrefix,
                   const std::string& nextPrefix) {
     const std::string continuation = nextPrefix + (tree.children.empty() ? "   " : "│  ");
     for (const TextLine& line : tree.lines) {
       const bool isFirst = &line == &tree.lines.front();
-      appendLine(line, isFirst ? firstPrefix : continuation);
+      appendWrapped(line, isFirst ? firstPrefix : continuation, continuation);
     }
     for (const TextTree& child : tree.children) {
       const bool isLast = &child == &tree.children.back();
@@ -58,6 +66,24 @@ public:
   std::string takeOutput() { return std::move(output_); }
 
 private:
+  void appendWrapped(const TextLine& line, const std::string& prefix,
+                     const std::string& continuation) {
+    if (!columns_) {
+      appendLine(line, prefix);
+      return;
+    }
+    const std::string indent = continuation + std::string(hangingIndent);
+    const std::vector<TextLine> parts =
+        wrapLine(line, columnsBeside(prefix), columnsBeside(indent));
+    for (const TextLine& part : parts) {
+      appendLine(part, &part == &parts.front() ? prefix : indent);
+    }
+  }
+
+  int columnsBeside(const std::string& prefix) const {
+    return std::max(*columns_ - columnsOf(prefix), leastTextColumns);
+  }
+
   void appendLine(const TextLine& line, const std::string& prefix) {
     appendSpan({prefix, Color::grey});
     for (const TextSpan& span : line) {
@@ -83,13 +109,15 @@ private:
   }
 
   bool useColors_;
+  std::optional<int> columns_;
   std::string output_;
 };
 
 } // namespace
 
-std::string renderTextTrees(const std::vector<TextTree>& trees, bool useColors) {
-  Renderer renderer(useColors);
+std::string renderTextTrees(const std::vector<TextTree>& trees, bool useColors,
+                            std::optional<int> columns) {
+  Renderer renderer(useColors, columns);
   for (const TextTree& tree : trees) {
     if (&tree != &trees.front()) {
       renderer.appendBlankLine();

@@ -1,20 +1,12 @@
 #pragma once
 
-#include "views/colors.h"
+#include "inspect/text_line.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace tamberline {
-
-/// A piece of a line in one style.
-struct TextSpan {
-  std::string text;
-  Color color = Color::primary;
-  bool isBold = false;
-};
-
-using TextLine = std::vector<TextSpan>;
 
 /// An entry of an indented tree: its lines, the first of them at the connector, and what is below.
 struct TextTree {
@@ -23,7 +15,10 @@ struct TextTree {
 };
 
 /// The entries one below the other, a blank line between them, with box-drawing connectors for
-/// everything below; in the terminal's colours when `useColors`.
-std::string renderTextTrees(const std::vector<TextTree>& trees, bool useColors);
+/// everything below; in the terminal's colours when `useColors`. Lines that are longer than so many
+/// `columns` go on below, a little further in, and the connectors beside them; a deep entry has a
+/// few columns all the same. Without `columns` each line is as long as it is.
+std::string renderTextTrees(const std::vector<TextTree>& trees, bool useColors,
+                            std::optional<int> columns = std::nullopt);
 
 } // namespace tamberline

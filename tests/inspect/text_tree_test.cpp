@@ -102,5 +102,34 @@ TEST(TextTree, DrawsItsConnectorsInGrey) {
             "root\n\x1b[90m└─ \x1b[0mleaf\n");
 }
 
+TEST(TextTree, WrapsLinesBesideTheConnectors) {
+  const TextTree root =
+      entry({"a root that is wider than that", "and another line of this kind"},
+            {entry({"a leaf that is wider than that"}, {entry({"the deepest leaf of them all"})}),
+             entry({"the last one, and the widest"})});
+
+  EXPECT_EQ(renderTextTrees({root}, false, 27), R"(a root that is wider than
+│    that
+│  and another line of this
+│    kind
+├─ a leaf that is wider
+│  │    than that
+│  └─ the deepest leaf of them
+│          all
+└─ the last one, and the
+        widest
+)");
+}
+
+TEST(TextTree, GivesEvenTheDeepestEntryRoomForABar) {
+  TextTree tree = entry({"████████████████████  at port max"});
+  for (int level = 0; level < 10; ++level) {
+    tree = entry({"hub"}, {std::move(tree)});
+  }
+  const std::string text = renderTextTrees({tree}, false, 20);
+  EXPECT_NE(text.find("└─ ████████████████████\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("     at port max\n"), std::string::npos) << text;
+}
+
 } // namespace
 } // namespace tamberline

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "views/colors.h"
+
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// A piece of a line in one style.
+struct TextSpan {
+  std::string text;
+  Color color = Color::primary;
+  bool isBold = false;
+};
+
+using TextLine = std::vector<TextSpan>;
+
+} // namespace tamberline
