@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include <clocale>
+#include <csignal>
 #include <string>
 #include <vector>
 
@@ -153,9 +154,13 @@ TEST(InspectProgram, RefusesArgumentsThatMakeNoSense) {
       {{"--reports", file}, "'" + file + "' is not a folder"},
       {{"--reports"}, "option '--reports' needs an argument"},
       {{"--language", "pt"}, "there is no language 'pt'; there are en, de, fr, it, es"},
-      {{"--language", ""}, "there is no language ''"},
+      {{"--language", ""}, "there is no language ''; there are en, de, fr, it, es"},
       {{"--frobnicate"}, "unknown option '--frobnicate'"},
       {{"-x"}, "unknown option '-x'"},
+      {{"-hx"}, "unknown option '-x'"},
+      {{"-xh"}, "unknown option '-x'"},
+      {{"-ä"}, "unknown option '-ä'"},
+      {{"--help=me"}, "unknown option '--help=me'"},
       {{"--json=yes"}, "unknown option '--json=yes'"},
       {{"surplus"}, "unexpected argument 'surplus'"},
   };
@@ -164,19 +169,23 @@ TEST(InspectProgram, RefusesArgumentsThatMakeNoSense) {
     const Outcome outcome = inspect(row.arguments);
     EXPECT_EQ(outcome.exitStatus, 2);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_TRUE(contains(outcome.errorOutput, row.message)) << outcome.errorOutput;
-    EXPECT_TRUE(contains(outcome.errorOutput, "Usage: tamberline-inspect"));
+    EXPECT_EQ(outcome.errorOutput,
+              "tamberline-inspect: " + row.message + "\ntry 'tamberline-inspect --help'\n");
   }
 }
 
 TEST(InspectProgram, PrintsHelpAndVersionOnStandardOutput) {
-  const Outcome help = inspect({"--help"});
-  EXPECT_EQ(help.exitStatus, 0);
-  EXPECT_TRUE(contains(help.output, "Usage: tamberline-inspect"));
-  EXPECT_EQ(help.errorOutput, "");
-  const Outcome version = inspect({"--version"});
-  EXPECT_EQ(version.exitStatus, 0);
-  EXPECT_TRUE(contains(version.output, "tamberline-inspect "));
+  for (const char* option : {"--help", "-h"}) {
+    const Outcome help = inspect({option});
+    EXPECT_EQ(help.exitStatus, 0);
+    EXPECT_TRUE(contains(help.output, "Usage: tamberline-inspect"));
+    EXPECT_EQ(help.errorOutput, "");
+  }
+  for (const char* option : {"--version", "-V"}) {
+    const Outcome version = inspect({option});
+    EXPECT_EQ(version.exitStatus, 0);
+    EXPECT_EQ(version.output, "tamberline-inspect " TAMBERLINE_VERSION "\n");
+  }
 }
 
 TEST(InspectProgram, SaysWhichReportItCouldNotParse) {
@@ -210,10 +219,31 @@ TEST(InspectProgram, SaysThatThereIsNothingToShow) {
   EXPECT_EQ(outcome.output, "No ports detected\n");
 }
 
-TEST(InspectProgram, FailsWhenNobodyTakesItsOutput) {
-  const ToolOutput output =
-      runInShell(">/dev/full 2>&1", {"--reports", sampleFolder + "/desk", "--json"}, "");
-  EXPECT_EQ(output.exitStatus, 1);
+TEST(InspectProgram, SaysWhyItsOutputCannotBeWritten) {
+  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+           {"--reports", sampleFolder + "/desk", "--json"}, {"--help"}, {"--version"}}) {
+    const ToolOutput output = runInShell("2>&1 >/dev/full", arguments, "");
+    EXPECT_EQ(output.exitStatus, 1);
+    EXPECT_EQ(output.standardOutput,
+              "tamberline-inspect: cannot write to standard output: No space left on device\n");
+  }
+}
+
+/// The exit status as a shell sees it, after what the program had to say. The reader has gone when
+/// `yes` has noticed it.
+std::string endWithoutAReader(const std::string& before) {
+  const std::string script =
+      before + R"( { yes >&3 2>/dev/null; "$@" >&3; echo "status $?"; } 3>&1 >&2 | true)";
+  return ChildProcessRunner()
+      .runWithErrors("/bin/sh",
+                     {"-c", script, "sh", INSPECT_PROGRAM, "--reports", sampleFolder + "/desk"})
+      .standardOutput;
+}
+
+TEST(InspectProgram, EndsBySIGPIPEWithoutAWordWhenItsReaderHasGone) {
+  const std::string bySIGPIPE = "status " + std::to_string(128 + SIGPIPE) + "\n";
+  EXPECT_EQ(endWithoutAReader(""), bySIGPIPE);
+  EXPECT_EQ(endWithoutAReader("trap '' PIPE;"), bySIGPIPE);
 }
 
 TEST(InspectProgram, HandsOnNamesOfDevicesAsTheyAreInTheDocument) {

@@ -113,7 +113,7 @@ TEST_F(WatchingProgram, EndsWhenNobodyReadsItAnyMore) {
   plugIn("Second Stick");
   EXPECT_TRUE(runEventsUntil([this] { return program.state() == QProcess::NotRunning; }));
   EXPECT_EQ(program.readAllStandardError().toStdString(),
-            "tamberline-inspect: cannot write to standard output\nstatus 1\n");
+            "status " + std::to_string(128 + SIGPIPE) + "\n");
 }
 
 } // namespace

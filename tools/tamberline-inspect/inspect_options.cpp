@@ -1,5 +1,7 @@
 #include "inspect_options.h"
 
+#include "platform/posix/command_line.h"
+
 #include <array>
 #include <cstdio>
 #include <getopt.h>
@@ -11,6 +13,7 @@ namespace tamberline {
 const std::string_view inspectUsage =
     R"(Usage: tamberline-inspect [--reports DIR] [--json] [--watch]
                           [--language en|de|fr|it|es]
+       tamberline-inspect --help | --version
 
 Shows port by port what is attached to the USB-C and Thunderbolt ports of this machine.
 
@@ -19,12 +22,13 @@ Shows port by port what is attached to the USB-C and Thunderbolt ports of this m
   --watch          print it again after each change, until interrupted; each JSON document
                    is one line then
   --language CODE  the language of the texts; without it, the system's
-  --help           print this text
-  --version        print the version
+  --help, -h       print this text
+  --version, -V    print the version
 
 Exit status: 0 after a scan that succeeded, 1 when an error left nothing to show or
 the result could not be written, 2 for wrong arguments. With --watch 0 when
-interrupted (SIGINT, SIGTERM, SIGHUP), 1 when the result could not be written.
+interrupted (SIGINT, SIGTERM, SIGHUP), 1 when the result could not be written. A reader
+that has gone (| head) ends the program by SIGPIPE.
 
 In the text, "▲" stands before the rating of an adapter that charges, "↑" before the
 reason why a link is slow, and a bar's lighter part is what is allocated but not used.
@@ -58,7 +62,7 @@ bool setLanguage(std::string_view code, InspectOptions& options) {
 }
 
 /// False when the option was wrong, which has been said.
-bool apply(int code, const std::string& lastArgument, InspectOptions& options) {
+bool apply(int code, char** arguments, InspectOptions& options) {
   switch (code) {
   case reports:
     return setReportsFolder(optarg, options);
@@ -71,15 +75,17 @@ bool apply(int code, const std::string& lastArgument, InspectOptions& options) {
   case language:
     return setLanguage(optarg, options);
   case help:
+  case 'h':
     options.showsHelp = true;
     return true;
   case version:
+  case 'V':
     options.showsVersion = true;
     return true;
   case ':':
-    return complain("option '" + lastArgument + "' needs an argument");
+    return complain("option '" + refusedOption(arguments) + "' needs an argument");
   default:
-    return complain("unknown option '" + lastArgument + "'");
+    return complain("unknown option '" + refusedOption(arguments) + "'");
   }
 }
 
@@ -97,9 +103,9 @@ std::optional<InspectOptions> parseInspectOptions(int argc, char** argv) {
   }};
   InspectOptions options;
   opterr = 0; // the messages are ours
-  for (int code = getopt_long(argc, argv, ":", known.data(), nullptr); code != -1;
-       code = getopt_long(argc, argv, ":", known.data(), nullptr)) {
-    if (!apply(code, argv[optind - 1], options)) {
+  for (int code = getopt_long(argc, argv, ":hV", known.data(), nullptr); code != -1;
+       code = getopt_long(argc, argv, ":hV", known.data(), nullptr)) {
+    if (!apply(code, argv, options)) {
       return std::nullopt;
     }
   }

@@ -12,7 +12,6 @@
 
 #include <QCoreApplication>
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -69,7 +68,7 @@ int inspectOnce(const InspectOptions& options) {
   const auto scan = scanAndQuit(scanner);
   QCoreApplication::exec();
   const bool isSuccess = reportScanError(*scanner);
-  return printScan(render(*scanner, options)) && isSuccess ? EXIT_SUCCESS : exitFailure;
+  return print(render(*scanner, options)) && isSuccess ? EXIT_SUCCESS : exitFailure;
 }
 
 int watch(const InspectOptions& options) {
@@ -91,10 +90,9 @@ int inspect(const InspectOptions& options, int& argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-  std::signal(SIGPIPE, SIG_IGN); // a reader that is gone is an error of writing
   const std::optional<InspectOptions> options = parseInspectOptions(argc, argv);
   if (!options) {
-    std::fputs(inspectUsage.data(), stderr);
+    std::fputs("try 'tamberline-inspect --help'\n", stderr);
     return exitUsage;
   }
   if (options->showsHelp) {

@@ -2,6 +2,7 @@
 
 #include "inspect/document.h"
 #include "inspect/panel_text.h"
+#include "platform/posix/command_line.h"
 #include "views/panel_inputs.h"
 
 #include <nlohmann/json.hpp>
@@ -22,8 +23,7 @@ bool wantsColors() {
 } // namespace
 
 bool print(std::string_view text) {
-  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
-         std::fflush(stdout) == 0;
+  return printToStandardOutput(text, "tamberline-inspect");
 }
 
 std::string render(const PortScanner& scanner, const InspectOptions& options) {
@@ -35,14 +35,6 @@ std::string render(const PortScanner& scanner, const InspectOptions& options) {
   }
   return panelText(describePanel(panelInputs(scanner)), wantsColors()) +
          (options.watches ? "\n" : "");
-}
-
-bool printScan(const std::string& rendered) {
-  if (!print(rendered)) {
-    std::fputs("tamberline-inspect: cannot write to standard output\n", stderr);
-    return false;
-  }
-  return true;
 }
 
 bool reportScanError(const PortScanner& scanner) {

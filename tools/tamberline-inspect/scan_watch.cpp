@@ -28,7 +28,7 @@ void ScanWatch::printWhatIsNew() {
     return;
   }
   reportScanError(*scanner_);
-  if (!printScan(rendered)) {
+  if (!print(rendered)) {
     QCoreApplication::exit(EXIT_FAILURE);
   }
   lastPrinted_ = std::move(rendered);

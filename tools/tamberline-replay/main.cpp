@@ -6,6 +6,7 @@
 #include "app/qt_notices.h"
 #include "async/qt_main_queue.h"
 #include "platform/desktop.h"
+#include "platform/posix/command_line.h"
 #include "platform/preferred_languages.h"
 #include "platform/saved/folder_event_source.h"
 #include "platform/saved/saved_reports_runner.h"
@@ -86,8 +87,7 @@ int replay(const ReplayOptions& options, int& argc, char** argv) {
 }
 
 bool print(std::string_view text) {
-  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
-         std::fflush(stdout) == 0;
+  return printToStandardOutput(text, "tamberline-replay");
 }
 
 } // namespace
@@ -95,7 +95,7 @@ bool print(std::string_view text) {
 int main(int argc, char** argv) {
   const std::optional<ReplayOptions> options = parseReplayOptions(argc, argv);
   if (!options) {
-    std::fputs(replayUsage.data(), stderr);
+    std::fputs("try 'tamberline-replay --help'\n", stderr);
     return exitUsage;
   }
   if (options->showsHelp) {

@@ -1,6 +1,7 @@
 #include "replay_options.h"
 
 #include "base/text.h"
+#include "platform/posix/command_line.h"
 
 #include <array>
 #include <cstdio>
@@ -14,6 +15,7 @@ const std::string_view replayUsage =
     R"(Usage: tamberline-replay DIR [--language en|de|fr|it|es] [--theme light|dark]
                          [--font-scale F] [--expand-all] [--search TEXT]
                          [--screenshot FILE.png [--places FILE.json]]
+       tamberline-replay --help | --version
 
 Opens the panel on the machine whose reports were saved in the folder DIR. A change of
 any file there counts as something plugged in or unplugged.
@@ -23,10 +25,11 @@ any file there counts as something plugged in or unplugged.
   --font-scale F     multiplies the size of the text, from 0.5 to 4
   --expand-all       opens every card and row
   --search TEXT      searches for TEXT
-  --screenshot FILE  writes a picture of the panel to FILE and ends; needs no display
+  --screenshot FILE  writes a picture of the panel to FILE, whose name ends in .png, and
+                     ends; needs no display
   --places FILE      with a picture: writes where each text and button is in it to FILE
-  --help             print this text
-  --version          print the version
+  --help, -h         prints this text
+  --version, -V      prints the version
 
 Exit status: 0, 1 when the picture could not be written, 2 for wrong arguments.
 )";
@@ -69,6 +72,12 @@ bool setTheme(std::string_view name, ReplayOptions& options) {
          complain("there is no theme '" + std::string(name) + "'; there are light and dark");
 }
 
+bool setScreenshot(const std::filesystem::path& file, ReplayOptions& options) {
+  options.screenshot = file;
+  return file.extension() == ".png" || complain("a picture is a PNG file, and the name of '" +
+                                                file.string() + "' does not end in .png");
+}
+
 bool setFontScale(std::string_view text, ReplayOptions& options) {
   std::istringstream number{std::string(text)};
   number.imbue(std::locale::classic());
@@ -81,7 +90,7 @@ bool setFontScale(std::string_view text, ReplayOptions& options) {
 }
 
 /// False when the option was wrong, which has been said.
-bool apply(int code, const std::string& lastArgument, ReplayOptions& options) {
+bool apply(int code, char** arguments, ReplayOptions& options) {
   switch (code) {
   case language:
     return setLanguage(optarg, options);
@@ -96,21 +105,22 @@ bool apply(int code, const std::string& lastArgument, ReplayOptions& options) {
     options.searchText = optarg;
     return true;
   case screenshot:
-    options.screenshot = optarg;
-    return true;
+    return setScreenshot(optarg, options);
   case places:
     options.places = optarg;
     return true;
   case help:
+  case 'h':
     options.showsHelp = true;
     return true;
   case version:
+  case 'V':
     options.showsVersion = true;
     return true;
   case ':':
-    return complain("option '" + lastArgument + "' needs an argument");
+    return complain("option '" + refusedOption(arguments) + "' needs an argument");
   default:
-    return complain("unknown option '" + lastArgument + "'");
+    return complain("unknown option '" + refusedOption(arguments) + "'");
   }
 }
 
@@ -128,9 +138,9 @@ bool applyOptions(int argc, char** argv, ReplayOptions& options) {
       {nullptr, 0, nullptr, 0},
   }};
   opterr = 0; // the messages are ours
-  for (int code = getopt_long(argc, argv, ":", known.data(), nullptr); code != -1;
-       code = getopt_long(argc, argv, ":", known.data(), nullptr)) {
-    if (!apply(code, argv[optind - 1], options)) {
+  for (int code = getopt_long(argc, argv, ":hV", known.data(), nullptr); code != -1;
+       code = getopt_long(argc, argv, ":hV", known.data(), nullptr)) {
+    if (!apply(code, argv, options)) {
       return false;
     }
   }

@@ -6,7 +6,7 @@ _tamberline_inspect() {
     --language) mapfile -t COMPREPLY < <(compgen -W "en de fr it es" -- "$current") ;;
     *)
       mapfile -t COMPREPLY < <(compgen -W \
-        "--reports --json --watch --language --help --version" -- "$current")
+        "--reports --json --watch --language --help -h --version -V" -- "$current")
       ;;
   esac
 }
