@@ -2,7 +2,9 @@
 #include "support/temporary_folder.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QProcess>
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -44,6 +46,18 @@ protected:
     return program.readLine().toStdString();
   }
 
+  /// The line above a text; the time in it as if it were that of Greenwich.
+  QDateTime nextTime() {
+    const std::string line = nextLine();
+    const QRegularExpression form(QStringLiteral("^──── (.*) ────\n$"));
+    const QRegularExpressionMatch match = form.match(QString::fromStdString(line));
+    QDateTime time =
+        QDateTime::fromString(match.captured(1), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    EXPECT_TRUE(time.isValid()) << line;
+    time.setTimeSpec(Qt::UTC);
+    return time;
+  }
+
   std::string nextTextUpToABlankLine() {
     std::string text;
     for (std::string line = nextLine(); line != "\n"; line = nextLine()) {
@@ -78,9 +92,23 @@ TEST_F(WatchingProgram, PrintsOneLineOfJsonForEachChange) {
 
 TEST_F(WatchingProgram, PrintsTheTextAgainForEachChange) {
   start({});
+  nextTime();
   EXPECT_EQ(nextTextUpToABlankLine(), "USB Bus\n└─ First Stick  —\n");
   plugIn("Second Stick");
+  nextTime();
   EXPECT_EQ(nextTextUpToABlankLine(), "USB Bus\n└─ Second Stick  —\n");
+  EXPECT_TRUE(ends(SIGTERM));
+}
+
+TEST_F(WatchingProgram, PrintsTheLocalTimeAboveEachText) {
+  qputenv("TZ", "XYZ-05:30"); // five and a half hours before Greenwich
+  const QDateTime before = QDateTime::currentDateTimeUtc();
+  start({});
+  const QDateTime time = nextTime();
+  const QDateTime after = QDateTime::currentDateTimeUtc();
+  constexpr int secondsBeforeGreenwich = (5 * 60 + 30) * 60;
+  EXPECT_GE(time, before.addSecs(secondsBeforeGreenwich - 1));
+  EXPECT_LE(time, after.addSecs(secondsBeforeGreenwich));
   EXPECT_TRUE(ends(SIGTERM));
 }
 

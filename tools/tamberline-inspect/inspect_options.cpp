@@ -19,8 +19,8 @@ Shows port by port what is attached to the USB-C and Thunderbolt ports of this m
 
   --reports DIR    show the machine whose reports were saved in the folder DIR
   --json           print everything the scan found as one JSON document
-  --watch          print it again after each change, until interrupted; each JSON document
-                   is one line then
+  --watch          print it again after each change, until interrupted: a text below the
+                   time of its scan, a JSON document in one line
   --language CODE  the language of the texts; without it, the system's
   --help, -h       print this text
   --version, -V    print the version
@@ -32,6 +32,8 @@ that has gone (| head) ends the program by SIGPIPE.
 
 In the text, "▲" stands before the rating of an adapter that charges, "↑" before the
 reason why a link is slow, and a bar's lighter part is what is allocated but not used.
+On a terminal lines are wrapped at its width, or at COLUMNS; there are no colours where
+NO_COLOR is set or TERM is "dumb".
 )";
 
 namespace {

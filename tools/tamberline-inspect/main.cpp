@@ -68,7 +68,8 @@ int inspectOnce(const InspectOptions& options) {
   const auto scan = scanAndQuit(scanner);
   QCoreApplication::exec();
   const bool isSuccess = reportScanError(*scanner);
-  return print(render(*scanner, options)) && isSuccess ? EXIT_SUCCESS : exitFailure;
+  return print(render(*scanner, options, styleOfStandardOutput())) && isSuccess ? EXIT_SUCCESS
+                                                                                : exitFailure;
 }
 
 int watch(const InspectOptions& options) {

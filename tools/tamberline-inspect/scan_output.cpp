@@ -2,39 +2,37 @@
 
 #include "inspect/document.h"
 #include "inspect/panel_text.h"
+#include "inspect/text_tree.h"
 #include "platform/posix/command_line.h"
 #include "views/panel_inputs.h"
 
+#include <QDateTime>
 #include <nlohmann/json.hpp>
 
 #include <cstdio>
-#include <cstdlib>
 #include <optional>
-#include <unistd.h>
 
 namespace tamberline {
-namespace {
 
-bool wantsColors() {
-  const char* noColor = std::getenv("NO_COLOR");
-  return (noColor == nullptr || *noColor == '\0') && isatty(STDOUT_FILENO) != 0;
-}
-
-} // namespace
-
-bool print(std::string_view text) {
-  return printToStandardOutput(text, "tamberline-inspect");
-}
-
-std::string render(const PortScanner& scanner, const InspectOptions& options) {
+std::string render(const PortScanner& scanner, const InspectOptions& options,
+                   const TextStyle& style) {
   if (options.printsJson) {
     const int indent = options.watches ? -1 : 2;
     return inspectionDocument(scanner).dump(indent, ' ', /*ensure_ascii=*/false,
                                             nlohmann::json::error_handler_t::replace) +
            "\n";
   }
-  return panelText(describePanel(panelInputs(scanner)), wantsColors()) +
-         (options.watches ? "\n" : "");
+  return panelText(describePanel(panelInputs(scanner)), style.useColors, style.columns);
+}
+
+std::string timeLine(const TextStyle& style) {
+  const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+  const TextLine line = {{"──── " + time.toStdString() + " ────", Color::grey}};
+  return renderTextTrees({{{line}, {}}}, style.useColors);
+}
+
+bool print(std::string_view text) {
+  return printToStandardOutput(text, "tamberline-inspect");
 }
 
 bool reportScanError(const PortScanner& scanner) {

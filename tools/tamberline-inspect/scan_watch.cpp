@@ -23,15 +23,21 @@ void ScanWatch::handleScanState() {
 }
 
 void ScanWatch::printWhatIsNew() {
-  std::string rendered = render(*scanner_, options_);
-  if (rendered == lastPrinted_) {
+  std::string result = render(*scanner_, options_, TextStyle());
+  if (result == lastResult_) {
     return;
   }
   reportScanError(*scanner_);
-  if (!print(rendered)) {
+  if (!print(options_.printsJson ? result : textWithTime())) {
     QCoreApplication::exit(EXIT_FAILURE);
   }
-  lastPrinted_ = std::move(rendered);
+  lastResult_ = std::move(result);
+}
+
+/// A blank line ends it, so that the next one's time stands apart.
+std::string ScanWatch::textWithTime() const {
+  const TextStyle style = styleOfStandardOutput();
+  return timeLine(style) + render(*scanner_, options_, style) + "\n";
 }
 
 } // namespace tamberline

@@ -19,11 +19,13 @@ public:
 private:
   void handleScanState();
   void printWhatIsNew();
+  std::string textWithTime() const;
 
   std::shared_ptr<PortScanner> scanner_;
   std::shared_ptr<MainQueue> queue_;
   InspectOptions options_;
-  std::string lastPrinted_;
+  /// Without the time and the width of a terminal, which are no news.
+  std::string lastResult_;
   Observation observation_;
 };
 
