@@ -7,7 +7,7 @@ The devices have what the kernel would describe them with, so that other tools c
 import pathlib
 import struct
 
-HUB, AUDIO, HID, STORAGE, VIDEO, WIRELESS, VENDOR = 9, 1, 3, 8, 14, 0xE0, 0xFF
+HUB, AUDIO, HID, STORAGE, VIDEO, VENDOR = 9, 1, 3, 8, 14, 0xFF
 
 
 class Machine:
@@ -44,7 +44,8 @@ class Machine:
         super_speed = speed >= 5000
         self._device(
             path, f"usb{bus}", bus, 1, "0", 0x1D6B, 3 if super_speed else 2,
-            "xHCI Host Controller", "Linux 6.12.0 xhci-hcd", pci, speed, 0, HUB, ports)
+            "xHCI Host Controller", "Linux 6.12.0 xhci-hcd", pci.split("/")[-1], speed, 0, HUB,
+            ports)
         for port in range(1, ports + 1):
             self._port(f"usb{bus}", port, (connectors or {}).get(port),
                        f"usb{peer_bus}-port{port}" if peer_bus else None,
@@ -99,7 +100,7 @@ class Machine:
             links=[("driver", self.relative(path, "/bus/usb/drivers/usb"))])
         interface_name = f"{bus}-0:1.0" if name.startswith("usb") else f"{name}:1.0"
         driver = {HUB: "hub", HID: "usbhid", STORAGE: "uas", AUDIO: "snd-usb-audio",
-                  VIDEO: "uvcvideo", WIRELESS: "btusb"}.get(klass, "cdc_ncm")
+                  VIDEO: "uvcvideo"}.get(klass, "cdc_ncm")
         interface_path = f"{path}/{interface_name}"
         self.links[name] = []
         self.add(
@@ -232,10 +233,13 @@ class Machine:
         (folder / f"{self.name}.mounts").write_text("\n".join(mounts) + "\n", encoding="utf-8")
 
 
+# The dock has a USB controller of its own, which is reached through PCI Express; the monitor has a hub on
+# the controller of the laptop's ports. None of the laptop's own devices is on USB: a bus that belongs to
+# no port of the case would be shown under the dock (docs/linux.md).
 def docked_laptop():
     machine = Machine("docked-laptop")
     machine.typec(0, "source [sink]", offered=[(5000, 3000)])
-    machine.partner(0, 0x2AC1, 0x0D0C, video=True,
+    machine.partner(0, 0x2AC1, 0x0D0C,
                     offered=[(5000, 3000), (9000, 3000), (15000, 3000), (20000, 4800)])
     machine.cable(0, "active")
     machine.typec(1, "[source] sink", offered=[(5000, 3000)])
@@ -248,23 +252,24 @@ def docked_laptop():
                    "20.0 Gb/s", 2, "5.12")
     machine.router("0-301", "Quarry Slate NVMe", "Quarry", "81350000-0040-7d18-2200", 3,
                    "20.0 Gb/s", 2, "24.1")
-    machine.root_hub(1, "0000:00:0d.0", 480, 2, {1: 0, 2: 1}, peer_bus=2)
-    machine.root_hub(2, "0000:00:0d.0", 10000, 2, {1: 0, 2: 1}, peer_bus=1)
-    machine.root_hub(3, "0000:00:14.0", 480, 4, {1: 2}, peer_bus=4)
-    machine.root_hub(4, "0000:00:14.0", 5000, 4, {1: 2}, peer_bus=3)
-    machine.device("1-1", 0x2AC1, 0x2513, "USB2 Hub", "Pier Seven", 480, 0, HUB, ports=4,
-                   peer="2-1")
-    machine.device("1-1.1", 0x2AC1, 0x3300, "Dock Audio", "Pier Seven", 12, 100, AUDIO)
-    machine.device("1-1.4", 0x046D, 0xC52B, None, None, 12, 98, HID)
-    machine.device("2-1", 0x2AC1, 0x2514, "USB3 Hub", "Pier Seven", 10000, 0, HUB, ports=4,
-                   peer="1-1")
-    machine.device("2-1.2", 0x2AC1, 0x8156, "2.5G Ethernet", "Pier Seven", 5000, 256, VENDOR,
+    machine.root_hub(1, "0000:00:0d.0", 480, 3, {1: 0, 2: 1, 3: 2}, peer_bus=2)
+    machine.root_hub(2, "0000:00:0d.0", 10000, 3, {1: 0, 2: 1, 3: 2}, peer_bus=1)
+    in_dock = "0000:00:07.0/0000:20:00.0/0000:21:02.0/0000:2c:00.0"
+    machine.root_hub(3, in_dock, 480, 2, peer_bus=4)
+    machine.root_hub(4, in_dock, 10000, 2, peer_bus=3)
+    machine.device("1-2", 0x2B07, 0x2070, "Monitor Hub", "Lumen", 480, 100, HUB, ports=4)
+    machine.device("1-2.3", 0x30C9, 0x00A1, "Monitor Camera", "Lumen", 480, 500, VIDEO)
+    machine.device("3-1", 0x2AC1, 0x2513, "USB2 Hub", "Pier Seven", 480, 0, HUB, ports=4,
+                   peer="4-1")
+    machine.device("3-1.1", 0x2AC1, 0x3300, "Dock Audio", "Pier Seven", 12, 100, AUDIO)
+    machine.device("3-1.4", 0x046D, 0xC52B, None, None, 12, 98, HID)
+    machine.device("4-1", 0x2AC1, 0x2514, "USB3 Hub", "Pier Seven", 10000, 0, HUB, ports=4,
+                   peer="3-1")
+    machine.device("4-1.2", 0x2AC1, 0x8156, "2.5G Ethernet", "Pier Seven", 5000, 256, VENDOR,
                    serial="00E04C680001")
-    machine.device("2-1.3", 0x2D01, 0x0577, "Basalt Portable", "Quarry", 10000, 896, STORAGE,
+    machine.device("4-1.3", 0x2D01, 0x0577, "Basalt Portable", "Quarry", 10000, 896, STORAGE,
                    serial="QB20417")
-    machine.device("3-3", 0x30C9, 0x00A1, "Integrated Camera", "Lumen", 480, 500, VIDEO)
-    machine.device("3-4", 0x8087, 0x0033, None, None, 12, 0, WIRELESS)
-    machine.disk("2-1.3", "sda", "8:0", partitions=[("sda1", "8:1", "Field Notes", None)])
+    machine.disk("4-1.3", "sda", "8:0", partitions=[("sda1", "8:1", "Field Notes", None)])
     machine.mount("8:1", "/media/ana/Field\\040Notes", "/dev/sda1", kind="exfat")
     machine.supply("BAT0", "Battery", "/devices/LNXSYSTM:00/PNP0C0A:00", status="Charging",
                    capacity=71, cycle_count=212, energy_full=48200000,
