@@ -45,7 +45,9 @@ void requireSoundScans(std::shared_ptr<ToolRunner> tools) {
   const nlohmann::ordered_json document = scan(*scanner, *queue);
   requireSoundDocument(document);
   requireUniqueIdentifiers(scanner->portTree.get());
-  requireHarmlessText(panelText(describePanel(panelInputs(*scanner)), /*useColors=*/false));
+  const Panel panel = describePanel(panelInputs(*scanner));
+  requireHarmlessText(panelText(panel, /*useColors=*/false));
+  requireHarmlessText(panelText(panel, /*useColors=*/false, /*columns=*/40));
   require(scan(*scanner, *queue) == document, "the same reports show the same");
   queue->end();
 }

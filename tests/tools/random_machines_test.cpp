@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "inspect/document.h"
 #include "inspect/panel_text.h"
 #include "random_machine.h"
@@ -155,6 +156,20 @@ void expectPlainTextForATerminal(const ScannedMachine& scanned) {
   EXPECT_EQ(text.find("\u202e"), std::string::npos);
 }
 
+/// Without line breaks, spaces and what stands beside the tree's lines.
+std::string wordsOf(std::string text) {
+  for (const char* part : {"│", "├", "└", "─", " ", "\n"}) {
+    text = replacedAll(text, part, "");
+  }
+  return text;
+}
+
+void expectWrappingToLoseNothing(const ScannedMachine& scanned) {
+  const Panel panel = describePanel(panelInputs(*scanned.scanner));
+  EXPECT_EQ(wordsOf(panelText(panel, /*useColors=*/false, 40)),
+            wordsOf(panelText(panel, /*useColors=*/false)));
+}
+
 TEST(RandomMachines, KeepTheRules) {
   for (std::uint32_t seed = 0; seed < machineCount && !HasFailure(); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
@@ -168,6 +183,7 @@ TEST(RandomMachines, KeepTheRules) {
     expectChargingOnlyMarkersAlone(document);
     expectTheWholeTreeInThePanel(document);
     expectPlainTextForATerminal(scanned);
+    expectWrappingToLoseNothing(scanned);
   }
 }
 
