@@ -19,8 +19,8 @@ public:
   }
   ToolOutput runWithErrors(const std::string& executable,
                            const std::vector<std::string>& arguments) override {
-    words = arguments;
-    words.insert(words.begin(), executable);
+    words = {executable};
+    words.insert(words.end(), arguments.begin(), arguments.end());
     return answer_;
   }
 
