@@ -5,6 +5,7 @@
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
+#include <system_error>
 #include <vector>
 
 namespace tamberline {
@@ -65,7 +66,9 @@ void MountedImage::mountAlsoAt(const std::string& path) const {
 }
 
 bool hasLoopDevice(const TemporaryFolder& folder) {
-  for (const fs::directory_entry& device : fs::directory_iterator("/sys/block")) {
+  // Where /sys is not mounted, no test can have left a device.
+  std::error_code unreadable;
+  for (const fs::directory_entry& device : fs::directory_iterator("/sys/block", unreadable)) {
     std::string file;
     std::getline(std::ifstream(device.path() / "loop" / "backing_file"), file);
     if (file.rfind(folder.path().string(), 0) == 0) {
