@@ -14,6 +14,13 @@
 // NOLINTNEXTLINE(readability-identifier-naming): Qt's tools give the name.
 extern void qml_register_types_Tamberline();
 
+// Likewise for the compiled QML, which some versions of Qt leave to whoever links the module.
+// Without it Qt compiles the panel at each start and keeps the result among the person's files. The
+// macro declares what it calls, so it cannot stand in a namespace.
+static void useCompiledQml() {
+  Q_INIT_RESOURCE(qmlcache_tamberline_panel);
+}
+
 namespace tamberline {
 namespace {
 
@@ -29,6 +36,7 @@ bool startsText(const QKeyEvent& event) {
 
 PanelWindow::PanelWindow(PanelContext& context, Kind kind) : context_(context) {
   qml_register_types_Tamberline();
+  useCompiledQml();
   engine()->addImportPath(QStringLiteral(":/qml"));
   context_.attachTo(*engine());
   setTitle(QStringLiteral("Tamberline"));
