@@ -6,6 +6,7 @@
 #include "scanner/port_scanner.h"
 #include "views/panel.h"
 #include "views/row_expansion.h"
+#include "symbols/symbol_image.h"
 
 #include <QObject>
 #include <QString>
@@ -52,6 +53,7 @@ class PanelController final : public QObject {
   Q_PROPERTY(bool canEject READ canEject CONSTANT)
   Q_PROPERTY(bool canOpenManual READ canOpenManual CONSTANT)
   Q_PROPERTY(bool canQuit READ canQuit CONSTANT)
+  Q_PROPERTY(bool canDrawSymbols READ canDrawSymbols CONSTANT)
 
 public:
   PanelController(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
@@ -69,6 +71,7 @@ public:
   bool canEject() const { return actions_.eject != nullptr; }
   bool canOpenManual() const { return actions_.openManual != nullptr; }
   bool canQuit() const { return actions_.quit != nullptr; }
+  bool canDrawSymbols() const { return canDrawSymbols_; }
 
   Q_INVOKABLE void scan();
   Q_INVOKABLE void expandAll();
@@ -98,6 +101,7 @@ private:
   std::shared_ptr<PortScanner> scanner_;
   PanelActions actions_;
   QVariantMap texts_;
+  bool canDrawSymbols_ = tamberline::canDrawSymbols();
   RowExpansion expansion_;
   RowPulses pulses_;
   PanelListModel rows_;

@@ -14,6 +14,9 @@ namespace tamberline {
 QImage symbolImage(std::string_view symbol, const QColor& color, qreal sizePoints,
                    qreal devicePixelRatio);
 
+/// False where what draws the symbols is missing: then all of them are blank.
+bool canDrawSymbols();
+
 /// Keeps the images that were asked for last, up to a limit of memory. One thread at a time.
 class SymbolImageCache {
 public:

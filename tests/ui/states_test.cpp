@@ -1,4 +1,5 @@
 #include "support/language_scope.h"
+#include "support/without_icon_theme.h"
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
 
@@ -21,6 +22,20 @@ TEST_F(PanelStates, TellThatTheFirstScanIsUnderWay) {
   EXPECT_FALSE(isTextShown("Scanning ports…"));
   EXPECT_FALSE(isShown(QAccessible::Indicator, "Scanning ports…"));
   EXPECT_TRUE(isShown(QAccessible::Button, "Scan again"));
+}
+
+TEST_F(PanelStates, TellThatSymbolsCannotBeDrawn) {
+  const WithoutIconTheme scope;
+  answerWithPorts(*tools, 1);
+  openPanel();
+  EXPECT_TRUE(isTextShown(
+      "Symbols cannot be drawn: the Breeze icons or Qt’s SVG plugin are not installed."));
+}
+
+TEST_F(PanelStates, SayNothingOfSymbolsThatCanBeDrawn) {
+  openPanel();
+  EXPECT_FALSE(isTextShown(
+      "Symbols cannot be drawn: the Breeze icons or Qt’s SVG plugin are not installed."));
 }
 
 TEST_F(PanelStates, TellThatThereAreNoPorts) {

@@ -4,6 +4,7 @@
 #include "app/manual_window.h"
 #include "app/panel_shell.h"
 #include "app/qt_notices.h"
+#include "app/symbols_warning.h"
 #include "async/qt_main_queue.h"
 #include "platform/desktop.h"
 #include "platform/posix/command_line.h"
@@ -73,6 +74,7 @@ int replay(const ReplayOptions& options, int& argc, char** argv) {
   AppLanguage::choose(
       options.language.value_or(AppLanguage::forPreferredLanguages(preferredLanguages())));
   applyLook(options);
+  warnWithoutSymbols("tamberline-replay");
   const auto queue = std::make_shared<QtMainQueue>();
   const Clock now = clockOf(options);
   const std::shared_ptr<PortScanner> scanner = scannerOf(options, queue, now);

@@ -3,6 +3,7 @@
 #include "app/private_folder.h"
 #include "app/qt_notices.h"
 #include "app/single_instance.h"
+#include "app/symbols_warning.h"
 #include "app/tamberline_app.h"
 #include "async/qt_main_queue.h"
 #include "i18n/app_language.h"
@@ -52,6 +53,7 @@ int run(TamberlineApp::StartedBy starter) {
   }
   AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
   useOwnLookWithoutDesktop();
+  warnWithoutSymbols("tamberline");
   const auto queue = std::make_shared<QtMainQueue>();
   app = std::make_unique<TamberlineApp>(thisMachine(queue), queue, desktopHere());
   app->start(starter);

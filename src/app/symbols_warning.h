@@ -1,0 +1,9 @@
+#pragma once
+
+namespace tamberline {
+
+/// Says on standard error when the panel will have no symbols, and what they take. After the
+/// application object is made.
+void warnWithoutSymbols(const char* program);
+
+} // namespace tamberline

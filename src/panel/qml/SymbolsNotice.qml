@@ -1,0 +1,17 @@
+import QtQuick
+import Tamberline
+
+// Why the panel has no symbols, where they cannot be drawn.
+Item {
+    implicitHeight: text.implicitHeight + 16
+
+    Paragraph {
+        id: text
+
+        color: Theme.secondary
+        text: Panel.texts.symbolsMissing
+        width: parent.width - 28
+        x: 14
+        y: 8
+    }
+}

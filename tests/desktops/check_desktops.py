@@ -1,0 +1,216 @@
+#!/usr/bin/env python3
+"""Starts tamberline on nested Wayland desktops and looks at the screen as a person would.
+
+usage: check_desktops.py BUILD_FOLDER [DESKTOP...]
+
+Pictures of what was seen are in BUILD_FOLDER/desktop-pictures. A desktop that is not installed is an
+error: what is not tried must not pass.
+"""
+
+import os
+import pathlib
+import subprocess
+import sys
+import time
+
+from desktops import Sway, SwayAtDoubleScale, SwayWithLightBar, Weston
+from screen import HEIGHT, WIDTH, Box, Failure, Screen, wait_for
+
+MACHINE = (pathlib.Path(__file__).parent.parent / "platform" / "linux_machines" /
+           "docked-laptop.umockdev")
+# A little more than the panel's 400 points: some desktops draw a frame around a window.
+PANEL_WIDTHS = range(400, 412)
+
+
+class Program:
+    """tamberline in a desktop's session, on a recorded machine."""
+
+    def __init__(self, path, environment):
+        # pylint: disable=consider-using-with
+        self.process = subprocess.Popen(
+            ["umockdev-run", "--device", str(MACHINE), "--", str(path)], env=environment,
+            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def is_running(self):
+        return self.process.poll() is None
+
+    def end(self):
+        if self.is_running():
+            self.process.terminate()
+        self.process.wait()
+
+
+class Look:
+    """One program on one desktop, and what the screen showed before it."""
+
+    def __init__(self, screen, desktop, path):
+        self.screen, self.desktop, self.path = screen, desktop, path
+        screen.move(WIDTH // 2, HEIGHT - 150)
+        time.sleep(2)  # bars come by and by
+        self.empty = screen.still_picture()
+        self.program = None
+
+    def start(self, **environment):
+        self.program = Program(self.path, {**self.desktop.environment, **environment})
+
+    def window(self):
+        """Where the panel is; None where it is not."""
+        return self.screen.picture().changed(self.empty, self.desktop.work_area)
+
+    def still_window(self, name):
+        wait_for(f"the panel ({name})", self.window)
+        picture = self.screen.still_picture()
+        self.screen.save(f"{self.desktop.name}-{name}")
+        box = picture.changed(self.empty, self.desktop.work_area)
+        say(f"{self.desktop.name}: {name}: {box}")
+        return box
+
+    def has_no_window(self):
+        return self.window() is None
+
+    def check_whole(self, box, scale=1):
+        if box.width not in range(PANEL_WIDTHS.start * scale, PANEL_WIDTHS.stop * scale):
+            raise Failure(f"the panel is not whole: {box}")
+        area = self.desktop.work_area
+        if box.bottom >= area.bottom and area.bottom == HEIGHT - 1:
+            raise Failure(f"the panel ends below the screen: {box}")
+
+    def end(self):
+        if self.program:
+            self.program.end()
+
+
+def say(text):
+    print(f"test-desktops: {text}", flush=True)
+
+
+def expand_all(look):
+    """With the keys: the buttons of the header are the first, in their order."""
+    look.screen.keys("Tab", "Tab", "Return")
+
+
+def check_window(look):
+    """A desktop without a tray: an ordinary window, which is whole and ends the program."""
+    look.start()
+    first = look.still_window("first")
+    look.check_whole(first)
+    expand_all(look)
+    wait_for("open cards", lambda: look.screen.picture().pixels != look.empty.pixels)
+    opened = look.still_window("open")
+    look.check_whole(opened)
+    if (opened.top, opened.bottom) != (first.top, first.bottom):
+        raise Failure(f"the window did not keep its height: {opened}")
+    look.screen.click(first.right - 40, first.top + 15)
+    wait_for("a maximized window",
+             lambda: (look.window() or first).width > PANEL_WIDTHS.stop or not look.program.is_running())
+    if not look.program.is_running():
+        raise Failure("maximizing ended the program")
+    look.still_window("maximized")
+    look.screen.keys("Escape")
+    wait_for("the end of the program", lambda: not look.program.is_running())
+    if look.program.process.returncode != 0:
+        raise Failure(f"it ended with {look.program.process.returncode}")
+
+
+def icon_in_bar(look):
+    """What the program added to the bar."""
+    bar = Box(WIDTH - 120, 0, WIDTH - 1, 59)
+    if look.desktop.position == "bottom":
+        bar = Box(WIDTH - 120, HEIGHT - 59, WIDTH - 1, HEIGHT - 1)
+    picture = look.screen.picture()
+    icon = picture.changed(look.empty, bar)
+    if icon and icon.width >= 8 and icon.height >= 8:
+        return picture, icon
+    return None
+
+
+def check_tray(look):
+    """A desktop with a tray: the icon is seen, and opens and closes the panel and the menu."""
+    scale = look.desktop.scale
+    look.start(TAMBERLINE_START_IN_BACKGROUND="1")
+    picture, icon = wait_for("the icon", lambda: icon_in_bar(look))
+    contrast = picture.greatest_contrast(icon, look.desktop.bar_gray)
+    say(f"{look.desktop.name}: icon {icon}, contrast {contrast}")
+    if contrast < 100:
+        raise Failure("the icon cannot be seen on the bar")
+    if not look.has_no_window():
+        raise Failure("a start with the session opened the panel")
+    x, y = (icon.left + icon.right) // 2, (icon.top + icon.bottom) // 2
+    look.screen.click(x, y)
+    first = look.still_window("first")
+    look.check_whole(first, scale)
+    expand_all(look)
+    time.sleep(1)
+    look.check_whole(look.still_window("open"), scale)
+    look.screen.click(x, y)
+    wait_for("a closed panel", look.has_no_window)
+    look.screen.click(x, y)
+    look.check_whole(look.still_window("again"), scale)
+    look.screen.keys("Escape")
+    wait_for("a panel that Escape closed", look.has_no_window)
+    if not look.program.is_running():
+        raise Failure("closing the panel ended the program")
+    look.screen.click(x, y, button=3)
+    look.still_window("menu")
+
+
+def check_without_display(path):
+    """One sentence and status 1."""
+    result = subprocess.run([path], check=False, capture_output=True, text=True,
+                            env={"PATH": "/usr/bin:/bin", "LANG": "C.UTF-8"}, timeout=60)
+    lines = result.stderr.splitlines()
+    if result.returncode != 1 or len(lines) != 1 or not lines[0].startswith("tamberline: no display"):
+        raise Failure(f"without a display: status {result.returncode}, {result.stderr!r}")
+    say(f"without a display: {lines[0]}")
+
+
+CHECKS = [(Weston, check_window), (Sway, check_tray), (SwayWithLightBar, check_tray),
+          (SwayAtDoubleScale, check_tray)]
+
+
+def look_at(kind, check, path, pictures):
+    if not kind.is_installed():
+        raise Failure(f"{kind.command[0]} is not installed")
+    screen = Screen(pictures)
+    try:
+        desktop = kind(screen)
+        try:
+            look = Look(screen, desktop, path)
+            try:
+                check(look)
+            finally:
+                screen.save(f"{kind.name}-last")
+                look.end()
+        finally:
+            desktop.end()
+    finally:
+        screen.end()
+
+
+def main():
+    if len(sys.argv) < 2:
+        sys.exit(__doc__)
+    build = pathlib.Path(sys.argv[1]).resolve()
+    path = build / "tools" / "tamberline" / "tamberline"
+    wanted = sys.argv[2:] or [kind.name for kind, _ in CHECKS]
+    unknown = set(wanted) - {kind.name for kind, _ in CHECKS}
+    if unknown or not os.access(path, os.X_OK):
+        sys.exit(f"test-desktops: no such desktop or program: {' '.join(unknown) or path}")
+    failures = 0
+    try:
+        check_without_display(path)
+    except Failure as failure:
+        failures += 1
+        say(f"FAILED: {failure}")
+    for kind, check in CHECKS:
+        if kind.name in wanted:
+            try:
+                look_at(kind, check, path, build / "desktop-pictures")
+            except Failure as failure:
+                failures += 1
+                say(f"{kind.name}: FAILED: {failure}")
+    sys.exit(min(failures, 1))
+
+
+if __name__ == "__main__":
+    main()

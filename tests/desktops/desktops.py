@@ -1,0 +1,136 @@
+"""Wayland desktops that run nested in an X screen, each with a session bus of its own."""
+
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import tempfile
+
+from screen import HEIGHT, WIDTH, Box, wait_for
+
+
+class Desktop:
+    """A compositor in a session without any other display."""
+
+    name = ""
+    command = []
+    # What the desktop itself may change at any time: bars with clocks.
+    work_area = Box(0, 0, WIDTH - 1, HEIGHT - 1)
+
+    @classmethod
+    def is_installed(cls):
+        return shutil.which(cls.command[0]) is not None
+
+    def __init__(self, screen):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="tamberline-desktop-"))
+        runtime = self.folder / "run"
+        runtime.mkdir(mode=0o700)
+        self.environment = {
+            "PATH": "/usr/local/bin:/usr/bin:/bin",
+            "HOME": str(self.folder),
+            "LANG": "C.UTF-8",
+            "XDG_RUNTIME_DIR": str(runtime),
+        }
+        self.configure()
+        # pylint: disable=consider-using-with
+        self.process = subprocess.Popen(
+            ["dbus-run-session", "--", "sh", "-c",
+             f'echo "$DBUS_SESSION_BUS_ADDRESS" >{self.folder}/bus; exec "$@"', "sh",
+             *self.command, *self.arguments()],
+            env={**self.environment, "DISPLAY": screen.display, **self.own_environment()},
+            stdin=subprocess.DEVNULL, stdout=open(self.folder / "log", "w", encoding="utf-8"),
+            stderr=subprocess.STDOUT, start_new_session=True)
+        socket = wait_for(f"{self.name} to start", lambda: self._socket(runtime))
+        self.environment["WAYLAND_DISPLAY"] = socket
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = (self.folder / "bus").read_text().strip()
+
+    @staticmethod
+    def _socket(runtime):
+        names = sorted(path.name for path in runtime.glob("wayland-*") if path.suffix != ".lock")
+        return names[0] if names else None
+
+    def configure(self):
+        pass
+
+    def arguments(self):
+        return []
+
+    def own_environment(self):
+        return {}
+
+    def end(self):
+        os.killpg(self.process.pid, signal.SIGTERM)
+        try:
+            self.process.wait(10)
+        except subprocess.TimeoutExpired:
+            os.killpg(self.process.pid, signal.SIGKILL)
+            self.process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+
+class Weston(Desktop):
+    """Places windows where it likes, and has no tray."""
+
+    name = "weston"
+    command = ["weston"]
+    work_area = Box(0, 33, WIDTH - 1, HEIGHT - 1)
+
+    def arguments(self):
+        return ["--backend=x11-backend.so", f"--width={WIDTH}", f"--height={HEIGHT}",
+                "--idle-time=0", *(["--use-pixman"] if self._is_old() else ["--renderer=pixman"])]
+
+    @staticmethod
+    def _is_old():
+        version = subprocess.run(["weston", "--version"], check=True, capture_output=True,
+                                 text=True).stdout
+        return int(version.split()[1].split(".")[0]) < 12
+
+
+class Sway(Desktop):
+    """Has a bar with a tray, and layer-shell."""
+
+    name = "sway"
+    command = ["sway"]
+    bar = "#000000"
+    bar_gray = 0
+    position = "top"
+    scale = 1
+    work_area = Box(0, 60, WIDTH - 1, HEIGHT - 1)
+
+    def configure(self):
+        (self.folder / "config").write_text(f"""
+output X11-1 resolution {WIDTH}x{HEIGHT} scale {self.scale}
+output * bg #335577 solid_color
+xwayland disable
+bar {{
+  position {self.position}
+  tray_output *
+  colors {{
+    background {self.bar}
+  }}
+}}
+""")
+
+    def arguments(self):
+        return ["--config", str(self.folder / "config")]
+
+    def own_environment(self):
+        return {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman"}
+
+
+class SwayWithLightBar(Sway):
+    """The same with a light bar at the bottom."""
+
+    name = "sway-light"
+    bar = "#ffffff"
+    bar_gray = 255
+    position = "bottom"
+    work_area = Box(0, 0, WIDTH - 1, HEIGHT - 60)
+
+
+class SwayAtDoubleScale(Sway):
+    """The same with twice as many pixels for a point."""
+
+    name = "sway-2x"
+    scale = 2
