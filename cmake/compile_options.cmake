@@ -11,6 +11,11 @@ target_compile_options(tamberline_options INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(tamberline_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
+# Where sources are compiled together, g++ takes them for headers, in which a coroutine or a class with a
+# member of a type that only this file knows would be a fault.
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(tamberline_options INTERFACE -Wno-subobject-linkage)
+endif()
 
 # What people run is hardened: a hostile device that finds a fault in a parser shall end the program and
 # not take it over.
@@ -42,16 +47,20 @@ if(TAMBERLINE_COVERAGE)
   target_link_options(tamberline_options INTERFACE --coverage)
 endif()
 
-# tamberline_layer(<name> SOURCES ... LINKS ...): one folder under src/ as one static library.
+# tamberline_layer(<name> SOURCES ... [APART ...] LINKS ...): one folder under src/ as one static library.
+# Sources under APART have names of their own that another has too, and are compiled alone where others
+# are compiled together.
 function(tamberline_layer name)
-  cmake_parse_arguments(LAYER "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
-  add_library(tamberline_${name} STATIC ${LAYER_SOURCES})
+  cmake_parse_arguments(LAYER "" "" "SOURCES;APART;LINKS;PRIVATE_LINKS" ${ARGN})
+  add_library(tamberline_${name} STATIC ${LAYER_SOURCES} ${LAYER_APART})
+  if(LAYER_APART)
+    set_source_files_properties(${LAYER_APART} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  endif()
   target_link_libraries(tamberline_${name}
     PUBLIC tamberline_options ${LAYER_LINKS}
     PRIVATE ${LAYER_PRIVATE_LINKS})
   # Background work may still run while the program ends, so nothing that it could read is destroyed then.
-  # What Qt generates for resources keeps to its own rules.
   if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-    set_source_files_properties(${LAYER_SOURCES} PROPERTIES COMPILE_OPTIONS -Wexit-time-destructors)
+    target_compile_options(tamberline_${name} PRIVATE -Wexit-time-destructors)
   endif()
 endfunction()
