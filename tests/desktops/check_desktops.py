@@ -22,24 +22,6 @@ MACHINE = (pathlib.Path(__file__).parent.parent / "platform" / "linux_machines" 
 PANEL_WIDTHS = range(400, 412)
 
 
-class Program:
-    """tamberline in a desktop's session, on a recorded machine."""
-
-    def __init__(self, path, environment):
-        # pylint: disable=consider-using-with
-        self.process = subprocess.Popen(
-            ["umockdev-run", "--device", str(MACHINE), "--", str(path)], env=environment,
-            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-
-    def is_running(self):
-        return self.process.poll() is None
-
-    def end(self):
-        if self.is_running():
-            self.process.terminate()
-        self.process.wait()
-
-
 class Look:
     """One program on one desktop, and what the screen showed before it."""
 
@@ -48,10 +30,13 @@ class Look:
         screen.move(WIDTH // 2, HEIGHT - 150)
         time.sleep(2)  # bars come by and by
         self.empty = screen.still_picture()
-        self.program = None
+        self.process = None
 
     def start(self, **environment):
-        self.program = Program(self.path, {**self.desktop.environment, **environment})
+        self.process = self.desktop.run(self.path, MACHINE, **environment)
+
+    def is_running(self):
+        return self.process.poll() is None
 
     def window(self):
         """Where the panel is; None where it is not."""
@@ -76,8 +61,10 @@ class Look:
             raise Failure(f"the panel ends below the screen: {box}")
 
     def end(self):
-        if self.program:
-            self.program.end()
+        if self.process:
+            if self.is_running():
+                self.process.terminate()
+            self.process.wait()
 
 
 def say(text):
@@ -102,14 +89,14 @@ def check_window(look):
         raise Failure(f"the window did not keep its height: {opened}")
     look.screen.click(first.right - 40, first.top + 15)
     wait_for("a maximized window",
-             lambda: (look.window() or first).width > PANEL_WIDTHS.stop or not look.program.is_running())
-    if not look.program.is_running():
+             lambda: (look.window() or first).width > PANEL_WIDTHS.stop or not look.is_running())
+    if not look.is_running():
         raise Failure("maximizing ended the program")
     look.still_window("maximized")
     look.screen.keys("Escape")
-    wait_for("the end of the program", lambda: not look.program.is_running())
-    if look.program.process.returncode != 0:
-        raise Failure(f"it ended with {look.program.process.returncode}")
+    wait_for("the end of the program", lambda: not look.is_running())
+    if look.process.returncode != 0:
+        raise Failure(f"it ended with {look.process.returncode}")
 
 
 def icon_in_bar(look):
@@ -148,7 +135,7 @@ def check_tray(look):
     look.check_whole(look.still_window("again"), scale)
     look.screen.keys("Escape")
     wait_for("a panel that Escape closed", look.has_no_window)
-    if not look.program.is_running():
+    if not look.is_running():
         raise Failure("closing the panel ended the program")
     look.screen.click(x, y, button=3)
     look.still_window("menu")
