@@ -20,8 +20,7 @@ std::optional<double> PanelWindowFrame::visibleScreenHeight() const {
   if (!isBoundByScreen_ || window_.screen() == nullptr) {
     return std::nullopt;
   }
-  const std::optional<double> free = hold_ ? hold_->freeHeight() : std::nullopt;
-  return free ? *free : window_.screen()->availableGeometry().height();
+  return freeHeight_.value_or(window_.screen()->availableGeometry().height());
 }
 
 void PanelWindowFrame::takeFixedHeight() {

@@ -6,6 +6,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace tamberline {
 
@@ -18,8 +20,11 @@ public:
   PanelWindowFrame(PanelWindow& window, bool isBoundByScreen)
       : window_(window), isBoundByScreen_(isBoundByScreen) {}
 
-  /// The desktop holds the window in a corner and knows what is free there. Null ends that.
+  /// The desktop holds the window in a corner. Null ends that.
   void setCornerHold(std::unique_ptr<CornerHold> hold) { hold_ = std::move(hold); }
+
+  /// What bars leave of the screen's height, where the desktop tells it.
+  void setFreeHeight(double points) { freeHeight_ = points; }
 
   double contentHeight() const override { return window_.height(); }
   std::optional<double> visibleScreenHeight() const override;
@@ -43,6 +48,7 @@ private:
   PanelWindow& window_;
   bool isBoundByScreen_;
   std::unique_ptr<CornerHold> hold_; // may be null
+  std::optional<double> freeHeight_; // as it was told last
 };
 
 } // namespace tamberline

@@ -156,7 +156,12 @@ void PanelShell::holdInCorner() {
   if (!isOpen() && window_->screen() != nullptr) {
     frame_->setCornerHold(placement_.places->holdInCorner(
         *window_, cornerNextTo(anchor_.click, window_->screen()->geometry()),
-        {.freeHeightChanged = [this] { fitScreen(); }, .clickedOutside = [this] { close(); }}));
+        {.freeHeightTold =
+             [this](double points) {
+               frame_->setFreeHeight(points);
+               fitScreen();
+             },
+         .clickedOutside = [this] { close(); }}));
   }
 }
 

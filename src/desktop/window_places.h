@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace tamberline {
 
@@ -16,9 +15,6 @@ public:
   CornerHold(const CornerHold&) = delete;
   CornerHold& operator=(const CornerHold&) = delete;
   virtual ~CornerHold() = default;
-
-  /// What bars leave of the screen's height, in points; absent until the desktop has said it.
-  virtual std::optional<double> freeHeight() const = 0;
 };
 
 /// What a desktop lets a program decide about the places of its windows. Main thread only.
@@ -39,7 +35,8 @@ public:
 
   /// What a held window hears of. Either may end the hold.
   struct HoldEvents {
-    std::function<void()> freeHeightChanged = [] {};
+    /// What bars leave of the screen's height, in points; told once the desktop has said it.
+    std::function<void(double)> freeHeightTold = [](double) {};
     std::function<void()> clickedOutside = [] {};
   };
 

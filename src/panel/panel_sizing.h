@@ -45,6 +45,7 @@ public:
 
   /// Absent without a screen.
   void setScreenHeight(std::optional<double> points);
+  std::optional<double> screenHeight() const { return screenHeight_; }
 
   /// The height that the desktop gives the window whatever it asks for; absent where the window
   /// follows its content. The list has what is left of it.

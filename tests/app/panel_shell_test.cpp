@@ -294,10 +294,13 @@ TEST_F(HeldPanelTest, IsHeldOnceForEachOpening) {
 TEST_F(HeldPanelTest, BecomesNoHigherThanBarsLeaveFree) {
   makeHeldShell();
   openPanel();
-  places->freeHeight = 300;
-  places->events.freeHeightChanged();
+  places->events.freeHeightTold(300);
   const auto& sizing = *shell->context().sizing();
   EXPECT_LE(sizing.windowTotalHeight(), 300 - 40);
+  shell->close();
+  openPanel(); // and nothing is told anew
+  emit shell->window()->screenChanged(shell->window()->screen());
+  EXPECT_EQ(*shell->context().sizing()->screenHeight(), 300);
 }
 
 TEST_F(HeldPanelTest, ClosesOnAClickOutsideAndIsNotHeldAnyMore) {

@@ -45,7 +45,6 @@ public:
     return std::make_unique<Hold>(*this);
   }
 
-  std::optional<double> freeHeight;
   std::vector<Qt::Corner> corners; // of each hold
   HoldEvents events;               // of the last hold
   int holds = 0;                   // that are there now
@@ -57,7 +56,6 @@ private:
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
     ~Hold() override { --places_.holds; }
-    std::optional<double> freeHeight() const override { return places_.freeHeight; }
 
   private:
     FakeWindowPlaces& places_;

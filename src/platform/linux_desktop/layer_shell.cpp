@@ -46,15 +46,12 @@ public:
     layer->setScreenConfiguration(LayerWindow::ScreenFromCompositor);
   }
 
-  /// Absent until the desktop has given the window its size.
-  std::optional<double> freeHeight() const {
-    return height() > 1 ? std::optional<double>(height()) : std::nullopt;
-  }
-
 protected:
   void resizeEvent(QResizeEvent* event) override {
     QRasterWindow::resizeEvent(event);
-    events_.freeHeightChanged();
+    if (height() > 1) { // the desktop has given the window its size
+      events_.freeHeightTold(height());
+    }
   }
   void mousePressEvent(QMouseEvent* /*event*/) override { events_.clickedOutside(); }
 
@@ -89,8 +86,6 @@ public:
     backdrop_->hide();
     backdrop_->deleteLater();
   }
-
-  std::optional<double> freeHeight() const override { return backdrop_->freeHeight(); }
 
 private:
   Backdrop* backdrop_; // owned

@@ -17,10 +17,10 @@
 namespace tamberline {
 namespace {
 
-const auto watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
-const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
-const auto itemPath = QStringLiteral("/StatusNotifierItem");
-const auto menuPath = QStringLiteral("/TrayMenu");
+constexpr QLatin1String watcherService("org.kde.StatusNotifierWatcher");
+constexpr QLatin1String watcherPath("/StatusNotifierWatcher");
+constexpr QLatin1String itemPath("/StatusNotifierItem");
+constexpr QLatin1String menuPath("/TrayMenu");
 
 /// The program waits for the bus only when it starts, to know what kind of window to open.
 constexpr std::chrono::milliseconds patienceAtStart{500};
@@ -36,7 +36,7 @@ QDBusMessage callOfWatcher(const QString& interface, const QString& method) {
 QDBusMessage hostQuestion() {
   QDBusMessage question =
       callOfWatcher(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-  question << watcherService << QStringLiteral("IsStatusNotifierHostRegistered");
+  question << QString(watcherService) << QStringLiteral("IsStatusNotifierHostRegistered");
   return question;
 }
 
@@ -127,7 +127,7 @@ void StatusNotifierTray::exportItem() {
       StatusNotifierItem::Content{.title = look_.title,
                                   .iconName = nameIfInstalled(look_.iconName),
                                   .icon = look_.icon(BarTone::unknown),
-                                  .menu = QDBusObjectPath(menuPath)},
+                                  .menu = QDBusObjectPath(QString(menuPath))},
       StatusNotifierItem::Events{
           .activated =
               [this](std::optional<QPoint> place) { events_.clicked({.click = inPoints(place)}); },
