@@ -15,8 +15,8 @@ void chooseGraphics();
 /// Where programs keep the traces of their runs for a person; empty where there is no such folder.
 QString systemRuntimeFolder();
 
-/// Whether the session started the program, and no person who wants to see the panel. Can be asked
-/// once: what the program starts itself does not hear of it.
+/// Whether only the icon is wanted, because the session started the program and no person who wants to
+/// see the panel. Can be asked once: what the program starts itself does not hear of it.
 bool takeStartInBackground();
 
 /// Both after the application object is made.

@@ -13,8 +13,8 @@ TEST(MacDesktop, LetsProgramsDecideWhereTheirWindowsStand) {
   EXPECT_EQ(windowPlacesHere()->decider(), WindowPlaces::Decider::program);
 }
 
-TEST(MacDesktop, StartsEveryRunForAPerson) {
-  EXPECT_FALSE(takeStartInBackground());
+TEST(MacDesktop, StartsWithTheIconOnly) {
+  EXPECT_TRUE(takeStartInBackground());
 }
 
 } // namespace

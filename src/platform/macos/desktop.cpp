@@ -12,9 +12,9 @@ QString systemRuntimeFolder() {
   return {};
 }
 
-/// What the system starts at login, it starts as a person does.
+/// The menu bar always has the icon, and a start at login cannot be told from a person's.
 bool takeStartInBackground() {
-  return false;
+  return true;
 }
 
 std::shared_ptr<WindowPlaces> windowPlacesHere() {
