@@ -17,7 +17,11 @@ QString drawingFile(std::string_view icon) {
 } // namespace
 
 QImage themeDrawing(std::string_view icon, int pixels) {
-  QImageReader reader(drawingFile(icon));
+  const QString file = drawingFile(icon);
+  if (file.isEmpty()) {
+    return {};
+  }
+  QImageReader reader(file);
   reader.setScaledSize(QSize(pixels, pixels));
   return reader.read();
 }
