@@ -22,7 +22,7 @@ QString displayFailureText(const QString& program, const QString& waylandDisplay
   if (waylandDisplay.isEmpty()) {
     return facts;
   }
-  return facts + QStringLiteral("; Wayland takes Qt's plugin for it (package qt6-wayland)");
+  return facts + QStringLiteral("; Wayland needs Qt's plugin for it (package qt6-wayland)");
 }
 
 DisplayGuard* DisplayGuard::current = nullptr;
@@ -42,14 +42,21 @@ DisplayGuard::~DisplayGuard() {
 
 void DisplayGuard::take(QtMsgType type, const QMessageLogContext& /*context*/,
                         const QString& text) {
+  const QMutexLocker lock(&current->mutex_); // Qt's threads tell of things too
   if (type == QtFatalMsg) {
     current->fail();
   }
   current->keptBack_.append({type, text});
 }
 
-/// Nothing that the program has begun needs an end in order yet.
+/// Nothing has been started yet that needs an orderly shutdown. A platform that somebody chose by
+/// hand has reasons of its own to fail, which Qt has told.
 void DisplayGuard::fail() const {
+  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    for (const Message& message : keptBack_) {
+      std::fprintf(stderr, "%s\n", qUtf8Printable(message.text));
+    }
+  }
   const QString text = displayFailureText(program_, qEnvironmentVariable("WAYLAND_DISPLAY"),
                                           qEnvironmentVariable("DISPLAY"));
   std::fprintf(stderr, "%s\n", qUtf8Printable(text));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMutex>
 #include <QString>
 #include <QStringList>
 
@@ -31,6 +32,7 @@ private:
 
   static DisplayGuard* current;
 
+  QMutex mutex_;
   QString program_;
   QList<Message> keptBack_;
   QtMessageHandler formerHandler_;

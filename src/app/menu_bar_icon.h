@@ -7,7 +7,7 @@
 namespace tamberline {
 
 /// The icon in the tray: one colour that is seen on a bar of this tone, and a light rim around a
-/// dark shape where the tone is not known. Empty when the symbol is not to be had.
+/// dark shape where the tone is not known. Empty when the symbol cannot be loaded.
 QIcon menuBarIcon(BarTone tone);
 
 } // namespace tamberline

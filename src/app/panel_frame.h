@@ -1,13 +1,9 @@
 #pragma once
 
 #include "app/window_manager.h"
-#include "desktop/window_places.h"
 #include "panel/panel_window.h"
 
-#include <functional>
-#include <memory>
 #include <optional>
-#include <utility>
 
 namespace tamberline {
 
@@ -19,9 +15,6 @@ public:
   /// content, for pictures of it.
   PanelWindowFrame(PanelWindow& window, bool isBoundByScreen)
       : window_(window), isBoundByScreen_(isBoundByScreen) {}
-
-  /// The desktop holds the window in a corner. Null ends that.
-  void setCornerHold(std::unique_ptr<CornerHold> hold) { hold_ = std::move(hold); }
 
   /// What bars leave of the screen's height, where the desktop tells it.
   void setFreeHeight(double points) { freeHeight_ = points; }
@@ -47,7 +40,6 @@ private:
 
   PanelWindow& window_;
   bool isBoundByScreen_;
-  std::unique_ptr<CornerHold> hold_; // may be null
   std::optional<double> freeHeight_; // as it was told last
 };
 

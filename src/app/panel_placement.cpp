@@ -1,5 +1,7 @@
 #include "app/panel_placement.h"
 
+#include "desktop/screen_corner.h"
+
 #include <algorithm>
 
 namespace tamberline {
@@ -27,10 +29,12 @@ QPoint inside(const QRect& available, const QPoint& wanted, const QSize& panel) 
           clampedStart(wanted.y(), available.y(), endY(available), panel.height())};
 }
 
-QPoint cornerNextTo(const QPoint& cursor, const QSize& panel, const QRect& available) {
-  const QPoint center = available.center();
-  return {cursor.x() > center.x() ? endX(available) - panel.width() : available.x(),
-          cursor.y() > center.y() ? endY(available) - panel.height() : available.y()};
+QPoint inCornerNextTo(const QPoint& cursor, const QSize& panel, const QRect& available) {
+  const Qt::Corner corner = cornerNextTo(cursor, available);
+  const bool isRight = corner == Qt::TopRightCorner || corner == Qt::BottomRightCorner;
+  const bool isBottom = corner == Qt::BottomLeftCorner || corner == Qt::BottomRightCorner;
+  return {isRight ? endX(available) - panel.width() : available.x(),
+          isBottom ? endY(available) - panel.height() : available.y()};
 }
 
 /// A bar takes its part from the available screen, so an icon in a vertical bar is beside it.
@@ -54,7 +58,7 @@ QPoint nextToIcon(const QRect& icon, const QSize& panel, const QRect& available)
 
 QPoint panelPosition(const QRect& iconGeometry, const QPoint& cursor, const QSize& panel,
                      const QRect& availableScreen) {
-  const QPoint wanted = iconGeometry.isEmpty() ? cornerNextTo(cursor, panel, availableScreen)
+  const QPoint wanted = iconGeometry.isEmpty() ? inCornerNextTo(cursor, panel, availableScreen)
                                                : nextToIcon(iconGeometry, panel, availableScreen);
   return inside(availableScreen, wanted, panel);
 }

@@ -13,7 +13,7 @@
 namespace tamberline {
 namespace {
 
-/// How much later than the loss of the keyboard the tray tells of the click that caused it.
+/// How long after the panel lost the keyboard focus the tray may report the click that caused it.
 constexpr std::chrono::milliseconds clickArrives{250};
 
 } // namespace
@@ -54,7 +54,6 @@ void PanelShell::toggle(const TrayPlace& place) {
 void PanelShell::close() {
   if (window_ != nullptr && isAttached()) {
     window_->hide();
-    frame_->setCornerHold(nullptr);
   } else if (window_ != nullptr) {
     window_->close(); // ends a program that has nothing else to show
   }
@@ -90,6 +89,11 @@ void PanelShell::make(PanelWindow::Kind kind) {
   context_.sizing()->setGivenHeight(std::nullopt);
   QObject::connect(window_.get(), &QWindow::activeChanged, window_.get(),
                    [this] { closeWhenLeft(); });
+  QObject::connect(window_.get(), &QWindow::visibleChanged, window_.get(), [this](bool isVisible) {
+    if (!isVisible) {
+      hold_.reset(); // whoever closed it
+    }
+  });
   if (isHeightFixed()) {
     followWindow();
   } else {
@@ -153,15 +157,14 @@ void PanelShell::place() {
 
 /// Once for each opening: the desktop keeps the window there whatever its height becomes.
 void PanelShell::holdInCorner() {
-  if (!isOpen() && window_->screen() != nullptr) {
-    frame_->setCornerHold(placement_.places->holdInCorner(
-        *window_, cornerNextTo(anchor_.click, window_->screen()->geometry()),
-        {.freeHeightTold =
-             [this](double points) {
-               frame_->setFreeHeight(points);
-               fitScreen();
-             },
-         .clickedOutside = [this] { close(); }}));
+  if (!isOpen()) {
+    hold_ = placement_.places->holdInCorner(*window_, screenCornerNextTo(anchor_.click),
+                                            {.freeHeightTold =
+                                                 [this](double points) {
+                                                   frame_->setFreeHeight(points);
+                                                   fitScreen();
+                                                 },
+                                             .clickedOutside = [this] { close(); }});
   }
 }
 

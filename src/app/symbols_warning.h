@@ -2,7 +2,7 @@
 
 namespace tamberline {
 
-/// Says on standard error when the panel will have no symbols, and what they take. After the
+/// Says on standard error when the panel will have no symbols, and what they need. After the
 /// application object is made.
 void warnWithoutSymbols(const char* program);
 

@@ -89,7 +89,9 @@ void TamberlineApp::showIcon() {
                    [this] { tray_->redraw(); });
 }
 
-/// Without an icon, a program that has no window left could not be reached any more.
+/// Without an icon, a program whose window a person closed could not be reached any more. A panel
+/// that stood beside an icon only hides, also when its tray has gone: bars restart, and another
+/// start of the program opens the panel.
 void TamberlineApp::endWithoutIcon() const {
   if (!hasTray()) {
     QApplication::quit();

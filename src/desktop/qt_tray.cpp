@@ -30,9 +30,15 @@ void QtTray::show(Look look, Events events) {
   if (opener_ == MenuOpener::tray) {
     icon_.setContextMenu(&menu_);
   }
-  redraw();
-  icon_.show();
-  QTimer::singleShot(trayShowsIcon, &icon_, [this] { redraw(); });
+  setShown(true);
+}
+
+void QtTray::setShown(bool isShown) {
+  if (isShown) {
+    redraw();
+    QTimer::singleShot(trayShowsIcon, &icon_, [this] { redraw(); });
+  }
+  icon_.setVisible(isShown);
 }
 
 bool QtTray::isAvailable() const {

@@ -28,7 +28,7 @@ public:
   void redraw() override;
 
   /// Takes the icon out of the tray, and puts it in again.
-  void setShown(bool isShown) { icon_.setVisible(isShown); }
+  void setShown(bool isShown);
 
   QSystemTrayIcon& icon() { return icon_; }
 
@@ -42,7 +42,7 @@ private:
   Look look_;
   Events events_;
   QMenu menu_;
-  QSystemTrayIcon icon_; // goes before the menu, which it may know
+  QSystemTrayIcon icon_; // destroyed before the menu, which it may refer to
 };
 
 } // namespace tamberline

@@ -1,5 +1,8 @@
 #include "desktop/screen_corner.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+
 namespace tamberline {
 
 Qt::Corner cornerNextTo(const std::optional<QPoint>& place, const QRect& screen) {
@@ -11,6 +14,11 @@ Qt::Corner cornerNextTo(const std::optional<QPoint>& place, const QRect& screen)
     return isLeft ? Qt::BottomLeftCorner : Qt::BottomRightCorner;
   }
   return isLeft ? Qt::TopLeftCorner : Qt::TopRightCorner;
+}
+
+Qt::Corner screenCornerNextTo(const std::optional<QPoint>& place) {
+  const QScreen* const screen = place ? QGuiApplication::screenAt(*place) : nullptr;
+  return screen == nullptr ? Qt::TopRightCorner : cornerNextTo(place, screen->geometry());
 }
 
 } // namespace tamberline

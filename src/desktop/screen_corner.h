@@ -12,4 +12,7 @@ namespace tamberline {
 /// most desktops have their tray.
 Qt::Corner cornerNextTo(const std::optional<QPoint>& place, const QRect& screen);
 
+/// The same on the screen that has the place.
+Qt::Corner screenCornerNextTo(const std::optional<QPoint>& place);
+
 } // namespace tamberline

@@ -48,7 +48,7 @@ public:
   Tray& operator=(const Tray&) = delete;
   virtual ~Tray() = default;
 
-  /// Shows the icon as soon as there is a tray, until the object goes. Once.
+  /// Shows the icon as soon as there is a tray, until the object is destroyed. Call it once.
   virtual void show(Look look, Events events) = 0;
 
   /// Whether there is a tray for the icon now. Quick enough to be asked whenever it matters.
@@ -57,7 +57,7 @@ public:
   /// Where the icon is now; empty where the tray does not tell.
   virtual QRect iconGeometry() const = 0;
 
-  /// Draws the icon anew after the colours of the desktop have changed.
+  /// Redraws the icon after the colours of the desktop have changed.
   virtual void redraw() = 0;
 };
 

@@ -4,9 +4,9 @@
 #include "panel/panel_list_model.h"
 #include "panel/row_pulses.h"
 #include "scanner/port_scanner.h"
+#include "symbols/symbol_image.h"
 #include "views/panel.h"
 #include "views/row_expansion.h"
-#include "symbols/symbol_image.h"
 
 #include <QObject>
 #include <QString>

@@ -101,8 +101,11 @@ void PanelSizing::combine() {
   }
 }
 
+/// The engine may not know this object any more.
 HeightKey::~HeightKey() {
-  setHeight(0);
+  if (measuredBy_) {
+    measuredBy_->measure(channel_, this, 0);
+  }
 }
 
 void HeightKey::setHeight(double height) {
@@ -112,6 +115,7 @@ void HeightKey::setHeight(double height) {
   height_ = height;
   if (PanelSizing* const all = sizing()) {
     all->measure(channel_, this, height);
+    measuredBy_ = all;
   }
   emit heightChanged();
 }

@@ -3,6 +3,7 @@
 #include "async/main_queue.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
@@ -104,6 +105,8 @@ signals:
 
 private:
   PanelSizing* sizing() const;
+
+  QPointer<PanelSizing> measuredBy_; // null until it has a height
 
   PanelSizing::Channel channel_;
   double height_ = 0;

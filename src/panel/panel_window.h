@@ -20,9 +20,6 @@ public:
 
   PanelWindow(PanelContext& context, Kind kind);
 
-  /// What is left of the screen for the panel, in points; absent without a screen.
-  void setScreenHeight(std::optional<double> points) { context_.sizing()->setScreenHeight(points); }
-
 protected:
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;

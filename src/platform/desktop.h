@@ -15,9 +15,12 @@ void chooseGraphics();
 /// Where programs keep the traces of their runs for a person; empty where there is no such folder.
 QString systemRuntimeFolder();
 
-/// Whether only the icon is wanted, because the session started the program and no person who wants to
-/// see the panel. Can be asked once: what the program starts itself does not hear of it.
+/// Whether the session started the program, not a person who wants to see the panel. Can be asked
+/// once: what the program starts itself does not hear of it.
 bool takeStartInBackground();
+
+/// Whether the first start by a person opens the panel.
+bool opensPanelAtStart();
 
 /// Both after the application object is made.
 std::shared_ptr<WindowPlaces> windowPlacesHere();

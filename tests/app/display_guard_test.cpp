@@ -16,7 +16,7 @@ TEST(DisplayFailure, SaysWhatTheEnvironmentNames) {
       {"", ":7", "prog: no display can be opened (WAYLAND_DISPLAY is not set, DISPLAY is ':7')"},
       {"wayland-0", "",
        "prog: no display can be opened (WAYLAND_DISPLAY is 'wayland-0', DISPLAY is not set); "
-       "Wayland takes Qt's plugin for it (package qt6-wayland)"},
+       "Wayland needs Qt's plugin for it (package qt6-wayland)"},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(displayFailureText("prog", row.wayland, row.x11).toStdString(),
@@ -29,6 +29,7 @@ TEST(DisplayGuardDeathTest, EndsTheProgramWithOneSentenceWhereQtGivesUp) {
       {
         qunsetenv("WAYLAND_DISPLAY");
         qunsetenv("DISPLAY");
+        qunsetenv("QT_QPA_PLATFORM");
         const DisplayGuard guard("prog");
         qWarning("could not connect to display");
         qFatal("This application failed to start");

@@ -312,6 +312,13 @@ TEST_F(HeldPanelTest, ClosesOnAClickOutsideAndIsNotHeldAnyMore) {
   EXPECT_EQ(places->holds, 0);
 }
 
+TEST_F(HeldPanelTest, IsNotHeldAnyMoreWhoeverClosesIt) {
+  makeHeldShell();
+  openPanel();
+  shell->window()->close();
+  EXPECT_EQ(places->holds, 0);
+}
+
 class UntoldPanelTest : public PanelShellTest {
 protected:
   void openUntoldPanel() {
@@ -379,6 +386,22 @@ TEST_F(UntoldPanelTest, KeepsTheContentsWidthInTheMiddleOfAWideWindow) {
   EXPECT_EQ(shell->window()->rootObject()->width(), 400);
   EXPECT_EQ(shell->window()->rootObject()->x(), 150);
   EXPECT_EQ(shell->window()->rootObject()->height(), 500);
+}
+
+TEST_F(UntoldPanelTest, ForgetsTheHeightsOfTheWindowThatItWas) {
+  makeShell(PanelWindow::Kind::ordinary,
+            std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::corner));
+  openPanel();
+  shell->window()->grabWindow();
+  queue->settle();
+  const double chrome = sizing().chromeHeight();
+  EXPECT_GT(chrome, 0);
+  shell->close();
+  kind = PanelWindow::Kind::attached;
+  openPanel();
+  shell->window()->grabWindow();
+  queue->settle();
+  EXPECT_EQ(sizing().chromeHeight(), chrome);
 }
 
 TEST_F(UntoldPanelTest, FollowsItsContentAgainWhereATrayHasCome) {

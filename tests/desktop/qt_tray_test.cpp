@@ -82,8 +82,10 @@ TEST_F(QtTrayTest, TakesTheIconOutOfTheTrayAndPutsItInAgain) {
   EXPECT_TRUE(tray->icon().isVisible());
   tray->setShown(false);
   EXPECT_FALSE(tray->icon().isVisible());
+  barTone = BarTone::light; // another bar
   tray->setShown(true);
   EXPECT_TRUE(tray->icon().isVisible());
+  EXPECT_EQ(tones.back(), BarTone::light);
 }
 
 TEST_F(QtTrayTest, IsNotThereWithoutATray) {

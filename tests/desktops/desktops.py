@@ -46,17 +46,24 @@ class Desktop:
         if os.geteuid() == 0:
             for path in (self.folder, *self.folder.rglob("*")):
                 os.chown(path, NOBODY, NOBODY)
+        with open(self.folder / "log", "wb") as log:
+            self.process = self._start(screen, log)
+        try:
+            socket = wait_for(f"{self.name} to start", lambda: self._socket(runtime))
+        except Exception:
+            self.end()
+            raise
+        self.environment["WAYLAND_DISPLAY"] = socket
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = (self.folder / "bus").read_text().strip()
+
+    def _start(self, screen, log):
         # pylint: disable=consider-using-with
-        self.process = subprocess.Popen(
+        return subprocess.Popen(
             [*as_person(), "dbus-run-session", "--", "sh", "-c",
              f'echo "$DBUS_SESSION_BUS_ADDRESS" >{self.folder}/bus; exec "$@"', "sh",
              *self.command, *self.arguments()],
             env={**self.environment, "DISPLAY": screen.display, **self.own_environment()},
-            stdin=subprocess.DEVNULL, stdout=open(self.folder / "log", "w", encoding="utf-8"),
-            stderr=subprocess.STDOUT, start_new_session=True)
-        socket = wait_for(f"{self.name} to start", lambda: self._socket(runtime))
-        self.environment["WAYLAND_DISPLAY"] = socket
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = (self.folder / "bus").read_text().strip()
+            stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT, start_new_session=True)
 
     @staticmethod
     def _socket(runtime):

@@ -20,7 +20,7 @@ def wait_for(what, condition):
         if value:
             return value
         time.sleep(0.1)
-    raise Failure(f"waited in vain for {what}")
+    raise Failure(f"timed out waiting for {what}")
 
 
 class Box:

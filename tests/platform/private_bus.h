@@ -10,8 +10,8 @@ public:
   /// Keeps its configuration in the folder.
   explicit PrivateBus(const TemporaryFolder& folder);
 
-  /// Makes every PrivateBus of this process the system bus, or the session's. Once, before any is asked for: the bus
-  /// library reads the address a single time.
+  /// Makes every PrivateBus of this process the system bus, or the session's. Once, before any is
+  /// asked for: the bus library reads the address a single time.
   static void becomeSystemBus();
   static void becomeSessionBus();
 

@@ -30,13 +30,7 @@ TamberlineApp::Desktop desktopHere() {
   return {.tray = trayHere(places), .places = places};
 }
 
-/// A session that starts the program once more has no use for the panel.
-SingleInstance::Wish wishOf(TamberlineApp::StartedBy starter) {
-  return starter == TamberlineApp::StartedBy::person ? SingleInstance::Wish::raise
-                                                     : SingleInstance::Wish::nothing;
-}
-
-int run(TamberlineApp::StartedBy starter) {
+int run(bool isInBackground) {
   // Outlives the application, whose end takes a moment and must not be cut short.
   const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
   std::unique_ptr<TamberlineApp> app;
@@ -47,7 +41,7 @@ int run(TamberlineApp::StartedBy starter) {
           app->raise();
         }
       },
-      wishOf(starter));
+      isInBackground ? SingleInstance::Wish::nothing : SingleInstance::Wish::raise);
   if (!instance.isFirst()) {
     return EXIT_SUCCESS;
   }
@@ -56,7 +50,8 @@ int run(TamberlineApp::StartedBy starter) {
   warnWithoutSymbols("tamberline");
   const auto queue = std::make_shared<QtMainQueue>();
   app = std::make_unique<TamberlineApp>(thisMachine(queue), queue, desktopHere());
-  app->start(starter);
+  app->start(isInBackground || !opensPanelAtStart() ? TamberlineApp::StartedBy::session
+                                                    : TamberlineApp::StartedBy::person);
   return QApplication::exec();
 }
 
@@ -69,8 +64,7 @@ int main(int argc, char** argv) {
                stderr);
     return exitUsage;
   }
-  const auto starter = takeStartInBackground() ? TamberlineApp::StartedBy::session
-                                               : TamberlineApp::StartedBy::person;
+  const bool isInBackground = takeStartInBackground();
   chooseGraphics();
   leaveOutEncodingNotice();
   auto guard = std::make_optional<DisplayGuard>(QStringLiteral("tamberline"));
@@ -79,5 +73,5 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("tamberline"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tamberline"));
   QApplication::setDesktopFileName(QStringLiteral("org.tamberline.Tamberline"));
-  return run(starter);
+  return run(isInBackground);
 }

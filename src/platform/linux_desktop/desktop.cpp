@@ -43,6 +43,11 @@ bool takeStartInBackground() {
   return isInBackground;
 }
 
+/// The session's own entry says so when it wants the icon only.
+bool opensPanelAtStart() {
+  return true;
+}
+
 std::shared_ptr<WindowPlaces> windowPlacesHere() {
   if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
     return std::make_shared<FreeWindowPlaces>();

@@ -3,8 +3,6 @@
 #include "desktop/screen_corner.h"
 
 #include <QCursor>
-#include <QGuiApplication>
-#include <QScreen>
 #include <QWindow>
 
 #include <utility>
@@ -33,9 +31,8 @@ void DrawnMenu::open(std::optional<QPoint> place) {
 void DrawnMenu::holdBesideTray(std::optional<QPoint> place) {
   menu_.winId(); // so that there is a window to hold
   QWindow* const window = menu_.windowHandle();
-  const QScreen* const screen = QGuiApplication::primaryScreen();
-  if (window != nullptr && screen != nullptr) {
-    hold_ = places_.holdInCorner(*window, cornerNextTo(place, screen->geometry()),
+  if (window != nullptr) {
+    hold_ = places_.holdInCorner(*window, screenCornerNextTo(place),
                                  {.clickedOutside = [this] { menu_.close(); }});
   }
 }

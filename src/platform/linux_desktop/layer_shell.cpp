@@ -46,6 +46,9 @@ public:
     layer->setScreenConfiguration(LayerWindow::ScreenFromCompositor);
   }
 
+  /// Nobody listens any more.
+  void forgetEvents() { events_ = {}; }
+
 protected:
   void resizeEvent(QResizeEvent* event) override {
     QRasterWindow::resizeEvent(event);
@@ -53,7 +56,10 @@ protected:
       events_.freeHeightTold(height());
     }
   }
-  void mousePressEvent(QMouseEvent* /*event*/) override { events_.clickedOutside(); }
+  void mousePressEvent(QMouseEvent* /*event*/) override {
+    const auto clickedOutside = events_.clickedOutside; // which may end the hold
+    clickedOutside();
+  }
 
   void paintEvent(QPaintEvent* event) override {
     QPainter painter(this);
@@ -81,14 +87,16 @@ public:
   LayerShellHold(const LayerShellHold&) = delete;
   LayerShellHold& operator=(const LayerShellHold&) = delete;
 
-  /// A click on the backdrop may be what ends the hold, so the backdrop goes a moment later.
+  /// A click on the backdrop may be what ends the hold, so the backdrop is deleted by the event
+  /// loop.
   ~LayerShellHold() override {
+    backdrop_->forgetEvents();
     backdrop_->hide();
     backdrop_->deleteLater();
   }
 
 private:
-  Backdrop* backdrop_; // owned
+  Backdrop* backdrop_; // deleted by the event loop
 };
 
 class LayerShellPlaces final : public WindowPlaces {

@@ -29,10 +29,11 @@ void LinuxTray::show(Look look, Events events) {
   useTheOneThatIsThere();
 }
 
-/// Qt's tray looks for the one on the bus when it is first asked, and keeps to the answer; so it is
-/// asked for nothing as long as that one is there.
+/// Qt's tray looks for the one on the bus when it is first asked, waits for the answer, and keeps
+/// to it; so it is asked for nothing as long as that one is there or may be.
 bool LinuxTray::isAvailable() const {
-  return notifier_.isAvailable() || (isX11() && QSystemTrayIcon::isSystemTrayAvailable());
+  return notifier_.isAvailable() ||
+         (isX11() && !notifier_.isUndecided() && QSystemTrayIcon::isSystemTrayAvailable());
 }
 
 QRect LinuxTray::iconGeometry() const {
@@ -47,8 +48,8 @@ void LinuxTray::redraw() {
 }
 
 void LinuxTray::useTheOneThatIsThere() {
-  if (!menu_) {
-    return; // not shown yet
+  if (!menu_ || notifier_.isUndecided()) {
+    return; // not shown yet, or not known yet
   }
   if (notifier_.isAvailable()) {
     if (x11_) {

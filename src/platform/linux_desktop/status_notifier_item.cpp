@@ -1,5 +1,6 @@
 #include "platform/linux_desktop/status_notifier_item.h"
 
+#include <QGuiApplication>
 #include <QPixmap>
 #include <QtEndian>
 
@@ -7,6 +8,9 @@
 
 namespace tamberline {
 namespace {
+
+/// Tokens of real desktops are far shorter; anybody on the bus can send one.
+constexpr qsizetype longestToken = 1024;
 
 /// Hosts that know no place send zeros.
 std::optional<QPoint> place(int x, int y) {
@@ -57,7 +61,10 @@ void StatusNotifierItem::ContextMenu(int x, int y) {
 /// Comes before a click. With it a Wayland desktop lets the window that is opened next have the
 /// keyboard; Qt looks for it there.
 void StatusNotifierItem::ProvideXdgActivationToken(const QString& token) const {
-  qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+  if (token.size() <= longestToken &&
+      QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+  }
 }
 
 /// There is nothing to scroll; hosts send it all the same.

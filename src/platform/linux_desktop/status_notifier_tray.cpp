@@ -3,6 +3,7 @@
 #include "platform/linux_desktop/tray_menu.h"
 
 #include <QCoreApplication>
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -52,11 +53,17 @@ QString nameIfInstalled(const QString& iconName) {
                                                                                      : iconName;
 }
 
-/// On X11 hosts tell of pixels.
+/// On X11 hosts tell of pixels, which Qt scales around the corner of each screen.
 std::optional<QPoint> inPoints(std::optional<QPoint> place) {
-  const QScreen* const screen = QGuiApplication::primaryScreen();
-  if (place && screen != nullptr && QGuiApplication::platformName() == QLatin1String("xcb")) {
-    return *place / screen->devicePixelRatio();
+  if (!place || QGuiApplication::platformName() != QLatin1String("xcb")) {
+    return place;
+  }
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    const QPoint corner = screen->geometry().topLeft();
+    const double ratio = screen->devicePixelRatio();
+    if (QRect(corner, screen->size() * ratio).contains(*place)) {
+      return corner + (*place - corner) / ratio;
+    }
   }
   return place;
 }
@@ -72,10 +79,13 @@ StatusNotifierTray::StatusNotifierTray(Hooks hooks)
     return;
   }
   followWatcher();
-  isAvailable_ = tellsOfHost(
-      bus_.call(hostQuestion(), QDBus::Block, static_cast<int>(patienceAtStart.count())));
-  if (!isAvailable_) {
-    askForHost(); // which may only have been slow
+  const QDBusMessage answer =
+      bus_.call(hostQuestion(), QDBus::Block, static_cast<int>(patienceAtStart.count()));
+  isAvailable_ = tellsOfHost(answer);
+  const auto noReply = QDBusError::errorString(QDBusError::NoReply);
+  isUndecided_ = answer.errorName() == noReply;
+  if (isUndecided_) {
+    askForHost();
   }
 }
 
@@ -107,12 +117,15 @@ void StatusNotifierTray::askForHost() {
 }
 
 void StatusNotifierTray::followWatcher() {
-  connect(&watcherOwner_, &QDBusServiceWatcher::serviceRegistered, this, [this] {
-    registerItem();
-    askForHost();
-  });
-  connect(&watcherOwner_, &QDBusServiceWatcher::serviceUnregistered, this,
-          [this] { setAvailable(false); });
+  connect(&watcherOwner_, &QDBusServiceWatcher::serviceOwnerChanged, this,
+          [this](const QString& /*service*/, const QString& /*oldOwner*/, const QString& newOwner) {
+            if (newOwner.isEmpty()) {
+              setAvailable(false);
+            } else {
+              registerItem();
+              askForHost();
+            }
+          });
   for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
     bus_.connect(watcherService, watcherPath, watcherService, QString::fromLatin1(signal), this,
                  SLOT(askForHost()));
@@ -139,7 +152,7 @@ void StatusNotifierTray::exportItem() {
   bus_.registerObject(itemPath, item_.get(), everything);
 }
 
-/// A watcher that comes anew knows nothing of the item.
+/// A new watcher knows nothing of the item.
 void StatusNotifierTray::registerItem() {
   if (item_) {
     QDBusMessage call = callOfWatcher(watcherService, QStringLiteral("RegisterStatusNotifierItem"));
@@ -149,7 +162,8 @@ void StatusNotifierTray::registerItem() {
 }
 
 void StatusNotifierTray::setAvailable(bool isAvailable) {
-  if (isAvailable != isAvailable_) {
+  const bool wasUndecided = std::exchange(isUndecided_, false);
+  if (isAvailable != isAvailable_ || wasUndecided) {
     isAvailable_ = isAvailable;
     hooks_.availabilityChanged();
   }

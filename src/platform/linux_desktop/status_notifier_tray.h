@@ -29,6 +29,9 @@ public:
 
   void show(Look look, Events events) override;
   bool isAvailable() const override { return isAvailable_; }
+  /// Whether the desktop was asked for a tray and has not answered yet. When it has, the hook is
+  /// called.
+  bool isUndecided() const { return isUndecided_; }
   QRect iconGeometry() const override { return {}; } // hosts do not tell
   void redraw() override;
 
@@ -49,6 +52,7 @@ private:
   std::unique_ptr<StatusNotifierItem> item_; // once shown
   std::unique_ptr<QObject> menu_;            // once shown
   bool isAvailable_ = false;
+  bool isUndecided_ = false;
 };
 
 } // namespace tamberline

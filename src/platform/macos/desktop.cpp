@@ -12,9 +12,14 @@ QString systemRuntimeFolder() {
   return {};
 }
 
-/// The menu bar always has the icon, and a start at login cannot be told from a person's.
+/// A start at login cannot be told from a person's.
 bool takeStartInBackground() {
-  return true;
+  return false;
+}
+
+/// The menu bar always has the icon, and a start at login should bring nothing else.
+bool opensPanelAtStart() {
+  return false;
 }
 
 std::shared_ptr<WindowPlaces> windowPlacesHere() {

@@ -19,6 +19,7 @@ TEST(LinuxDesktop, TakesEveryOtherStartForAPersons) {
     qputenv("TAMBERLINE_START_IN_BACKGROUND", value);
     EXPECT_FALSE(takeStartInBackground()) << value;
   }
+  EXPECT_TRUE(opensPanelAtStart());
   qunsetenv("TAMBERLINE_START_IN_BACKGROUND");
 }
 

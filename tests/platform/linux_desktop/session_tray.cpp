@@ -2,6 +2,7 @@
 
 #include "support/event_loop.h"
 
+#include <QDBusConnectionInterface>
 #include <QDBusPendingCall>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
@@ -10,17 +11,21 @@
 namespace tamberline {
 namespace {
 
-const auto service = QStringLiteral("org.kde.StatusNotifierWatcher");
+constexpr QLatin1String service("org.kde.StatusNotifierWatcher");
 
 } // namespace
 
-SessionTray::SessionTray(bool hasHost)
+SessionTray::SessionTray(bool hasHost, Entrance entrance)
     : bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus,
                                          QUuid::createUuid().toString())),
       hasHost_(hasHost) {
   bus_.registerObject(QStringLiteral("/StatusNotifierWatcher"), this,
                       QDBusConnection::ExportAllContents);
-  bus_.registerService(service);
+  bus_.interface()->registerService(service,
+                                    entrance == Entrance::replacing
+                                        ? QDBusConnectionInterface::ReplaceExistingService
+                                        : QDBusConnectionInterface::DontQueueService,
+                                    QDBusConnectionInterface::AllowReplacement);
 }
 
 SessionTray::~SessionTray() {

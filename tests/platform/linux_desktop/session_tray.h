@@ -16,7 +16,10 @@ class SessionTray : public QObject {
   Q_PROPERTY(bool IsStatusNotifierHostRegistered READ hasHost)
 
 public:
-  explicit SessionTray(bool hasHost = true);
+  /// How it takes the name of the watcher: when nobody has it, or from the one that has.
+  enum class Entrance : unsigned char { free, replacing };
+
+  explicit SessionTray(bool hasHost = true, Entrance entrance = Entrance::free);
   ~SessionTray() override;
 
   bool hasHost() const { return hasHost_; }

@@ -150,11 +150,18 @@ TEST_F(StatusNotifierTrayTest, TellsWhereItWasClicked) {
                           "menu at 30, 40"}));
 }
 
-TEST_F(StatusNotifierTrayTest, KeepsTheRightToTheKeyboardForTheNextWindow) {
+TEST_F(StatusNotifierTrayTest, TakesNoRightToTheKeyboardWithoutWayland) {
   makeShownTray();
-  desktop->callItem("ProvideXdgActivationToken", {"token-1"});
-  EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token-1");
-  qunsetenv("XDG_ACTIVATION_TOKEN");
+  EXPECT_EQ(desktop->callItem("ProvideXdgActivationToken", {"token-1"}).type(),
+            QDBusMessage::ReplyMessage);
+  EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+}
+
+TEST_F(StatusNotifierTrayTest, FollowsATrayThatTakesThePlaceOfAnother) {
+  makeShownTray();
+  const SessionTray next(true, SessionTray::Entrance::replacing);
+  EXPECT_TRUE(runEventsUntil([&next] { return next.items().size() == 1; }));
+  EXPECT_TRUE(becomesAvailable(true));
 }
 
 TEST_F(StatusNotifierTrayTest, CarriesOutWhatIsChosenInItsMenu) {
