@@ -16,7 +16,7 @@ QString named(const char* variable, const QString& value) {
 
 QString displayFailureText(const QString& program, const QString& waylandDisplay,
                            const QString& x11Display) {
-  const QString facts =
+  QString facts =
       QStringLiteral("%1: no display can be opened (%2, %3)")
           .arg(program, named("WAYLAND_DISPLAY", waylandDisplay), named("DISPLAY", x11Display));
   if (waylandDisplay.isEmpty()) {
@@ -25,11 +25,16 @@ QString displayFailureText(const QString& program, const QString& waylandDisplay
   return facts + QStringLiteral("; Wayland needs Qt's plugin for it (package qt6-wayland)");
 }
 
+// The handler is a plain function.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 DisplayGuard* DisplayGuard::current = nullptr;
 
-DisplayGuard::DisplayGuard(QString program) : program_(std::move(program)) {
-  current = this;
-  formerHandler_ = qInstallMessageHandler(take);
+DisplayGuard::DisplayGuard(QString program)
+    : program_(std::move(program)), formerHandler_(handMessagesTo(this)) {}
+
+QtMessageHandler DisplayGuard::handMessagesTo(DisplayGuard* guard) {
+  current = guard;
+  return qInstallMessageHandler(take);
 }
 
 DisplayGuard::~DisplayGuard() {

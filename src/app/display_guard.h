@@ -27,9 +27,12 @@ private:
     QString text;
   };
 
+  static QtMessageHandler handMessagesTo(DisplayGuard* guard);
   static void take(QtMsgType type, const QMessageLogContext& context, const QString& text);
   [[noreturn]] void fail() const;
 
+  // The handler is a plain function.
+  // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
   static DisplayGuard* current;
 
   QMutex mutex_;

@@ -29,8 +29,8 @@ QPoint inside(const QRect& available, const QPoint& wanted, const QSize& panel) 
           clampedStart(wanted.y(), available.y(), endY(available), panel.height())};
 }
 
-QPoint inCornerNextTo(const QPoint& cursor, const QSize& panel, const QRect& available) {
-  const Qt::Corner corner = cornerNextTo(cursor, available);
+QPoint inCornerNextTo(const QPoint& click, const QSize& panel, const QRect& available) {
+  const Qt::Corner corner = cornerNextTo(click, available);
   const bool isRight = corner == Qt::TopRightCorner || corner == Qt::BottomRightCorner;
   const bool isBottom = corner == Qt::BottomLeftCorner || corner == Qt::BottomRightCorner;
   return {isRight ? endX(available) - panel.width() : available.x(),
@@ -56,9 +56,9 @@ QPoint nextToIcon(const QRect& icon, const QSize& panel, const QRect& available)
 
 } // namespace
 
-QPoint panelPosition(const QRect& iconGeometry, const QPoint& cursor, const QSize& panel,
+QPoint panelPosition(const QRect& iconGeometry, const QPoint& click, const QSize& panel,
                      const QRect& availableScreen) {
-  const QPoint wanted = iconGeometry.isEmpty() ? inCornerNextTo(cursor, panel, availableScreen)
+  const QPoint wanted = iconGeometry.isEmpty() ? inCornerNextTo(click, panel, availableScreen)
                                                : nextToIcon(iconGeometry, panel, availableScreen);
   return inside(availableScreen, wanted, panel);
 }

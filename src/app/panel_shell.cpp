@@ -3,7 +3,6 @@
 #include "app/panel_placement.h"
 #include "desktop/screen_corner.h"
 
-#include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -145,14 +144,21 @@ void PanelShell::place() {
     holdInCorner();
     return;
   }
-  const QRect& icon = anchor_.icon;
-  const QPoint cursor = anchor_.click.value_or(QCursor::pos());
-  QScreen* screen = QGuiApplication::screenAt(icon.isEmpty() ? cursor : icon.center());
-  screen = screen == nullptr ? QGuiApplication::primaryScreen() : screen;
+  QScreen* screen = screenOfAnchor();
   if (screen != nullptr) {
+    const QRect available = screen->availableGeometry();
     window_->setScreen(screen);
-    window_->setPosition(panelPosition(icon, cursor, window_->size(), screen->availableGeometry()));
+    window_->setPosition(panelPosition(anchor_.icon, anchor_.click.value_or(available.topRight()),
+                                       window_->size(), available));
   }
+}
+
+/// Where nothing tells, the primary one.
+QScreen* PanelShell::screenOfAnchor() const {
+  const std::optional<QPoint> place =
+      anchor_.icon.isEmpty() ? anchor_.click : std::optional(anchor_.icon.center());
+  QScreen* const screen = place ? QGuiApplication::screenAt(*place) : nullptr;
+  return screen == nullptr ? QGuiApplication::primaryScreen() : screen;
 }
 
 /// Once for each opening: the desktop keeps the window there whatever its height becomes.

@@ -60,6 +60,7 @@ private:
   void followWindow();
   void fitScreen();
   void place();
+  QScreen* screenOfAnchor() const;
   void holdInCorner();
   void closeWhenLeft();
   bool isAttached() const { return kind_ == PanelWindow::Kind::attached; }

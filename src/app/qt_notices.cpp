@@ -6,8 +6,10 @@
 namespace tamberline {
 namespace {
 
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): the handlers are plain functions
 QtMessageHandler besidesEncoding = nullptr;
 QtMessageHandler besidesDesktop = nullptr;
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
 void handleBesidesEncoding(QtMsgType type, const QMessageLogContext& context,
                            const QString& message) {

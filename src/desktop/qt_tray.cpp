@@ -9,9 +9,8 @@
 namespace tamberline {
 namespace {
 
-/// How long a tray takes to show an icon, so that the bar around it can be looked at. Trays do not
-/// tell; an icon that was drawn too early is only less pretty, since it is seen on every bar.
-constexpr std::chrono::milliseconds trayShowsIcon{1000};
+/// Between two looks where the icon is. Trays do not tell when they have put it somewhere else.
+constexpr std::chrono::milliseconds followsBar{1000};
 
 } // namespace
 
@@ -19,6 +18,11 @@ QtTray::QtTray(MenuOpener opener, ToneProbe toneProbe)
     : opener_(opener), toneProbe_(std::move(toneProbe)) {
   QObject::connect(&icon_, &QSystemTrayIcon::activated, &icon_,
                    [this](QSystemTrayIcon::ActivationReason reason) { activate(reason); });
+  if (toneProbe_) {
+    auto* const timer = new QTimer(&icon_);
+    QObject::connect(timer, &QTimer::timeout, &icon_, [this] { followBar(); });
+    timer->start(followsBar);
+  }
 }
 
 void QtTray::show(Look look, Events events) {
@@ -36,7 +40,6 @@ void QtTray::show(Look look, Events events) {
 void QtTray::setShown(bool isShown) {
   if (isShown) {
     redraw();
-    QTimer::singleShot(trayShowsIcon, &icon_, [this] { redraw(); });
   }
   icon_.setVisible(isShown);
 }
@@ -46,7 +49,15 @@ bool QtTray::isAvailable() const {
 }
 
 void QtTray::redraw() {
-  icon_.setIcon(look_.icon(toneProbe_(iconGeometry())));
+  drawnAt_ = iconGeometry();
+  icon_.setIcon(look_.icon(toneProbe_ ? toneProbe_(drawnAt_) : BarTone::asPalette));
+}
+
+/// Another bar may have another tone.
+void QtTray::followBar() {
+  if (iconGeometry() != drawnAt_) {
+    redraw();
+  }
 }
 
 void QtTray::activate(QSystemTrayIcon::ActivationReason reason) {

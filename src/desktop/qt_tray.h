@@ -19,8 +19,8 @@ public:
   /// Tells the tone of the bar around a place on the screen.
   using ToneProbe = std::function<BarTone(const QRect&)>;
 
-  explicit QtTray(
-      MenuOpener opener, ToneProbe toneProbe = [](const QRect&) { return BarTone::asPalette; });
+  /// Without a probe the system gives the icon its colour.
+  explicit QtTray(MenuOpener opener, ToneProbe toneProbe = nullptr);
 
   void show(Look look, Events events) override;
   bool isAvailable() const override;
@@ -34,10 +34,12 @@ public:
 
 private:
   void activate(QSystemTrayIcon::ActivationReason reason);
+  void followBar();
   void openMenu();
   TrayPlace place() const { return {.icon = iconGeometry()}; }
 
   MenuOpener opener_;
+  QRect drawnAt_; // where the icon was when its bar was last looked at
   ToneProbe toneProbe_;
   Look look_;
   Events events_;

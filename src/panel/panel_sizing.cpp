@@ -103,7 +103,7 @@ void PanelSizing::combine() {
 
 /// The engine may not know this object any more.
 HeightKey::~HeightKey() {
-  if (measuredBy_) {
+  if (measuredBy_ != nullptr) {
     measuredBy_->measure(channel_, this, 0);
   }
 }

@@ -24,6 +24,6 @@ bool opensPanelAtStart();
 
 /// Both after the application object is made.
 std::shared_ptr<WindowPlaces> windowPlacesHere();
-std::unique_ptr<Tray> trayHere(std::shared_ptr<WindowPlaces> places);
+std::unique_ptr<Tray> trayHere(const std::shared_ptr<WindowPlaces>& places);
 
 } // namespace tamberline

@@ -229,6 +229,15 @@ TEST_F(PanelShellTest, OrdinaryWindowThatHasRoomBelowStaysWhereItIs) {
   EXPECT_EQ(shell->window()->position(), QPoint(100, 30));
 }
 
+TEST_F(PanelShellTest, StandsInTheUpperRightCornerWhereNobodyKnowsTheIconsPlace) {
+  makeShell(PanelWindow::Kind::attached);
+  openPanel();
+  QGuiApplication::processEvents();
+  EXPECT_LT(shell->window()->y(), 20);
+  EXPECT_GT(shell->window()->geometry().right(),
+            QGuiApplication::primaryScreen()->availableGeometry().right() - 20);
+}
+
 TEST_F(PanelShellTest, StandsNextToTheClickWhereTheTrayTellsOfOneOnly) {
   makeShell(PanelWindow::Kind::attached);
   openPanel({.click = QPoint(10, screenHeight() - 5)});

@@ -7,8 +7,6 @@
 #include <QQuickWindow>
 #include <QStandardPaths>
 
-#include <utility>
-
 namespace tamberline {
 namespace {
 
@@ -56,8 +54,8 @@ std::shared_ptr<WindowPlaces> windowPlacesHere() {
   return places ? places : std::make_shared<UntoldWindowPlaces>();
 }
 
-std::unique_ptr<Tray> trayHere(std::shared_ptr<WindowPlaces> places) {
-  return std::make_unique<LinuxTray>(std::move(places));
+std::unique_ptr<Tray> trayHere(const std::shared_ptr<WindowPlaces>& places) {
+  return std::make_unique<LinuxTray>(places);
 }
 
 } // namespace tamberline

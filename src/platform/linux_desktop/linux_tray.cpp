@@ -36,8 +36,10 @@ bool LinuxTray::isAvailable() const {
          (isX11() && !notifier_.isUndecided() && QSystemTrayIcon::isSystemTrayAvailable());
 }
 
+/// Qt says that an icon is in the upper left corner until the tray has taken it.
 QRect LinuxTray::iconGeometry() const {
-  return x11_ && !notifier_.isAvailable() ? x11_->iconGeometry() : QRect();
+  const QRect icon = x11_ && !notifier_.isAvailable() ? x11_->iconGeometry() : QRect();
+  return icon.topLeft() == QPoint(0, 0) ? QRect() : icon;
 }
 
 void LinuxTray::redraw() {

@@ -46,20 +46,21 @@ TrayPixmaps StatusNotifierItem::iconPixmap() const {
   return pixmaps;
 }
 
-void StatusNotifierItem::Activate(int x, int y) {
+void StatusNotifierItem::Activate(int x, int y) const {
   events_.activated(place(x, y));
 }
 
-void StatusNotifierItem::SecondaryActivate(int x, int y) {
+void StatusNotifierItem::SecondaryActivate(int x, int y) const {
   events_.activated(place(x, y));
 }
 
-void StatusNotifierItem::ContextMenu(int x, int y) {
+void StatusNotifierItem::ContextMenu(int x, int y) const {
   events_.menuWanted(place(x, y));
 }
 
 /// Comes before a click. With it a Wayland desktop lets the window that is opened next have the
 /// keyboard; Qt looks for it there.
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): the bus calls it
 void StatusNotifierItem::ProvideXdgActivationToken(const QString& token) const {
   if (token.size() <= longestToken &&
       QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {

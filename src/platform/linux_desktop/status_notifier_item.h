@@ -57,9 +57,9 @@ public:
 
 public slots: // NOLINT(readability-redundant-access-specifiers): the bus library reads it
   // NOLINTBEGIN(readability-identifier-naming): the protocol gives the names
-  void Activate(int x, int y);
-  void SecondaryActivate(int x, int y);
-  void ContextMenu(int x, int y);
+  void Activate(int x, int y) const;
+  void SecondaryActivate(int x, int y) const;
+  void ContextMenu(int x, int y) const;
   void Scroll(int delta, const QString& orientation) const;
   void ProvideXdgActivationToken(const QString& token) const;
   // NOLINTEND(readability-identifier-naming)

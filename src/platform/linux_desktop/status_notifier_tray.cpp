@@ -2,7 +2,7 @@
 
 #include "platform/linux_desktop/tray_menu.h"
 
-#include <QCoreApplication>
+#include <QCursor>
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -66,6 +66,12 @@ std::optional<QPoint> inPoints(std::optional<QPoint> place) {
     }
   }
   return place;
+}
+
+/// A menu that somebody chose from is beside its icon. Wayland does not tell where the cursor is.
+std::optional<QPoint> cursor() {
+  return QGuiApplication::platformName() == QLatin1String("xcb") ? std::optional(QCursor::pos())
+                                                                 : std::nullopt;
 }
 
 } // namespace
@@ -133,9 +139,9 @@ void StatusNotifierTray::followWatcher() {
 }
 
 void StatusNotifierTray::exportItem() {
-  menu_ =
-      std::make_unique<TrayMenu>(MenuEntries{{look_.openText, [this] { events_.openChosen({}); }},
-                                             {look_.quitText, [this] { events_.quitChosen(); }}});
+  menu_ = std::make_unique<TrayMenu>(
+      MenuEntries{{look_.openText, [this] { events_.openChosen({.click = cursor()}); }},
+                  {look_.quitText, [this] { events_.quitChosen(); }}});
   item_ = std::make_unique<StatusNotifierItem>(
       StatusNotifierItem::Content{.title = look_.title,
                                   .iconName = nameIfInstalled(look_.iconName),

@@ -25,6 +25,8 @@ public:
   };
 
   explicit StatusNotifierTray(Hooks hooks);
+  StatusNotifierTray(const StatusNotifierTray&) = delete;
+  StatusNotifierTray& operator=(const StatusNotifierTray&) = delete;
   ~StatusNotifierTray() override;
 
   void show(Look look, Events events) override;
@@ -35,10 +37,10 @@ public:
   QRect iconGeometry() const override { return {}; } // hosts do not tell
   void redraw() override;
 
-private slots:
+private slots: // NOLINT(readability-redundant-access-specifiers): the bus library reads it
   void askForHost();
 
-private:
+private: // NOLINT(readability-redundant-access-specifiers): no more slots
   void followWatcher();
   void exportItem();
   void registerItem();

@@ -87,6 +87,7 @@ QList<int> TrayMenu::EventGroup(const TrayMenuEvents& events) {
 }
 
 /// Whether the layout must be read anew, which it never must.
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): the bus calls it
 bool TrayMenu::AboutToShow(int /*id*/) const {
   return false;
 }

@@ -27,7 +27,7 @@ std::shared_ptr<WindowPlaces> windowPlacesHere() {
 }
 
 /// A menu bar that knows an icon's menu opens it on every click and leaves none for the panel.
-std::unique_ptr<Tray> trayHere(std::shared_ptr<WindowPlaces> /*places*/) {
+std::unique_ptr<Tray> trayHere(const std::shared_ptr<WindowPlaces>& /*places*/) {
   return std::make_unique<QtTray>(QtTray::MenuOpener::program);
 }
 
