@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTimeZone>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -51,11 +52,10 @@ protected:
     const std::string line = nextLine();
     const QRegularExpression form(QStringLiteral("^──── (.*) ────\n$"));
     const QRegularExpressionMatch match = form.match(QString::fromStdString(line));
-    QDateTime time =
+    const QDateTime time =
         QDateTime::fromString(match.captured(1), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
     EXPECT_TRUE(time.isValid()) << line;
-    time.setTimeSpec(Qt::UTC);
-    return time;
+    return QDateTime(time.date(), time.time(), QTimeZone::utc());
   }
 
   std::string nextTextUpToABlankLine() {
