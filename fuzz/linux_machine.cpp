@@ -10,6 +10,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -51,7 +52,9 @@ std::shared_ptr<ToolRunner> toolsFor(const std::filesystem::path& folder) {
   const MachinePaths paths{
       .sysfs = folder / "sys", .mountTable = folder / "mountinfo", .udevData = folder / "udev"};
   return std::make_shared<ReadableTools>(std::make_shared<KernelToolRunner>(
-      [paths] { return sysfs::readMachine(paths, namesOfAVendor); }));
+      [paths, texts = std::make_shared<sysfs::UsbTextKeeper>(std::chrono::seconds(60))] {
+        return sysfs::readMachine(paths, namesOfAVendor, *texts);
+      }));
 }
 
 } // namespace

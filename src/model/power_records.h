@@ -21,6 +21,9 @@ struct ChargerInfo {
   /// Set together with `portLabel` by the port tree, which knows the adapter's port.
   bool connectsViaUSBC = false;
   std::optional<std::string> portLabel = {};
+  /// It powers the computer on none of the ports that are known: through a socket of its own, or
+  /// through a USB-C port of which it is not known which (`connectsViaUSBC`).
+  bool isOnNoKnownPort = false;
 
   friend bool operator==(const ChargerInfo&, const ChargerInfo&) = default;
 };
@@ -38,6 +41,28 @@ struct BatteryInfo {
   friend bool operator==(const BatteryInfo&, const BatteryInfo&) = default;
 };
 
+/// What both ends of a USB-C connection agreed on: a voltage, and the most current at it. How much
+/// flows is not known.
+struct AgreedPower {
+  double volts = 0;
+  double amps = 0;
+
+  double watts() const { return volts * amps; }
+
+  friend bool operator==(const AgreedPower&, const AgreedPower&) = default;
+};
+
+/// What a port controller knows of a partner that shows itself neither as a device nor as the
+/// adapter in use.
+enum class PortPartner : std::uint8_t {
+  none,
+  audio,   // headphones on analogue wires
+  debug,   // a debug accessory
+  video,   // pictures can be shown through it
+  source,  // it offers power that the computer does not take
+  unknown, // something is there
+};
+
 /// One USB-C or MagSafe port as its port controller sees it.
 struct HPMPort {
   std::int64_t portNumber = 0; // 1-based
@@ -50,6 +75,9 @@ struct HPMPort {
   /// -1 when the controller reports none, which is what tells a power adapter from a device that
   /// only draws power.
   std::int64_t accessoryID = -1;
+  PortPartner partner = PortPartner::none;
+  /// Absent where nothing was agreed on or the controller does not tell.
+  std::optional<AgreedPower> agreedPower = {};
 
   bool isCharger() const;
   bool isChargeOnlyDevice() const;

@@ -2,9 +2,12 @@
 
 #include "base/shared_list.h"
 #include "base/uuid.h"
+#include "model/usb_records.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tamberline {
 
@@ -36,6 +39,10 @@ struct ThunderboltDevice {
   std::string upstreamSpeed = {};
   std::string upstreamWidth = {};
   SharedList<ThunderboltDevice> children = {};
+  /// What is on the PCI bus that the device is connected to by.
+  std::vector<USBDevice> drives = {};
+  /// Whether the computer lets it use that bus; absent where there is no such choice.
+  std::optional<bool> isAuthorized = {};
 
   std::string modeLabel() const;
   /// Per lane; 0 when the report's text names no known speed.

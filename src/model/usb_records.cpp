@@ -49,7 +49,10 @@ const SpeedKind* findSpeedKind(std::string_view token) {
   return found == kinds.end() ? nullptr : found;
 }
 
-std::string_view roundedMaximum(double busMaxGbps) {
+std::string roundedMaximum(double busMaxGbps) {
+  if (busMaxGbps > 10) {
+    return generalText(busMaxGbps) + " Gb/s";
+  }
   if (busMaxGbps >= 10) {
     return "10 Gb/s";
   }
@@ -77,7 +80,7 @@ std::string USBDevice::shownName() const {
 
 double USBDevice::speedGbps() const {
   const SpeedKind* kind = findSpeedKind(speed);
-  return kind == nullptr ? 0.0 : kind->gbps;
+  return kind == nullptr ? untokenedGbps.value_or(0.0) : kind->gbps;
 }
 
 std::string USBDevice::speedShortLabel() const {
@@ -88,8 +91,14 @@ std::string USBDevice::speedShortLabel() const {
 }
 
 std::string USBDevice::speedDetailLabel() const {
-  const SpeedKind* kind = findSpeedKind(speed);
-  return std::string(kind == nullptr ? "" : kind->detailLabel);
+  constexpr double gbpsOfTwoLanes = 20;
+  if (const SpeedKind* kind = findSpeedKind(speed)) {
+    return std::string(kind->detailLabel);
+  }
+  if (isTunneledDrive) {
+    return "PCI Express";
+  }
+  return untokenedGbps == gbpsOfTwoLanes ? "USB 3.2 Gen 2x2" : "";
 }
 
 std::optional<double> USBDevice::powerAvailableW() const {
@@ -141,11 +150,12 @@ std::string USBBus::displayName() const {
 }
 
 double USBBus::maxSpeedGbps() const {
-  return kindOf(*this).maxSpeedGbps;
+  return unnamedMaxGbps.value_or(kindOf(*this).maxSpeedGbps);
 }
 
 std::string USBBus::maxSpeedLabel() const {
-  return std::string(kindOf(*this).maxSpeedLabel);
+  return unnamedMaxGbps ? "max " + generalText(*unnamedMaxGbps) + " Gb/s"
+                        : std::string(kindOf(*this).maxSpeedLabel);
 }
 
 std::int64_t USBBus::portMaxMa() const {

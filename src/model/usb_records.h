@@ -42,10 +42,14 @@ struct USBDevice {
   std::optional<std::int64_t> physicalPort = {};
   std::vector<USBVolume> volumes = {};
   SharedList<USBDevice> children = {};
+  /// The negotiated speed where no token says it; absent otherwise.
+  std::optional<double> untokenedGbps = {};
+  /// A drive that a Thunderbolt or USB4 enclosure connects to the computer's PCI bus.
+  bool isTunneledDrive = false;
 
   /// The name that a person knows it by: the report calls every unnamed hub "hub_device".
   std::string shownName() const;
-  /// 0 when the token is unknown.
+  /// 0 when it is unknown.
   double speedGbps() const;
   std::string speedShortLabel() const;
   std::string speedDetailLabel() const;
@@ -67,6 +71,10 @@ struct USBBus {
   std::string rawName = {};
   std::string hostController = {};
   SharedList<USBDevice> devices = {};
+  /// The bus's maximum where no name says it; absent otherwise.
+  std::optional<double> unnamedMaxGbps = {};
+  /// Nothing that can be plugged in brought it, so no dock has it.
+  bool isBuiltIn = false;
 
   std::string displayName() const;
   double maxSpeedGbps() const;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -30,6 +31,31 @@ bool isTrue(PropertyListValue entry, std::string_view key) {
   return entry.member(key).boolean() == true;
 }
 
+/// From a key of our own, which Macs do not have.
+PortPartner partnerIn(PropertyListValue entry) {
+  const std::string word = entry.member("TamberlinePartner").text().value_or("");
+  for (const auto& [known, partner] : {std::pair("audio", PortPartner::audio),
+                                       {"debug", PortPartner::debug},
+                                       {"video", PortPartner::video},
+                                       {"source", PortPartner::source},
+                                       {"unknown", PortPartner::unknown}}) {
+    if (word == known) {
+      return partner;
+    }
+  }
+  return PortPartner::none;
+}
+
+std::optional<AgreedPower> agreedPowerIn(PropertyListValue entry) {
+  const auto millivolts = entry.member("TamberlineAgreedMillivolts").integer();
+  const auto milliamperes = entry.member("TamberlineAgreedMilliamperes").integer();
+  if (!millivolts || !milliamperes) {
+    return std::nullopt;
+  }
+  return AgreedPower{.volts = static_cast<double>(*millivolts) / 1000,
+                     .amps = static_cast<double>(*milliamperes) / 1000};
+}
+
 HPMPort readPort(PropertyListValue entry, std::int64_t portNumber) {
   const auto transports = activeTransports(entry);
   const std::string type = entry.member("PortTypeDescription").text().value_or("");
@@ -43,6 +69,8 @@ HPMPort readPort(PropertyListValue entry, std::int64_t portNumber) {
       .activeCable = isTrue(entry, "ActiveCable"),
       .opticalCable = isTrue(entry, "OpticalCable"),
       .accessoryID = entry.member("IOAccessoryID").integer().value_or(-1),
+      .partner = partnerIn(entry),
+      .agreedPower = agreedPowerIn(entry),
   };
 }
 

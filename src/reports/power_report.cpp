@@ -39,6 +39,7 @@ std::optional<std::int64_t> ratedWattsIn(std::string_view name) {
 
 ChargerInfo parseCharger(const json& entry) {
   const std::string name = textMember(entry, "sppower_ac_charger_name", "USB-C Power Adapter");
+  const auto place = textMember(entry, "tamberline_charger_place"); // a key of our own
   return ChargerInfo{
       .name = name,
       .manufacturer = textMember(entry, "sppower_ac_charger_manufacturer", ""),
@@ -48,6 +49,8 @@ ChargerInfo parseCharger(const json& entry) {
       .firmwareVersion = textMember(entry, "sppower_ac_charger_firmware_version", ""),
       .isConnected = flagMember(entry, "sppower_battery_charger_connected"),
       .isCharging = flagMember(entry, "sppower_battery_is_charging"),
+      .connectsViaUSBC = place == "usb",
+      .isOnNoKnownPort = place.has_value(),
   };
 }
 

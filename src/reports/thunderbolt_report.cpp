@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "reports/json_values.h"
+#include "reports/usb_report.h"
 
 #include <nlohmann/json.hpp>
 
@@ -30,6 +31,12 @@ ThunderboltBus parseBus(const json& entry, std::int64_t position) {
   };
 }
 
+/// From a key of our own, which Macs do not have.
+std::optional<bool> authorizationIn(const json& item) {
+  const auto word = textMember(item, "tamberline_is_authorized");
+  return word ? std::optional(*word == "TRUE") : std::nullopt;
+}
+
 ThunderboltDevice parseDevice(const json& item, std::string name) {
   const json& upstream = receptacleTag(item, "receptacle_upstream_ambiguous_tag");
   return ThunderboltDevice{
@@ -41,6 +48,8 @@ ThunderboltDevice parseDevice(const json& item, std::string name) {
       .upstreamSpeed = textMember(upstream, "current_speed_key", ""),
       .upstreamWidth = textMember(upstream, "current_link_width_key", ""),
       .children = parseThunderboltDevices(objectsMember(item, "_items")),
+      .drives = parseTunneledDrives(objectsMember(item, "tamberline_drives")),
+      .isAuthorized = authorizationIn(item),
   };
 }
 

@@ -29,6 +29,13 @@ std::vector<USBVolume> mountedVolumes(const json& item) {
   return volumes;
 }
 
+/// A speed in Mb/s from one of our own keys, which stands where the report has no word for it.
+std::optional<double> gbpsMember(const json& object, std::string_view key) {
+  const auto megabits = integerTextMember(object, key);
+  return megabits && *megabits > 0 ? std::optional(static_cast<double>(*megabits) / 1000)
+                                   : std::nullopt;
+}
+
 /// The port stands in bits 24 to 31 of a location.
 std::int64_t physicalPortOf(std::int64_t locationID) {
   return static_cast<std::int64_t>((static_cast<std::uint64_t>(locationID) >> 24U) & 0xFFU);
@@ -46,6 +53,7 @@ USBDevice parseDevice(const json& item, std::string name, const ContainerIDs& co
       .busPowerUsed = integerTextMember(item, "bus_power_used"),
       .volumes = mountedVolumes(item),
       .children = parseUSBDevices(objectsMember(item, "_items"), containerIDs),
+      .untokenedGbps = gbpsMember(item, "tamberline_mbps"),
   };
   if (const auto locationID = parseLocationID(textMember(item, "location_id", ""))) {
     device.physicalPort = physicalPortOf(*locationID);
@@ -63,6 +71,8 @@ std::vector<USBBus> parseUSB(const json& report, const ContainerIDs& containerID
         .rawName = textMember(entry, "_name", "USBBus"),
         .hostController = textMember(entry, "host_controller", ""),
         .devices = parseUSBDevices(objectsMember(entry, "_items"), containerIDs),
+        .unnamedMaxGbps = gbpsMember(entry, "tamberline_max_mbps"),
+        .isBuiltIn = flagMember(entry, "tamberline_is_built_in"),
     });
   }
   return buses;
@@ -76,6 +86,20 @@ std::vector<USBDevice> parseUSBDevices(const json& items, const ContainerIDs& co
     }
   }
   return devices;
+}
+
+std::vector<USBDevice> parseTunneledDrives(const json& items) {
+  std::vector<USBDevice> drives;
+  for (const json& item : items) {
+    USBDevice drive{.name = textMember(item, "_name", ""),
+                    .speed = textMember(item, "device_speed", ""),
+                    .serialNumber = textMember(item, "serial_num"),
+                    .untokenedGbps = gbpsMember(item, "tamberline_mbps"),
+                    .isTunneledDrive = true};
+    appendMountedVolumes(item, drive.volumes);
+    drives.push_back(std::move(drive));
+  }
+  return drives;
 }
 
 std::optional<std::int64_t> parseLocationID(std::string_view text) {

@@ -20,6 +20,9 @@ std::vector<USBBus> parseUSB(const nlohmann::json& report, const ContainerIDs& c
 std::vector<USBDevice> parseUSBDevices(const nlohmann::json& items,
                                        const ContainerIDs& containerIDs);
 
+/// Drives behind a Thunderbolt or USB4 device, from a list of our own; only Linux tells of them.
+std::vector<USBDevice> parseTunneledDrives(const nlohmann::json& items);
+
 /// The location of a text such as "0x01100000 / 1"; absent when it holds none.
 std::optional<std::int64_t> parseLocationID(std::string_view text);
 

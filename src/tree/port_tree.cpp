@@ -120,6 +120,17 @@ void markChargingOnlyPorts(const std::vector<HPMPort>& hpmPorts, std::vector<Por
   }
 }
 
+/// A drive is as fast as its enclosure's link lets it be.
+std::vector<TreeNode> driveNodes(const ThunderboltDevice& device) {
+  constexpr double thunderboltMaxGbps = 40;
+  std::vector<TreeNode> nodes;
+  for (const USBDevice& drive : device.drives) {
+    nodes.emplace_back(TreeNode::USBDeviceEntry{
+        .device = drive, .busMaxGbps = std::max(thunderboltMaxGbps, drive.speedGbps())});
+  }
+  return nodes;
+}
+
 bool bringsBuses(const ThunderboltDevice& device) {
   constexpr std::array<std::string_view, 4> words = {"dock", "hub", "station", "breakout"};
   const std::string name = lowerCased(device.name);
@@ -136,7 +147,9 @@ std::vector<TreeNode> buildPortTree(const PortTreeInputs& inputs) {
       inputs.thunderboltBuses, devicesOnOwnControllers(inputs), externalUSBBuses, usedBusIDs);
 
   std::vector<TreeNode> tree;
-  if (std::optional<PlacedCharger> charger = placedCharger(inputs)) {
+  if (inputs.charger && inputs.charger->isConnected && inputs.charger->isOnNoKnownPort) {
+    tree.emplace_back(TreeNode::Charger{*inputs.charger});
+  } else if (std::optional<PlacedCharger> charger = placedCharger(inputs)) {
     if (charger->port.isMagSafe) {
       tree.push_back(std::move(charger->node));
     } else {
@@ -180,11 +193,12 @@ std::vector<TreeNode> buildTBDeviceNodes(const SharedList<ThunderboltDevice>& de
         buildTBDeviceNodes(device.children, externalUSBBuses, usedBusIDs);
     if (bringsBuses(device)) {
       for (const USBBus& bus : externalUSBBuses) {
-        if (usedBusIDs.insert(bus.id).second) {
+        if (!bus.isBuiltIn && usedBusIDs.insert(bus.id).second) {
           children.push_back(usbBusNode(bus));
         }
       }
     }
+    append(children, driveNodes(device));
     nodes.emplace_back(TreeNode::TBDevice{device}, std::move(children));
   }
   return nodes;

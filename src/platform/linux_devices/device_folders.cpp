@@ -50,7 +50,8 @@ std::optional<PhysicalLocation> physicalLocation(const std::filesystem::path& de
   for (const char* part : {"vertical_position", "horizontal_position", "dock", "lid"}) {
     location += "/" + readTextOrNothing(folder / part);
   }
-  return location;
+  constexpr const char* nothingFilledIn = "top/upper/left/no/no"; // what zeros everywhere mean
+  return location == nothingFilledIn ? std::nullopt : std::optional(location);
 }
 
 std::string owningDevice(const std::filesystem::path& classEntry) {

@@ -22,6 +22,10 @@ bool PowerSupply::isBattery() const {
   return type == "Battery" && !belongsToDevice;
 }
 
+bool PowerSupply::tellsContract() const {
+  return name.starts_with("ucsi-source-psy-") || name.starts_with("tcpm-source-psy-");
+}
+
 bool PowerSupply::isAdapter() const {
   return (type == "Mains" || type.starts_with("USB")) && !belongsToDevice;
 }

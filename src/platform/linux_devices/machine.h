@@ -31,6 +31,10 @@ struct UsbDevice {
   std::string megabitsPerSecond = {}; // as the kernel writes it: "480", "1.5"
   std::optional<std::int64_t> ratedMa = {};
   bool isHub = false;
+  /// What a video adapter is when it could not switch to video.
+  bool isBillboard = false;
+  /// Of a root hub: nothing that can be plugged in brought it.
+  bool isOnBuiltInController = false;
   /// What its descriptors say it belongs to; absent also where they cannot be read.
   std::optional<std::string> descriptorContainerId = {};
   std::vector<Volume> volumes = {};
@@ -43,6 +47,7 @@ struct UsbPort {
   std::optional<int> connector = {};   // the number of the USB-C port that firmware ties it to
   std::optional<UsbAddress> peer = {}; // the port of another bus in the same receptacle
   std::optional<PhysicalLocation> location = {};
+  bool isHardwired = false; // to something inside the case
 };
 
 /// Both by the address of the device or of what would hang on the port.
@@ -65,15 +70,31 @@ struct RouterAddress {
   friend auto operator<=>(const RouterAddress&, const RouterAddress&) = default;
 };
 
+/// One way of a link. The text is empty where the kernel says nothing.
+struct LinkWay {
+  std::string speedOfLane = {}; // "20.0 Gb/s"
+  std::optional<std::int64_t> lanes = {};
+};
+
+/// A drive that a router connects to the computer's PCI bus.
+struct Drive {
+  std::string name = {};
+  std::string serialNumber = {};
+  std::vector<Volume> volumes = {};
+};
+
 /// Texts are empty where the kernel says nothing.
 struct Router {
   std::string name = {};
   std::string vendor = {};
   std::string uid = {};
   std::string firmwareVersion = {};
-  std::string speedOfLane = {};                // "20.0 Gb/s"
-  std::optional<std::int64_t> lanes = {};      // towards the host
+  LinkWay fromHost = {}; // what the device receives
+  LinkWay toHost = {};
   std::optional<std::int64_t> generation = {}; // 4 is USB4; absent for another computer
+  /// Whether its PCI functions may be used; absent for another computer.
+  std::optional<bool> isAuthorized = {};
+  std::vector<Drive> drives = {};
 };
 
 /// A USB4 port of a host.
@@ -91,10 +112,20 @@ struct ThunderboltTopology {
 
 enum class PowerRole : std::uint8_t { unknown, source, sink };
 
+/// What the kernel knows of a partner's way to show pictures.
+enum class PartnerVideo : std::uint8_t { none, offered, active };
+
+/// A partner that is no device but wires: headphones, say.
+enum class PartnerAccessory : std::uint8_t { none, audio, debug };
+
 struct TypecPartner {
   std::int64_t vendorId = 0;
   std::int64_t productId = 0;
-  bool hasVideo = false;
+  PartnerVideo video = PartnerVideo::none;
+  PartnerAccessory accessory = PartnerAccessory::none;
+  /// Whether it knows ways to use the wires other than for USB.
+  bool hasAlternateModes = false;
+  bool knowsThunderbolt = false;
   /// The most that it offers; absent when it offers nothing or does not tell.
   std::optional<double> offeredWatts = {};
 };
@@ -133,12 +164,15 @@ struct PowerSupply {
   std::optional<std::int64_t> fullChargeByDesign = {};
   std::optional<std::int64_t> voltageNow = {};
   std::optional<std::int64_t> voltageMax = {};
+  std::optional<std::int64_t> voltageMaxDesign = {};
   std::optional<std::int64_t> currentNow = {};
   std::optional<std::int64_t> currentMax = {};
   std::string controller = {}; // the path of the device below which it stands
 
   bool isBattery() const;
   bool isAdapter() const;
+  /// Whether voltage and current are what both ends of a USB-C cable agreed on, and no measurement.
+  bool tellsContract() const;
 };
 
 struct Machine {

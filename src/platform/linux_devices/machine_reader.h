@@ -3,11 +3,14 @@
 #include "platform/linux_devices/hardware_names.h"
 #include "platform/linux_devices/machine.h"
 #include "platform/linux_devices/machine_paths.h"
+#include "platform/linux_devices/usb_texts.h"
 
 namespace tamberline::sysfs {
 
-/// Reads everything anew, without being root and without waking anything. What cannot be read is
-/// left out; devices may come and go meanwhile. Any thread.
-Machine readMachine(const MachinePaths& paths, const HardwareDatabase& database);
+/// Reads everything, without being root and without waking anything. What cannot be read is left
+/// out; devices may come and go meanwhile. `texts` has what USB devices told of themselves before.
+/// Any thread, one call at a time.
+Machine readMachine(const MachinePaths& paths, const HardwareDatabase& database,
+                    UsbTextKeeper& texts);
 
 } // namespace tamberline::sysfs

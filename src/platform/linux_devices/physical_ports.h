@@ -8,8 +8,8 @@
 
 namespace tamberline::sysfs {
 
-/// A port of the case: a USB-C port, a USB4 port that firmware ties to none, or the host of a
-/// domain that does not tell its ports apart.
+/// A port of the case: a USB-C port; where the kernel lists none, or where it cannot be told which
+/// one it is, a USB4 port or the port of a host that does not tell its ports apart.
 struct PhysicalPort {
   std::optional<RouterAddress> host = {};  // absent without Thunderbolt or USB4
   std::vector<RouterAddress> routers = {}; // directly behind the port
@@ -27,6 +27,8 @@ struct PhysicalPorts {
 };
 
 /// Firmware ties ports by links, or by telling a place on the case that only one of them is at.
+/// What it does not tie is told by what is connected: as many routers as USB-C ports with a partner
+/// are there in the order of both.
 PhysicalPorts physicalPortsOf(const Machine& machine);
 
 } // namespace tamberline::sysfs

@@ -46,7 +46,7 @@ json batteryEntry(const PowerSupply& battery) {
             {"sppower_battery_cycle_count", battery.cycleCount.value_or(0)}}}};
 }
 
-std::optional<double> ratedWatts(const PowerSupply& adapter, const Machine& machine) {
+std::optional<double> ratingOf(const PowerSupply& adapter, const Machine& machine) {
   const auto port = chargingPort(machine);
   if (port) {
     const auto& partner = machine.typecPorts.at(*port).partner;
@@ -54,7 +54,7 @@ std::optional<double> ratedWatts(const PowerSupply& adapter, const Machine& mach
       return partner->offeredWatts;
     }
   }
-  return mostWatts(adapter);
+  return ratedWatts(adapter);
 }
 
 /// The report has the rating in front of the name.
@@ -63,7 +63,7 @@ std::string adapterName(const PowerSupply& adapter, const Machine& machine) {
   if (name.empty()) {
     name = chargingPort(machine) ? "USB-C Power Adapter" : "Power Adapter";
   }
-  const auto rating = ratedWatts(adapter, machine);
+  const auto rating = ratingOf(adapter, machine);
   return rating ? std::to_string(std::llround(*rating)) + "W " + name : name;
 }
 
@@ -77,8 +77,11 @@ json chargerEntry(const Machine& machine) {
   if (adapter != nullptr) {
     entry["sppower_ac_charger_name"] = adapterName(*adapter, machine);
     entry["sppower_ac_charger_manufacturer"] = adapter->manufacturer;
-    if (const auto watts = wattsNow(*adapter)) {
+    if (const auto watts = measuredWatts(*adapter)) {
       entry["sppower_ac_charger_watts"] = std::to_string(std::llround(*watts));
+    }
+    if (!chargingPort(machine)) {
+      entry["tamberline_charger_place"] = adapter->type == "Mains" ? "socket" : "usb";
     }
   }
   return entry;

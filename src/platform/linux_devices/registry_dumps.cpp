@@ -2,12 +2,12 @@
 
 #include "platform/linux_devices/adapters.h"
 #include "platform/linux_devices/hub_halves.h"
+#include "platform/linux_devices/partners.h"
 #include "platform/linux_devices/physical_ports.h"
 #include "platform/linux_devices/usb_locations.h"
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -18,54 +18,42 @@ namespace {
 
 using nlohmann::json;
 
-/// What is known of the data on one USB-C port.
-struct PortData {
-  bool isKnown = false; // firmware says which USB ports it is
-  std::vector<std::string> transports = {};
-};
-
-PortData dataOn(int number, const Machine& machine, const PhysicalPorts& ports) {
-  PortData data;
-  for (const auto& [address, port] : ports.portOfUsbPort) {
-    if (port == number) {
-      data.isKnown = true;
-      const auto device = machine.usb.devices.find(address);
-      if (device != machine.usb.devices.end()) {
-        data.transports.emplace_back(device->second.isSuperSpeed() ? "USB3" : "USB2");
-      }
-    }
-  }
-  constexpr std::int64_t usb4Generation = 4;
-  for (const RouterAddress& router : ports.ports.at(number).routers) {
-    const bool isUsb4 = machine.thunderbolt.routers.at(router).generation == usb4Generation;
-    data.transports.emplace_back(isUsb4 ? "USB4" : "CIO");
-  }
-  return data;
+json describedPort(int number) {
+  return {{"PortNumber", number + 1},
+          {"PortDescription", "Port-USB-C@" + std::to_string(number + 1)},
+          {"PortTypeDescription", "USB-C"}};
 }
 
-bool isKnownConnection(const TypecPort& port, const PortData& data) {
-  return port.partner &&
-         (port.partner->hasVideo || !data.transports.empty() || port.role == PowerRole::sink ||
-          (port.role == PowerRole::source && data.isKnown));
-}
-
-json portControllerEntry(int number, const TypecPort& port, PortData data) {
-  json entry = {{"PortNumber", number + 1},
-                {"PortDescription", "Port-USB-C@" + std::to_string(number + 1)},
-                {"PortTypeDescription", "USB-C"},
-                {"ConnectionActive", isKnownConnection(port, data)},
-                {"ActiveCable", port.cable && port.cable->isActive},
-                {"OpticalCable", port.cable && port.cable->isOptical}};
+json portControllerEntry(int number, const Machine& machine, const PortUse& use) {
+  const TypecPort& port = machine.typecPorts.at(number);
+  json entry = describedPort(number);
+  entry["ConnectionActive"] = use.isKnown();
+  entry["ActiveCable"] = port.cable && port.cable->isActive;
+  entry["OpticalCable"] = port.cable && port.cable->isOptical;
+  std::vector<std::string> transports = use.dataTransports;
   if (port.partner) {
-    if (port.partner->hasVideo) {
-      data.transports.emplace_back("DisplayPort");
+    if (use.showsVideo) {
+      transports.emplace_back("DisplayPort");
     }
-    data.transports.emplace_back("CC");
-    if (port.role != PowerRole::sink) { // an adapter has none
+    transports.emplace_back("CC");
+    if (!use.powersComputer) { // an adapter has none
       entry["IOAccessoryID"] = port.partner->productId;
     }
+    entry["TamberlinePartner"] = partnerWord(port, use);
+    if (const auto contract = contractOn(number, machine)) {
+      entry["TamberlineAgreedMillivolts"] = contract->millivolts;
+      entry["TamberlineAgreedMilliamperes"] = contract->milliamperes;
+    }
   }
-  entry["TransportsActive"] = std::move(data.transports);
+  entry["TransportsActive"] = std::move(transports);
+  return entry;
+}
+
+/// What powers the computer and has data or video besides, such as a dock, is an adapter as well.
+json adapterEntry(int number) {
+  json entry = describedPort(number);
+  entry["ConnectionActive"] = true;
+  entry["TransportsActive"] = {"CC"};
   return entry;
 }
 
@@ -104,7 +92,11 @@ json portControllerDump(const Machine& machine) {
   const PhysicalPorts ports = physicalPortsOf(machine);
   json entries = json::array();
   for (const auto& [number, port] : machine.typecPorts) {
-    entries.push_back(portControllerEntry(number, port, dataOn(number, machine, ports)));
+    const PortUse use = useOf(number, machine, ports);
+    entries.push_back(portControllerEntry(number, machine, use));
+    if (use.powersComputer && (use.showsVideo || !use.dataTransports.empty())) {
+      entries.push_back(adapterEntry(number));
+    }
   }
   return entries;
 }
@@ -113,7 +105,7 @@ json portPowerDump(const Machine& machine) {
   json details = json::array();
   for (const PowerSupply& supply : machine.powerSupplies) {
     const auto number = typecPortOf(supply, machine);
-    const auto watts = wattsNow(supply);
+    const auto watts = measuredWatts(supply);
     if (number && watts && isFeeding(machine, *number)) {
       constexpr double hundredths = 100;
       details.push_back({{"PortIndex", *number + 1},

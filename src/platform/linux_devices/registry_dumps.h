@@ -9,10 +9,13 @@
 namespace tamberline::sysfs {
 
 /// The USB-C ports. A connection counts only where it is known what it is for: data, video, power
-/// coming in, or power going out to something that shows no data on a port whose data is known.
+/// coming in, or power going out to something that shows no data on a port whose data is known. Two
+/// keys of our own, "TamberlinePartner" and "TamberlineAgreed…", tell what else the kernel knows. A
+/// port that powers the computer and has data has a second entry, as an adapter's.
 nlohmann::json portControllerDump(const Machine& machine);
 
-/// The power that goes out on USB-C ports that measure it.
+/// The power that goes out on USB-C ports that measure it; what both ends agreed on is no
+/// measurement.
 nlohmann::json portPowerDump(const Machine& machine);
 
 /// The currents that USB-C ports offer at 5 V.

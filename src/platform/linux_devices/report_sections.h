@@ -8,7 +8,8 @@
 namespace tamberline::sysfs {
 
 /// One entry for each port of the case, whether or not it knows Thunderbolt or USB4; its routers
-/// hang below it. Speeds are those of one lane.
+/// hang below it. Speeds are those of one lane; keys of our own ("tamberline_…") have the whole
+/// link.
 nlohmann::json thunderboltSection(const Machine& machine);
 
 /// Two entries at most for each bus. One, which the records take for a controller of the computer's
@@ -16,6 +17,9 @@ nlohmann::json thunderboltSection(const Machine& machine);
 /// the rest. The location of a device holds the port of the case (255 for none) and a number of its
 /// own.
 nlohmann::json usbSection(const Machine& machine);
+
+/// The list of volumes of a device or a drive.
+nlohmann::json volumeEntries(const std::vector<Volume>& volumes);
 
 /// The first battery, and what powers the machine; where nothing does and something could, an
 /// adapter that is not connected.

@@ -22,15 +22,23 @@ std::optional<Number> numberIn(std::string_view text, int base) {
                                                                        : std::nullopt;
 }
 
+/// A router's own receiving lanes are those from the host.
+LinkWay readWay(const fs::path& folder, const std::string& side) {
+  return {.speedOfLane = readTextOrNothing(folder / (side + "_speed")),
+          .lanes = readNumber(folder / (side + "_lanes"))};
+}
+
 Router readRouter(const fs::path& folder) {
+  const auto authorized = readNumber(folder / "authorized");
   return {
       .name = readTextOrNothing(folder / "device_name"),
       .vendor = readTextOrNothing(folder / "vendor_name"),
       .uid = readTextOrNothing(folder / "unique_id"),
       .firmwareVersion = readTextOrNothing(folder / "nvm_version"),
-      .speedOfLane = readTextOrNothing(folder / "rx_speed"),
-      .lanes = readNumber(folder / "rx_lanes"),
+      .fromHost = readWay(folder, "rx"),
+      .toHost = readWay(folder, "tx"),
       .generation = readNumber(folder / "generation"),
+      .isAuthorized = authorized ? std::optional(*authorized > 0) : std::nullopt,
   };
 }
 

@@ -26,13 +26,40 @@ std::uint64_t identityWord(const fs::path& folder, const char* name) {
 }
 
 /// Alternate modes are folders such as "port0-partner.1".
-bool hasActiveDisplayMode(const fs::path& partner, const std::string& partnerName) {
-  const std::vector<std::string> names = namesIn(partner);
-  return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
-    return name.starts_with(partnerName + ".") &&
-           readTextOrNothing(partner / name / "svid") == "ff01" &&
-           readTextOrNothing(partner / name / "active") == "yes";
+std::vector<fs::path> alternateModes(const fs::path& partner, const std::string& partnerName) {
+  std::vector<fs::path> modes;
+  for (const std::string& name : namesIn(partner)) {
+    if (name.starts_with(partnerName + ".")) {
+      modes.push_back(partner / name);
+    }
+  }
+  return modes;
+}
+
+PartnerVideo videoIn(const std::vector<fs::path>& modes) {
+  constexpr const char* displayPort = "ff01";
+  PartnerVideo video = PartnerVideo::none;
+  for (const fs::path& mode : modes) {
+    if (readTextOrNothing(mode / "svid") == displayPort) {
+      const bool isActive = readTextOrNothing(mode / "active") == "yes";
+      video = isActive ? PartnerVideo::active : std::max(video, PartnerVideo::offered);
+    }
+  }
+  return video;
+}
+
+bool areThunderbolt(const std::vector<fs::path>& modes) {
+  return std::any_of(modes.begin(), modes.end(), [](const fs::path& mode) {
+    return readTextOrNothing(mode / "svid") == "8087";
   });
+}
+
+PartnerAccessory readAccessory(const fs::path& partner) {
+  const std::string mode = readTextOrNothing(partner / "accessory_mode");
+  if (mode == "analog_audio") {
+    return PartnerAccessory::audio;
+  }
+  return mode == "debug" ? PartnerAccessory::debug : PartnerAccessory::none;
 }
 
 /// One of the powers that a source offers, such as "1:fixed_supply".
@@ -78,11 +105,16 @@ std::optional<TypecPartner> readPartner(const fs::path& ports, const std::string
     return std::nullopt;
   }
   constexpr unsigned productShift = 16;
+  const std::vector<fs::path> modes = alternateModes(folder, name);
+  const std::int64_t countOfModes = readNumber(folder / "number_of_alternate_modes").value_or(0);
   return TypecPartner{
       .vendorId = static_cast<std::int64_t>(identityWord(folder, "id_header") & 0xFFFFU),
       .productId =
           static_cast<std::int64_t>((identityWord(folder, "product") >> productShift) & 0xFFFFU),
-      .hasVideo = hasActiveDisplayMode(folder, name),
+      .video = videoIn(modes),
+      .accessory = readAccessory(folder),
+      .hasAlternateModes = !modes.empty() || countOfModes > 0,
+      .knowsThunderbolt = areThunderbolt(modes),
       .offeredWatts = mostWattsOf(readOffers(folder)),
   };
 }

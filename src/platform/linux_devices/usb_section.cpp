@@ -66,6 +66,14 @@ void addText(json& object, const char* key, const std::string& text) {
   }
 }
 
+/// Speeds that the report has neither a token nor a bus name for.
+void addTrueSpeed(const char* key, const UsbDevice& device, json& object) {
+  constexpr std::int64_t maxMegabitsOfTokens = 10'000;
+  if (parseDecimal(device.megabitsPerSecond).value_or(0) > maxMegabitsOfTokens) {
+    object[key] = device.megabitsPerSecond;
+  }
+}
+
 class Section {
 public:
   explicit Section(const Machine& machine)
@@ -131,9 +139,14 @@ private:
     if (!rootHub.serialNumber.empty()) {
       controller += " " + rootHub.serialNumber;
     }
-    return {{"_name", busName(rootHub)},
-            {"host_controller", controllerPrefix + controller},
-            {"_items", items(devices)}};
+    json bus = {{"_name", busName(rootHub)},
+                {"host_controller", controllerPrefix + controller},
+                {"_items", items(devices)}};
+    addTrueSpeed("tamberline_max_mbps", rootHub, bus);
+    if (rootHub.isOnBuiltInController) {
+      bus["tamberline_is_built_in"] = "TRUE";
+    }
+    return bus;
   }
 
   json items(const std::vector<UsbAddress>& addresses) const {
@@ -149,6 +162,7 @@ private:
     json item = {{"_name", shownName(device)},
                  {"location_id", hexadecimal(locations_.at(address))},
                  {"device_speed", speedToken(device.megabitsPerSecond)}};
+    addTrueSpeed("tamberline_mbps", device, item);
     addText(item, "manufacturer", device.manufacturer);
     addText(item, "serial_num", device.serialNumber);
     if (!device.vendorId.empty()) {
@@ -159,18 +173,10 @@ private:
       item["bus_power_used"] = std::to_string(*device.ratedMa);
     }
     if (!device.volumes.empty()) {
-      item["Media"] = json::array({json{{"volumes", volumes(device)}}});
+      item["Media"] = json::array({json{{"volumes", volumeEntries(device.volumes)}}});
     }
     item["_items"] = items(devicesBelow(address));
     return item;
-  }
-
-  static json volumes(const UsbDevice& device) {
-    json volumes = json::array();
-    for (const Volume& volume : device.volumes) {
-      volumes.push_back({{"_name", volume.name}, {"mount_point", volume.mountPoint}});
-    }
-    return volumes;
   }
 
   std::vector<UsbAddress> devicesBelow(const UsbAddress& address) const {
@@ -185,6 +191,14 @@ private:
 };
 
 } // namespace
+
+json volumeEntries(const std::vector<Volume>& volumes) {
+  json entries = json::array();
+  for (const Volume& volume : volumes) {
+    entries.push_back({{"_name", volume.name}, {"mount_point", volume.mountPoint}});
+  }
+  return entries;
+}
 
 json usbSection(const Machine& machine) {
   return {{"SPUSBDataType", Section(machine).buses()}};

@@ -9,7 +9,9 @@ namespace tamberline {
 
 std::shared_ptr<ToolRunner> toolsOfThisMachine() {
   return std::make_shared<KernelToolRunner>(
-      [names = udevHardwareNames()] { return sysfs::readMachine(MachinePaths(), names); });
+      [names = udevHardwareNames(), texts = std::make_shared<sysfs::UsbTextKeeper>()] {
+        return sysfs::readMachine(MachinePaths(), names, *texts);
+      });
 }
 
 std::shared_ptr<PortEventSource> eventsOfThisMachine() {

@@ -76,7 +76,7 @@ TEST(PhysicalPorts, AreNotGuessedWhereSeveralAreAtAPlace) {
   twoUsb4Ports.typecPorts = {{0, {.location = "left"}}};
   twoUsb4Ports.thunderbolt.hostPorts = {{.host = host, .number = 1, .location = "left"},
                                         {.host = host, .number = 3, .location = "left"}};
-  EXPECT_EQ(portsText(twoUsb4Ports), "0:\n1: host\n2: host\n");
+  EXPECT_EQ(portsText(twoUsb4Ports), "0:\n1: host\n"); // one of them is the USB-C port
 }
 
 TEST(PhysicalPorts, OfUsb4WithoutUsbCPortsStandForThemselves) {
@@ -87,10 +87,54 @@ TEST(PhysicalPorts, OfUsb4WithoutUsbCPortsStandForThemselves) {
   EXPECT_EQ(portsText(machine), "0: host 0-1 usb 1-1\n");
 }
 
-TEST(PhysicalPorts, OfAHostThatDoesNotTellThemApartAreOne) {
+TEST(PhysicalPorts, OfAHostThatDoesNotTellThemApartAreOneForEachRouter) {
   Machine machine;
   machine.thunderbolt.routers = {{host, {}}, {{0, 0x1}, {}}, {{0, 0x3}, {}}, {{1, 0}, {}}};
-  EXPECT_EQ(portsText(machine), "0: host 0-1 0-3\n1: host\n");
+  EXPECT_EQ(portsText(machine), "0: host 0-1\n1: host 0-3\n2: host\n");
+}
+
+TEST(PhysicalPorts, OfUntiedHostsAreTheUsbCPortsWithAPartner) {
+  Machine thunderbolt3;
+  thunderbolt3.typecPorts = {{0, {}}, {1, {.partner = TypecPartner{}}}};
+  thunderbolt3.thunderbolt.routers = {{host, {}}, {{0, 0x1}, {}}};
+  EXPECT_EQ(portsText(thunderbolt3), "0:\n1: host 0-1\n");
+
+  Machine twoHosts;
+  twoHosts.typecPorts = {{0, {.partner = TypecPartner{}}}, {1, {}}};
+  twoHosts.thunderbolt = {
+      .routers = {{host, {}}, {{0, 0x2}, {}}, {{1, 0}, {}}},
+      .hostPorts = {{.host = host, .number = 2}, {.host = {1, 0}, .number = 2}}};
+  EXPECT_EQ(portsText(twoHosts), "0: host 0-2\n1:\n");
+}
+
+TEST(PhysicalPorts, OfUntiedHostsAreToldByWhatElseIsConnected) {
+  const TypecPartner plain;
+  const TypecPartner headphones{.accessory = PartnerAccessory::audio};
+  const TypecPartner dock{.hasAlternateModes = true, .knowsThunderbolt = true};
+  Machine machine;
+  machine.thunderbolt.routers = {{host, {}}, {{0, 0x1}, {}}};
+  machine.typecPorts = {{0, {.partner = headphones}}, {1, {.partner = plain}}};
+  EXPECT_EQ(portsText(machine), "0:\n1: host 0-1\n");
+
+  machine.typecPorts = {{0, {.partner = plain}}, {1, {.partner = plain}}};
+  machine.usb = {.devices = {{{1, {1}}, {.name = "Stick"}}},
+                 .ports = {{{1, {1}}, {.connector = 0}}}};
+  EXPECT_EQ(portsText(machine), "0: usb 1-1\n1: host 0-1\n");
+
+  machine.usb = {};
+  machine.typecPorts = {{0, {.partner = dock}}, {1, {.partner = plain}}};
+  EXPECT_EQ(portsText(machine), "0: host 0-1\n1:\n");
+
+  machine.typecPorts = {{0, {.partner = plain}}, {1, {.partner = plain}}};
+  EXPECT_EQ(portsText(machine), "0:\n1:\n2: host 0-1\n"); // nobody knows
+}
+
+TEST(PhysicalPorts, AreNotThoseThatAreWiredInside) {
+  Machine machine;
+  machine.typecPorts = {{0, {.location = "left"}}};
+  machine.usb.ports = {{{1, {1}}, {.location = "left", .isHardwired = true}},
+                       {{1, {2}}, {.connector = 0, .isHardwired = true}}};
+  EXPECT_EQ(portsText(machine), "0:\n");
 }
 
 TEST(PhysicalPorts, HaveRoutersWhoseOwnWentMeanwhile) {

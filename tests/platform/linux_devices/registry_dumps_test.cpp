@@ -8,7 +8,9 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <string>
+#include <vector>
 
 namespace tamberline::sysfs {
 namespace {
@@ -44,19 +46,41 @@ TEST(PropertyListText, HoldsEveryValueThatADumpHas) {
   EXPECT_EQ(list.root().member("four").data(), (std::vector<unsigned char>{1, 2, 3, 4}));
 }
 
+std::vector<HPMPort> portsOf(const Machine& machine) {
+  return portControllersIn(decoded(portControllerDump(machine)));
+}
+
 HPMPort portSeenAs(const TypecPort& port, const UsbTopology& usb = {}) {
   Machine machine;
   machine.typecPorts = {{1, port}};
   machine.usb = usb;
-  return portControllersIn(decoded(portControllerDump(machine))).at(0);
+  machine.powerSupplies = {{.type = "Mains", .isOnline = true}};
+  return portsOf(machine).at(0);
+}
+
+std::string textOf(const HPMPort& port) {
+  constexpr std::array<const char*, 6> partners = {"",         " (audio)",  " (debug)",
+                                                   " (video)", " (source)", " (unknown)"};
+  std::string text = port.connectionActive ? "active" : "";
+  text += port.hasData ? " data" : "";
+  text += port.hasVideo ? " video" : "";
+  text += port.isCharger() ? " charger" : "";
+  text += port.isChargeOnlyDevice() ? " charge-only" : "";
+  return text + partners.at(static_cast<std::size_t>(port.partner));
 }
 
 const UsbTopology tiedPort{.devices = {}, .ports = {{{1, {1}}, {.connector = 1}}}};
 const UsbTopology tiedDevice{.devices = {{{1, {1}}, {.name = "Drive"}}}, .ports = tiedPort.ports};
+const UsbTopology tiedBillboard{.devices = {{{1, {1}}, {.isBillboard = true}}},
+                                .ports = tiedPort.ports};
 
 TEST(PortControllers, SayWhatAConnectionIsFor) {
   const TypecPartner plain{.productId = 7};
-  const TypecPartner screen{.hasVideo = true};
+  const TypecPartner screen{.video = PartnerVideo::active, .hasAlternateModes = true};
+  const TypecPartner adapter{.video = PartnerVideo::offered, .hasAlternateModes = true};
+  const TypecPartner headphones{.accessory = PartnerAccessory::audio};
+  const TypecPartner probe{.accessory = PartnerAccessory::debug};
+  const TypecPartner other{.hasAlternateModes = true};
   const struct {
     const char* name;
     TypecPort port;
@@ -64,25 +88,95 @@ TEST(PortControllers, SayWhatAConnectionIsFor) {
     std::string expected;
   } table[] = {
       {"nothing", {.role = PowerRole::source}, tiedPort, ""},
-      {"adapter", {.role = PowerRole::sink, .partner = plain}, {}, "active charger"},
-      {"phone", {.role = PowerRole::source, .partner = plain}, tiedPort, "active charge-only"},
-      {"drive", {.role = PowerRole::source, .partner = plain}, tiedDevice, "active data"},
-      {"powered dock", {.role = PowerRole::sink, .partner = plain}, tiedDevice, "active data"},
-      {"screen", {.role = PowerRole::source, .partner = screen}, {}, "active video"},
-      {"unknown data", {.role = PowerRole::source, .partner = plain}, {}, ""},
-      {"unknown role", {.partner = plain}, tiedPort, ""},
+      {"adapter", {.role = PowerRole::sink, .partner = plain}, {}, "active charger (unknown)"},
+      {"phone",
+       {.role = PowerRole::source, .partner = plain},
+       tiedPort,
+       "active charge-only (unknown)"},
+      {"drive", {.role = PowerRole::source, .partner = plain}, tiedDevice, "active data (unknown)"},
+      {"screen", {.role = PowerRole::source, .partner = screen}, {}, "active video (video)"},
+      {"screen that could not switch",
+       {.role = PowerRole::source, .partner = screen},
+       tiedBillboard,
+       "active data (video)"},
+      {"video adapter", {.role = PowerRole::source, .partner = adapter}, tiedPort, " (video)"},
+      {"headphones", {.role = PowerRole::source, .partner = headphones}, tiedPort, " (audio)"},
+      {"debug probe", {.role = PowerRole::source, .partner = probe}, tiedPort, " (debug)"},
+      {"other modes", {.role = PowerRole::source, .partner = other}, tiedPort, " (unknown)"},
+      {"unknown data", {.role = PowerRole::source, .partner = plain}, {}, " (unknown)"},
+      {"unknown role", {.partner = plain}, tiedPort, " (unknown)"},
   };
   for (const auto& row : table) {
     const HPMPort port = portSeenAs(row.port, row.usb);
-    std::string text = port.connectionActive ? "active" : "";
-    text += port.hasData ? " data" : "";
-    text += port.hasVideo ? " video" : "";
-    text += port.isCharger() ? " charger" : "";
-    text += port.isChargeOnlyDevice() ? " charge-only" : "";
-    EXPECT_EQ(text, row.expected) << row.name;
+    EXPECT_EQ(textOf(port), row.expected) << row.name;
     EXPECT_EQ(port.portNumber, 2);
     EXPECT_FALSE(port.isMagSafe);
   }
+}
+
+TEST(PortControllers, ListADockThatPowersTheComputerAsAnAdapterToo) {
+  Machine machine;
+  machine.typecPorts = {{0, {.role = PowerRole::sink, .partner = TypecPartner{}}}};
+  machine.usb = {.devices = {{{1, {1}}, {.name = "Hub"}}}, .ports = {{{1, {1}}, {.connector = 0}}}};
+  machine.powerSupplies = {{.type = "Mains", .isOnline = true}};
+  const std::vector<HPMPort> ports = portsOf(machine);
+  ASSERT_EQ(ports.size(), 2U);
+  EXPECT_EQ(textOf(ports[0]), "active data (unknown)");
+  EXPECT_EQ(textOf(ports[1]), "active charger");
+  EXPECT_EQ(ports[1].portNumber, 1);
+}
+
+PowerSupply contract(const std::string& name, std::int64_t volts, std::int64_t milliamperes) {
+  return {.name = name,
+          .type = "USB",
+          .isOnline = true,
+          .voltageNow = volts * 1'000'000,
+          .voltageMax = volts * 1'000'000,
+          .currentNow = milliamperes * 1000,
+          .currentMax = milliamperes * 1000,
+          .controller = "devices/platform/USBC000:00"};
+}
+
+TEST(PortControllers, TakeOneAdapterOfSeveral) {
+  const TypecPort sink{.role = PowerRole::sink,
+                       .partner = TypecPartner{},
+                       .controller = "devices/platform/USBC000:00"};
+  Machine machine;
+  machine.typecPorts = {{0, sink}, {1, sink}};
+  machine.powerSupplies = {contract("ucsi-source-psy-USBC000:001", 5, 3000),
+                           contract("ucsi-source-psy-USBC000:002", 20, 5000)};
+  const std::vector<HPMPort> ports = portsOf(machine);
+  EXPECT_EQ(textOf(ports.at(0)), " (source)");
+  EXPECT_EQ(textOf(ports.at(1)), "active charger (unknown)");
+}
+
+TEST(PortControllers, TellWhatWasAgreedOn) {
+  TypecPort port{.role = PowerRole::sink,
+                 .partner = TypecPartner{},
+                 .controller = "devices/platform/USBC000:00"};
+  PowerSupply supply = contract("ucsi-source-psy-USBC000:001", 20, 3250);
+  const auto agreed = [&] {
+    Machine machine;
+    machine.typecPorts = {{0, port}};
+    machine.powerSupplies = {supply};
+    return portsOf(machine).at(0).agreedPower;
+  };
+  EXPECT_EQ(agreed(), (AgreedPower{.volts = 20, .amps = 3.25}));
+  supply.isOnline = false; // that of a port that gives power
+  EXPECT_EQ(agreed(), std::nullopt);
+  port.role = PowerRole::source;
+  EXPECT_EQ(agreed(), (AgreedPower{.volts = 20, .amps = 3.25}));
+  supply.currentNow = 100'000; // what everybody gets
+  EXPECT_EQ(agreed(), std::nullopt);
+  supply.currentNow = 0;
+  EXPECT_EQ(agreed(), std::nullopt);
+  supply = contract("a meter", 20, 3250);
+  supply.isOnline = false;
+  EXPECT_EQ(agreed(), std::nullopt);
+  supply = contract("ucsi-source-psy-USBC000:001", 20, 3250);
+  supply.isOnline = false;
+  port.partner = std::nullopt;
+  EXPECT_EQ(agreed(), std::nullopt);
 }
 
 TEST(PortControllers, TellCables) {
@@ -112,35 +206,40 @@ PowerSupply meter(const std::string& name) {
           .controller = "devices/platform/USBC000:00"};
 }
 
-TEST(PortPower, IsThatOfPortsThatFeedSomething) {
+TEST(PortPower, IsThatOfAMeterOnThePortThatFeedsSomething) {
   const TypecPort feeding{.role = PowerRole::source,
                           .partner = TypecPartner{},
                           .controller = "devices/platform/USBC000:00"};
+  const auto powerOn = [](const TypecPort& port, const PowerSupply& supply) {
+    Machine machine;
+    machine.typecPorts = {{4, port}};
+    machine.powerSupplies = {supply};
+    return portPowerOutIn(decoded(portPowerDump(machine)));
+  };
+  EXPECT_EQ(powerOn(feeding, meter("a meter")),
+            (std::map<std::int64_t, PortPowerOut>{
+                {5, {.usedWatts = 13.5, .allocatedWatts = 18, .volts = 9, .amps = 1.5}}}));
   TypecPort drawing = feeding;
   drawing.role = PowerRole::sink;
+  EXPECT_TRUE(powerOn(drawing, meter("a meter")).empty());
   TypecPort empty = feeding;
   empty.partner = std::nullopt;
-  Machine machine;
-  machine.typecPorts = {{0, drawing}, {1, empty}, {4, feeding}};
-  machine.powerSupplies = {
-      meter("ucsi-source-psy-USBC000:001"), meter("ucsi-source-psy-USBC000:002"),
-      meter("ucsi-source-psy-USBC000:003"), meter("ucsi-source-psy-USBC000:004"),
-      meter("ucsi-source-psy-USBC000:00x"), meter("another")};
-  const auto power = portPowerOutIn(decoded(portPowerDump(machine)));
-  EXPECT_EQ(power, (std::map<std::int64_t, PortPowerOut>{
-                       {5, {.usedWatts = 13.5, .allocatedWatts = 18, .volts = 9, .amps = 1.5}}}));
+  EXPECT_TRUE(powerOn(empty, meter("a meter")).empty());
+  PowerSupply elsewhere = meter("a meter");
+  elsewhere.controller = "devices/elsewhere";
+  EXPECT_TRUE(powerOn(feeding, elsewhere).empty());
 }
 
-TEST(PortPower, IsThatOfTheOnlyPortOfADriverWithOneSupply) {
+TEST(PortPower, IsNotWhatWasAgreedOn) {
   Machine machine;
   machine.typecPorts = {{0,
                          {.role = PowerRole::source,
                           .partner = TypecPartner{},
                           .controller = "devices/platform/USBC000:00"}}};
-  machine.powerSupplies = {meter("tcpm-source-psy-2-0022")};
-  EXPECT_EQ(portPowerOutIn(decoded(portPowerDump(machine))).size(), 1U);
-  machine.powerSupplies[0].controller = "devices/elsewhere";
-  EXPECT_TRUE(portPowerOutIn(decoded(portPowerDump(machine))).empty());
+  for (const char* name : {"ucsi-source-psy-USBC000:001", "tcpm-source-psy-2-0022"}) {
+    machine.powerSupplies = {meter(name)};
+    EXPECT_TRUE(portPowerOutIn(decoded(portPowerDump(machine))).empty()) << name;
+  }
 }
 
 TEST(CurrentLimits, AreWhatPortsOfferAtFiveVolts) {

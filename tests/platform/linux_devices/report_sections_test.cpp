@@ -7,7 +7,10 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <iterator>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tamberline::sysfs {
 namespace {
@@ -53,6 +56,23 @@ TEST(UsbSection, HasABusForEachRootHub) {
                               "  Fast super_speed_plus port 255\n"
                               "  Faster 20 Gb/s port 255\n"
                               "USB20Bus\n");
+}
+
+TEST(UsbSection, TellsSpeedsThatHaveNoName) {
+  Machine machine;
+  machine.usb.devices = {{{3}, named("xHCI", "20000")},
+                         {{3, {1}}, named("Fallen back", "10000")},
+                         {{3, {2}}, named("Two lanes", "20000")}};
+  machine.usb.devices.at({3}).isOnBuiltInController = true;
+  const USBBus bus = parseUSB(usbSection(machine), ContainerIDs()).front();
+  EXPECT_EQ(bus.maxSpeedGbps(), 20);
+  EXPECT_EQ(bus.maxSpeedLabel(), "max 20 Gb/s");
+  EXPECT_TRUE(bus.isBuiltIn);
+  const auto& devices = bus.devices;
+  EXPECT_EQ(devices.begin()->speedFraction(20), 0.5);
+  EXPECT_EQ(std::next(devices.begin())->speedGbps(), 20);
+  EXPECT_EQ(std::next(devices.begin())->speedShortLabel(), "20 Gb/s");
+  EXPECT_EQ(std::next(devices.begin())->speedDetailLabel(), "USB 3.2 Gen 2x2");
 }
 
 TEST(UsbSection, HasAnInternalBusExactlyForWhatIsOnPortsOfTheCase) {
@@ -145,8 +165,8 @@ TEST(ThunderboltSection, TellsHowARouterIsLinked) {
       {0, "20.0 Gb/s", 2, "", "20 Gb/s ×2 = 40 Gb/s"},
   };
   for (const auto& row : table) {
-    const ThunderboltDevice device =
-        deviceWith({.speedOfLane = row.speed, .lanes = row.lanes, .generation = row.generation});
+    const ThunderboltDevice device = deviceWith(
+        {.fromHost = {.speedOfLane = row.speed, .lanes = row.lanes}, .generation = row.generation});
     EXPECT_EQ(device.modeLabel(), row.mode);
     EXPECT_EQ(device.upstreamLabel(), row.label);
   }
@@ -173,11 +193,35 @@ TEST(ThunderboltSection, HangsRoutersBelowEachOther) {
 
 TEST(ThunderboltSection, HasAPortForEachUsbCPort) {
   Machine machine;
-  machine.typecPorts = {{0, {}}, {3, {}}};
+  machine.typecPorts = {{0, {.partner = TypecPartner{}}}, {3, {}}};
   const auto buses = parseThunderbolt(thunderboltSection(machine));
   ASSERT_EQ(buses.size(), 2U);
+  EXPECT_TRUE(buses[0].port.isConnected());
   EXPECT_EQ(buses[1].busNumber, 3);
   EXPECT_FALSE(buses[1].port.isConnected());
+}
+
+TEST(ThunderboltSection, TellsWhetherARouterIsAuthorised) {
+  EXPECT_EQ(deviceWith({.isAuthorized = true}).isAuthorized, true);
+  EXPECT_EQ(deviceWith({.isAuthorized = false}).isAuthorized, false);
+  EXPECT_EQ(deviceWith({}).isAuthorized, std::nullopt);
+}
+
+TEST(ThunderboltSection, HasTheDrivesOfAnEnclosure) {
+  const ThunderboltDevice device = deviceWith(
+      {.fromHost = {.speedOfLane = "20.0 Gb/s", .lanes = 2},
+       .drives = {
+           {.name = "Slate SSD", .serialNumber = "S-1", .volumes = {{"Films", "/media/Films"}}},
+           {.name = "Second"}}});
+  ASSERT_EQ(device.drives.size(), 2U);
+  const USBDevice& drive = device.drives[0];
+  EXPECT_TRUE(drive.isTunneledDrive);
+  EXPECT_EQ(drive.name, "Slate SSD");
+  EXPECT_EQ(drive.serialNumber, "S-1");
+  EXPECT_EQ(drive.speedGbps(), 40);
+  EXPECT_EQ(drive.speedShortLabel(), "40 Gb/s");
+  EXPECT_EQ(drive.volumes, (std::vector<USBVolume>{{"Films", "/media/Films"}}));
+  EXPECT_EQ(device.drives[1].serialNumber, std::nullopt);
 }
 
 TEST(PowerSection, TellsOfTheBattery) {
@@ -227,6 +271,75 @@ TEST(PowerSection, HasTheRatingThatAnAdapterOffersOnItsUsbCPort) {
   ASSERT_TRUE(reading.charger);
   EXPECT_EQ(reading.charger->name, "96W USB-C Power Adapter");
   EXPECT_EQ(reading.charger->currentWatts, std::nullopt);
+}
+
+TEST(PowerSection, HasNoWattsWhereOnlyAnAgreementIsKnown) {
+  Machine machine;
+  machine.powerSupplies = {{.name = "ucsi-source-psy-USBC000:001",
+                            .type = "USB",
+                            .isOnline = true,
+                            .voltageNow = 20'000'000,
+                            .voltageMax = 20'000'000,
+                            .currentNow = 3'000'000,
+                            .currentMax = 3'250'000}};
+  const PowerReading reading = parsePower(powerSection(machine));
+  EXPECT_EQ(reading.charger->ratedWatts, 65);
+  EXPECT_EQ(reading.charger->currentWatts, std::nullopt);
+}
+
+TEST(PowerSection, HasTheAdaptersOwnRatingWhereAKernelMisreadsIt) {
+  // The last offer of each was a range from 3.3 or 5 to 11, 16 or 21 V, read as a fixed voltage.
+  const struct {
+    std::int64_t millivoltsMax;
+    std::int64_t milliamperesMax;
+    std::optional<std::int64_t> expected;
+  } table[] = {
+      {13'200, 3560, 100}, // 3.3 to 21 V, 5 A
+      {13'400, 5790, 67},  // 5 to 21 V, 3.35 A
+      {400, 3560, 75},     // 3.3 to 16 V, 5 A
+      {13'250, 3560, {}},  // no range of the standard
+      {13'201, 3560, {}},  // no offer at all
+  };
+  for (const auto& row : table) {
+    Machine machine;
+    machine.powerSupplies = {{.name = "ucsi-source-psy-USBC000:001",
+                              .type = "USB",
+                              .isOnline = true,
+                              .voltageNow = 20'000'000,
+                              .voltageMax = row.millivoltsMax * 1000,
+                              .currentNow = 3'250'000,
+                              .currentMax = row.milliamperesMax * 1000}};
+    EXPECT_EQ(parsePower(powerSection(machine)).charger->ratedWatts, row.expected)
+        << row.millivoltsMax;
+  }
+}
+
+TEST(PowerSection, HasNoRatingBelowWhatWasAgreedOn) {
+  Machine machine;
+  machine.powerSupplies = {{.name = "ucsi-source-psy-USBC000:001",
+                            .type = "USB",
+                            .isOnline = true,
+                            .voltageNow = 20'000'000,
+                            .voltageMax = 20'000'000,
+                            .currentNow = 5'000'000,
+                            .currentMax = 3'000'000}};
+  EXPECT_EQ(parsePower(powerSection(machine)).charger->ratedWatts, std::nullopt);
+}
+
+TEST(PowerSection, SaysWhereAnAdapterIsThatIsOnNoKnownPort) {
+  Machine machine;
+  machine.powerSupplies = {{.type = "Mains", .isOnline = true}};
+  ChargerInfo charger = *parsePower(powerSection(machine)).charger;
+  EXPECT_TRUE(charger.isOnNoKnownPort);
+  EXPECT_FALSE(charger.connectsViaUSBC);
+
+  machine.powerSupplies = {{.type = "USB", .isOnline = true}};
+  charger = *parsePower(powerSection(machine)).charger;
+  EXPECT_TRUE(charger.isOnNoKnownPort);
+  EXPECT_TRUE(charger.connectsViaUSBC);
+
+  machine.typecPorts = {{0, {.role = PowerRole::sink, .partner = TypecPartner{}}}};
+  EXPECT_FALSE(parsePower(powerSection(machine)).charger->isOnNoKnownPort);
 }
 
 TEST(PowerSection, SaysNothingOfAMachineWithoutSupplies) {

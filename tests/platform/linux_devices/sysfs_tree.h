@@ -4,6 +4,7 @@
 #include "platform/linux_devices/machine_reader.h"
 #include "support/temporary_folder.h"
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -57,11 +58,19 @@ public:
   }
 
   sysfs::Machine read() const {
-    return sysfs::readMachine(paths(), [](std::string_view vendorId, std::string_view productId) {
-      return vendorId == "046d" && productId == "c52b"
-                 ? HardwareNames{.vendor = "Database Vendor", .model = "Database Model"}
-                 : HardwareNames();
-    });
+    sysfs::UsbTextKeeper texts{std::chrono::seconds(60)};
+    return read(texts);
+  }
+
+  sysfs::Machine read(sysfs::UsbTextKeeper& texts) const {
+    return sysfs::readMachine(
+        paths(),
+        [](std::string_view vendorId, std::string_view productId) {
+          return vendorId == "046d" && productId == "c52b"
+                     ? HardwareNames{.vendor = "Database Vendor", .model = "Database Model"}
+                     : HardwareNames();
+        },
+        texts);
   }
 
 private:

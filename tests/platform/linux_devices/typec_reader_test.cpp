@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace tamberline::sysfs {
 namespace {
+
+using namespace std::string_literals;
 
 TEST(TypecPorts, AreReadWithTheirRoleAndOffers) {
   const SysfsTree tree;
@@ -44,19 +48,34 @@ TEST(TypecPorts, AreReadWithPartnerAndCable) {
   ASSERT_TRUE(port.partner);
   EXPECT_EQ(port.partner->vendorId, 0x18D1);
   EXPECT_EQ(port.partner->productId, 0x4EE1);
-  EXPECT_TRUE(port.partner->hasVideo);
+  EXPECT_EQ(port.partner->video, PartnerVideo::active);
+  EXPECT_TRUE(port.partner->knowsThunderbolt);
+  EXPECT_TRUE(port.partner->hasAlternateModes);
   EXPECT_EQ(port.partner->offeredWatts, 96);
   ASSERT_TRUE(port.cable);
   EXPECT_TRUE(port.cable->isActive);
   EXPECT_TRUE(port.cable->isOptical);
 }
 
-TEST(TypecPorts, HaveNoVideoWhereTheModeIsNotActive) {
+TEST(TypecPorts, TellPartnersThatAreNoDevicesApart) {
   const SysfsTree tree;
-  tree.attribute("class/typec/port0/power_role", "[source]");
+  for (const char* port : {"port0", "port1", "port2", "port3", "port4"}) {
+    tree.attribute("class/typec/"s + port + "/power_role", "[source]");
+  }
   tree.attributes("class/typec/port0-partner/port0-partner.0",
                   {{"svid", "ff01"}, {"active", "no"}});
-  EXPECT_FALSE(tree.read().typecPorts.at(0).partner->hasVideo);
+  tree.attribute("class/typec/port1-partner/accessory_mode", "analog_audio");
+  tree.attribute("class/typec/port2-partner/accessory_mode", "debug");
+  tree.attribute("class/typec/port3-partner/number_of_alternate_modes", "2");
+  tree.attribute("class/typec/port4-partner/accessory_mode", "none");
+  const auto ports = tree.read().typecPorts;
+  EXPECT_EQ(ports.at(0).partner->video, PartnerVideo::offered);
+  EXPECT_EQ(ports.at(1).partner->accessory, PartnerAccessory::audio);
+  EXPECT_EQ(ports.at(2).partner->accessory, PartnerAccessory::debug);
+  EXPECT_TRUE(ports.at(3).partner->hasAlternateModes);
+  EXPECT_EQ(ports.at(4).partner->accessory, PartnerAccessory::none);
+  EXPECT_EQ(ports.at(4).partner->video, PartnerVideo::none);
+  EXPECT_FALSE(ports.at(4).partner->hasAlternateModes);
 }
 
 TEST(TypecPorts, HavePassiveCablesWhoseWordsMeanSomethingElse) {

@@ -38,8 +38,19 @@ class Machine:
             here, there = here[1:], there[1:]
         return "/".join([".."] * len(here) + there)
 
-    def root_hub(self, bus, pci, speed, ports, connectors=None, peer_bus=None, location=None):
-        path = f"/devices/pci0000:00/{pci}/usb{bus}"
+    # Behind the bridges that the path names; what a Thunderbolt device brings is removable.
+    def pci(self, function, pci_class, driver, removable=False):
+        path = f"/devices/pci0000:00/{function}"
+        if path not in self.paths.values():
+            self.paths[function] = path
+            self.add(path, "pci", [("DRIVER", driver)],
+                     [("class", pci_class), ("removable", "removable" if removable else None)],
+                     links=[("driver", self.relative(path, f"/bus/pci/drivers/{driver}"))])
+        return path
+
+    def root_hub(self, bus, pci, speed, ports, connectors=None, peer_bus=None, location=None,
+                 removable=False):
+        path = f"{self.pci(pci, '0x0c0330', 'xhci_hcd', removable)}/usb{bus}"
         self.paths[f"usb{bus}"] = path
         super_speed = speed >= 5000
         self._device(
@@ -205,6 +216,15 @@ class Machine:
             self._block(f"{host}/{partition}", partition, partition_number, "partition",
                         partition_label, holder)
 
+    # A drive that a Thunderbolt device connects by PCI, with one partition.
+    def nvme(self, function, name, model, serial, number, label):
+        path = f"{self.pci(function, '0x010802', 'nvme', removable=True)}/nvme/{name}"
+        self.add(path, "nvme", [], [("model", model), ("serial", serial)])
+        major, minor = number.split(":")
+        self._block(f"{path}/{name}n1", f"{name}n1", number, "disk", None)
+        self._block(f"{path}/{name}n1/{name}n1p1", f"{name}n1p1", f"{major}:{int(minor) + 1}",
+                    "partition", label)
+
     def mapped(self, name, number, mapped_name, label=None, holders=()):
         self._block(f"/devices/virtual/block/{name}", name, number, "disk", label, *holders,
                     mapped=mapped_name)
@@ -234,8 +254,8 @@ class Machine:
 
 
 # The dock has a USB controller of its own, which is reached through PCI Express; the monitor has a hub on
-# the controller of the laptop's ports. None of the laptop's own devices is on USB: a bus that belongs to
-# no port of the case would be shown under the dock (docs/linux.md).
+# the controller of the laptop's ports. The laptop's own camera and radio are on a third controller, which is
+# built in and therefore stands alone (docs/linux.md).
 def docked_laptop():
     machine = Machine("docked-laptop")
     machine.typec(0, "source [sink]", offered=[(5000, 3000)])
@@ -255,8 +275,14 @@ def docked_laptop():
     machine.root_hub(1, "0000:00:0d.0", 480, 3, {1: 0, 2: 1, 3: 2}, peer_bus=2)
     machine.root_hub(2, "0000:00:0d.0", 10000, 3, {1: 0, 2: 1, 3: 2}, peer_bus=1)
     in_dock = "0000:00:07.0/0000:20:00.0/0000:21:02.0/0000:2c:00.0"
-    machine.root_hub(3, in_dock, 480, 2, peer_bus=4)
-    machine.root_hub(4, in_dock, 10000, 2, peer_bus=3)
+    machine.root_hub(3, in_dock, 480, 2, peer_bus=4, removable=True)
+    machine.root_hub(4, in_dock, 10000, 2, peer_bus=3, removable=True)
+    machine.root_hub(5, "0000:00:14.0", 480, 4)
+    machine.device("5-2", 0x30C9, 0x0093, "Built-in Camera", "Lumen", 480, 500, VIDEO)
+    machine.device("5-4", 0x8087, 0x0033, "Bluetooth Radio", "Alder & Moss", 12, 100)
+    machine.nvme("0000:00:07.0/0000:20:00.0/0000:21:04.0/0000:2d:00.0/0000:2e:01.0/0000:2f:00.0",
+                 "nvme1", "Slate 2TB", "QS-0077", "259:4", "Footage")
+    machine.mount("259:5", "/media/ana/Footage", "/dev/nvme1n1p1")
     machine.device("1-2", 0x2B07, 0x2070, "Monitor Hub", "Lumen", 480, 100, HUB, ports=4)
     machine.device("1-2.3", 0x30C9, 0x00A1, "Monitor Camera", "Lumen", 480, 500, VIDEO)
     machine.device("3-1", 0x2AC1, 0x2513, "USB2 Hub", "Pier Seven", 480, 0, HUB, ports=4,

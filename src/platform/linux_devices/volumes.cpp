@@ -1,4 +1,4 @@
-#include "platform/linux_devices/usb_volumes.h"
+#include "platform/linux_devices/volumes.h"
 
 #include "base/text.h"
 #include "base/utf8.h"
@@ -6,6 +6,8 @@
 #include "platform/linux_devices/device_folders.h"
 #include "platform/linux_devices/mounted_file_systems.h"
 #include "platform/linux_devices/plain_text.h"
+#include "platform/linux_devices/tunneled_drives.h"
+#include "platform/linux_devices/udev_properties.h"
 
 #include <filesystem>
 #include <set>
@@ -17,8 +19,6 @@ namespace tamberline::sysfs {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::size_t mostUdevBytes = 65536;
 
 /// The nearest USB device above a block device, from the path that its entry links to.
 const UsbAddress* usbDeviceAbove(const fs::path& blockDevice, const UsbTopology& usb) {
@@ -33,26 +33,13 @@ const UsbAddress* usbDeviceAbove(const fs::path& blockDevice, const UsbTopology&
   return nearest;
 }
 
-/// The value of a line "KEY=value"; of one that udev wrote, with "E:" in front.
-std::string propertyIn(std::string_view lines, std::string_view key) {
-  for (std::string_view line : splitNonEmpty(lines, '\n')) {
-    if (line.starts_with("E:")) {
-      line.remove_prefix(2);
-    }
-    if (line.starts_with(key) && line.substr(key.size()).starts_with('=')) {
-      return std::string(line.substr(key.size() + 1));
-    }
-  }
-  return {};
-}
+constexpr std::size_t maxEventBytes = 65536;
 
 class Volumes {
 public:
   explicit Volumes(const MachinePaths& paths)
       : paths_(paths), blocks_(classFolder(paths.sysfs, "block")),
         mounts_(mountedFileSystemsIn(readBytes(paths.mountTable, mostMountTableBytes))) {}
-
-  bool isEmpty() const { return mounts_.empty(); }
 
   const fs::path& blocks() const { return blocks_; }
 
@@ -97,8 +84,9 @@ private:
   std::string labelOf(const std::string& blockName) const {
     const fs::path folder = blocks_ / blockName;
     const std::string number = readTextOrNothing(folder / "dev");
-    for (const fs::path& file : {paths_.udevData / ("b" + number), folder / "uevent"}) {
-      const std::string escaped = propertyIn(readBytes(file, mostUdevBytes), "ID_FS_LABEL_ENC");
+    for (const std::string& record :
+         {udevRecord(paths_.udevData, "b" + number), readBytes(folder / "uevent", maxEventBytes)}) {
+      const std::string escaped = propertyIn(record, "ID_FS_LABEL_ENC");
       if (std::string label = plainText(withoutHexEscapes(escaped)); !label.empty()) {
         return label;
       }
@@ -114,18 +102,21 @@ private:
 
 } // namespace
 
-void addVolumes(const MachinePaths& paths, UsbTopology& usb) {
+void addVolumes(const MachinePaths& paths, Machine& machine) {
   Volumes volumes(paths);
-  if (volumes.isEmpty()) {
-    return;
-  }
+  TunneledDrives drives(paths.sysfs);
   for (const std::string& name : namesIn(volumes.blocks())) {
     const auto target = linkTarget(volumes.blocks() / name);
-    const UsbAddress* address = target ? usbDeviceAbove(*target, usb) : nullptr;
-    if (address != nullptr) {
-      volumes.take(name, usb.devices.at(*address).volumes);
+    if (!target) {
+      continue;
+    }
+    if (const UsbAddress* address = usbDeviceAbove(*target, machine.usb)) {
+      volumes.take(name, machine.usb.devices.at(*address).volumes);
+    } else if (Drive* drive = drives.driveOf(volumes.blocks() / *target)) {
+      volumes.take(name, drive->volumes);
     }
   }
+  std::move(drives).giveTo(machine.thunderbolt);
 }
 
 } // namespace tamberline::sysfs
