@@ -22,7 +22,7 @@ bool isPartOf(const std::vector<SearchEntry>& some, const std::vector<SearchEntr
 } // namespace
 
 void requireSoundSearch(const std::vector<TreeNode>& tree, std::string_view searchText) {
-  const std::vector<SearchEntry> entries = flattenSearchable(tree);
+  const std::vector<SearchEntry> entries = shownSearchEntries(tree);
   const std::vector<SearchEntry> found = filteredSuggestions(entries, searchText);
   require(isPartOf(found, entries), "what is found is in the tree, in its order");
   require(filteredSuggestions(entries, lowerCased(searchText)) == found,

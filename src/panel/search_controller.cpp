@@ -74,7 +74,7 @@ std::vector<SearchEntry> SearchController::filteredSuggestions() const {
   if (!isSearching()) {
     return {};
   }
-  return tamberline::filteredSuggestions(flattenSearchable(scanner_->portTree.get()),
+  return tamberline::filteredSuggestions(shownSearchEntries(scanner_->portTree.get()),
                                          searchText_.toStdString());
 }
 

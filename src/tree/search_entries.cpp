@@ -41,30 +41,58 @@ Contribution contributionOf(const TreeNode& node) {
                     node.kind);
 }
 
-void appendEntries(const std::vector<TreeNode>& nodes, std::vector<std::string>& trail,
-                   std::vector<SearchEntry>& entries) {
-  for (const TreeNode& node : nodes) {
-    Contribution contribution = contributionOf(node);
-    if (contribution.entry) {
-      contribution.entry->breadcrumb = joined(trail, " › ");
-      entries.push_back(std::move(*contribution.entry));
-    }
-    if (node.hasChildren() && contribution.trailName) {
-      trail.push_back(std::move(*contribution.trailName));
-      appendEntries(node.children, trail, entries);
-      trail.pop_back();
+using Wording = std::string_view (*)(std::string_view name);
+
+std::string_view asReported(std::string_view name) {
+  return name;
+}
+
+/// Collects the entries of nodes and of what is below them.
+class EntryWriter {
+public:
+  EntryWriter(std::vector<std::string> trail, Wording wording)
+      : trail_(std::move(trail)), wording_(wording) {}
+
+  void write(const std::vector<TreeNode>& nodes) {
+    for (const TreeNode& node : nodes) {
+      const Contribution contribution = contributionOf(node);
+      if (contribution.entry) {
+        append(*contribution.entry);
+      }
+      if (node.hasChildren() && contribution.trailName) {
+        trail_.emplace_back(wording_(*contribution.trailName));
+        write(node.children);
+        trail_.pop_back();
+      }
     }
   }
-}
+
+  std::vector<SearchEntry> take() { return std::move(entries_); }
+
+private:
+  void append(const SearchEntry& entry) {
+    entries_.push_back({entry.id, std::string(wording_(entry.name)),
+                        std::string(wording_(entry.detail)), joined(trail_, " › ")});
+  }
+
+  std::vector<std::string> trail_;
+  Wording wording_;
+  std::vector<SearchEntry> entries_;
+};
 
 } // namespace
 
 std::vector<SearchEntry> flattenSearchable(const std::vector<TreeNode>& nodes,
                                            const std::vector<std::string>& trail) {
-  std::vector<SearchEntry> entries;
-  std::vector<std::string> currentTrail = trail;
-  appendEntries(nodes, currentTrail, entries);
-  return entries;
+  EntryWriter writer(trail, asReported);
+  writer.write(nodes);
+  return writer.take();
+}
+
+std::vector<SearchEntry> shownSearchEntries(const std::vector<TreeNode>& nodes) {
+  EntryWriter writer({}, trimmed);
+  writer.write(nodes);
+  return writer.take();
 }
 
 } // namespace tamberline

@@ -18,8 +18,12 @@ struct SearchEntry {
   friend bool operator==(const SearchEntry&, const SearchEntry&) = default;
 };
 
-/// The devices and adapters of the tree, in tree order; `trail` names what contains `nodes`.
+/// The devices and adapters of the tree, in tree order, with names as reported; `trail` names what
+/// contains `nodes`.
 std::vector<SearchEntry> flattenSearchable(const std::vector<TreeNode>& nodes,
                                            const std::vector<std::string>& trail = {});
+
+/// The same with every name as rows show it, without the blanks that some devices pad theirs with.
+std::vector<SearchEntry> shownSearchEntries(const std::vector<TreeNode>& nodes);
 
 } // namespace tamberline

@@ -67,6 +67,19 @@ TEST_F(SearchControllerTest, FindsDevicesByNameOrMakerIgnoringCase) {
   }
 }
 
+TEST_F(SearchControllerTest, ShowsNamesWithoutTheBlanksAroundThem) {
+  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
+    {"_name": "USB3.1 Hub             ", "manufacturer": " Harbour ", "_items": [
+      {"_name": " Keys "}]}]}]})");
+  scan();
+
+  EXPECT_EQ(found("hub"), "[USB3.1 Hub]");
+  EXPECT_EQ(search->suggestions()->entryAt(0)->detail, "Harbour");
+  EXPECT_EQ(found("keys"), "[Keys]");
+  EXPECT_EQ(search->suggestions()->entryAt(0)->breadcrumb,
+            "Thunderbolt Port 1 › Harbour Dock › USB 3.1 Bus › USB3.1 Hub");
+}
+
 TEST_F(SearchControllerTest, TellsWhenTheTextChanges) {
   const CountedSignal texts(search.get(), &SearchController::searchTextChanged);
   const CountedSignal suggestions(search.get(), &SearchController::suggestionsChanged);

@@ -81,6 +81,22 @@ TEST(SearchEntries, NamePortsInTheLanguageOfTheRun) {
   EXPECT_EQ(entries[0].breadcrumb, "Port Thunderbolt 1");
 }
 
+TEST(ShownSearchEntries, LeaveOutTheBlanksThatDevicesPadTheirNamesWith) {
+  const std::vector<TreeNode> tree = assignStableIDs(
+      {portNode({usbNode(" USB3.1 Hub    ", "Harbour  ", {usbNode("Keys\t", " ")})})}, "");
+
+  EXPECT_EQ(entriesText(shownSearchEntries(tree)),
+            R"(/port1/usb: USB3.1 Hub     | USB3.1 Hub | Harbour | Thunderbolt Port 1
+/port1/usb: USB3.1 Hub    /usb:Keys	 | Keys |  | Thunderbolt Port 1 › USB3.1 Hub
+)");
+  EXPECT_EQ(flattenSearchable(tree).at(0).name, " USB3.1 Hub    ");
+}
+
+TEST(ShownSearchEntries, AreThoseOfTheTreeWhereNothingIsPadded) {
+  EXPECT_EQ(entriesText(shownSearchEntries(deskTree())),
+            entriesText(flattenSearchable(deskTree())));
+}
+
 TEST(ShownName, ReplacesOnlyTheExactNameOfUnnamedHubs) {
   const struct {
     const char* name;
