@@ -185,6 +185,7 @@ Document describe(const StandaloneUSBCard& card) {
       {"id", card.id},
       {"header", describe(card.header)},
       {"rows", describe(card.rows)},
+      {"nothingAttached", orNull(card.nothingAttached)},
   };
 }
 

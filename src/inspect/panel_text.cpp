@@ -175,6 +175,12 @@ std::vector<TextTree> treesOf(const std::vector<ExpandableRow>& rows) {
   return trees;
 }
 
+void appendIfEmpty(const std::optional<std::string>& nothingAttached, TextTree& tree) {
+  if (nothingAttached) {
+    tree.lines.push_back({{*nothingAttached, Color::secondary}});
+  }
+}
+
 TextTree treeOf(const PortCard& card) {
   TextLine header = {{card.inUse ? "● " : "○ ", card.inUse ? Color::green : Color::grey},
                      {card.title, Color::primary, /*isBold=*/true}};
@@ -192,15 +198,14 @@ TextTree treeOf(const PortCard& card) {
   if (card.portPowerBar) {
     tree.lines.push_back(powerLine(*card.portPowerBar));
   }
-  if (card.nothingAttached) {
-    tree.lines.push_back({{*card.nothingAttached, Color::secondary}});
-  }
+  appendIfEmpty(card.nothingAttached, tree);
   return tree;
 }
 
 TextTree treeOf(const StandaloneUSBCard& card) {
   TextTree tree{linesOf(card.header), treesOf(card.rows)};
   tree.lines.front().front().isBold = true;
+  appendIfEmpty(card.nothingAttached, tree);
   return tree;
 }
 

@@ -128,6 +128,12 @@ QVariantMap busVariant(const USBBusHeaderRow& row) {
   return {{"name", nameVariant(row.name)}, {"ratedDraw", textOrNothing(row.ratedDraw)}};
 }
 
+QVariantMap busCardVariant(const StandaloneUSBCard& card) {
+  QVariantMap map = busVariant(card.header);
+  map.insert("nothingAttached", textOrNothing(card.nothingAttached));
+  return map;
+}
+
 QVariantMap chargerCardVariant(const ChargerCard& card) {
   return {{"icon", symbolText(card.icon)},
           {"title", displayText(card.title)},
@@ -256,7 +262,7 @@ QVariantMap contentVariant(const PanelRow& row) {
   return std::visit(
       Overloaded{
           [](const PortCard* card) { return portVariant(*card); },
-          [](const StandaloneUSBCard* card) { return busVariant(card->header); },
+          [](const StandaloneUSBCard* card) { return busCardVariant(*card); },
           [](const ChargerCard* card) { return chargerCardVariant(*card); },
           [&](const ExpandableRow* tree) { return treeRowVariant(*tree, row.volumeTools); },
       },

@@ -17,8 +17,15 @@ ChargerCard chargerCard(const TreeNode& node, const ChargerInfo& charger) {
 }
 
 StandaloneUSBCard standaloneUSBCard(const TreeNode& node, const USBBus& bus) {
-  return {node.id, usbBusHeaderRow(bus, node.aggregatedUSBPower()),
-          expandableRows(node.children, 0)};
+  StandaloneUSBCard card{
+      .id = node.id,
+      .header = usbBusHeaderRow(bus, node.aggregatedUSBPower()),
+      .rows = expandableRows(node.children, 0),
+  };
+  if (card.rows.empty()) {
+    card.nothingAttached = Loc::nothingAttached();
+  }
+  return card;
 }
 
 /// Only ports, buses and adapters stand at the top of a port tree.

@@ -25,6 +25,7 @@ struct StandaloneUSBCard {
   std::string id = {};
   USBBusHeaderRow header = {};
   std::vector<ExpandableRow> rows = {};
+  std::optional<std::string> nothingAttached = {}; // absent where there are rows
 };
 
 /// An adapter that is not on a USB-C port.

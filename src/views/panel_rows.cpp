@@ -44,8 +44,8 @@ public:
     if (isOpen) {
       write(card.rows);
     }
-    if (isOpen && card.nothingAttached) {
-      append({.kind = PanelRow::Kind::nothingAttached, .id = card.id + "//empty", .source = &card});
+    if (isOpen) {
+      writeNothingAttached(card);
     }
     end();
   }
@@ -53,6 +53,7 @@ public:
   void write(const StandaloneUSBCard& card) {
     begin({.kind = PanelRow::Kind::busHeader, .id = card.id, .source = &card});
     write(card.rows);
+    writeNothingAttached(card);
     end();
   }
 
@@ -71,6 +72,13 @@ private:
   }
 
   void end() { rows_.back().isLastOfCard = true; }
+
+  template <typename Card>
+  void writeNothingAttached(const Card& card) {
+    if (card.nothingAttached) {
+      append({.kind = PanelRow::Kind::nothingAttached, .id = card.id + "//empty", .source = &card});
+    }
+  }
 
   void append(PanelRow row) {
     row.pulse = lookUp(states_.pulses, row.id).value_or(Pulse::none);
@@ -132,7 +140,7 @@ bool contentsLookTheSame(const ExpandableRow& left, const ExpandableRow& right) 
 }
 
 bool contentsLookTheSame(const StandaloneUSBCard& left, const StandaloneUSBCard& right) {
-  return left.header == right.header;
+  return left.header == right.header && left.nothingAttached == right.nothingAttached;
 }
 
 bool contentsLookTheSame(const ChargerCard& left, const ChargerCard& right) {

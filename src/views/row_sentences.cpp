@@ -64,6 +64,14 @@ void tell(const PortCard& card, PanelRow::Kind kind, Sentence& sentence) {
   }
 }
 
+void tell(const StandaloneUSBCard& card, PanelRow::Kind kind, Sentence& sentence) {
+  if (kind == PanelRow::Kind::nothingAttached) {
+    sentence << card.nothingAttached;
+  } else {
+    sentence << card.header.name << card.header.ratedDraw;
+  }
+}
+
 void tell(const ChargerRow& row, Sentence& sentence) {
   sentence << row.name;
   if (row.isCharging) {
@@ -127,9 +135,7 @@ std::string rowSentence(const PanelRow& row) {
   Sentence sentence;
   std::visit(Overloaded{
                  [&](const PortCard* card) { tell(*card, row.kind, sentence); },
-                 [&](const StandaloneUSBCard* card) {
-                   sentence << card->header.name << card->header.ratedDraw;
-                 },
+                 [&](const StandaloneUSBCard* card) { tell(*card, row.kind, sentence); },
                  [&](const ChargerCard* card) { tell(*card, row.kind, sentence); },
                  [&](const ExpandableRow* source) { tell(*source, row, sentence); },
              },

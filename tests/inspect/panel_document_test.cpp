@@ -160,8 +160,16 @@ TEST(PanelDocument, HasABusCard) {
   card["rows"] = card["rows"].size();
   EXPECT_EQ(jsonText(card), normalized(R"({
     "card": "bus", "id": "/bus:USB20Bus",
-    "header": {"name": "USB 2.0 Bus", "ratedDraw": "1.0W rated"}, "rows": 1
+    "header": {"name": "USB 2.0 Bus", "ratedDraw": "1.0W rated"}, "rows": 1,
+    "nothingAttached": null
   })"));
+}
+
+TEST(PanelDocument, SaysThatNothingIsAttachedToABus) {
+  Scan scan;
+  scan.tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": [{"_name": "USB31Bus"}]})");
+
+  EXPECT_EQ(at(scan.run(), "/panel/cards/0/nothingAttached"), "Nothing attached");
 }
 
 } // namespace

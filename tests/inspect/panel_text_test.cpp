@@ -109,6 +109,10 @@ USB 2.0 Bus  0.5W rated
 )");
 }
 
+TEST(PanelText, SaysThatNothingIsAttachedToABus) {
+  EXPECT_EQ(textOf({busNode("USB31Bus", {})}), "USB 3.1 Bus\n   Nothing attached\n");
+}
+
 TEST(PanelText, ShowsAMessageWhereThereAreNoCards) {
   EXPECT_EQ(panelText(describePanel({}), false), "No ports detected\n");
   EXPECT_EQ(panelText(describePanel({.errorMessage = "Could not parse"}), false),

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,7 @@ std::vector<PanelRow> rowsOfEveryKind() {
       {.kind = Kind::portPower, .source = &portCard},
       {.kind = Kind::nothingAttached, .source = &portCard},
       {.kind = Kind::busHeader, .source = &busCard},
+      {.kind = Kind::nothingAttached, .source = &busCard},
       {.kind = Kind::chargerHeader, .source = &chargerCard},
       {.kind = Kind::chargerBody, .source = &chargerCard},
       tbDevice.row(Kind::tbDevice),
@@ -276,10 +278,20 @@ TEST(RowVariants, GiveTheWholeNameBesideACutOne) {
   EXPECT_EQ(shown["tooltip"].toString().toStdString(), name);
 }
 
+TEST(RowVariants, SayThatNothingIsAttachedToABus) {
+  const StandaloneUSBCard bus{.nothingAttached = "Nothing attached"};
+  const PanelRow row{.kind = PanelRow::Kind::nothingAttached, .source = &bus};
+  EXPECT_EQ(contentVariant(row)["nothingAttached"], "Nothing attached");
+}
+
 TEST(VariantNames, AreTheirOwn) {
-  QStringList names;
+  std::map<PanelRow::Kind, QString> nameByKind;
   for (const PanelRow& row : rowsOfEveryKind()) {
-    names.push_back(nameOf(row.kind));
+    nameByKind[row.kind] = nameOf(row.kind);
+  }
+  QStringList names;
+  for (const auto& [kind, name] : nameByKind) {
+    names.push_back(name);
   }
   EXPECT_EQ(names.removeDuplicates(), 0);
   EXPECT_FALSE(names.contains(QString()));

@@ -172,7 +172,8 @@ TEST(PanelRows, ShowAStandaloneBusAlwaysOpen) {
                 panelOf({busNode({usbNode("Hub", {usbNode("Keys")})}), busNode()}))),
             "bus header bus:USB31Bus, first\n"
             "  usb device Hub, closed, last\n"
-            "bus header bus:USB31Bus, first, last\n");
+            "bus header bus:USB31Bus, first\n"
+            "nothing attached bus:USB31Bus//empty, last\n");
 }
 
 TEST(PanelRows, ShowAnAdapterAsHeaderAndBody) {
@@ -313,6 +314,8 @@ TEST(RowsOfABus, LookDifferentWhenTheHeaderChanged) {
   EXPECT_FALSE(firstRowsLookTheSame(card, {.id = "bus", .header = {.name = "USB 2.0 Bus"}}));
   EXPECT_FALSE(firstRowsLookTheSame(
       card, {.id = "bus", .header = {.name = "USB 3.1 Bus", .ratedDraw = "1W"}}));
+  EXPECT_FALSE(firstRowsLookTheSame(
+      card, {.id = "bus", .header = {.name = "USB 3.1 Bus"}, .nothingAttached = "Nothing"}));
 }
 
 TEST(RowsOfAnAdapter, LookDifferentWhenAnythingChanged) {

@@ -97,6 +97,14 @@ TEST(BusCard, ShowsHeaderAndDevices) {
   ASSERT_EQ(card.rows.size(), 2U);
   EXPECT_EQ(card.rows[0].depth, 0);
   EXPECT_TRUE(card.rows[1].isLast);
+  EXPECT_EQ(card.nothingAttached, std::nullopt);
+}
+
+TEST(BusCard, SaysThatNothingIsAttached) {
+  const auto card =
+      onlyCardOf<StandaloneUSBCard>(TreeNode(TreeNode::USBBusEntry{addOnBus("USB31Bus", {})}));
+
+  EXPECT_EQ(card.nothingAttached, "Nothing attached");
 }
 
 TEST(ChargerCard, ShowsTheAdapterAndItsPort) {

@@ -51,7 +51,8 @@ std::string everything() {
                               .content = USBBusHeaderRow{"USB 3.1 Bus", "1W rated"}}}}},
       .nothingAttached = "Nothing attached",
   };
-  const StandaloneUSBCard bus{.id = "port", .header = {"USB 2.0 Bus", "1.0W rated"}};
+  const StandaloneUSBCard bus{
+      .id = "port", .header = {"USB 2.0 Bus", "1.0W rated"}, .nothingAttached = "No devices"};
   const ChargerCard charger{.id = "port",
                             .title = "Power Adapter",
                             .port = "MagSafe",
@@ -68,6 +69,7 @@ TEST(RowSentences, SayEverythingThatARowShows) {
             "USB 3.1 Bus, 1W rated\n"
             "Nothing attached\n"
             "USB 2.0 Bus, 1.0W rated\n"
+            "No devices\n"
             "Power Adapter, MagSafe\n"
             "96W Adapter, charging, 96 W rated\n");
 }
@@ -81,6 +83,7 @@ TEST(RowSentences, SpeakTheLanguageOfTheRun) {
                           "USB 3.1 Bus, 1W rated\n"
                           "Nothing attached\n"
                           "USB 2.0 Bus, 1.0W rated\n"
+                          "No devices\n"
                           "Power Adapter, MagSafe\n"
                           "96W Adapter, lädt, 96 W rated\n");
 }

@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline
 
-// What an open card of an empty port shows.
+// What the card of a bus without devices shows, and an open one of an empty port.
 CardSegment {
     id: segment
 
