@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <span>
@@ -27,6 +28,13 @@ std::optional<std::int64_t> parseInteger(std::string_view text, int base) {
     return std::nullopt;
   }
   return value;
+}
+
+/// Absent where anything but digits stands, and for more than twelve.
+std::optional<std::int64_t> digitsOnly(std::string_view text) {
+  constexpr std::size_t mostDigits = 12;
+  const bool areDigits = text.find_first_not_of("0123456789") == std::string_view::npos;
+  return areDigits && text.size() <= mostDigits ? parseInteger(text, 10) : std::nullopt;
 }
 
 /// What a call that may have run out of room wrote; an error wrote nothing.
@@ -110,6 +118,19 @@ std::optional<std::int64_t> parseDecimal(std::string_view text) {
 
 std::optional<std::int64_t> parseHexadecimal(std::string_view text) {
   return parseInteger(text, 16);
+}
+
+std::optional<double> parseNumber(std::string_view text) {
+  const std::vector<std::string_view> parts = split(text, '.');
+  const std::optional<std::int64_t> whole = digitsOnly(parts.front());
+  const auto decimals =
+      parts.size() == 2 ? digitsOnly(parts.back()) : std::optional<std::int64_t>(0);
+  if (!whole || !decimals || parts.size() > 2) {
+    return std::nullopt;
+  }
+  const auto decimalPlaces = static_cast<double>(parts.back().size());
+  return static_cast<double>(*whole) +
+         static_cast<double>(*decimals) / std::pow(10.0, decimalPlaces);
 }
 
 std::string fixedText(double value, int decimals) {

@@ -28,6 +28,10 @@ std::string replacedAll(std::string_view text, std::string_view from, std::strin
 std::optional<std::int64_t> parseDecimal(std::string_view text);
 std::optional<std::int64_t> parseHexadecimal(std::string_view text);
 
+/// Digits, and decimals behind a point where there is one, and nothing else; absent when it is
+/// anything else or has more than twelve digits before or behind the point.
+std::optional<double> parseNumber(std::string_view text);
+
 /// Fixed notation with a decimal point, whatever the locale: 7.25 with 1 decimal is "7.2".
 std::string fixedText(double value, int decimals);
 

@@ -111,6 +111,40 @@ std::string thunderboltPort(std::int64_t number) {
                     std::to_string(number));
 }
 
+std::string linkEachWay(std::string_view carried) {
+  return withPrefix({"Link each way: ", "Verbindung je Richtung: ", "Liaison dans chaque sens : ",
+                     "Collegamento in ogni direzione: ", "Enlace en cada sentido: "},
+                    carried);
+}
+
+std::string linkToDevice(std::string_view carried) {
+  return withPrefix({"Link to the device: ", "Verbindung zum Gerät: ", "Liaison vers l’appareil : ",
+                     "Collegamento verso il dispositivo: ", "Enlace hacia el dispositivo: "},
+                    carried);
+}
+
+std::string linkFromDevice(std::string_view carried) {
+  return withPrefix(
+      {"Link from the device: ", "Verbindung vom Gerät: ", "Liaison depuis l’appareil : ",
+       "Collegamento dal dispositivo: ", "Enlace desde el dispositivo: "},
+      carried);
+}
+
+std::string lanes(std::int64_t count) {
+  if (count == 1) {
+    return std::string(inCurrentLanguage({"1 lane", "1 Lane", "1 voie", "1 canale", "1 carril"}));
+  }
+  return withSuffix(std::to_string(count), {" lanes", " Lanes", " voies", " canali", " carriles"});
+}
+
+std::string receptacle(std::string_view number) {
+  return withPrefix({"Receptacle ", "Buchse ", "Prise ", "Presa ", "Conector "}, number);
+}
+
+std::string receptacles(std::string_view numbers) {
+  return withPrefix({"Receptacles ", "Buchsen ", "Prises ", "Prese ", "Conectores "}, numbers);
+}
+
 std::string hdmiPort(std::string_view number) {
   constexpr Translations bare = {"HDMI Port", "HDMI-Port", "Port HDMI", "Porta HDMI",
                                  "Puerto HDMI"};

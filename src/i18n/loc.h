@@ -21,6 +21,15 @@ std::string chargingAtW(std::int64_t watts);
 std::string poweringSystemW(std::int64_t watts);
 std::string speedNote(std::string_view portMaximum);
 std::string thunderboltPort(std::int64_t number);
+/// `carried` is a speed, with the number of lanes where it is known.
+std::string linkEachWay(std::string_view carried);
+std::string linkToDevice(std::string_view carried);
+std::string linkFromDevice(std::string_view carried);
+std::string lanes(std::int64_t count);
+/// A socket of the computer.
+std::string receptacle(std::string_view number);
+/// `numbers` with commas between them.
+std::string receptacles(std::string_view numbers);
 std::string hdmiPort(std::string_view number);
 std::string hintPortCapacity(std::int64_t milliamperes);
 

@@ -91,6 +91,12 @@ Document describe(const HubTotal& total) {
   return {{"text", total.text}, {"tooltip", total.tooltip}};
 }
 
+Document describe(const LinkNote& note) {
+  Document document = describe(note.link);
+  document["text"] = note.text;
+  return document;
+}
+
 template <typename Part>
 Document describeOrNull(const std::optional<Part>& part) {
   return part ? describe(*part) : Document(nullptr);
@@ -102,6 +108,7 @@ Document describe(const TBDeviceRow& row) {
       {"modeBadge", describeOrNull(row.modeBadge)},
       {"ratedDraw", orNull(row.ratedDraw)},
       {"speedBar", describeOrNull(row.speedBar)},
+      {"link", describeOrNull(row.link)},
   };
 }
 
@@ -176,6 +183,7 @@ Document describe(const PortCard& card) {
       {"portPowerBar", describeOrNull(card.portPowerBar)},
       {"rows", describe(card.rows)},
       {"nothingAttached", orNull(card.nothingAttached)},
+      {"titleNote", orNull(card.titleNote)},
   };
 }
 

@@ -3,6 +3,10 @@
 namespace tamberline {
 namespace {
 
+Document describeOrNull(const std::optional<TrueLink>& link) {
+  return link ? describe(*link) : Document(nullptr);
+}
+
 Document describe(const ThunderboltPort& port) {
   return {
       {"status", port.status},
@@ -13,7 +17,14 @@ Document describe(const ThunderboltPort& port) {
       {"laneCount", port.laneCount()},
       {"totalBandwidthGbps", port.totalBandwidthGbps()},
       {"badgeText", port.badgeText()},
+      {"link", describeOrNull(port.link)},
   };
+}
+
+Document describe(const ThunderboltReceptacle& receptacle) {
+  Document document = {{"number", orNull(receptacle.number)}};
+  document.update(describe(receptacle.port));
+  return document;
 }
 
 Document describe(const USBVolume& volume) {
@@ -22,10 +33,25 @@ Document describe(const USBVolume& volume) {
 
 } // namespace
 
+Document describe(const TrueLink& link) {
+  return {
+      {"transmitGbps", orNull(link.transmitGbps)},
+      {"receiveGbps", orNull(link.receiveGbps)},
+      {"transmitLanes", orNull(link.transmitLanes)},
+      {"receiveLanes", orNull(link.receiveLanes)},
+  };
+}
+
 Document describeBusAlone(const ThunderboltBus& bus) {
   return {
-      {"busNumber", bus.busNumber},       {"hostName", bus.hostName},   {"uid", bus.uid},
-      {"displayName", bus.displayName()}, {"port", describe(bus.port)},
+      {"busNumber", bus.busNumber},
+      {"hostName", bus.hostName},
+      {"uid", bus.uid},
+      {"displayName", bus.displayName()},
+      {"port", describe(bus.port)},
+      {"receptacles",
+       listOf(bus.receptacles,
+              [](const ThunderboltReceptacle& receptacle) { return describe(receptacle); })},
   };
 }
 
@@ -49,6 +75,7 @@ Document describeDeviceAlone(const ThunderboltDevice& device) {
       {"upstreamSpeedGbps", device.upstreamSpeedGbps()},
       {"upstreamLanes", device.upstreamLanes()},
       {"upstreamLabel", device.upstreamLabel()},
+      {"link", describeOrNull(device.link)},
   };
 }
 

@@ -29,6 +29,7 @@ Document listOf(const Records& records, Describe describe) {
   return list;
 }
 
+Document describe(const TrueLink& link);
 Document describeBusAlone(const ThunderboltBus& bus);
 Document describe(const ThunderboltBus& bus);
 Document describeDeviceAlone(const ThunderboltDevice& device);

@@ -2,6 +2,7 @@
 
 #include "base/shared_list.h"
 #include "base/uuid.h"
+#include "model/true_link.h"
 #include "model/usb_records.h"
 
 #include <cstdint>
@@ -17,6 +18,8 @@ struct ThunderboltPort {
   std::string status;
   std::string speed;
   std::string linkWidth;
+  /// Absent where nothing is connected or no speed is told.
+  std::optional<TrueLink> link = {};
 
   bool isConnected() const;
   /// Per lane; 0 when the report's text names no known speed.
@@ -38,6 +41,8 @@ struct ThunderboltDevice {
   std::string firmwareVersion = {};
   std::string upstreamSpeed = {};
   std::string upstreamWidth = {};
+  /// Of its link upstream; absent where no speed is told.
+  std::optional<TrueLink> link = {};
   SharedList<ThunderboltDevice> children = {};
   /// What is on the PCI bus that the device is connected to by.
   std::vector<USBDevice> drives = {};
@@ -52,6 +57,13 @@ struct ThunderboltDevice {
   std::string upstreamLabel() const;
 };
 
+/// One of the sockets that a host port serves.
+struct ThunderboltReceptacle {
+  /// As the computer counts its sockets, from 1; absent when the report has none.
+  std::optional<std::int64_t> number = {};
+  ThunderboltPort port = {};
+};
+
 /// One host Thunderbolt/USB4 port of the Thunderbolt report.
 struct ThunderboltBus {
   Uuid id = Uuid::random();
@@ -61,6 +73,9 @@ struct ThunderboltBus {
   std::string uid = {};
   ThunderboltPort port = {};
   SharedList<ThunderboltDevice> connectedDevices = {};
+  /// All sockets, in the report's order; `port` is the state of the first. A controller of two
+  /// sockets is one port here.
+  std::vector<ThunderboltReceptacle> receptacles = {};
 
   std::string displayName() const;
 };

@@ -2,6 +2,7 @@
 
 #include "base/overloaded.h"
 #include "base/shown_text.h"
+#include "base/text.h"
 
 #include <QVariantList>
 
@@ -23,6 +24,15 @@ QString symbolText(std::string_view symbol) {
 /// A name that may be cut where it is drawn, with its whole length beside it.
 QVariantMap nameVariant(std::string_view name) {
   return {{"text", displayText(name)}, {"tooltip", tooltipText(name)}};
+}
+
+/// A name whose tooltip says more than the name.
+QVariantMap nameVariant(std::string_view name, const std::optional<std::string>& note) {
+  QVariantMap variant = nameVariant(name);
+  if (note) {
+    variant["tooltip"] = tooltipText(std::string(trimmed(name)) + " · " + *note);
+  }
+  return variant;
 }
 
 QString textOrNothing(const std::optional<std::string>& text) {
@@ -115,7 +125,7 @@ QVariantMap portVariant(const PortCard& card) {
   }
   return {{"inUse", card.inUse},
           {"dotTooltip", tooltipText(card.dotTooltip)},
-          {"title", nameVariant(card.title)},
+          {"title", nameVariant(card.title, card.titleNote)},
           {"itemCount", textOrNothing(card.itemCount)},
           {"itemCountTooltip", tooltipText(card.itemCountTooltip.value_or(""))},
           {"badges", badges},
@@ -143,8 +153,9 @@ QVariantMap chargerCardVariant(const ChargerCard& card) {
 }
 
 QVariantMap tbDeviceVariant(const TBDeviceRow& row) {
+  const auto note = row.link ? std::optional(row.link->text) : std::nullopt;
   return {{"icon", symbolText(row.icon)},
-          {"name", nameVariant(row.name)},
+          {"name", nameVariant(row.name, note)},
           {"modeBadge", part(row.modeBadge, badgeVariant)},
           {"ratedDraw", textOrNothing(row.ratedDraw)},
           {"speedBar", part(row.speedBar, speedBarVariant)}};

@@ -2,10 +2,13 @@
 
 #include "base/text.h"
 #include "reports/json_values.h"
+#include "reports/true_link_report.h"
 #include "reports/usb_report.h"
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace tamberline {
@@ -18,16 +21,38 @@ std::int64_t busNumberOf(const json& entry, std::int64_t position) {
   return parseDecimal(split(name, '_').back()).value_or(position);
 }
 
-ThunderboltBus parseBus(const json& entry, std::int64_t position) {
-  const json& receptacle = receptacleTag(entry, "receptacle_1_tag");
+ThunderboltPort parsePort(const json& receptacle) {
+  ThunderboltPort port{.status = textMember(receptacle, "receptacle_status_key", ""),
+                       .speed = textMember(receptacle, "current_speed_key", ""),
+                       .linkWidth = textMember(receptacle, "current_link_width_key", "")};
+  if (port.isConnected()) {
+    port.link = parseTrueLink(receptacle);
+  }
+  return port;
+}
+
+std::vector<ThunderboltReceptacle> parseReceptacles(const json& entry) {
+  static constexpr std::array keys = {"receptacle_1_tag", "receptacle_2_tag", "receptacle_3_tag",
+                                      "receptacle_4_tag"};
+  std::vector<ThunderboltReceptacle> receptacles;
+  for (const char* key : keys) {
+    const json& receptacle = receptacleTag(entry, key);
+    if (!receptacle.empty()) {
+      receptacles.push_back(
+          {integerTextMember(receptacle, "receptacle_id_key"), parsePort(receptacle)});
+    }
+  }
+  return receptacles;
+}
+
+ThunderboltBus readBus(const json& entry, std::int64_t position) {
   return ThunderboltBus{
       .busNumber = busNumberOf(entry, position),
       .hostName = textMember(entry, "device_name_key", "Unknown"),
       .uid = textMember(entry, "switch_uid_key", ""),
-      .port = ThunderboltPort{.status = textMember(receptacle, "receptacle_status_key", ""),
-                              .speed = textMember(receptacle, "current_speed_key", ""),
-                              .linkWidth = textMember(receptacle, "current_link_width_key", "")},
+      .port = parsePort(receptacleTag(entry, "receptacle_1_tag")),
       .connectedDevices = parseThunderboltDevices(objectsMember(entry, "_items")),
+      .receptacles = parseReceptacles(entry),
   };
 }
 
@@ -35,6 +60,31 @@ ThunderboltBus parseBus(const json& entry, std::int64_t position) {
 std::optional<bool> authorizationIn(const json& item) {
   const auto word = textMember(item, "tamberline_is_authorized");
   return word ? std::optional(*word == "TRUE") : std::nullopt;
+}
+
+/// The speed of a connected receptacle can still be what it could do at most, that of the device
+/// behind it is what the two agreed on. With more than one of either nobody tells which is where.
+void takeLinkOfTheOnlyDevice(ThunderboltBus& bus) {
+  const auto isConnected = [](const ThunderboltReceptacle& receptacle) {
+    return receptacle.port.isConnected();
+  };
+  const bool isOnlyOne =
+      bus.connectedDevices.size() == 1 &&
+      std::count_if(bus.receptacles.begin(), bus.receptacles.end(), isConnected) == 1;
+  if (!isOnlyOne || !bus.connectedDevices[0].link) {
+    return;
+  }
+  const std::optional<TrueLink>& link = bus.connectedDevices[0].link;
+  std::find_if(bus.receptacles.begin(), bus.receptacles.end(), isConnected)->port.link = link;
+  if (bus.port.isConnected()) {
+    bus.port.link = link;
+  }
+}
+
+ThunderboltBus parseBus(const json& entry, std::int64_t position) {
+  ThunderboltBus bus = readBus(entry, position);
+  takeLinkOfTheOnlyDevice(bus);
+  return bus;
 }
 
 ThunderboltDevice parseDevice(const json& item, std::string name) {
@@ -47,6 +97,7 @@ ThunderboltDevice parseDevice(const json& item, std::string name) {
       .firmwareVersion = textMember(item, "switch_version_key", ""),
       .upstreamSpeed = textMember(upstream, "current_speed_key", ""),
       .upstreamWidth = textMember(upstream, "current_link_width_key", ""),
+      .link = parseTrueLink(upstream, item),
       .children = parseThunderboltDevices(objectsMember(item, "_items")),
       .drives = parseTunneledDrives(objectsMember(item, "tamberline_drives")),
       .isAuthorized = authorizationIn(item),

@@ -123,8 +123,8 @@ private:
 
 bool headersLookTheSame(const PortCard& left, const PortCard& right) {
   const auto shown = [](const PortCard& card) {
-    return std::tie(card.inUse, card.dotTooltip, card.title, card.itemCount, card.itemCountTooltip,
-                    card.badges);
+    return std::tie(card.inUse, card.dotTooltip, card.title, card.titleNote, card.itemCount,
+                    card.itemCountTooltip, card.badges);
   };
   return shown(left) == shown(right);
 }

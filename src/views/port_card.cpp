@@ -77,6 +77,28 @@ std::vector<PortBadge> portBadges(const TreeNode& node, const ThunderboltBus& bu
   return badges;
 }
 
+/// Empty where the sockets are the one that the number of the port names, or not known.
+std::string receptaclesText(const ThunderboltBus& bus) {
+  std::vector<std::string> numbers;
+  for (const ThunderboltReceptacle& receptacle : bus.receptacles) {
+    if (receptacle.number) {
+      numbers.push_back(std::to_string(*receptacle.number));
+    }
+  }
+  if (numbers.empty() || numbers == std::vector{std::to_string(bus.busNumber)}) {
+    return {};
+  }
+  return numbers.size() == 1 ? Loc::receptacle(numbers.front())
+                             : Loc::receptacles(joined(numbers, ", "));
+}
+
+std::optional<std::string> titleNote(const ThunderboltBus& bus) {
+  std::vector<std::string> parts = {receptaclesText(bus),
+                                    bus.port.link ? bus.port.link->label() : ""};
+  std::erase(parts, "");
+  return parts.empty() ? std::nullopt : std::optional(joined(parts, " · "));
+}
+
 MeasuredPower measuredPower(const PortPowerOut& power) {
   MeasuredPower row{
       .used = wattsText(power.usedWatts).append(" ").append(Loc::used()),
@@ -115,6 +137,7 @@ PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFac
       .inUse = inUse,
       .dotTooltip = std::string(inUse ? Loc::hintDotInUse() : Loc::nothingAttached()),
       .title = bus.displayName(),
+      .titleNote = titleNote(bus),
       .badges = portBadges(node, bus, facts),
       .portPowerBar = portPowerBar(node.aggregatedUSBPower().usedMa,
                                    lookUp(facts.portCurrentLimitMa, bus.busNumber)),

@@ -46,6 +46,8 @@ struct PortCard {
   bool inUse = false;
   std::string dotTooltip = {};
   std::string title = {};
+  /// What the title does not say: the sockets where their numbers are others, and the true link.
+  std::optional<std::string> titleNote = {};
   std::optional<std::string> itemCount = {};
   std::optional<std::string> itemCountTooltip = {};
   std::vector<PortBadge> badges = {};

@@ -56,6 +56,10 @@ std::optional<SpeedBarRow> thunderboltSpeedBar(const ThunderboltDevice& device) 
                      maximumLabel(thunderboltMaxGbps, isAtMaximum));
 }
 
+std::optional<LinkNote> linkNote(const std::optional<TrueLink>& link) {
+  return link ? std::optional(LinkNote{*link, link->label()}) : std::nullopt;
+}
+
 TBDeviceRow tbDeviceRow(const ThunderboltDevice& device, const AggregatedPower& power) {
   return TBDeviceRow{
       .icon = iconFor(device),
@@ -63,6 +67,7 @@ TBDeviceRow tbDeviceRow(const ThunderboltDevice& device, const AggregatedPower& 
       .modeBadge = modeBadge(device),
       .ratedDraw = compactWatts(power.usedMa, ""),
       .speedBar = thunderboltSpeedBar(device),
+      .link = linkNote(device.link),
   };
 }
 

@@ -13,12 +13,21 @@
 
 namespace tamberline {
 
+/// What a link truly carries, and how its row's tooltip says it.
+struct LinkNote {
+  TrueLink link = {};
+  std::string text = {};
+
+  friend bool operator==(const LinkNote&, const LinkNote&) = default;
+};
+
 struct TBDeviceRow {
   std::string icon = {};
   std::string name = {};
   std::optional<Badge> modeBadge = {};
   std::optional<std::string> ratedDraw = {};
   std::optional<SpeedBarRow> speedBar = {};
+  std::optional<LinkNote> link = {};
 
   friend bool operator==(const TBDeviceRow&, const TBDeviceRow&) = default;
 };

@@ -104,6 +104,23 @@ TEST(HexadecimalText, IsNothingElse) {
   }
 }
 
+TEST(NumberOfAText, HasDecimalsOrNone) {
+  EXPECT_EQ(parseNumber("0"), 0);
+  EXPECT_EQ(parseNumber("40"), 40);
+  EXPECT_EQ(parseNumber("007"), 7);
+  EXPECT_EQ(parseNumber("20.625"), 20.625);
+  EXPECT_EQ(parseNumber("2.50"), 2.5);
+  EXPECT_EQ(parseNumber("123456789012.5"), 123456789012.5);
+}
+
+TEST(NumberOfAText, IsNothingElse) {
+  for (const char* text : {"", ".", "1.", ".5", "1.2.3", "1,5", "-1", "+1", "1.+5", "1e3", "inf",
+                           "nan", "0x10", " 1", "1 ", "1234567890123", "0.1234567890123"}) {
+    SCOPED_TRACE(text);
+    EXPECT_EQ(parseNumber(text), std::nullopt);
+  }
+}
+
 TEST(FixedNumberText, HasAsManyDecimalsAsAsked) {
   EXPECT_EQ(fixedText(7.25, 1), "7.2"); // a tie goes to the even digit
   EXPECT_EQ(fixedText(7.35, 1), "7.3"); // which is stored as a little less

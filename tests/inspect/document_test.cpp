@@ -69,7 +69,15 @@ TEST(Document, DescribesAThunderboltBus) {
     "busNumber": 0, "hostName": "Workshop", "uid": "0xA0", "displayName": "Thunderbolt Port 0",
     "port": {"status": "receptacle_connected", "speed": "Up to 40 Gb/s", "linkWidth": "0x2",
              "isConnected": true, "speedGbps": 40, "laneCount": 2, "totalBandwidthGbps": 80,
-             "badgeText": "40 Gb/s ×2"},
+             "badgeText": "40 Gb/s ×2",
+             "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2,
+                      "receiveLanes": 2}},
+    "receptacles": [
+      {"number": 1, "status": "receptacle_connected", "speed": "Up to 40 Gb/s",
+       "linkWidth": "0x2", "isConnected": true, "speedGbps": 40, "laneCount": 2,
+       "totalBandwidthGbps": 80, "badgeText": "40 Gb/s ×2",
+       "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2,
+                "receiveLanes": 2}}],
     "connectedDevices": 1
   })"));
 }
@@ -80,10 +88,11 @@ TEST(Document, DescribesThunderboltDevicesWithWhatIsBehindThem) {
     "firmwareVersion": "1.2", "upstreamSpeed": "20 Gb/s", "upstreamWidth": "0x2",
     "modeLabel": "USB4 40G", "upstreamSpeedGbps": 20, "upstreamLanes": 2,
     "upstreamLabel": "20 Gb/s ×2 = 40 Gb/s",
+    "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2, "receiveLanes": 2},
     "children": [
       {"name": "Bare", "vendorName": "", "mode": "", "uid": "", "firmwareVersion": "",
        "upstreamSpeed": "", "upstreamWidth": "", "modeLabel": "", "upstreamSpeedGbps": 0,
-       "upstreamLanes": 1, "upstreamLabel": "", "children": []}]
+       "upstreamLanes": 1, "upstreamLabel": "", "link": null, "children": []}]
   })"));
 }
 

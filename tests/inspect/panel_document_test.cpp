@@ -21,7 +21,7 @@ TEST(PanelDocument, HasAPortCard) {
       "used": "1.0 W port total", "allocated": null, "portMax": "15.0 W port max",
       "bar": {"usedFraction": 0.06666666666666667, "cableFraction": 0.06666666666666667},
       "tooltip": "Total rated draw of everything on this port vs the port's power capacity"},
-    "rows": 1, "nothingAttached": null
+    "rows": 1, "nothingAttached": null, "titleNote": "Link each way: 40 Gb/s, 2 lanes"
   })"));
 }
 
@@ -32,7 +32,8 @@ TEST(PanelDocument, HasNullForTheAbsentPartsOfAPortCard) {
   EXPECT_EQ(jsonText(at(scan.run(), "/panel/cards/0")), normalized(R"({
     "card": "port", "id": "/port1", "inUse": false, "dotTooltip": "Nothing attached",
     "title": "Thunderbolt Port 1", "itemCount": null, "itemCountTooltip": null, "badges": [],
-    "measuredPower": null, "portPowerBar": null, "rows": [], "nothingAttached": "Nothing attached"
+    "measuredPower": null, "portPowerBar": null, "rows": [], "nothingAttached": "Nothing attached",
+    "titleNote": null
   })"));
 }
 
@@ -65,6 +66,8 @@ TEST(PanelDocument, HasAThunderboltDeviceRow) {
     "speedBar": {"usedGbps": 40.0, "portMaxGbps": 40.0, "ratio": 1.0, "color": "green",
       "speedLabel": "20 Gb/s ×2 = 40 Gb/s", "portMaxLabel": "at port max ✓",
       "tooltip": "Negotiated link speed vs the port's maximum. If it's below the max, the device or cable is the bottleneck."},
+    "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2, "receiveLanes": 2,
+      "text": "Link each way: 40 Gb/s, 2 lanes"},
     "children": 2
   })"));
 }
@@ -73,7 +76,7 @@ TEST(PanelDocument, HasNullForTheAbsentPartsOfAThunderboltDeviceRow) {
   EXPECT_EQ(jsonText(at(deskDocument(), "/panel/cards/0/rows/0/children/0")), normalized(R"({
     "row": "tbDevice", "id": "/port1/tb:0xD0/tb:/Bare", "depth": 1, "isLast": false,
     "hasChildren": false, "startsExpanded": false, "tint": {"color": "accent", "opacity": 0.05},
-    "name": "Bare", "modeBadge": null, "ratedDraw": null, "speedBar": null, "children": []
+    "name": "Bare", "modeBadge": null, "ratedDraw": null, "speedBar": null, "link": null, "children": []
   })"));
 }
 

@@ -13,7 +13,7 @@ constexpr const char* thunderboltReport = R"({"SPThunderboltDataType": [
   {"_name": "thunderboltusb4_bus_2"},
   {"_name": "thunderboltusb4_bus_1"},
   {"_name": "thunderboltusb4_bus_0", "device_name_key": "Workshop", "switch_uid_key": "0xA0",
-   "receptacle_1_tag": {"receptacle_status_key": "receptacle_connected",
+   "receptacle_1_tag": {"receptacle_status_key": "receptacle_connected", "receptacle_id_key": "1",
                         "current_speed_key": "Up to 40 Gb/s", "current_link_width_key": "0x2"},
    "_items": [
      {"_name": "Harbour Dock", "vendor_name_key": "Harbour", "mode_key": "usb4_gen3x2",

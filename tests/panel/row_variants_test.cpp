@@ -270,6 +270,19 @@ TEST(RowVariants, KeepLongNamesShort) {
   }
 }
 
+TEST(RowVariants, SayInATooltipMoreThanTheName) {
+  const PortCard card{.title = "Thunderbolt Port 2", .titleNote = "Receptacles 3, 4"};
+  const QVariantMap title =
+      contentVariant({.kind = PanelRow::Kind::portHeader, .source = &card})["title"].toMap();
+  EXPECT_EQ(title["text"], "Thunderbolt Port 2");
+  EXPECT_EQ(title["tooltip"], "Thunderbolt Port 2 · Receptacles 3, 4");
+
+  const TreeRow dock{{.content = TBDeviceRow{.name = "Dock  ", .link = LinkNote{{}, "Link"}}}};
+  const QVariantMap name = contentVariant(dock.row(PanelRow::Kind::tbDevice))["name"].toMap();
+  EXPECT_EQ(name["text"], "Dock");
+  EXPECT_EQ(name["tooltip"], "Dock · Link");
+}
+
 TEST(RowVariants, GiveTheWholeNameBesideACutOne) {
   const std::string name = std::string(70, 'a') + std::string(70, 'b');
   const TreeRow dock{{.content = TBDeviceRow{.name = name}}};

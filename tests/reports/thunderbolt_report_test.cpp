@@ -135,6 +135,88 @@ TEST(ThunderboltReport, GivesABusWithoutReceptacleAnUnconnectedPort) {
   }
 }
 
+TEST(ThunderboltReport, KnowsAllSocketsOfAController) {
+  const auto buses = busesOf(R"([{
+    "receptacle_1_tag": {"receptacle_id_key": "3", "current_speed_key": "Up to 40 Gb/s x1",
+                         "receptacle_status_key": "receptacle_no_devices_connected"},
+    "receptacle_2_tag": {"receptacle_id_key": "4", "current_speed_key": "Up to 10 Gb/s x2",
+                         "receptacle_status_key": "receptacle_connected"},
+    "receptacle_3_tag": {"receptacle_id_key": 7}, "receptacle_4_tag": "no object"
+  }])");
+  ASSERT_EQ(buses.at(0).receptacles.size(), 3U);
+  const std::vector<ThunderboltReceptacle>& receptacles = buses[0].receptacles;
+  EXPECT_EQ(receptacles[0].number, 3);
+  EXPECT_EQ(receptacles[1].number, 4);
+  EXPECT_EQ(receptacles[2].number, std::nullopt);
+  EXPECT_EQ(receptacles[1].port.speed, "Up to 10 Gb/s x2");
+  EXPECT_EQ(receptacles[0].port.link, std::nullopt) << "it says what the socket could do";
+  EXPECT_EQ(receptacles[1].port.link, (TrueLink{20, 20, 2, 2}));
+  EXPECT_FALSE(buses[0].port.isConnected()) << "the port is the first socket";
+  EXPECT_EQ(buses[0].port.link, std::nullopt);
+}
+
+TEST(ThunderboltReport, ReadsTheTrueLinkOfADevice) {
+  const auto buses = busesOf(R"([{"_items": [
+    {"_name": "Dock", "receptacle_upstream_ambiguous_tag":
+       {"current_speed_key": "Up to 40 Gb/s x1", "current_link_width_key": "0x2"}, "_items": [
+      {"_name": "Slate", "tamberline_link_transmit_gbps": "120",
+       "tamberline_link_receive_gbps": "40"},
+      {"_name": "Bare"}]}]}])");
+  const ThunderboltDevice& dock = buses.at(0).connectedDevices[0];
+  EXPECT_EQ(dock.link, (TrueLink{40, 40, 2, 2}));
+  EXPECT_EQ(dock.children[0].link, (TrueLink{.transmitGbps = 120, .receiveGbps = 40}));
+  EXPECT_EQ(dock.children[1].link, std::nullopt);
+}
+
+/// The link of the bus's port, and of each socket.
+std::string socketLinks(const std::string& members) {
+  const ThunderboltBus bus = busesOf("[{" + members + "}]").at(0);
+  const auto gbps = [](const ThunderboltPort& port) {
+    return port.link ? std::to_string(static_cast<int>(*port.link->transmitGbps)) : "none";
+  };
+  std::string text = "port " + gbps(bus.port);
+  for (const ThunderboltReceptacle& receptacle : bus.receptacles) {
+    text += ", " + gbps(receptacle.port);
+  }
+  return text;
+}
+
+TEST(ThunderboltReport, TakesForALinkOfAPortWhatItsOnlyDeviceSays) {
+  const std::string connected = R"({"receptacle_status_key": "receptacle_connected",
+                                    "current_speed_key": "Up to 40 Gb/s"})";
+  const std::string empty = R"({"receptacle_status_key": "receptacle_no_devices_connected",
+                                "current_speed_key": "Up to 40 Gb/s"})";
+  const std::string slow = R"({"_name": "Disk", "receptacle_upstream_ambiguous_tag":
+                               {"current_speed_key": "20 Gb/s", "current_link_width_key": "0x1"}})";
+  const struct {
+    const char* description;
+    std::string members;
+    const char* links;
+  } rows[] = {
+      {"one of each", "\"receptacle_1_tag\": " + connected + ", \"_items\": [" + slow + "]",
+       "port 20, 20"},
+      {"in the second socket",
+       "\"receptacle_1_tag\": " + empty + ", \"receptacle_2_tag\": " + connected +
+           ", \"_items\": [" + slow + "]",
+       "port none, none, 20"},
+      {"two sockets in use",
+       "\"receptacle_1_tag\": " + connected + ", \"receptacle_2_tag\": " + connected +
+           ", \"_items\": [" + slow + "]",
+       "port 40, 40, 40"},
+      {"two devices",
+       "\"receptacle_1_tag\": " + connected + ", \"_items\": [" + slow + ", " + slow + "]",
+       "port 40, 40"},
+      {"a device that says nothing",
+       "\"receptacle_1_tag\": " + connected + R"(, "_items": [{"_name": "Mac"}])", "port 40, 40"},
+      {"nothing connected", "\"receptacle_1_tag\": " + empty, "port none, none"},
+      {"no socket", "\"_items\": [" + slow + "]", "port none"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    EXPECT_EQ(socketLinks(row.members), row.links);
+  }
+}
+
 TEST(ThunderboltReport, GivesDefaultsForValuesOfAnotherType) {
   const auto buses = busesOf(R"([{
     "device_name_key": 1, "switch_uid_key": true,

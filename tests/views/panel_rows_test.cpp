@@ -271,6 +271,7 @@ TEST(RowsOfAPort, LookDifferentOnlyWhereTheyShowWhatChanged) {
       {"use", [](PortCard& card) { card.inUse = true; }, header},
       {"dot's tooltip", [](PortCard& card) { card.dotTooltip = "new"; }, header},
       {"title", [](PortCard& card) { card.title = "new"; }, header},
+      {"title's note", [](PortCard& card) { card.titleNote = "new"; }, header},
       {"item count", [](PortCard& card) { card.itemCount = "1 item"; }, header},
       {"item count's tooltip", [](PortCard& card) { card.itemCountTooltip = "new"; }, header},
       {"badges", [](PortCard& card) { card.badges = {{}}; }, header},

@@ -108,6 +108,49 @@ TEST(PortCard, ShowsItsChildrenAsRowsOfDepthZero) {
   EXPECT_TRUE(card.rows[1].isLast);
 }
 
+/// What the title's tooltip says besides, of a port number 2 with these sockets and this link.
+std::optional<std::string> titleNoteOf(const std::vector<std::optional<std::int64_t>>& numbers,
+                                       const std::optional<TrueLink>& link = {}) {
+  ThunderboltBus bus = thunderboltBus(2);
+  for (const std::optional<std::int64_t>& number : numbers) {
+    bus.receptacles.push_back({number, {}});
+  }
+  bus.port.link = link;
+  return portCard(TreeNode(TreeNode::TBPort{bus}), bus, {}).titleNote;
+}
+
+TEST(PortTitle, SaysWhichSocketsThePortIsWhereItsNumberDoesNot) {
+  EXPECT_EQ(titleNoteOf({3, 4}), "Receptacles 3, 4");
+  EXPECT_EQ(titleNoteOf({2, std::nullopt, 1}), "Receptacles 2, 1");
+  EXPECT_EQ(titleNoteOf({3}), "Receptacle 3");
+  EXPECT_EQ(titleNoteOf({2}), std::nullopt);
+  EXPECT_EQ(titleNoteOf({std::nullopt}), std::nullopt);
+  EXPECT_EQ(titleNoteOf({}), std::nullopt);
+}
+
+TEST(PortTitle, SaysWhatTheLinkTrulyCarries) {
+  EXPECT_EQ(titleNoteOf({}, TrueLink{40, 40, 2, 2}), "Link each way: 40 Gb/s, 2 lanes");
+  EXPECT_EQ(titleNoteOf({3, 4}, TrueLink{80, 80}), "Receptacles 3, 4 · Link each way: 80 Gb/s");
+}
+
+TEST(PortTitle, SpeaksTheLanguageOfTheRun) {
+  const struct {
+    AppLanguage::Case language;
+    const char* one;
+    const char* two;
+  } rows[] = {
+      {AppLanguage::de, "Buchse 3", "Buchsen 3, 4"},
+      {AppLanguage::fr, "Prise 3", "Prises 3, 4"},
+      {AppLanguage::it, "Presa 3", "Prese 3, 4"},
+      {AppLanguage::es, "Conector 3", "Conectores 3, 4"},
+  };
+  for (const auto& row : rows) {
+    const LanguageScope scope(row.language);
+    EXPECT_EQ(titleNoteOf({3}), row.one);
+    EXPECT_EQ(titleNoteOf({3, 4}), row.two);
+  }
+}
+
 TEST(CapacityBadge, ShowsTheCurrentLimitAsWatts) {
   const PortCard card = cardOf({}, withLimit(3000));
 

@@ -150,6 +150,19 @@ TEST(ThunderboltRow, MeasuresItsLinkAgainstFortyGigabits) {
   }
 }
 
+TEST(ThunderboltRow, NotesWhatItsLinkTrulyCarries) {
+  const TBDeviceRow row = thunderboltRow({.upstreamSpeed = "Up to 40 Gb/s x1",
+                                          .upstreamWidth = "0x2",
+                                          .link = TrueLink{40, 40, 2, 2}});
+
+  ASSERT_TRUE(row.link.has_value());
+  EXPECT_EQ(row.link->link, (TrueLink{40, 40, 2, 2}));
+  EXPECT_EQ(row.link->text, "Link each way: 40 Gb/s, 2 lanes");
+  EXPECT_EQ(row.speedBar->tooltip, "Negotiated link speed vs the port's maximum. If it's below the "
+                                   "max, the device or cable is the bottleneck.");
+  EXPECT_EQ(thunderboltRow({.upstreamSpeed = "20 Gb/s"}).link, std::nullopt);
+}
+
 TEST(ThunderboltRow, HasNoBarWithoutAKnownSpeed) {
   EXPECT_FALSE(thunderboltRow({.upstreamSpeed = "", .upstreamWidth = "0x2"}).speedBar.has_value());
   EXPECT_FALSE(thunderboltRow({.upstreamSpeed = "0 Gb/s"}).speedBar.has_value());
