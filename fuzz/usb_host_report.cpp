@@ -8,6 +8,7 @@
 #include "reports/report_decoding.h"
 #include "reports/usb_report.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tamberline {
@@ -20,6 +21,12 @@ VolumesByLocation volumesIn(std::string bytes) {
   };
   const auto dump = PropertyList::decode(std::move(bytes));
   return dump ? mountedVolumesIn(*dump, mounts) : VolumesByLocation();
+}
+
+bool areOnPorts(const SharedList<USBDevice>& devices, const ThunderboltPorts& ports) {
+  return std::all_of(devices.begin(), devices.end(), [&](const USBDevice& device) {
+    return device.physicalPort && ports.contains(*device.physicalPort);
+  });
 }
 
 } // namespace
@@ -36,6 +43,8 @@ void tryInput(std::string_view input) {
   require(decodeReport(report.dump()) == report, "what was translated can be decoded");
   for (const USBBus& bus : parseUSB(report, ContainerIDs())) {
     requireSoundDocument(describe(bus));
+    require(!bus.isInternalTBController() || areOnPorts(bus.devices, ports),
+            "what stands on a port stands on one that is there");
   }
 }
 

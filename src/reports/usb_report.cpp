@@ -36,11 +36,6 @@ std::optional<double> gbpsMember(const json& object, std::string_view key) {
                                    : std::nullopt;
 }
 
-/// The port stands in bits 24 to 31 of a location.
-std::int64_t physicalPortOf(std::int64_t locationID) {
-  return static_cast<std::int64_t>((static_cast<std::uint64_t>(locationID) >> 24U) & 0xFFU);
-}
-
 USBDevice parseDevice(const json& item, std::string name, const ContainerIDs& containerIDs) {
   USBDevice device{
       .name = std::move(name),
@@ -100,6 +95,10 @@ std::vector<USBDevice> parseTunneledDrives(const json& items) {
     drives.push_back(std::move(drive));
   }
   return drives;
+}
+
+std::int64_t physicalPortOf(std::int64_t locationID) {
+  return static_cast<std::int64_t>((static_cast<std::uint64_t>(locationID) >> 24U) & 0xFFU);
 }
 
 std::optional<std::int64_t> parseLocationID(std::string_view text) {

@@ -23,6 +23,9 @@ std::vector<USBDevice> parseUSBDevices(const nlohmann::json& items,
 /// Drives behind a Thunderbolt or USB4 device, from a list of our own; only Linux tells of them.
 std::vector<USBDevice> parseTunneledDrives(const nlohmann::json& items);
 
+/// The 0-based port of the computer in a location.
+std::int64_t physicalPortOf(std::int64_t locationID);
+
 /// The location of a text such as "0x01100000 / 1"; absent when it holds none.
 std::optional<std::int64_t> parseLocationID(std::string_view text);
 

@@ -33,6 +33,7 @@ const std::string registryDump =
 
 const std::string usbRun = "/usr/sbin/system_profiler SPUSBDataType -json";
 const std::string usbHostRun = "/usr/sbin/system_profiler SPUSBHostDataType -json";
+const std::string thunderboltRun = "/usr/sbin/system_profiler SPThunderboltDataType -json";
 const std::string registryRun = "/usr/sbin/ioreg -a -r -c IOUSBHostDevice -l";
 
 class MacTools : public testing::Test {
@@ -62,7 +63,8 @@ TEST_F(MacTools, AnswerWithTheNewerSectionWhereTheOlderIsEmpty) {
   EXPECT_EQ(busText(buses), "USB31Bus\n"
                             "  Stick high_speed\n");
   EXPECT_EQ(buses.at(0).devices[0].volumes, (std::vector<USBVolume>{{"Data", "/Volumes/Data"}}));
-  EXPECT_EQ(tools->commandLines(), (std::vector<std::string>{usbRun, usbHostRun, registryRun}));
+  EXPECT_EQ(tools->commandLines(),
+            (std::vector<std::string>{usbRun, usbHostRun, thunderboltRun, registryRun}));
 }
 
 TEST_F(MacTools, AnswerWithoutVolumesWhereTheRegistryTellsNone) {
@@ -80,31 +82,37 @@ TEST_F(MacTools, AnswerWithoutVolumesWhereTheRegistryTellsNone) {
   }
 }
 
-TEST_F(MacTools, AskForThePortsWithThunderboltWhereAControllerNeedsThem) {
+TEST_F(MacTools, AskForThePortsWithThunderboltWhereADeviceNeedsThem) {
   tools->answer("SPUSBDataType.json", emptyReport);
   tools->answer("SPUSBHostDataType.json",
-                R"json({"SPUSBHostDataType": [
-    {"Driver": "AppleT8122USBXHCI", "USBKeyLocationID": "0x00000000"},
-    {"Driver": "AppleT8122USBXHCI", "USBKeyLocationID": "0x01000000"}]})json");
+                R"json({"SPUSBHostDataType": [{"Driver": "AppleT8132USBXHCI", "_items": [
+    {"_name": "Stick", "USBKeyLocationID": "0x00100000"},
+    {"_name": "Disk", "USBKeyLocationID": "0x01100000"}]}]})json");
   const struct {
     const char* thunderbolt;
-    std::vector<bool> areOnPorts;
+    const char* onPorts;
   } rows[] = {
-      {R"({"SPThunderboltDataType": [{"_name": "thunderboltusb4_bus_1"}]})", {false, true}},
-      {R"({"SPThunderboltDataType": []})", {false, false}},
-      {"no report", {false, false}},
-      {"", {false, false}},
+      {R"({"SPThunderboltDataType": [{"_name": "thunderboltusb4_bus_1"}]})", "Disk "},
+      {R"({"SPThunderboltDataType": [{"_name": "bus_0"}, {"_name": "bus_1"}]})", "Stick Disk "},
+      {R"({"SPThunderboltDataType": []})", ""},
+      {"no report", ""},
+      {"", ""},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.thunderbolt);
     tools->answer("SPThunderboltDataType.json", row.thunderbolt);
     const auto report = decodeReport(runUSB().standardOutput);
     ASSERT_TRUE(report);
-    std::vector<bool> areOnPorts;
+    std::string onPorts;
+    std::size_t deviceCount = 0;
     for (const USBBus& bus : parseUSB(*report, {})) {
-      areOnPorts.push_back(bus.isInternalTBController());
+      for (const USBDevice& device : bus.devices) {
+        onPorts += bus.isInternalTBController() ? device.name + " " : "";
+        ++deviceCount;
+      }
     }
-    EXPECT_EQ(areOnPorts, row.areOnPorts);
+    EXPECT_EQ(onPorts, row.onPorts);
+    EXPECT_EQ(deviceCount, 2U);
   }
 }
 

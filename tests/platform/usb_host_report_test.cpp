@@ -2,6 +2,9 @@
 #include "reports/report_decoding.h"
 #include "reports/usb_report.h"
 #include "support/bus_text.h"
+#include "support/sample_records.h"
+#include "tree/port_tree.h"
+#include "tree/search_entries.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -25,8 +28,9 @@ json translated(const std::string& section, VolumesByLocation volumes = {},
 }
 
 /// The buses as the rest of the program sees them.
-std::vector<USBBus> busesOf(const std::string& section, VolumesByLocation volumes = {}) {
-  return parseUSB(translated(section, std::move(volumes)), {});
+std::vector<USBBus> busesOf(const std::string& section, VolumesByLocation volumes = {},
+                            const ThunderboltPorts& ports = {}) {
+  return parseUSB(translated(section, std::move(volumes), ports), {});
 }
 
 /// What becomes of a device with these members, as JSON.
@@ -60,7 +64,7 @@ constexpr const char* laptop = R"json([
 ])json";
 
 TEST(UsbHostReport, GivesTheTreeOfTheOlderReport) {
-  const auto buses = busesOf(laptop);
+  const auto buses = busesOf(laptop, {}, {0, 1, 2});
   EXPECT_EQ(busText(buses), "USB31Bus\n"
                             "  USB 3 Hub super_speed_plus\n"
                             "    Quarry Portable SSD super_speed\n"
@@ -86,46 +90,129 @@ TEST(UsbHostReport, GivesEveryFieldOfADevice) {
   EXPECT_TRUE(disk.volumes.empty());
 }
 
-TEST(UsbHostReport, PutsTheComputersOwnControllersOnTheirPorts) {
+/// The buses with what is taken for a port's marked, of a machine whose ports 1, 2 and 4 have
+/// Thunderbolt.
+std::string placesText(const std::string& section) {
+  std::string text;
+  for (const USBBus& bus : parseUSB(translated(section, {}, {0, 1, 3}), {})) {
+    text += bus.isInternalTBController() ? "ports' own" : "bus " + bus.displayName();
+    text += " [" + bus.hostController + "]";
+    for (const USBDevice& device : bus.devices) {
+      text += " " + device.name;
+    }
+    text += "\n";
+  }
+  return text;
+}
+
+TEST(UsbHostReport, KeepsEveryDeviceOfASmallDesktop) {
+  EXPECT_EQ(placesText(R"json([
+    {"_name": "USB 3.1 Bus", "Driver": "AppleT8132USBXHCI", "USBKeyLocationID": "0x00000000",
+     "_items": [{"_name": "Disk", "USBKeyLocationID": "0x00100000"}]},
+    {"_name": "USB 3.1 Bus", "Driver": "AppleT8132USBXHCI", "USBKeyLocationID": "0x01000000"},
+    {"_name": "USB 3.1 Bus", "Driver": "AppleT8132USBXHCI", "USBKeyLocationID": "0x02000000",
+     "_items": [
+       {"_name": "Front 2", "USBKeyLocationID": "0x02100000",
+        "_items": [{"_name": "Keys", "USBKeyLocationID": "0x02110000"}]},
+       {"_name": "Front 3", "USBKeyLocationID": "0x02200000"}]},
+    {"_name": "USB 3.1 Bus", "Driver": "AppleT8132USBXHCI", "USBKeyLocationID": "0x03000000",
+     "_items": [{"_name": "Stick", "USBKeyLocationID": "0x03100000"}]}])json"),
+            "ports' own [AppleT8132USBXHCI] Disk\n"
+            "ports' own [AppleT8132USBXHCI]\n"
+            "bus USB 3.1 Bus [AppleT8132USB-XHCI] Front 2 Front 3\n"
+            "ports' own [AppleT8132USBXHCI] Stick\n");
+}
+
+TEST(UsbHostReport, GivesEveryDeviceAPlaceInTheTree) {
+  const PortTreeInputs inputs{
+      .thunderboltBuses = {thunderboltBus(0), thunderboltBus(1), thunderboltBus(3)},
+      .usbBuses = busesOf(R"json([
+        {"Driver": "AppleT8132USBXHCI", "_items": [
+          {"_name": "Disk", "USBKeyLocationID": "0x01100000"}, {"_name": "Nowhere"}]},
+        {"Driver": "AppleT8142USBXHCI", "_items": [
+          {"_name": "Front", "USBKeyLocationID": "0x02100000", "_items": [{"_name": "Keys"}]}]},
+        {"Driver": "AppleT8103USBXHCIFL1100", "_items": [
+          {"_name": "Drawer", "USBKeyLocationID": "0x00100000"}]}])json",
+                          {}, {0, 1, 3})};
+  std::string places;
+  for (const SearchEntry& entry : flattenSearchable(buildPortTree(inputs))) {
+    places += entry.breadcrumb + ": " + entry.name + "\n";
+  }
+  EXPECT_EQ(places, "Thunderbolt Port 2: Disk\n"
+                    "USB Bus: Nowhere\n"
+                    "USB Bus: Front\n"
+                    "USB Bus › Front: Keys\n"
+                    "USB Bus: Drawer\n");
+}
+
+TEST(UsbHostReport, PutsTheDevicesOfTheComputersOwnControllersOnTheirPorts) {
   const struct {
     const char* driver;
     const char* location;
-    bool isOnPort;
+    const char* place;
   } rows[] = {
-      {"AppleT8122USBXHCI", "0x01000000", true},
-      {"AppleT8122USBXHCI", "0x00000000", true},
-      {"AppleT6041USBXHCI", "0x01000000 / 1", true},
-      {"AppleT8122USBXHCI", "0x02000000", false}, // a port without Thunderbolt
-      {"AppleT8122USBXHCI", "somewhere", false},
-      {"AppleT8122USBXHCI", "-1", false},
-      {"AppleT8122USBXHCI", "0x7fffffffffffffff", false},
-      {"AppleUSBXHCIPCI", "0x01000000", false},
-      {"AppleASMedia3142USBXHCI", "0x01000000", false},
-      {"AppleTUSBXHCI", "0x01000000", false},
-      {"AppleTrueUSBXHCI", "0x01000000", false},
-      {"T8122USBXHCI", "0x01000000", false},
-      {"", "0x01000000", false},
+      {"AppleT8132USBXHCI", "0x01100000", "ports' own [AppleT8132USBXHCI] x\n"},
+      {"AppleT8122USBXHCI", "0x01100000",
+       "ports' own [AppleT8122USBXHCI, like AppleT8132USBXHCI] x\n"},
+      {"AppleT8142USBXHCI", "0x00100000",
+       "ports' own [AppleT8142USBXHCI, like AppleT8132USBXHCI] x\n"},
+      {"AppleT6041USBXHCI", "0x01100000 / 1",
+       "ports' own [AppleT6041USBXHCI, like AppleT8132USBXHCI] x\n"},
+      {"AppleT8122USBXHCI", "0x02100000", "bus USB Bus [AppleT8122USBXHCI] x\n"},
+      {"AppleT8132USBXHCI", "0x02100000", "bus USB Bus [AppleT8132USB-XHCI] x\n"},
+      {"AppleT8132USBXHCI", "somewhere", "bus USB Bus [AppleT8132USB-XHCI] x\n"},
+      {"AppleT8132USBXHCI", "Not Provided", "bus USB Bus [AppleT8132USB-XHCI] x\n"},
+      {"AppleT8122USBXHCI", "-1", "bus USB Bus [AppleT8122USBXHCI] x\n"},
+      {"AppleT8103USBXHCIFL1100", "0x01100000", "bus USB Bus [AppleT8103USB-XHCIFL1100] x\n"},
+      {"AppleEmbeddedUSBXHCIFL1100", "0x01100000", "bus USB Bus [AppleEmbeddedUSBXHCIFL1100] x\n"},
+      {"AppleUSBXHCIPCI", "0x01100000", "bus USB Bus [AppleUSBXHCIPCI] x\n"},
+      {"AppleASMedia3142USBXHCI", "0x01100000", "bus USB Bus [AppleASMedia3142USBXHCI] x\n"},
+      {"AppleTUSBXHCI", "0x01100000", "bus USB Bus [AppleTUSBXHCI] x\n"},
+      {"AppleTrueUSBXHCI", "0x01100000", "bus USB Bus [AppleTrueUSBXHCI] x\n"},
+      {"T8112USBXHCI", "0x01100000", "bus USB Bus [T8112USB-XHCI] x\n"},
+      {"", "0x01100000", "bus USB Bus [] x\n"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.driver) + " at " + row.location);
-    const json entry = {{"Driver", row.driver}, {"USBKeyLocationID", row.location}};
-    const auto buses = parseUSB(translated(json::array({entry}).dump(), {}, {0, 1}), {});
-    EXPECT_EQ(buses.at(0).isInternalTBController(), row.isOnPort);
-    EXPECT_EQ(buses[0].hostController,
-              row.isOnPort ? std::string(row.driver) + ", like AppleT8132USBXHCI" : row.driver);
+    const json item = {{"_name", "x"}, {"USBKeyLocationID", row.location}};
+    const json entry = {{"Driver", row.driver}, {"_items", json::array({item})}};
+    EXPECT_EQ(placesText(json::array({entry}).dump()), row.place);
   }
 }
 
-TEST(UsbHostReport, AsksForThePortsOnlyWhereAControllerNeedsThem) {
+TEST(UsbHostReport, SplitsABusWhoseDevicesAreNotAllOnPorts) {
+  EXPECT_EQ(placesText(R"([{"_name": "USB 3.1 Bus", "Driver": "AppleT8122USBXHCI", "_items": [
+              {"_name": "a", "USBKeyLocationID": "0x01100000"},
+              {"_name": "b"},
+              {"_name": "c", "USBKeyLocationID": "0x03200000"}]}])"),
+            "ports' own [AppleT8122USBXHCI, like AppleT8132USBXHCI] a c\n"
+            "bus USB 3.1 Bus [AppleT8122USBXHCI] b\n");
+}
+
+TEST(UsbHostReport, MakesNoCardOfTheComputersOwnBusesWithoutDevices) {
+  EXPECT_EQ(placesText(R"([{"Driver": "AppleT8122USBXHCI", "USBKeyLocationID": "0x02000000"},
+                           {"Driver": "AppleT8132USBXHCI", "USBKeyLocationID": "0x01000000"},
+                           {"Driver": "AppleUSBXHCIPCI"}, {}])"),
+            "ports' own [AppleT8122USBXHCI, like AppleT8132USBXHCI]\n"
+            "ports' own [AppleT8132USBXHCI]\n"
+            "bus USB Bus [AppleUSBXHCIPCI]\n"
+            "bus USB Bus []\n");
+}
+
+TEST(UsbHostReport, AsksForThePortsOnlyWhereADeviceNeedsThem) {
   const struct {
     const char* section;
     bool isInNeed;
   } rows[] = {
-      {R"([{"Driver": "AppleUSBXHCIPCI"}, {"Driver": "AppleT8122USBXHCI"}])", true},
-      {R"([{"Driver": "AppleT8132USBXHCI"}, {"Driver": "AppleUSBXHCIPCI"}, {}])", false},
-      {R"([{"Driver": 8122}])", false},
+      {R"([{"Driver": "AppleUSBXHCIPCI"}, {"Driver": "AppleT8122USBXHCI", "_items": [{}]}])", true},
+      {R"([{"Driver": "AppleT8132USBXHCI", "_items": [{}]}])", true},
+      {R"([{"Driver": "AppleT8132USBXHCI"}, {"Driver": "AppleT8122USBXHCI", "_items": []}])",
+       false},
+      {R"([{"Driver": "AppleUSBXHCIPCI", "_items": [{}]}])", false},
+      {R"([{"Driver": "AppleT8103USBXHCIFL1100", "_items": [{}]}])", false},
+      {R"([{"Driver": 8122, "_items": [{}]}])", false},
       {R"([])", false},
-      {R"({"Driver": "AppleT8122USBXHCI"})", false},
+      {R"({"Driver": "AppleT8122USBXHCI", "_items": [{}]})", false},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.section);
@@ -181,6 +268,9 @@ TEST(UsbHostReport, GivesBusesTheNamesByWhichTheirSpeedIsKnown) {
       {"USB 3.2 Bus", "USB31Bus", 10.0},
       {"USB 4.0 Bus", "USB31Bus", 10.0},
       {"USB 4 Bus", "USB31Bus", 10.0},
+      {"USB 2 Bus", "USB20Bus", 0.48},
+      {"USB 3 Bus", "USB30Bus", 5.0},
+      {"USB 20 Bus", "USB 20 Bus", 5.0},
       {"USB31Bus", "USB31Bus", 10.0},
       {"USB 1.1 Bus", "USB 1.1 Bus", 5.0},
       {"Bus", "Bus", 5.0},
@@ -321,7 +411,8 @@ TEST(UsbHostReport, HandsOnNamesWithWhateverIsInThem) {
   const std::string name("<b>\x1b[31m\0\u202e", 12);
   EXPECT_EQ(deviceOf({{"_name", " \n" + name + " "}}).name, name);
   EXPECT_EQ(deviceOf({{"_name", "  "}}).name, "");
-  EXPECT_EQ(deviceOf({{"USBDeviceKeyVendorName", name}}).manufacturer, name);
+  EXPECT_EQ(deviceOf({{"USBDeviceKeyVendorName", " " + name + "  "}}).manufacturer, name);
+  EXPECT_EQ(deviceOf({{"USBDeviceKeySerialNumber", " 1 "}}).serialNumber, " 1 ");
 }
 
 /// A report whose devices hang on each other, each with a location.

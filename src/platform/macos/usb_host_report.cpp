@@ -147,9 +147,11 @@ void copyText(const json& from, std::string_view key, json& to, const char* olde
 /// The older section's name of the same bus, by which its speed is known. That section called every
 /// controller beyond USB 3.0 a USB 3.1 one, those of USB4 ports too.
 std::string olderBusName(const std::string& name) {
-  static constexpr std::array<std::pair<std::string_view, const char*>, 4> names = {{
+  static constexpr std::array<std::pair<std::string_view, const char*>, 6> names = {{
       {"USB 2.", "USB20Bus"},
+      {"USB 2 ", "USB20Bus"},
       {"USB 3.0", "USB30Bus"},
+      {"USB 3 ", "USB30Bus"},
       {"USB 3.", "USB31Bus"},
       {"USB 4", "USB31Bus"},
   }};
@@ -158,23 +160,31 @@ std::string olderBusName(const std::string& name) {
   return found == names.end() ? name : found->second;
 }
 
-/// Whether the driver is of a computer's own USB-C ports, such as "AppleT8122USBXHCI", and USBBus
-/// does not know it.
-bool isUnknownOwn(const std::string& driver) {
+/// Whether the driver is of a computer's own ports, such as "AppleT8122USBXHCI". That of another
+/// maker's controller, which some computers have for their larger ports, has more behind that:
+/// "AppleT8103USBXHCIFL1100".
+bool isOwn(std::string_view driver) {
   constexpr std::string_view start = "AppleT";
   constexpr std::string_view end = "USBXHCI";
-  if (!driver.starts_with(start) || !driver.ends_with(end) ||
-      USBBus{.hostController = driver}.isInternalTBController()) {
+  if (!driver.starts_with(start) || !driver.ends_with(end)) {
     return false;
   }
   const std::size_t length = driver.size() - start.size() - end.size();
-  return parseDecimal(std::string_view(driver).substr(start.size(), length)).has_value();
+  return parseDecimal(driver.substr(start.size(), length)).has_value();
 }
 
-/// The port that a controller serves stands in the upper byte of its location.
-std::optional<std::int64_t> portOf(const json& entry) {
-  const auto locationID = parseLocationID(textMember(entry, "USBKeyLocationID", ""));
-  return locationID && *locationID >= 0 ? std::optional(*locationID / 0x1000000) : std::nullopt;
+bool isKnownToUSBBus(const std::string& driver) {
+  return USBBus{.hostController = driver}.isInternalTBController();
+}
+
+/// By which USBBus takes a bus for one whose devices stand on the computer's Thunderbolt ports.
+std::string asOfAPort(const std::string& driver) {
+  return isKnownToUSBBus(driver) ? driver : driver + ", like AppleT8132USBXHCI";
+}
+
+/// By which USBBus takes a bus for any other, which gets a card of its own.
+std::string asOfNoPort(const std::string& driver) {
+  return isKnownToUSBBus(driver) ? replacedAll(driver, "USBXHCI", "USB-XHCI") : driver;
 }
 
 class Translation {
@@ -182,16 +192,22 @@ public:
   Translation(VolumesByLocation volumes, const ThunderboltPorts& ports)
       : volumes_(std::move(volumes)), ports_(ports) {}
 
-  json bus(const json& entry) {
+  /// One bus, or two where only some of its devices are on ports with Thunderbolt.
+  void appendBuses(const json& entry, json& buses) {
     json older = json::object();
     if (const std::optional<std::string> name = textMember(entry, "_name")) {
       older["_name"] = olderBusName(*name);
     }
-    if (const std::optional<std::string> driver = providedText(entry, "Driver")) {
-      older["host_controller"] = hostController(*driver, entry);
+    const std::string driver = providedText(entry, "Driver").value_or("");
+    Devices devices = devicesOf(entry, isOwn(driver));
+    // Without devices there is nothing to show of the computer's own controllers.
+    const bool isOfAPort = !devices.onPorts.empty() || (isOwn(driver) && devices.others.empty());
+    if (isOfAPort) {
+      buses.push_back(withDevices(older, asOfAPort(driver), std::move(devices.onPorts)));
     }
-    addDevices(entry, 1, older);
-    return older;
+    if (!isOfAPort || !devices.others.empty()) {
+      buses.push_back(withDevices(older, asOfNoPort(driver), std::move(devices.others)));
+    }
   }
 
 private:
@@ -199,10 +215,34 @@ private:
   /// device four.
   static constexpr int deepestTier = (deepestReportNesting - 3 - 4) / 2;
 
-  std::string hostController(const std::string& driver, const json& entry) const {
-    const std::optional<std::int64_t> port = portOf(entry);
-    const bool isOnKnownPort = port && ports_.contains(*port);
-    return isOnKnownPort && isUnknownOwn(driver) ? driver + ", like AppleT8132USBXHCI" : driver;
+  struct Devices {
+    json onPorts = json::array();
+    json others = json::array();
+  };
+
+  static json withDevices(json bus, const std::string& driver, json devices) {
+    if (!driver.empty()) {
+      bus["host_controller"] = driver;
+    }
+    if (!devices.empty()) {
+      bus["_items"] = std::move(devices);
+    }
+    return bus;
+  }
+
+  bool isOnPort(const json& device) const {
+    const auto locationID = parseLocationID(textMember(device, "location_id", ""));
+    return locationID && ports_.contains(physicalPortOf(*locationID));
+  }
+
+  Devices devicesOf(const json& entry, bool isOwnController) {
+    Devices devices;
+    for (const json& item : objectsMember(entry, "_items")) {
+      json translated = device(item, 1);
+      const bool isOfAPort = isOwnController && isOnPort(translated);
+      (isOfAPort ? devices.onPorts : devices.others).push_back(std::move(translated));
+    }
+    return devices;
   }
 
   void addDevices(const json& entry, int tier, json& older) {
@@ -222,9 +262,11 @@ private:
     if (const std::optional<std::string> name = textMember(item, "_name")) {
       older["_name"] = trimmed(*name); // the report puts a blank before some
     }
+    if (const std::optional<std::string> vendor = providedText(item, "USBDeviceKeyVendorName")) {
+      older["manufacturer"] = trimmed(*vendor);
+    }
     copyText(item, "USBDeviceKeyVendorID", older, "vendor_id");
     copyText(item, "USBDeviceKeyProductID", older, "product_id");
-    copyText(item, "USBDeviceKeyVendorName", older, "manufacturer");
     copyText(item, "USBDeviceKeySerialNumber", older, "serial_num");
     copyText(item, "USBKeyLocationID", older, "location_id");
     if (const auto linkSpeed = providedText(item, "USBDeviceKeyLinkSpeed")) {
@@ -270,7 +312,7 @@ json usbReportFrom(const json& hostReport, VolumesByLocation volumes,
   Translation translation(std::move(volumes), ports);
   json buses = json::array();
   for (const json& entry : objectsMember(hostReport, "SPUSBHostDataType")) {
-    buses.push_back(translation.bus(entry));
+    translation.appendBuses(entry, buses);
   }
   return {{"SPUSBDataType", std::move(buses)}};
 }
@@ -278,7 +320,7 @@ json usbReportFrom(const json& hostReport, VolumesByLocation volumes,
 bool needsThunderboltPorts(const json& hostReport) {
   const json& entries = objectsMember(hostReport, "SPUSBHostDataType");
   return std::any_of(entries.begin(), entries.end(), [](const json& entry) {
-    return isUnknownOwn(textMember(entry, "Driver", ""));
+    return isOwn(textMember(entry, "Driver", "")) && !objectsMember(entry, "_items").empty();
   });
 }
 

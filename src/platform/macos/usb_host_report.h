@@ -16,9 +16,12 @@ using ThunderboltPorts = std::set<std::int64_t>;
 /// release 26, in the shape of the section that it left empty: what parseUSB reads. `volumes` go to
 /// the first device at their location.
 ///
-/// USBBus knows the computers' own controllers by their names, and not all of them. Here one that
-/// it does not know gets such a name behind its own, if the port that it serves is one of `ports`,
-/// so that its devices stand on that port; on another they would stand nowhere.
+/// No device is lost. The port tree looks for the devices of the computers' own controllers on the
+/// ports with Thunderbolt alone, and knows these controllers by their names, though not all of
+/// them. So a device of a computer's own controller whose location is on one of `ports` gets a bus
+/// with a name that is known, and every other one a bus whose name is not, which has a card: the
+/// hub built into the front of a desktop, what is on its larger ports. The computers' own buses
+/// without devices have none.
 ///
 /// Absent in the result is what the newer section does not say: the current that a port offers, and
 /// what has another type than expected. Names are handed on with whatever is in them. Devices
@@ -26,7 +29,7 @@ using ThunderboltPorts = std::set<std::int64_t>;
 nlohmann::json usbReportFrom(const nlohmann::json& hostReport, VolumesByLocation volumes,
                              const ThunderboltPorts& ports);
 
-/// Whether it takes the ports to place a controller of the report.
+/// Whether it takes the ports to place a device of the report.
 bool needsThunderboltPorts(const nlohmann::json& hostReport);
 
 } // namespace tamberline
