@@ -162,4 +162,8 @@ std::string hintPortCapacity(std::int64_t milliamperes) {
       {" mA at 5 V", " mA bei 5 V", " mA à 5 V", " mA a 5 V", " mA a 5 V"});
 }
 
+std::string percent(std::int64_t number) {
+  return withSuffix(std::to_string(number), {"%", " %", " %", "%", " %"});
+}
+
 } // namespace tamberline::Loc

@@ -32,6 +32,7 @@ std::string receptacle(std::string_view number);
 std::string receptacles(std::string_view numbers);
 std::string hdmiPort(std::string_view number);
 std::string hintPortCapacity(std::int64_t milliamperes);
+std::string percent(std::int64_t number);
 
 /// The names of all texts without an argument, for checks that no language was forgotten.
 struct FixedText {

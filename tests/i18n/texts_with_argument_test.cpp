@@ -122,5 +122,9 @@ TEST(TextsWithArgument, TextsGoInUnchanged) {
   EXPECT_EQ(Loc::hdmiPort(" "), "HDMI Port  ");
 }
 
+TEST(TextsWithArgument, Percent) {
+  expectInEveryLanguage([] { return Loc::percent(40); }, {"40%", "40 %", "40 %", "40%", "40 %"});
+}
+
 } // namespace
 } // namespace tamberline

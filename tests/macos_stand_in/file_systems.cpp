@@ -25,6 +25,7 @@ void describe(const MacFileSystems::Mounted& mounted, struct statfs& entry) {
   entry.f_bsize = mounted.blockSize;
   entry.f_blocks = mounted.allBlocks;
   entry.f_bavail = mounted.availableBlocks;
+  entry.f_fsid.val[0] = mounted.number;
   copyText(mounted.mountPoint, entry.f_mntonname);
   copyText(mounted.device, entry.f_mntfromname);
 }
@@ -50,14 +51,15 @@ MacFileSystems& freshMacFileSystems() {
 
 } // namespace tamberline
 
-int statfs(const char* path, struct statfs* buffer) {
+int fstatfs(int descriptor, struct statfs* buffer) {
+  const auto folder = fileSystems.openFolders.find(descriptor);
   for (const MacFileSystems::Mounted& mounted : fileSystems.mounted) {
-    if (mounted.mountPoint == path) {
+    if (folder != fileSystems.openFolders.end() && mounted.mountPoint == folder->second) {
       describe(mounted, *buffer);
       return 0;
     }
   }
-  errno = ENOENT;
+  errno = EBADF;
   return -1;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -14,9 +15,12 @@ struct MacFileSystems {
     std::uint32_t blockSize = 4096;
     std::uint64_t availableBlocks = 0;
     std::uint64_t allBlocks = std::uint64_t{1} << 41U;
+    std::int32_t number = 0;
   };
 
   std::vector<Mounted> mounted;
+  /// What lies on which of these file systems, by descriptor and mount point.
+  std::map<int, std::string> openFolders;
   /// Mounted between the first look at the table and the second.
   std::vector<Mounted> mountedMeanwhile;
   /// Later looks at the table fail.

@@ -20,15 +20,39 @@ const std::string fullSync = "51";
 
 TEST(MacVolumeIo, TellsWhatMayStillBeWritten) {
   constexpr std::uint64_t manyBlocks = std::uint64_t{1} << 40U;
-  freshMacFileSystems().mounted = {{"/dev/disk4s1", "/Volumes/Data", 4096, 25},
-                                   {"/dev/disk5s1", "/Volumes/Vast", 1U << 20U, manyBlocks},
-                                   {"/dev/disk6s1", "/Volumes/Full", 512, 0},
-                                   {"server", "/Volumes/Sizeless", 512, 0, 0}};
-  EXPECT_EQ(availableBytes("/Volumes/Data"), 102'400U);
-  EXPECT_EQ(availableBytes("/Volumes/Vast"), manyBlocks << 20U);
-  EXPECT_EQ(availableBytes("/Volumes/Full"), 0U);
-  EXPECT_EQ(availableBytes("/Volumes/Sizeless"), std::nullopt);
-  EXPECT_EQ(availableBytes("/Volumes/Other"), std::nullopt);
+  MacFileSystems& fileSystems = freshMacFileSystems();
+  fileSystems.mounted = {{"/dev/disk4s1", "/Volumes/Data", 4096, 25},
+                         {"/dev/disk5s1", "/Volumes/Vast", 1U << 20U, manyBlocks},
+                         {"/dev/disk6s1", "/Volumes/Full", 512, 0},
+                         {"server", "/Volumes/Sizeless", 512, 0, 0}};
+  fileSystems.openFolders = {
+      {3, "/Volumes/Data"}, {4, "/Volumes/Vast"}, {5, "/Volumes/Full"}, {6, "/Volumes/Sizeless"}};
+  EXPECT_EQ(availableBytes(3), 102'400U);
+  EXPECT_EQ(availableBytes(4), manyBlocks << 20U);
+  EXPECT_EQ(availableBytes(5), 0U);
+  EXPECT_EQ(availableBytes(6), std::nullopt);
+  EXPECT_EQ(availableBytes(7), std::nullopt);
+}
+
+TEST(MacVolumeIo, TellsAVolumeFromAnotherOneInItsPlace) {
+  MacFileSystems& fileSystems = freshMacFileSystems();
+  fileSystems.mounted = {{.device = "/dev/disk4s1", .mountPoint = "/Volumes/Data", .number = 16}};
+  fileSystems.openFolders = {{3, "/Volumes/Data"}};
+  const VolumeIdentity first = identityOf(3, "/Volumes/Data");
+  EXPECT_TRUE(identityOf(3, "/Volumes/Data").isSameVolumeAs(first));
+  fileSystems.mounted[0].number = 17;
+  EXPECT_FALSE(identityOf(3, "/Volumes/Data").isSameVolumeAs(first));
+  fileSystems.mounted[0].number = 16;
+  fileSystems.mounted[0].device = "/dev/disk5s1";
+  EXPECT_FALSE(identityOf(3, "/Volumes/Data").isSameVolumeAs(first));
+}
+
+TEST(MacVolumeIo, TakesAFolderThatOnlyLiesOnAVolumeForNone) {
+  MacFileSystems& fileSystems = freshMacFileSystems();
+  fileSystems.mounted = {{.device = "/dev/disk3s1", .mountPoint = "/"}};
+  fileSystems.openFolders = {{3, "/"}};
+  EXPECT_EQ(identityOf(3, "/Volumes/Data").text, "");
+  EXPECT_EQ(identityOf(4, "/Volumes/Data").text, "");
 }
 
 TEST(MacVolumeIo, TurnsTheCacheOffAndOn) {
@@ -58,6 +82,7 @@ TEST(MacVolumeIo, FlushesToTheMediumAndTheOrdinaryWayWhereThatIsRefused) {
 TEST(MacVolumeIo, HasNothingToForgetBeforeReading) {
   const MacFileSystems& fileSystems = freshMacFileSystems();
   dropCachedPages(7);
+  EXPECT_FALSE(isServedByProgram(7));
   EXPECT_EQ(fileSystems.requests, Requests());
 }
 

@@ -13,22 +13,42 @@
 #include <fstream>
 #include <linux/fs.h>
 #include <linux/loop.h>
+#include <map>
 #include <poll.h>
 #include <sched.h>
 #include <sys/ioctl.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/vfs.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
+#include <vector>
 
 namespace tamberline {
 namespace {
 
 constexpr std::uint64_t mediumSize = 512U << 20U;
 constexpr unsigned long mountFlags = MS_NOSUID | MS_NODEV;
-constexpr auto driverProgram = "/usr/sbin/mount.exfat-fuse";
+
+/// A driver that runs as a program, in the foreground.
+struct Driver {
+  const char* program;
+  const char* foreground; // the option that keeps it there
+  const char* maker;      // of the file system
+  std::vector<std::string> makerOptions;
+};
+
+/// Null where the kernel itself is the driver.
+const Driver* driverOf(const std::string& fileSystem) {
+  static const std::map<std::string, Driver> drivers = {
+      {"exfat-fuse", {"/usr/sbin/mount.exfat-fuse", "-d", "mkfs.exfat", {}}},
+      {"ntfs-3g", {"/usr/bin/ntfs-3g", "-ono_detach", "mkfs.ntfs", {"-Q", "-F"}}},
+  };
+  const auto found = drivers.find(fileSystem);
+  return found == drivers.end() ? nullptr : &found->second;
+}
 
 std::string errorText(const std::string& what) {
   return what + ": " + std::system_category().message(errno);
@@ -69,8 +89,14 @@ void enterPrivateMounts() {
   }
 }
 
-std::string makerOf(const std::string& fileSystem) {
-  return "mkfs." + (fileSystem == "exfat-fuse" ? "exfat" : fileSystem);
+/// The program that makes the file system, and its options.
+std::vector<std::string> makerOf(const std::string& fileSystem) {
+  const Driver* driver = driverOf(fileSystem);
+  std::vector<std::string> command = {driver == nullptr ? "mkfs." + fileSystem : driver->maker};
+  if (driver != nullptr) {
+    command.insert(command.end(), driver->makerOptions.begin(), driver->makerOptions.end());
+  }
+  return command;
 }
 
 /// Another process may take the device in between; the caller tries again then.
@@ -105,21 +131,24 @@ int openProcess(pid_t process) {
 }
 
 /// Becomes the driver, which says nothing.
-[[noreturn]] void becomeDriver(const char* device, const char* mountPoint) {
+[[noreturn]] void becomeDriver(const Driver& driver, const char* options, const char* device,
+                               const char* mountPoint) {
   const int nothing = open("/dev/null", O_RDWR);
   dup2(nothing, STDOUT_FILENO);
   dup2(nothing, STDERR_FILENO);
-  execl(driverProgram, driverProgram, "-d", device, mountPoint, nullptr);
+  execl(driver.program, driver.program, driver.foreground, "-o", options, device, mountPoint,
+        nullptr);
   _exit(EXIT_FAILURE);
 }
 
 /// Becomes the keeper of a driver, which ends with it. When the test's process ends first, the
 /// keeper unmounts: a driver that is killed while nobody else has its volume never ends.
-[[noreturn]] void becomeKeeper(int testProcess, const char* device, const char* mountPoint) {
+[[noreturn]] void becomeKeeper(int testProcess, const Driver& program, const char* options,
+                               const char* device, const char* mountPoint) {
   setsid(); // out of reach of the keyboard
   const pid_t driver = fork();
   if (driver == 0) {
-    becomeDriver(device, mountPoint);
+    becomeDriver(program, options, device, mountPoint);
   }
   std::array<pollfd, 2> ends = {pollfd{testProcess, POLLIN, 0},
                                 pollfd{openProcess(driver), POLLIN, 0}};
@@ -170,6 +199,7 @@ MountedVolume::Folder::Folder() {
   std::string pattern = testing::TempDir() + "/tamberline völume XXXXXX";
   require(mkdtemp(pattern.data()) != nullptr, pattern);
   path = std::filesystem::canonical(pattern);
+  require(chmod(path.c_str(), 0755) == 0, pattern); // tests are ordinary persons, too
 }
 
 MountedVolume::Folder::~Folder() {
@@ -181,16 +211,31 @@ MountedVolume::Folder::~Folder() {
 }
 
 MountedVolume::MountedVolume(const VolumeSetting& setting)
-    : mediumFolder_(folder_.path / "medium"), medium_(mediumFolder_ / "image"),
+    : setting_(setting), mediumFolder_(folder_.path / "medium"), medium_(mediumFolder_ / "image"),
       mountPoint_(folder_.path / setting.name) {
   enterPrivateMounts();
   std::filesystem::create_directory(mountPoint_);
-  if (setting.fileSystem == "tmpfs" || setting.fileSystem == "ramfs") {
-    mountInMemory(setting.fileSystem, mountPoint_, setting.mountOptions);
+  std::filesystem::create_directory(mediumFolder_);
+  mountVolume();
+}
+
+void MountedVolume::mountVolume() {
+  if (setting_.fileSystem == "tmpfs" || setting_.fileSystem == "ramfs") {
+    mountInMemory(setting_.fileSystem, mountPoint_, setting_.mountOptions);
     return;
   }
-  makeMedium(setting);
-  mountMedium(setting);
+  makeMedium();
+  mountMedium();
+}
+
+void MountedVolume::replace() {
+  require(umount2(mountPoint_.c_str(), 0) == 0, "unmount");
+  std::filesystem::remove(medium_);
+  mountVolume();
+}
+
+void MountedVolume::mountOver() const {
+  mountInMemory("tmpfs", mountPoint_, "");
 }
 
 MountedVolume::~MountedVolume() {
@@ -208,43 +253,47 @@ void MountedVolume::mountInMemory(const std::string& fileSystem, const std::file
   }
 }
 
-void MountedVolume::makeMedium(const VolumeSetting& setting) const {
-  std::filesystem::create_directory(mediumFolder_);
-  if (setting.mediumBytes) {
-    mountInMemory("tmpfs", mediumFolder_, "size=" + std::to_string(*setting.mediumBytes));
+void MountedVolume::makeMedium() const {
+  if (setting_.mediumBytes) {
+    mountInMemory("tmpfs", mediumFolder_, "size=" + std::to_string(*setting_.mediumBytes));
   }
   saveText(medium_, "");
   std::filesystem::resize_file(medium_, mediumSize);
-  const ToolOutput output = ChildProcessRunner().runWithErrors(
-      "/usr/bin/env", {"PATH=/usr/sbin:/usr/bin:/sbin:/bin", makerOf(setting.fileSystem), medium_});
+  std::vector<std::string> command = makerOf(setting_.fileSystem);
+  command.insert(command.begin(), "PATH=/usr/sbin:/usr/bin:/sbin:/bin");
+  command.push_back(medium_);
+  const ToolOutput output = ChildProcessRunner().runWithErrors("/usr/bin/env", command);
   if (output.exitStatus != 0) {
     throw VolumeUnavailable(output.standardOutput);
   }
 }
 
-void MountedVolume::mountMedium(const VolumeSetting& setting) {
-  std::string device;
-  const Descriptor deviceUntilMounted = attach(medium_, device);
-  if (setting.fileSystem == "exfat-fuse") {
-    startDriver(device);
-  } else if (mount(device.c_str(), mountPoint_.c_str(), setting.fileSystem.c_str(), mountFlags,
-                   setting.mountOptions.c_str()) != 0) {
-    throw VolumeUnavailable(errorText(setting.fileSystem + " cannot be mounted"));
+void MountedVolume::mountMedium() {
+  const Descriptor deviceUntilMounted = attach(medium_, device_);
+  if (driverOf(setting_.fileSystem) != nullptr) {
+    startDriver();
+  } else if (mount(device_.c_str(), mountPoint_.c_str(), setting_.fileSystem.c_str(), mountFlags,
+                   setting_.mountOptions.c_str()) != 0) {
+    throw VolumeUnavailable(errorText(setting_.fileSystem + " cannot be mounted"));
   }
 }
 
-void MountedVolume::startDriver(const std::string& device) {
-  if (access(driverProgram, X_OK) != 0) {
-    throw VolumeUnavailable(errorText(driverProgram));
+void MountedVolume::startDriver() {
+  const Driver& driver = *driverOf(setting_.fileSystem);
+  if (access(driver.program, X_OK) != 0) {
+    throw VolumeUnavailable(errorText(driver.program));
   }
   const Descriptor mounts(open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC));
   const Descriptor thisProcess(openProcess(getpid()));
+  const std::string options =
+      setting_.mountOptions.empty() ? "nosuid,nodev" : "nosuid,nodev," + setting_.mountOptions;
   keeper_ = fork();
   if (keeper_ == 0) {
-    becomeKeeper(thisProcess.number(), device.c_str(), mountPoint_.c_str());
+    becomeKeeper(thisProcess.number(), driver, options.c_str(), device_.c_str(),
+                 mountPoint_.c_str());
   }
   if (!awaitDriver(keeper_, mounts, mountPoint_)) {
-    throw VolumeUnavailable("exfat-fuse cannot mount here");
+    throw VolumeUnavailable(setting_.fileSystem + " cannot mount here");
   }
 }
 

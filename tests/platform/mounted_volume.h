@@ -16,7 +16,7 @@ public:
 };
 
 struct VolumeSetting {
-  /// As the kernel names it; "exfat-fuse" is the driver that runs as a program.
+  /// As the kernel names it; "exfat-fuse" and "ntfs-3g" are drivers that run as programs.
   std::string fileSystem = "tmpfs";
   std::string mountOptions = {};
   /// The last component of the mount point.
@@ -37,7 +37,16 @@ public:
 
   std::string mountPoint() const { return mountPoint_.string(); }
 
+  /// "/dev/loop0"; empty for what is in memory.
+  const std::string& device() const { return device_; }
+
   void makeReadOnly() const;
+
+  /// Somebody unmounts the volume and mounts another one of its kind in its place.
+  void replace();
+
+  /// Somebody mounts something else over the volume.
+  void mountOver() const;
 
   /// The volume goes away, while what is open stays open.
   void detach() const;
@@ -61,14 +70,17 @@ private:
 
   static void mountInMemory(const std::string& fileSystem, const std::filesystem::path& place,
                             const std::string& options);
-  void makeMedium(const VolumeSetting& setting) const;
-  void mountMedium(const VolumeSetting& setting);
-  void startDriver(const std::string& device);
+  void mountVolume();
+  void makeMedium() const;
+  void mountMedium();
+  void startDriver();
 
+  VolumeSetting setting_;
   Folder folder_;
   std::filesystem::path mediumFolder_;
   std::filesystem::path medium_;
   std::filesystem::path mountPoint_;
+  std::string device_;
   pid_t keeper_ = -1; // of a driver that is a program
 };
 

@@ -1,3 +1,4 @@
+#include "platform/as_ordinary_person.h"
 #include "platform/posix/descriptor.h"
 #include "platform/posix/posix_volume_files.h"
 #include "platform/process_resources.h"
@@ -35,6 +36,13 @@ bool isError(const BenchmarkResult& result, BenchmarkError error) {
          std::get<BenchmarkError>(result) == error;
 }
 
+const std::string name(Benchmark::fileName);
+
+/// The file that was made in a folder, which must have been possible.
+std::unique_ptr<VolumeFile> fileMadeIn(VolumeFolder& folder) {
+  return std::get<std::unique_ptr<VolumeFile>>(folder.create(name));
+}
+
 /// What can be said of a name without following or opening it.
 struct Look {
   mode_t mode = 0;
@@ -65,6 +73,9 @@ protected:
 
   std::string mountPoint() const { return volume_.string(); }
   fs::path file() const { return volume_ / Benchmark::fileName; }
+  std::unique_ptr<VolumeFolder> openVolume() const {
+    return PosixVolumeFiles().openFolder(mountPoint());
+  }
 
   /// Whatever has the name stays as it is, and so does the file of somebody.
   void expectToBeLeftAlone() {
@@ -162,13 +173,14 @@ TEST_F(PosixVolumeFilesTest, NeverWritesToWhatTakesTheNameAtTheLastMoment) {
       fs::remove(file());
     }
   });
-  PosixVolumeFiles files;
+  const std::unique_ptr<VolumeFolder> volume = openVolume();
   constexpr int attempts = 10'000;
   const std::vector<std::byte> bytes(1);
   int createdCount = 0;
   for (int attempt = 0; attempt < attempts; ++attempt) {
-    const std::unique_ptr<VolumeFile> created = files.create(file());
-    createdCount += created && created->write(bytes) == 1 ? 1 : 0;
+    const VolumeFolder::Created created = volume->create(name);
+    const auto* opened = std::get_if<std::unique_ptr<VolumeFile>>(&created);
+    createdCount += opened != nullptr && (*opened)->write(bytes) == 1 ? 1 : 0;
   }
   isOver = true;
   somebody.join();
@@ -185,23 +197,6 @@ TEST_F(PosixVolumeFilesTest, ReplacesAFileThatAFormerRunLeftAndRemovesIt) {
   benchmark_.cleanup(mountPoint());
   EXPECT_TRUE(fs::is_empty(volume_));
 }
-
-/// Root is an ordinary person until the scope ends; whoever is one already stays it.
-class AsOrdinaryPerson {
-public:
-  AsOrdinaryPerson() = default;
-  AsOrdinaryPerson(const AsOrdinaryPerson&) = delete;
-  AsOrdinaryPerson& operator=(const AsOrdinaryPerson&) = delete;
-  ~AsOrdinaryPerson() { EXPECT_TRUE(!wasRoot_ || seteuid(0) == 0); }
-
-  /// False in a namespace where nobody but root exists.
-  bool isPossible() const { return isPossible_; }
-
-private:
-  static constexpr uid_t nobody = 65534;
-  const bool wasRoot_ = geteuid() == 0;
-  const bool isPossible_ = !wasRoot_ || seteuid(nobody) == 0;
-};
 
 TEST_F(PosixVolumeFilesTest, ReplacesAFileOfAFormerRunThatCannotBeWritten) {
   folder_.save("volume/" + std::string(Benchmark::fileName), "left");
@@ -220,7 +215,7 @@ TEST_F(PosixVolumeFilesTest, CannotWriteToAVolumeOfSomebodyElse) {
   if (!scope.isPossible()) {
     GTEST_SKIP() << "nobody is an ordinary person here";
   }
-  EXPECT_TRUE(isError(benchmark_.writeSync(mountPoint(), 1), BenchmarkError::notWritable));
+  EXPECT_TRUE(isError(benchmark_.writeSync(mountPoint(), 1), BenchmarkError::noPermission));
   EXPECT_TRUE(fs::is_empty(volume_));
 }
 
@@ -287,11 +282,12 @@ TEST_F(PosixVolumeFilesTest, TakesNothingThatIsNoFolder) {
 // --- the files themselves ---
 
 TEST_F(PosixVolumeFilesTest, MakesFilesThatOnlyTheOwnerWritesAndNoChildInherits) {
-  PosixVolumeFiles files;
+  const mode_t maskBefore = umask(0);
   const auto before = openDescriptors();
-  const std::unique_ptr<VolumeFile> created = files.create(file());
-  ASSERT_TRUE(created);
-  EXPECT_EQ(lookAt(file()).mode & 0022U, 0U);
+  const std::unique_ptr<VolumeFolder> volume = openVolume();
+  const std::unique_ptr<VolumeFile> created = fileMadeIn(*volume);
+  umask(maskBefore);
+  EXPECT_EQ(lookAt(file()).mode & 07777U, 0644U);
   int newCount = 0;
   for (const auto& [number, target] : openDescriptors()) {
     if (!before.contains(number)) {
@@ -299,15 +295,16 @@ TEST_F(PosixVolumeFilesTest, MakesFilesThatOnlyTheOwnerWritesAndNoChildInherits)
       EXPECT_EQ(fcntl(std::stoi(number), F_GETFD) & FD_CLOEXEC, FD_CLOEXEC) << target;
     }
   }
-  EXPECT_EQ(newCount, 1);
+  EXPECT_EQ(newCount, 3); // the folder, the file, and what keeps the file's number
 }
 
 TEST_F(PosixVolumeFilesTest, ReadsTheBytesThatWereWrittenAtAnySizeAndAddress) {
-  PosixVolumeFiles files;
+  const std::unique_ptr<VolumeFolder> volume = openVolume();
   const std::string content = "some bytes that fill no block";
   const auto bytes = std::as_bytes(std::span(content));
-  ASSERT_EQ(files.create(file())->write(bytes), static_cast<std::int64_t>(bytes.size()));
-  const std::unique_ptr<VolumeFile> opened = files.open(file());
+  ASSERT_EQ(fileMadeIn(*volume)->write(bytes), static_cast<std::int64_t>(bytes.size()));
+  const std::unique_ptr<VolumeFile> opened = volume->open(name);
+  ASSERT_TRUE(opened);
   std::string buffer(100, ' ');
   ASSERT_EQ(opened->read(std::as_writable_bytes(std::span(buffer)).subspan(1)),
             static_cast<std::int64_t>(bytes.size()));
@@ -315,10 +312,54 @@ TEST_F(PosixVolumeFilesTest, ReadsTheBytesThatWereWrittenAtAnySizeAndAddress) {
   EXPECT_EQ(opened->read(std::as_writable_bytes(std::span(buffer))), 0);
 }
 
-TEST_F(PosixVolumeFilesTest, TellsTheFreeRoomOfFoldersOnly) {
-  PosixVolumeFiles files;
-  EXPECT_GT(files.freeBytes(mountPoint()), 0U);
-  EXPECT_EQ(files.freeBytes(folder_.path() / "missing"), std::nullopt);
+TEST_F(PosixVolumeFilesTest, ReadsNoOtherFileThanTheOneThatItMade) {
+  const std::unique_ptr<VolumeFolder> volume = openVolume();
+  EXPECT_FALSE(volume->open(name));
+  fileMadeIn(*volume);
+  EXPECT_TRUE(volume->open(name));
+  folder_.save("volume/other", "another file");
+  fs::rename(volume_ / "other", file());
+  EXPECT_FALSE(volume->open(name));
+}
+
+TEST_F(PosixVolumeFilesTest, TellsTheFreeRoom) {
+  EXPECT_GT(openVolume()->freeBytes(), 0U);
+  EXPECT_FALSE(PosixVolumeFiles().openFolder(folder_.path() / "missing"));
+}
+
+// --- what happens to the mount point meanwhile ---
+
+TEST_F(PosixVolumeFilesTest, RemovesItsFileWhereverTheMountPointWasMovedTo) {
+  ASSERT_TRUE(std::holds_alternative<double>(benchmark_.writeSync(mountPoint(), 1)));
+  const fs::path moved = folder_.path() / "moved";
+  fs::rename(volume_, moved);
+  fs::create_directory(volume_);
+  std::ofstream(file()) << "somebody's";
+  EXPECT_TRUE(std::holds_alternative<double>(benchmark_.readSync(mountPoint())));
+  benchmark_.cleanup(mountPoint());
+  EXPECT_TRUE(fs::is_empty(moved));
+  EXPECT_EQ(contentOf(file()), "somebody's");
+}
+
+TEST_F(PosixVolumeFilesTest, RemovesItsFileAtTheEndOfTheProgramWhereverItsFolderIs) {
+  ASSERT_TRUE(std::holds_alternative<double>(benchmark_.writeSync(mountPoint(), 1)));
+  const fs::path moved = folder_.path() / "moved";
+  fs::rename(volume_, moved);
+  benchmark_.stop();
+  EXPECT_TRUE(fs::is_empty(moved));
+  fs::rename(moved, volume_);
+}
+
+TEST_F(PosixVolumeFilesTest, DoesNotFollowASymbolicLinkToTheVolume) {
+  const fs::path link = folder_.path() / "link";
+  fs::create_directory_symlink(volume_, link);
+  EXPECT_TRUE(isError(benchmark_.writeSync(link, 1), BenchmarkError::notWritable));
+  EXPECT_TRUE(fs::is_empty(volume_));
+}
+
+TEST_F(PosixVolumeFilesTest, TakesAFolderThatOnlyLiesOnAVolumeForNone) {
+  EXPECT_EQ(openVolume()->identity().text, "");
+  EXPECT_NE(PosixVolumeFiles().openFolder("/proc")->identity().text, "");
 }
 
 } // namespace

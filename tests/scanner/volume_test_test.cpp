@@ -5,6 +5,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using Lines = std::vector<std::string>;
+using Create = VolumeFolder::CreateFailure;
 
 class VolumeTest : public VolumeFixture {
 protected:
@@ -41,8 +42,17 @@ TEST_F(VolumeTest, SaysWhyItFailedAndLeavesNoFile) {
   };
   const std::vector<Row> rows = {
       {"read-only",
-       [](FakeVolumeFiles& f) { f.canCreate = false; },
+       [](FakeVolumeFiles& f) { f.createFailure = Create::readOnly; },
        {"/V: Writing…", "/V: failed: Volume is read-only"}},
+      {"somebody else's",
+       [](FakeVolumeFiles& f) { f.createFailure = Create::notPermitted; },
+       {"/V: Writing…", "/V: failed: No permission to write to this volume"}},
+      {"full meanwhile",
+       [](FakeVolumeFiles& f) { f.writeFailures[2] = VolumeFile::noRoomLeft; },
+       {"/V: Writing…", "/V: failed: Not enough free space"}},
+      {"served from memory",
+       [](FakeVolumeFiles& f) { f.hasReadMedium = false; },
+       {"/V: Writing…", "/V: Reading…", "/V: failed: This file system cannot be measured"}},
       {"300 MB free",
        [](FakeVolumeFiles& f) { f.free = 100'000'000; },
        {"/V: Writing…", "/V: failed: Not enough free space"}},

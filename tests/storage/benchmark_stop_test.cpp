@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <functional>
 #include <future>
 #include <thread>
 
@@ -12,11 +14,19 @@ namespace {
 
 const std::string mountPoint = "/Volumes/Data";
 
+constexpr std::chrono::seconds patience{10};
+
+std::ptrdiff_t countOf(const std::string& kind, const std::vector<std::string>& steps) {
+  return std::count_if(steps.begin(), steps.end(),
+                       [&](const std::string& step) { return step.starts_with(kind); });
+}
+
 /// A test under way on a thread of its own, which stands still in the middle of one step until the
 /// program that ends has asked it to stop.
 class BenchmarkStop : public testing::Test {
 protected:
-  /// `begin` runs a routine that will come to the step for the nth time.
+  /// `begin` runs a routine that comes to the step for the nth time; when it does not, the test
+  /// fails.
   BenchmarkResult resultOfStoppingAt(const std::string& step, int occurrence,
                                      const std::function<BenchmarkResult()>& begin) {
     std::promise<void> reached;
@@ -24,16 +34,14 @@ protected:
     files->during = [&, count = 0](const std::string& present) mutable {
       if (present.starts_with(step) && ++count == occurrence) {
         reached.set_value();
-        goOn.get_future().wait();
+        goOn.get_future().wait_for(patience);
       }
     };
     std::future<BenchmarkResult> result = std::async(std::launch::async, begin);
-    reached.get_future().wait();
-    std::promise<void> stopped;
+    EXPECT_EQ(reached.get_future().wait_for(patience), std::future_status::ready) << step;
     std::thread ending([&] {
       benchmark.stop();
       filesAfterStop = files->files().size();
-      stopped.set_value();
     });
     waitUntilStopIsAsked();
     goOn.set_value();
@@ -43,10 +51,11 @@ protected:
 
   /// A routine that begins is turned away from then on; nothing else shows it.
   void waitUntilStopIsAsked() {
-    Benchmark& asked = benchmark;
-    while (!std::holds_alternative<std::monostate>(asked.writeSync("/Volumes/Other", 0))) {
-      asked.cleanup("/Volumes/Other");
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!std::holds_alternative<std::monostate>(benchmark.writeSync("/Volumes/Other", 0))) {
+      benchmark.cleanup("/Volumes/Other");
       std::this_thread::yield();
+      ASSERT_LT(std::chrono::steady_clock::now(), end);
     }
   }
 
@@ -56,28 +65,35 @@ protected:
 };
 
 TEST_F(BenchmarkStop, WaitsForTheChunkThatIsBeingWrittenAndRemovesTheFile) {
-  const BenchmarkResult result = resultOfStoppingAt(
-      "write 8388608", 2, [this] { return benchmark.writeSync(mountPoint, 100); });
+  const BenchmarkResult result =
+      resultOfStoppingAt("write ", 2, [this] { return benchmark.writeSync(mountPoint, 100); });
   EXPECT_EQ(result, BenchmarkResult());
   EXPECT_EQ(filesAfterStop, 0U);
-  const std::vector<std::string> steps = files->steps();
-  EXPECT_EQ(std::count(steps.begin(), steps.end(), "write 8388608"), 2);
+  EXPECT_EQ(countOf("write ", files->steps()), 2);
 }
 
 TEST_F(BenchmarkStop, WaitsForTheChunkThatIsBeingReadAndRemovesTheFile) {
   benchmark.writeSync(mountPoint, 100);
   const BenchmarkResult result =
-      resultOfStoppingAt("read", 3, [this] { return benchmark.readSync(mountPoint); });
+      resultOfStoppingAt("read ", 3, [this] { return benchmark.readSync(mountPoint); });
   EXPECT_EQ(result, BenchmarkResult());
   EXPECT_EQ(filesAfterStop, 0U);
-  const std::vector<std::string> steps = files->steps();
-  EXPECT_EQ(std::count(steps.begin(), steps.end(), "read 8388608"), 3);
+  EXPECT_EQ(countOf("read ", files->steps()), 3);
 }
 
 TEST_F(BenchmarkStop, WaitsForAFileThatIsJustBeingMade) {
   const BenchmarkResult result = resultOfStoppingAt(
       "create /Volumes/Data", 1, [this] { return benchmark.writeSync(mountPoint, 100); });
   EXPECT_EQ(result, BenchmarkResult());
+  EXPECT_EQ(filesAfterStop, 0U);
+}
+
+TEST_F(BenchmarkStop, WaitsForAFileThatIsJustBeingRemoved) {
+  benchmark.writeSync(mountPoint, 1);
+  resultOfStoppingAt("remove /Volumes/Data", 1, [this] {
+    benchmark.cleanup(mountPoint);
+    return BenchmarkResult();
+  });
   EXPECT_EQ(filesAfterStop, 0U);
 }
 

@@ -13,16 +13,20 @@ namespace {
 
 using namespace std::chrono_literals;
 
+using Create = VolumeFolder::CreateFailure;
+
 constexpr const char* mountPoint = "/Volumes/Data";
 const std::string path = "/Volumes/Data/.tamberline_benchmark.tmp";
 
 /// A benchmark over volumes in memory, whose clock the test moves.
 class BenchmarkTest : public testing::Test {
 protected:
-  BenchmarkResult write(std::int64_t sizeMB = 20) {
-    return benchmark.writeSync(mountPoint, sizeMB);
+  BenchmarkResult write(std::int64_t sizeMB = 20, const BenchmarkOrder& order = {}) {
+    return benchmark.writeSync(mountPoint, sizeMB, order);
   }
-  BenchmarkResult read() { return benchmark.readSync(mountPoint); }
+  BenchmarkResult read(const BenchmarkOrder& order = {}) {
+    return benchmark.readSync(mountPoint, order);
+  }
 
   /// Every step of the kind takes so long.
   void letTake(const std::string& kind, std::chrono::milliseconds duration) {
@@ -150,8 +154,21 @@ TEST_F(BenchmarkTest, TellsWhatWentWrong) {
     bool isWritingWrong;
   };
   const std::vector<Row> rows = {
-      {"create", [](FakeVolumeFiles& f) { f.canCreate = false; }, BenchmarkError::notWritable,
+      {"folder", [](FakeVolumeFiles& f) { f.canOpenFolders = false; }, BenchmarkError::notWritable,
        true},
+      {"create", [](FakeVolumeFiles& f) { f.createFailure = Create::readOnly; },
+       BenchmarkError::notWritable, true},
+      {"create for others", [](FakeVolumeFiles& f) { f.createFailure = Create::notPermitted; },
+       BenchmarkError::noPermission, true},
+      {"create without room", [](FakeVolumeFiles& f) { f.createFailure = Create::noRoom; },
+       BenchmarkError::noSpace, true},
+      {"write to a full volume",
+       [](FakeVolumeFiles& f) { f.writeFailures[2] = VolumeFile::noRoomLeft; },
+       BenchmarkError::noSpace, true},
+      {"memory in the way", [](FakeVolumeFiles& f) { f.canReadMedium = false; },
+       BenchmarkError::notMeasurable, true},
+      {"reading memory", [](FakeVolumeFiles& f) { f.hasReadMedium = false; },
+       BenchmarkError::notMeasurable, false},
       {"first write", [](FakeVolumeFiles& f) { f.writeFailures[1] = -1; }, BenchmarkError::ioError,
        true},
       {"nth write", [](FakeVolumeFiles& f) { f.writeFailures[3] = -1; }, BenchmarkError::ioError,
@@ -166,15 +183,15 @@ TEST_F(BenchmarkTest, TellsWhatWentWrong) {
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);
-    files->canCreate = files->canOpen = true;
-    files->writeFailures.clear();
-    files->readFailures.clear();
+    files = std::make_shared<FakeVolumeFiles>();
     row.arrange(*files);
-    const BenchmarkResult written = write();
-    EXPECT_EQ(row.isWritingWrong ? written : read(), BenchmarkResult(row.error));
+    Benchmark failing(files);
+    const BenchmarkResult written = failing.writeSync(mountPoint, 20);
+    EXPECT_EQ(row.isWritingWrong ? written : failing.readSync(mountPoint),
+              BenchmarkResult(row.error));
     EXPECT_EQ(std::holds_alternative<BenchmarkError>(written), row.isWritingWrong);
     EXPECT_EQ(files->openCount(), 0);
-    benchmark.cleanup(mountPoint);
+    failing.cleanup(mountPoint);
     EXPECT_TRUE(files->files().empty());
   }
 }
@@ -209,8 +226,9 @@ TEST_F(BenchmarkTest, RemovesItsFileAndMindsNoneThatIsMissing) {
   write();
   benchmark.cleanup(mountPoint);
   EXPECT_TRUE(files->files().empty());
-  benchmark.cleanup(mountPoint);
   EXPECT_EQ(files->steps().back(), "remove " + path);
+  benchmark.cleanup(mountPoint);
+  EXPECT_TRUE(files->files().empty());
 }
 
 TEST_F(BenchmarkTest, RemovesEveryFileWhenTheProgramEnds) {
@@ -229,7 +247,68 @@ TEST_F(BenchmarkTest, BeginsNoTestOnceTheProgramEnds) {
   benchmark.stop();
   EXPECT_EQ(write(), BenchmarkResult());
   EXPECT_TRUE(files->files().empty());
-  EXPECT_EQ(files->steps(), std::vector<std::string>{"look for room in /Volumes/Data"});
+  EXPECT_TRUE(files->steps().empty());
+}
+
+TEST_F(BenchmarkTest, LeavesTheMakingOfRandomBytesOutOfTheTime) {
+  Benchmark filling(files, {.now = [this] { return now; },
+                            .fill = [this](ChunkBuffer& /*buffer*/) { now += 1h; }});
+  letTake("write", 100ms); // three writes of 20 MB
+  EXPECT_DOUBLE_EQ(speedOf(filling.writeSync(mountPoint, 20)), 20 / 0.3);
+}
+
+TEST_F(BenchmarkTest, TakesOnlyTheVolumeThatWasAskedFor) {
+  files->identities[mountPoint] = {.text = "stick"};
+  EXPECT_TRUE(std::holds_alternative<double>(write(1, {.volume = VolumeIdentity{"stick"}})));
+  benchmark.cleanup(mountPoint);
+  const std::vector<std::string> before = files->steps();
+  files->truncate(path, 17); // somebody's
+  for (const char* other : {"other stick", ""}) {
+    files->identities[mountPoint] = {.text = other};
+    for (const char* asked : {"stick", ""}) {
+      EXPECT_EQ(write(1, {.volume = VolumeIdentity{asked}}),
+                BenchmarkResult(BenchmarkError::volumeChanged));
+      benchmark.cleanup(mountPoint);
+    }
+  }
+  EXPECT_EQ(files->steps(), before);
+  EXPECT_EQ(files->files().at(path), 17);
+}
+
+TEST_F(BenchmarkTest, ReadsNothingThatItDidNotWrite) {
+  files->truncate(path, 17);
+  EXPECT_EQ(read(), BenchmarkResult(BenchmarkError::ioError));
+}
+
+TEST_F(BenchmarkTest, ReadsNoFurtherThanAChunkBeyondWhatItWrote) {
+  write();
+  files->truncate(path, 1'000'000'000'000);
+  EXPECT_TRUE(std::holds_alternative<double>(read()));
+  const std::vector<std::string> steps = files->steps();
+  EXPECT_EQ(std::count(steps.begin(), steps.end(), "read 8388608"), 3);
+}
+
+TEST_F(BenchmarkTest, TellsHowFarItIsAfterEachChunk) {
+  std::vector<int> percents;
+  const BenchmarkOrder order{
+      .progress = [&](double fraction) { percents.push_back(static_cast<int>(fraction * 100)); }};
+  write(20, order);
+  EXPECT_EQ(percents, (std::vector<int>{41, 83, 100}));
+  percents.clear();
+  read(order);
+  EXPECT_EQ(percents, (std::vector<int>{41, 83, 100, 100})); // the last read finds the end
+}
+
+TEST_F(BenchmarkTest, EndsWithTheChunkThatItIsAtWhenItIsCancelled) {
+  bool isCancelled = false;
+  const BenchmarkOrder order{.isCancelled = [&] { return isCancelled; }};
+  files->during = [&](const std::string& step) { isCancelled = step.starts_with("write"); };
+  EXPECT_EQ(write(20, order), BenchmarkResult());
+  EXPECT_EQ(files->files().at(path), 8'388'608);
+  files->during = [&](const std::string& step) { isCancelled = step.starts_with("read"); };
+  isCancelled = false;
+  EXPECT_EQ(read(order), BenchmarkResult());
+  EXPECT_EQ(files->steps().back(), "close");
 }
 
 TEST(ChunkBuffer, IsFilledToItsLastByte) {

@@ -50,6 +50,8 @@ public:
     return volumes_.canFlush;
   }
 
+  bool hasReadMedium() const override { return volumes_.hasReadMedium; }
+
 private:
   FakeVolumeFiles& volumes_;
   std::string path_;
@@ -57,32 +59,55 @@ private:
   std::int64_t position_ = 0;
 };
 
-std::optional<std::uint64_t> FakeVolumeFiles::freeBytes(const std::string& mountPoint) {
-  note("look for room in " + mountPoint);
-  return free;
-}
+class FakeVolumeFiles::Folder final : public VolumeFolder {
+public:
+  Folder(FakeVolumeFiles& volumes, std::string mountPoint)
+      : volumes_(volumes), mountPoint_(std::move(mountPoint)) {}
 
-std::unique_ptr<VolumeFile> FakeVolumeFiles::create(const std::string& path) {
-  note("create " + path);
-  if (!canCreate) {
-    return nullptr;
+  VolumeIdentity identity() const override {
+    const auto found = volumes_.identities.find(mountPoint_);
+    return found == volumes_.identities.end() ? VolumeIdentity{mountPoint_} : found->second;
   }
-  truncate(path, 0);
-  return std::make_unique<File>(*this, path);
-}
 
-std::unique_ptr<VolumeFile> FakeVolumeFiles::open(const std::string& path) {
-  note("open " + path);
-  if (!canOpen || !files().contains(path)) {
-    return nullptr;
+  std::optional<std::uint64_t> freeBytes() const override {
+    volumes_.note("look for room in " + mountPoint_);
+    return volumes_.free;
   }
-  return std::make_unique<File>(*this, path);
-}
 
-void FakeVolumeFiles::remove(const std::string& path) {
-  note("remove " + path);
-  const std::lock_guard lock(mutex_);
-  files_.erase(path);
+  bool canReadMedium() const override { return volumes_.canReadMedium; }
+
+  Created create(const std::string& name) override {
+    volumes_.note("create " + pathOf(name));
+    if (volumes_.createFailure) {
+      return *volumes_.createFailure;
+    }
+    volumes_.truncate(pathOf(name), 0);
+    return std::make_unique<File>(volumes_, pathOf(name));
+  }
+
+  std::unique_ptr<VolumeFile> open(const std::string& name) override {
+    volumes_.note("open " + pathOf(name));
+    if (!volumes_.canOpen || !volumes_.files().contains(pathOf(name))) {
+      return nullptr;
+    }
+    return std::make_unique<File>(volumes_, pathOf(name));
+  }
+
+  void remove(const std::string& name) override {
+    volumes_.note("remove " + pathOf(name));
+    const std::lock_guard lock(volumes_.mutex_);
+    volumes_.files_.erase(pathOf(name));
+  }
+
+private:
+  std::string pathOf(const std::string& name) const { return mountPoint_ + "/" + name; }
+
+  FakeVolumeFiles& volumes_;
+  std::string mountPoint_;
+};
+
+std::unique_ptr<VolumeFolder> FakeVolumeFiles::openFolder(const std::string& mountPoint) {
+  return canOpenFolders ? std::make_unique<Folder>(*this, mountPoint) : nullptr;
 }
 
 std::map<std::string, std::int64_t> FakeVolumeFiles::files() const {

@@ -17,14 +17,17 @@ namespace tamberline {
 /// Settings are for before the test; the record may be read from any thread.
 class FakeVolumeFiles final : public VolumeFiles {
 public:
-  std::optional<std::uint64_t> freeBytes(const std::string& mountPoint) override;
-  std::unique_ptr<VolumeFile> create(const std::string& path) override;
-  std::unique_ptr<VolumeFile> open(const std::string& path) override;
-  void remove(const std::string& path) override;
+  std::unique_ptr<VolumeFolder> openFolder(const std::string& mountPoint) override;
 
+  /// What is mounted, by mount point; the mount point's own name where nothing is said.
+  std::map<std::string, VolumeIdentity> identities;
+  bool canOpenFolders = true;
   std::optional<std::uint64_t> free = 1'000'000'000'000U;
-  bool canCreate = true;
+  std::optional<VolumeFolder::CreateFailure> createFailure;
   bool canOpen = true;
+  /// Whether it can be seen to before the test, and whether it was so in the end.
+  bool canReadMedium = true;
+  bool hasReadMedium = true;
   bool canFlush = true;
   /// What the nth write or read, counted from 1, gives instead of bytes.
   std::map<int, std::int64_t> writeFailures;
@@ -46,6 +49,7 @@ public:
 
 private:
   class File;
+  class Folder;
 
   void note(const std::string& step);
 

@@ -46,10 +46,10 @@ TEST_F(LiveVolumes, ShowEveryPhaseOfATest) {
 }
 
 TEST_F(LiveVolumes, CanBeTestedAgainAfterAFailure) {
-  files->canCreate = false;
+  files->createFailure = VolumeFolder::CreateFailure::readOnly;
   press(testName);
   EXPECT_TRUE(isTextShown("Volume is read-only"));
-  files->canCreate = true;
+  files->createFailure.reset();
   press(retestName);
   EXPECT_FALSE(isTextShown("Volume is read-only"));
   EXPECT_EQ(

@@ -1,8 +1,13 @@
 #include "platform/volume_io.h"
 
 #include <fcntl.h>
-#include <filesystem>
-#include <system_error>
+#include <fstream>
+#include <linux/magic.h>
+#include <string_view>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <sys/sysmacros.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 namespace tamberline {
@@ -13,16 +18,87 @@ bool setStatusFlags(int descriptor, int added, int removed) {
   return flags >= 0 && fcntl(descriptor, F_SETFL, (flags | added) & ~removed) == 0;
 }
 
-} // namespace
+struct statx statusOf(int descriptor) {
+  struct statx status = {};
+  if (statx(descriptor, "", AT_EMPTY_PATH | AT_STATX_DONT_SYNC, STATX_MNT_ID, &status) != 0) {
+    status = {};
+  }
+  return status;
+}
 
-/// A volume without a size is one that does not tell it.
-std::optional<std::uint64_t> availableBytes(const std::string& folder) {
-  std::error_code error;
-  const std::filesystem::space_info space = std::filesystem::space(folder, error);
-  if (error || space.capacity == 0) {
+/// Where the kernel describes the device with the file system.
+std::string deviceFolder(const struct statx& status) {
+  return "/sys/dev/block/" + std::to_string(status.stx_dev_major) + ":" +
+         std::to_string(status.stx_dev_minor);
+}
+
+/// The kernel counts every disk that it ever met; another stick in the same place has another
+/// number. Empty where it does not, and where the file system lies on no single device.
+std::string diskSequence(const struct statx& status) {
+  for (const char* file : {"/diskseq", "/../diskseq"}) { // a partition's disk stands above it
+    std::string sequence;
+    if (std::getline(std::ifstream(deviceFolder(status) + file), sequence)) {
+      return sequence;
+    }
+  }
+  return {};
+}
+
+/// Empty when there is none.
+std::string pathOfDevice(const struct statx& status) {
+  static constexpr std::string_view key = "DEVNAME=";
+  std::ifstream properties(deviceFolder(status) + "/uevent");
+  for (std::string line; std::getline(properties, line);) {
+    if (line.starts_with(key)) {
+      return "/dev/" + line.substr(key.size());
+    }
+  }
+  return {};
+}
+
+bool isDevice(int descriptor, const struct statx& fileSystem) {
+  struct stat status = {};
+  return fstat(descriptor, &status) == 0 && S_ISBLK(status.st_mode) &&
+         status.st_rdev == makedev(fileSystem.stx_dev_major, fileSystem.stx_dev_minor);
+}
+
+/// Some file systems, such as those on several devices, have a number that is no device's.
+std::optional<std::uint64_t> deviceNumberOf(const struct statx& status) {
+  if (status.stx_dev_major == 0) {
     return std::nullopt;
   }
-  return space.available;
+  return makedev(status.stx_dev_major, status.stx_dev_minor);
+}
+
+std::string fileSystemId(int folder) {
+  struct statvfs status = {};
+  return fstatvfs(folder, &status) == 0 ? std::to_string(status.f_fsid) : "";
+}
+
+} // namespace
+
+const int openingToFind = O_PATH;
+
+/// The number of a mount is given to another one when it is gone, and so is that of a device; that
+/// of a disk is not, and neither is that of a file system that makes it of its own UUID.
+VolumeIdentity identityOf(int folder, const std::string& /*mountPoint*/) {
+  const struct statx status = statusOf(folder);
+  if ((status.stx_attributes & STATX_ATTR_MOUNT_ROOT) == 0) {
+    return {};
+  }
+  return {.text = "mount " + std::to_string(status.stx_mnt_id) + " device " +
+                  std::to_string(makedev(status.stx_dev_major, status.stx_dev_minor)) + " disk " +
+                  diskSequence(status) + " file system " + fileSystemId(folder),
+          .deviceNumber = deviceNumberOf(status)};
+}
+
+/// A volume without a size is one that does not tell it.
+std::optional<std::uint64_t> availableBytes(int folder) {
+  struct statvfs status = {};
+  if (fstatvfs(folder, &status) != 0 || status.f_blocks == 0) {
+    return std::nullopt;
+  }
+  return static_cast<std::uint64_t>(status.f_bavail) * status.f_frsize;
 }
 
 /// Asked for only after opening: a file system that refuses it may have made the file by then.
@@ -41,6 +117,38 @@ bool flushToMedium(int descriptor) {
 /// Also after direct reading was allowed: some file systems allow it and read through their cache.
 void dropCachedPages(int descriptor) {
   posix_fadvise(descriptor, 0, 0, POSIX_FADV_DONTNEED);
+}
+
+bool isServedByProgram(int descriptor) {
+  struct statfs status = {};
+  return fstatfs(descriptor, &status) == 0 && status.f_type == FUSE_SUPER_MAGIC;
+}
+
+/// A descriptor of the device is needed, which most people may not have; an ioctl that drops more
+/// asks for root.
+bool dropDevicePages(int folder) {
+  const struct statx status = statusOf(folder);
+  const int device = open(pathOfDevice(status).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (device < 0) {
+    return false;
+  }
+  const bool isDropped = isDevice(device, status) && fsync(device) == 0 &&
+                         posix_fadvise(device, 0, 0, POSIX_FADV_DONTNEED) == 0;
+  close(device);
+  return isDropped;
+}
+
+/// The third number that the kernel counts is that of sectors read, of 512 bytes on every device.
+std::optional<std::uint64_t> bytesReadFromDevice(int folder) {
+  constexpr std::uint64_t sectorBytes = 512;
+  std::ifstream counts(deviceFolder(statusOf(folder)) + "/stat");
+  std::uint64_t reads = 0;
+  std::uint64_t mergedReads = 0;
+  std::uint64_t sectors = 0;
+  if (!(counts >> reads >> mergedReads >> sectors)) {
+    return std::nullopt;
+  }
+  return sectors * sectorBytes;
 }
 
 } // namespace tamberline

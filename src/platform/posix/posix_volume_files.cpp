@@ -3,9 +3,12 @@
 #include "platform/posix/descriptor.h"
 #include "platform/volume_io.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <optional>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 #include <utility>
 
@@ -26,35 +29,78 @@ bool isFileOfItsOwn(const struct stat& status) {
   return S_ISREG(status.st_mode) && status.st_nlink == 1;
 }
 
-bool isFileOfItsOwn(const Descriptor& file) {
+/// Absent when nothing can be said of what is open.
+std::optional<struct stat> statusOf(const Descriptor& file) {
   struct stat status = {};
-  return fstat(file.number(), &status) == 0 && isFileOfItsOwn(status);
+  return fstat(file.number(), &status) == 0 ? std::optional(status) : std::nullopt;
 }
 
-enum class Occupant : std::uint8_t { none, fileOfItsOwn, somethingElse };
+bool isSameFile(const struct stat& left, const struct stat& right) {
+  return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+}
 
-Occupant occupantOf(const std::string& path) {
-  struct stat status = {};
-  if (lstat(path.c_str(), &status) != 0) {
-    return errno == ENOENT ? Occupant::none : Occupant::somethingElse;
+/// The person's own share may be used up before the volume is.
+bool isRoomMissing(int error) {
+  return error == ENOSPC || error == EDQUOT;
+}
+
+bool isReadOnly(const Descriptor& folder) {
+  struct statvfs status = {};
+  return fstatvfs(folder.number(), &status) == 0 && (status.f_flag & ST_RDONLY) != 0;
+}
+
+/// What the error of an attempt to make a file says of the volume.
+VolumeFolder::CreateFailure createFailure(int error, const Descriptor& folder) {
+  const bool isPermissionMissing = error == EACCES || error == EPERM;
+  if (isPermissionMissing && !isReadOnly(folder)) {
+    return VolumeFolder::CreateFailure::notPermitted;
   }
-  return isFileOfItsOwn(status) ? Occupant::fileOfItsOwn : Occupant::somethingElse;
+  return isRoomMissing(error) ? VolumeFolder::CreateFailure::noRoom
+                              : VolumeFolder::CreateFailure::readOnly;
 }
+
+/// What a device below a file system that a program serves was read since a moment. A program reads
+/// the device through the system's cache, so it may have answered from there.
+class DeviceReads {
+public:
+  explicit DeviceReads(const Descriptor& folder)
+      : folder_(fcntl(folder.number(), F_DUPFD_CLOEXEC, 0)),
+        before_(bytesReadFromDevice(folder_.number())) {}
+
+  /// Others may read the device meanwhile, but nothing tells whose reads were counted.
+  bool cover(std::int64_t bytes) const {
+    const std::optional<std::uint64_t> now = bytesReadFromDevice(folder_.number());
+    return before_ && now && *now - *before_ >= static_cast<std::uint64_t>(bytes);
+  }
+
+private:
+  Descriptor folder_;
+  std::optional<std::uint64_t> before_;
+};
 
 class PosixVolumeFile final : public VolumeFile {
 public:
-  explicit PosixVolumeFile(Descriptor file)
-      : file_(std::move(file)), isPastCache_(bypassCache(file_.number())) {}
+  /// `deviceReads` where the bytes that are read must be looked for.
+  explicit PosixVolumeFile(Descriptor file, std::optional<DeviceReads> deviceReads = std::nullopt)
+      : file_(std::move(file)), deviceReads_(std::move(deviceReads)),
+        isPastCache_(bypassCache(file_.number())) {}
 
   std::int64_t write(std::span<const std::byte> bytes) override {
-    return retried([&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
+    const std::int64_t count =
+        retried([&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
+    return count < 0 && isRoomMissing(errno) ? noRoomLeft : count;
   }
 
   std::int64_t read(std::span<std::byte> buffer) override {
-    return retried([&] { return ::read(file_.number(), buffer.data(), buffer.size()); });
+    const std::int64_t count =
+        retried([&] { return ::read(file_.number(), buffer.data(), buffer.size()); });
+    bytesRead_ += std::max<std::int64_t>(count, 0);
+    return count;
   }
 
   bool flushToMedium() override { return tamberline::flushToMedium(file_.number()); }
+
+  bool hasReadMedium() const override { return !deviceReads_ || deviceReads_->cover(bytesRead_); }
 
 private:
   /// Past the cache only whole blocks can be moved, and some file systems allow it and refuse it
@@ -73,41 +119,85 @@ private:
   }
 
   Descriptor file_;
+  std::optional<DeviceReads> deviceReads_;
+  std::int64_t bytesRead_ = 0;
   bool isPastCache_;
 };
 
-} // namespace
+class PosixVolumeFolder final : public VolumeFolder {
+public:
+  PosixVolumeFolder(Descriptor folder, const std::string& mountPoint)
+      : folder_(std::move(folder)), identity_(identityOf(folder_.number(), mountPoint)),
+        isServedByProgram_(isServedByProgram(folder_.number())) {}
 
-std::optional<std::uint64_t> PosixVolumeFiles::freeBytes(const std::string& mountPoint) {
-  return availableBytes(mountPoint);
-}
+  VolumeIdentity identity() const override { return identity_; }
+  std::optional<std::uint64_t> freeBytes() const override {
+    return availableBytes(folder_.number());
+  }
+  bool canReadMedium() const override {
+    return !isServedByProgram_ || dropDevicePages(folder_.number());
+  }
+  Created create(const std::string& name) override;
+  std::unique_ptr<VolumeFile> open(const std::string& name) override;
+  void remove(const std::string& name) override;
+
+private:
+  Descriptor openAt(const std::string& name, int flags) const {
+    return Descriptor(openat(folder_.number(), name.c_str(), flags | safeOpening, newFileMode));
+  }
+
+  Descriptor folder_;
+  VolumeIdentity identity_;
+  bool isServedByProgram_;
+  /// Keeps the number of the file that was made: some file systems give it to another one, or give
+  /// the file another one, as soon as nobody has it open.
+  std::optional<Descriptor> madeFile_;
+};
 
 /// Never opens what is there, however quickly it got there: what it writes to is its own making.
-std::unique_ptr<VolumeFile> PosixVolumeFiles::create(const std::string& path) {
-  if (!isUsable(path)) {
-    return nullptr;
+VolumeFolder::Created PosixVolumeFolder::create(const std::string& name) {
+  remove(name);
+  Descriptor file = openAt(name, O_WRONLY | O_CREAT | O_EXCL);
+  if (!file.isOpen()) {
+    return createFailure(errno, folder_);
   }
-  remove(path);
-  Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | safeOpening, newFileMode));
-  return file.isOpen() ? std::make_unique<PosixVolumeFile>(std::move(file)) : nullptr;
-}
-
-std::unique_ptr<VolumeFile> PosixVolumeFiles::open(const std::string& path) {
-  if (!isUsable(path)) {
-    return nullptr;
-  }
-  Descriptor file(::open(path.c_str(), O_RDONLY | safeOpening));
-  if (!file.isOpen() || !isFileOfItsOwn(file)) {
-    return nullptr;
-  }
-  dropCachedPages(file.number());
+  madeFile_.emplace(openAt(name, openingToFind));
   return std::make_unique<PosixVolumeFile>(std::move(file));
 }
 
-void PosixVolumeFiles::remove(const std::string& path) {
-  if (isUsable(path) && occupantOf(path) == Occupant::fileOfItsOwn) {
-    unlink(path.c_str());
+std::unique_ptr<VolumeFile> PosixVolumeFolder::open(const std::string& name) {
+  Descriptor file = openAt(name, O_RDONLY);
+  const std::optional<struct stat> status = statusOf(file);
+  const std::optional<struct stat> made = madeFile_ ? statusOf(*madeFile_) : std::nullopt;
+  if (!status || !made || !isFileOfItsOwn(*status) || !isSameFile(*status, *made)) {
+    return nullptr;
   }
+  dropCachedPages(file.number());
+  if (!isServedByProgram_) {
+    return std::make_unique<PosixVolumeFile>(std::move(file));
+  }
+  dropDevicePages(folder_.number());
+  return std::make_unique<PosixVolumeFile>(std::move(file), DeviceReads(folder_));
+}
+
+void PosixVolumeFolder::remove(const std::string& name) {
+  struct stat status = {};
+  if (fstatat(folder_.number(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+      isFileOfItsOwn(status)) {
+    unlinkat(folder_.number(), name.c_str(), 0);
+  }
+}
+
+} // namespace
+
+std::unique_ptr<VolumeFolder> PosixVolumeFiles::openFolder(const std::string& mountPoint) {
+  if (!isUsable(mountPoint)) {
+    return nullptr;
+  }
+  Descriptor folder(
+      ::open(mountPoint.c_str(), openingToFind | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  return folder.isOpen() ? std::make_unique<PosixVolumeFolder>(std::move(folder), mountPoint)
+                         : nullptr;
 }
 
 } // namespace tamberline

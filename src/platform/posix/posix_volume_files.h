@@ -9,10 +9,7 @@ namespace tamberline {
 /// begins with forgetting what the cache holds.
 class PosixVolumeFiles final : public VolumeFiles {
 public:
-  std::optional<std::uint64_t> freeBytes(const std::string& mountPoint) override;
-  std::unique_ptr<VolumeFile> create(const std::string& path) override;
-  std::unique_ptr<VolumeFile> open(const std::string& path) override;
-  void remove(const std::string& path) override;
+  std::unique_ptr<VolumeFolder> openFolder(const std::string& mountPoint) override;
 };
 
 } // namespace tamberline

@@ -1,5 +1,5 @@
 // Stands in for the Mac's header of this name where there is no Mac: what its manual pages
-// getfsstat(2) and statfs(2) say, as far as the sources under test use it. The functions are
+// getfsstat(2) and fstatfs(2) say, as far as the sources under test use it. The functions are
 // answered by file_systems.cpp.
 #pragma once
 
@@ -11,9 +11,12 @@ struct statfs {
   std::uint32_t f_bsize;
   std::uint64_t f_blocks;
   std::uint64_t f_bavail;
+  struct {
+    std::int32_t val[2];
+  } f_fsid;
   char f_mntonname[1024];
   char f_mntfromname[1024];
 };
 
-int statfs(const char* path, struct statfs* buffer);
+int fstatfs(int descriptor, struct statfs* buffer);
 int getfsstat(struct statfs* buffer, int bufferSize, int mode);
