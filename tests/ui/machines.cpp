@@ -21,6 +21,11 @@ std::string port(int index) {
   return R"({"_name": "thunderboltusb4_bus_)" + std::to_string(index) + R"("})";
 }
 
+std::string fourDigits(int number) {
+  std::string digits = std::to_string(number);
+  return digits.insert(0, 4 - digits.size(), '0');
+}
+
 std::string ownBus(const std::string& devices) {
   return R"({"_name": "USB31Bus", "host_controller": "AppleT6020USBXHCI", "_items": [)" + devices +
          "]}";
@@ -107,8 +112,8 @@ void answerWithDevices(FakeTools& tools, const std::vector<ReportedDevice>& devi
   std::vector<std::string> entries;
   int number = 0;
   for (const ReportedDevice& device : devices) {
-    entries.push_back(R"({"_name": ")" + device.name + R"(", "location_id": "0x001)" +
-                      std::to_string(++number) + R"(0000 / 1")" +
+    entries.push_back(R"({"_name": ")" + device.name + R"(", "location_id": "0x0011)" +
+                      fourDigits(++number) + R"( / 1")" +
                       (device.members.empty() ? "" : ", " + device.members) + "}");
   }
   answerWithPorts(tools, 1);

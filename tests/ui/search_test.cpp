@@ -1,4 +1,9 @@
+#include "base/text.h"
+#include "ui/drawn_items.h"
+#include "ui/machines.h"
 #include "ui/panel_fixture.h"
+
+#include <algorithm>
 
 namespace tamberline {
 namespace {
@@ -67,7 +72,8 @@ TEST_F(PanelSearch, JumpsToTheFirstSuggestionAtReturn) {
   EXPECT_EQ(pulseOf(index), "throbbing");
   advance(150ms);
   advance(scrolling);
-  ASSERT_NE(rowItem(index), nullptr);
+  ASSERT_NE(rowItem(index), nullptr)
+      << index << " of " << rows().rowCount() << " at " << listPosition();
   EXPECT_TRUE(isInView(*rowItem(index)));
 }
 
@@ -78,7 +84,8 @@ TEST_F(PanelSearch, GivesTheKeyboardToTheRowThatItFound) {
   advance(150ms);
   const int index = indexOfRowNamed("Lumen SD Card Reader");
   advance(scrolling);
-  ASSERT_NE(rowItem(index), nullptr);
+  ASSERT_NE(rowItem(index), nullptr)
+      << index << " of " << rows().rowCount() << " at " << listPosition();
   EXPECT_TRUE(rowItem(index)->hasActiveFocus());
   typeText("x"); // typing searches again
   EXPECT_EQ(fieldText(), "x");
@@ -96,6 +103,100 @@ TEST_F(PanelSearch, JumpsToAnyRowFromTheFartherEnd) {
     ASSERT_NE(rowItem(row), nullptr) << row;
     EXPECT_TRUE(isInView(*rowItem(row))) << row;
   }
+}
+
+/// The highlight over the row that a jump led to, from a panel with every card closed.
+class PanelPulse : public PanelFixture {
+protected:
+  void jumpTo(const QString& name) {
+    typeText(name);
+    typeKey(Qt::Key_Return);
+    queue->advance(30ms);
+    settle();
+    index = indexOfRowNamed(name);
+  }
+
+  QQuickItem& overlay() { return drawnItem(*rowItem(index), "PulseOverlay"); }
+
+  /// Its opacity, each quarter of a second from now on.
+  std::string opacities(int quarters) {
+    std::string text;
+    for (int quarter = 0; quarter < quarters; ++quarter) {
+      advance(250ms);
+      text += (text.empty() ? "" : " ") + fixedText(drawnOpacity(overlay()), 2);
+    }
+    return text;
+  }
+
+  /// In the second to come.
+  double greatestOpacity() {
+    double greatest = 0;
+    for (int step = 0; step < 20; ++step) {
+      advance(50ms);
+      greatest = std::max(greatest, drawnOpacity(overlay()));
+    }
+    return greatest;
+  }
+
+  int index = -1;
+};
+
+TEST_F(PanelPulse, ThrobsOverARowThatWasThereBefore) {
+  useSample("desk");
+  openPanel();
+  jumpTo("Lumen 27 Speakers");
+  EXPECT_EQ(drawnOpacity(overlay()), 0);
+  EXPECT_EQ(opacities(8), "0.20 0.40 0.20 0.00 0.20 0.40 0.20 0.00");
+}
+
+TEST_F(PanelPulse, ThrobsOverARowThatIsMadeWhenTheListComesToIt) {
+  std::vector<ReportedDevice> devices;
+  for (int number = 100; number < 160; ++number) {
+    devices.push_back({"Device " + std::to_string(number)});
+  }
+  answerWithDevices(*tools, devices);
+  openPanel();
+  jumpTo("Device 159");
+  ASSERT_EQ(rowItem(index), nullptr);
+  advance(150ms);
+  advance(scrolling);
+  ASSERT_NE(rowItem(index), nullptr);
+  EXPECT_GT(greatestOpacity(), 0.38);
+}
+
+TEST_F(PanelPulse, BeginsSlowly) {
+  useSample("desk");
+  openPanel();
+  jumpTo("Lumen 27 Speakers");
+  advance(125ms);
+  EXPECT_NEAR(drawnOpacity(overlay()), 0.05, 0.001);
+}
+
+TEST_F(PanelPulse, FadesFromWhereItIs) {
+  useSample("desk");
+  openPanel();
+  jumpTo("Lumen 27 Speakers");
+  EXPECT_EQ(opacities(2), "0.20 0.40");
+  queue->advance(4500ms); // the screen is late
+  settle();
+  EXPECT_EQ(fixedText(drawnOpacity(overlay()), 2), "0.40");
+  animations.advanceBy(200ms);
+  EXPECT_EQ(fixedText(drawnOpacity(overlay()), 2), "0.10"); // fast at first
+  queue->advance(400ms); // the highlight ends before the screen is there
+  settle();
+  animations.advanceBy(200ms);
+  EXPECT_EQ(drawnOpacity(overlay()), 0);
+}
+
+TEST_F(PanelPulse, CoversTheRow) {
+  useSample("desk");
+  openPanel();
+  jumpTo("Lumen 27 Speakers");
+  advance(500ms);
+  EXPECT_EQ(overlay().property("color").value<QColor>(),
+            context().theme()->property("accent").value<QColor>());
+  EXPECT_GT(overlay().width(), 300);
+  EXPECT_GT(overlay().height(), rowItem(index)->height() / 2);
 }
 
 TEST_F(PanelSearch, LetsTheRowThrobForFiveSecondsAndFade) {

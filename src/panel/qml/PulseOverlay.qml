@@ -1,57 +1,37 @@
 import QtQuick
 import Tamberline
 
-// Throbs over the row that a search led to, and fades.
+// Throbs over the row that a search led to, and fades. A row that is made for its highlight throbs
+// from the start.
 Rectangle {
     id: overlay
 
     required property string phase
+    readonly property bool isThrobbing: phase === "throbbing"
 
     color: Theme.accent
     opacity: 0
     radius: 6
-    states: [
-        State {
-            name: "throbbing"
-        },
-        State {
-            name: "fading"
+
+    SequentialAnimation on opacity {
+        loops: Animation.Infinite
+        running: overlay.isThrobbing
+
+        NumberAnimation {
+            duration: 500
+            easing.type: Easing.InOutQuad
+            to: 0.4
         }
-    ]
-    transitions: [
-        Transition {
-            to: "throbbing"
-
-            SequentialAnimation {
-                loops: Animation.Infinite
-
-                NumberAnimation {
-                    duration: 500
-                    easing.type: Easing.InOutQuad
-                    property: "opacity"
-                    target: overlay
-                    to: 0.4
-                }
-                NumberAnimation {
-                    duration: 500
-                    easing.type: Easing.InOutQuad
-                    property: "opacity"
-                    target: overlay
-                    to: 0
-                }
-            }
-        },
-        Transition {
-            to: "fading"
-
-            NumberAnimation {
-                duration: 400
-                easing.type: Easing.OutQuad
-                property: "opacity"
-                target: overlay
-                to: 0
-            }
+        NumberAnimation {
+            duration: 500
+            easing.type: Easing.InOutQuad
+            to: 0
         }
-    ]
-    state: phase
+    }
+    NumberAnimation on opacity {
+        duration: 400
+        easing.type: Easing.OutQuad
+        running: !overlay.isThrobbing && overlay.opacity > 0 // to its end, whenever the phase ends
+        to: 0
+    }
 }
