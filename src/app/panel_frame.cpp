@@ -20,13 +20,13 @@ std::optional<double> PanelWindowFrame::visibleScreenHeight() const {
   if (!isBoundByScreen_ || window_.screen() == nullptr) {
     return std::nullopt;
   }
-  return freeHeight_.value_or(window_.screen()->availableGeometry().height());
+  return freeHeight_.value_or(freePlace_(*window_.screen()).height());
 }
 
 void PanelWindowFrame::takeFixedHeight() {
   const int most = window_.screen() == nullptr
                        ? roomyHeight
-                       : window_.screen()->availableGeometry().height() - barsAndTitle;
+                       : freePlace_(*window_.screen()).height() - barsAndTitle;
   fixSize(std::max(qRound(PanelSize::minimumHeight), std::min(roomyHeight, most)));
 }
 
@@ -39,7 +39,7 @@ void PanelWindowFrame::keepOnScreen() {
   if (!window_.isVisible() || !isBoundByScreen_ || window_.screen() == nullptr) {
     return;
   }
-  const QRect available = window_.screen()->availableGeometry();
+  const QRect available = freePlace_(*window_.screen());
   const QRect frame = window_.frameGeometry();
   const int overhang = frame.bottom() - available.bottom();
   if (overhang > 0 && frame.top() > available.top()) {

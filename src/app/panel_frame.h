@@ -3,7 +3,13 @@
 #include "app/window_manager.h"
 #include "panel/panel_window.h"
 
+#include <QRect>
+
+#include <functional>
 #include <optional>
+#include <utility>
+
+class QScreen;
 
 namespace tamberline {
 
@@ -11,10 +17,13 @@ namespace tamberline {
 /// Main thread only.
 class PanelWindowFrame final : public PanelFrame {
 public:
+  /// What bars leave free of a screen.
+  using FreePlace = std::function<QRect(const QScreen&)>;
+
   /// The window outlives the frame. A frame that is not bound by the screen is as high as its
   /// content, for pictures of it.
-  PanelWindowFrame(PanelWindow& window, bool isBoundByScreen)
-      : window_(window), isBoundByScreen_(isBoundByScreen) {}
+  PanelWindowFrame(PanelWindow& window, FreePlace freePlace, bool isBoundByScreen)
+      : window_(window), freePlace_(std::move(freePlace)), isBoundByScreen_(isBoundByScreen) {}
 
   /// What bars leave of the screen's height, where the desktop tells it.
   void setFreeHeight(double points) { freeHeight_ = points; }
@@ -39,6 +48,7 @@ private:
   void fixSize(int height);
 
   PanelWindow& window_;
+  FreePlace freePlace_;
   bool isBoundByScreen_;
   std::optional<double> freeHeight_; // as it was told last
 };

@@ -4,7 +4,6 @@
 #include "desktop/screen_corner.h"
 
 #include <QGuiApplication>
-#include <QScreen>
 
 #include <chrono>
 #include <utility>
@@ -70,6 +69,8 @@ void PanelShell::prepare(const TrayPlace& place) {
   }
   if (isHeightFixed()) {
     frame_->takeFixedHeight();
+  } else {
+    fitScreen(); // bars may have come or gone unnoticed
   }
   if (isAttached()) {
     anchor_.icon = place.icon;
@@ -84,7 +85,8 @@ void PanelShell::make(PanelWindow::Kind kind) {
   window_.reset();
   kind_ = kind;
   window_ = std::make_unique<PanelWindow>(context_, kind);
-  frame_ = std::make_unique<PanelWindowFrame>(*window_, placement_.isBoundByScreen);
+  frame_ = std::make_unique<PanelWindowFrame>(*window_, placement_.freePlace,
+                                              placement_.isBoundByScreen);
   context_.sizing()->setGivenHeight(std::nullopt);
   QObject::connect(window_.get(), &QWindow::activeChanged, window_.get(),
                    [this] { closeWhenLeft(); });
@@ -106,15 +108,11 @@ void PanelShell::followContent() {
   PanelSizing* const sizing = context_.sizing();
   const auto fit = [this, sizing] { manager_->setTargetHeight(sizing->windowTotalHeight()); };
   QObject::connect(sizing, &PanelSizing::changed, window_.get(), fit);
-  QObject::connect(window_.get(), &QWindow::screenChanged, window_.get(), [this] { fitScreen(); });
-  QObject::connect(window_.get(), &QWindow::heightChanged, window_.get(), [this] {
-    if (isAttached() && isOpen()) {
-      place(); // a panel above its icon grows upwards
-    } else {
-      frame_->keepOnScreen();
-    }
-  });
-  fitScreen();
+  QObject::connect(window_.get(), &QWindow::screenChanged, window_.get(),
+                   [this](QScreen* screen) { followScreen(screen); });
+  QObject::connect(window_.get(), &QWindow::heightChanged, window_.get(),
+                   [this] { stayOnScreen(); });
+  followScreen(window_->screen());
   frame_->setContentHeightKeepingTop(PanelSize::initialHeight);
   fit();
 }
@@ -135,8 +133,29 @@ void PanelShell::followWindow() {
   fill();
 }
 
+/// Null while the last screen is away.
+void PanelShell::followScreen(QScreen* screen) {
+  QObject::disconnect(barsOfScreen_);
+  if (screen != nullptr) {
+    barsOfScreen_ =
+        QObject::connect(screen, &QScreen::availableGeometryChanged, window_.get(), [this] {
+          fitScreen();
+          stayOnScreen();
+        });
+  }
+  fitScreen();
+}
+
 void PanelShell::fitScreen() {
   context_.sizing()->setScreenHeight(frame_->visibleScreenHeight());
+}
+
+void PanelShell::stayOnScreen() {
+  if (isAttached() && isOpen()) {
+    place(); // a panel above its icon grows upwards
+  } else {
+    frame_->keepOnScreen();
+  }
 }
 
 void PanelShell::place() {
@@ -146,7 +165,7 @@ void PanelShell::place() {
   }
   QScreen* screen = screenOfAnchor();
   if (screen != nullptr) {
-    const QRect available = screen->availableGeometry();
+    const QRect available = placement_.freePlace(*screen);
     window_->setScreen(screen);
     window_->setPosition(panelPosition(anchor_.icon, anchor_.click.value_or(available.topRight()),
                                        window_->size(), available));

@@ -7,8 +7,10 @@
 #include "panel/panel_context.h"
 #include "panel/panel_window.h"
 
+#include <QObject>
 #include <QPoint>
 #include <QRect>
+#include <QScreen>
 
 #include <functional>
 #include <memory>
@@ -24,6 +26,9 @@ public:
     /// Asked each time the panel opens: a tray may have come or gone.
     std::function<PanelWindow::Kind()> kind = [] { return PanelWindow::Kind::ordinary; };
     std::shared_ptr<WindowPlaces> places = std::make_shared<FreeWindowPlaces>();
+    PanelWindowFrame::FreePlace freePlace = [](const QScreen& screen) {
+      return screen.availableGeometry();
+    };
     /// False to let the panel become as high as without a screen, for pictures of it.
     bool isBoundByScreen = true;
   };
@@ -58,7 +63,9 @@ private:
   void make(PanelWindow::Kind kind);
   void followContent();
   void followWindow();
+  void followScreen(QScreen* screen);
   void fitScreen();
+  void stayOnScreen();
   void place();
   QScreen* screenOfAnchor() const;
   void holdInCorner();
@@ -75,6 +82,7 @@ private:
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<PanelWindowFrame> frame_;
   std::optional<WindowManager> manager_;
+  QMetaObject::Connection barsOfScreen_;  // of the window's screen
   MainQueue::WorkItem clickThatLeft_ = 0; // while the click that closed the panel may still arrive
 };
 

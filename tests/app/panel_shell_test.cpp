@@ -35,7 +35,9 @@ protected:
     kind = newKind;
     shell = std::make_unique<PanelShell>(
         PanelContext::Outside{.scanner = scanner, .queue = queue},
-        PanelShell::Placement{.kind = [this] { return kind; }, .places = std::move(places)});
+        PanelShell::Placement{.kind = [this] { return kind; },
+                              .places = std::move(places),
+                              .freePlace = [this](const QScreen&) { return freePlace; }});
   }
 
   /// Another window takes the keyboard, as after a click outside of the panel.
@@ -77,6 +79,8 @@ protected:
   std::shared_ptr<PortScanner> scanner =
       PortScanner::create({.acquisition = {.tools = tools, .queue = queue},
                            .events = std::make_shared<SimulatedEventSource>()});
+  /// What bars leave free, at first everything.
+  QRect freePlace = QGuiApplication::primaryScreen()->geometry();
   QWindow other;
   PanelWindow::Kind kind = PanelWindow::Kind::ordinary;
   std::unique_ptr<PanelShell> shell;
@@ -208,6 +212,14 @@ TEST_F(PanelShellTest, WindowIsAsHighAsItsContentAndCannotBeResized) {
   EXPECT_EQ(shell->window()->maximumSize(), QSize(400, wanted));
 }
 
+TEST_F(PanelShellTest, HasASizeOfItsOwnBeforeAnythingIsMeasured) {
+  makeShell(PanelWindow::Kind::ordinary);
+  shell->open();
+  EXPECT_EQ(shell->window()->size(), QSize(400, 490));
+  EXPECT_EQ(shell->window()->minimumSize(), QSize(400, 490));
+  EXPECT_EQ(PanelWindow(shell->context(), PanelWindow::Kind::ordinary).size(), QSize(400, 490));
+}
+
 TEST_F(PanelShellTest, OrdinaryWindowThatGrowsMovesUpInsteadOfLeavingTheScreen) {
   makeShell(PanelWindow::Kind::ordinary);
   openPanel();
@@ -264,6 +276,78 @@ TEST_F(PanelShellTest, StaysTheWindowThatItIsWhileItIsOpen) {
   kind = PanelWindow::Kind::attached;
   openPanel();
   EXPECT_EQ(shell->window(), window);
+}
+
+class PanelAmongBarsTest : public PanelShellTest {
+protected:
+  /// A panel with more in its list than any screen can show.
+  void openHighPanel(PanelWindow::Kind newKind, const TrayPlace& place = {}) {
+    makeShell(newKind);
+    shell->context().sizing()->measure(PanelSizing::Channel::list, &list, 5000);
+    openPanel(place);
+  }
+
+  void leaveFree(const QRect& place) {
+    freePlace = place;
+    QScreen* const screen = shell->window()->screen();
+    emit screen->availableGeometryChanged(place);
+    queue->settle();
+    QGuiApplication::processEvents();
+  }
+
+  double cap() const { return *shell->context().sizing()->screenHeight(); }
+
+private:
+  const char list = 0;
+};
+
+TEST_F(PanelAmongBarsTest, BecomesLowerWhenABarComes) {
+  openHighPanel(PanelWindow::Kind::ordinary);
+  EXPECT_EQ(shell->window()->height(), screenHeight() - 40);
+  leaveFree({0, 0, 800, 500});
+  EXPECT_EQ(shell->window()->height(), 500 - 40);
+  EXPECT_EQ(shell->context().sizing()->windowTotalHeight(), 500 - 40);
+  leaveFree({0, 0, 800, 700});
+  EXPECT_EQ(shell->window()->height(), 700 - 40);
+}
+
+TEST_F(PanelAmongBarsTest, LeavesTheirPlaceToThem) {
+  openHighPanel(PanelWindow::Kind::ordinary);
+  shell->window()->setPosition(100, 30);
+  leaveFree({0, 0, 800, 500});
+  EXPECT_LE(shell->window()->frameGeometry().bottom(), 499);
+}
+
+TEST_F(PanelAmongBarsTest, MovesAwayFromABarThatGrows) {
+  openHighPanel(PanelWindow::Kind::attached, {.icon = QRect(300, 760, 24, 24)});
+  leaveFree({0, 0, 800, 600});
+  EXPECT_LT(shell->window()->geometry().bottom(), 600);
+}
+
+TEST_F(PanelAmongBarsTest, LooksAtThemEachTimeItOpens) {
+  openHighPanel(PanelWindow::Kind::attached);
+  shell->close();
+  freePlace = {0, 0, 800, 500}; // and nobody says so
+  openPanel();
+  EXPECT_EQ(cap(), 500);
+  EXPECT_EQ(shell->window()->height(), 500 - 40);
+}
+
+TEST_F(PanelAmongBarsTest, LooksAtThoseOfTheScreenThatItComesTo) {
+  openHighPanel(PanelWindow::Kind::ordinary);
+  freePlace = {0, 0, 800, 500};
+  emit shell->window()->screenChanged(shell->window()->screen());
+  queue->settle();
+  EXPECT_EQ(cap(), 500);
+  EXPECT_EQ(shell->window()->height(), 500 - 40);
+  leaveFree({0, 0, 800, 450});
+  EXPECT_EQ(cap(), 450);
+}
+
+TEST_F(PanelAmongBarsTest, SurvivesThatItsScreenGoes) {
+  openHighPanel(PanelWindow::Kind::ordinary);
+  emit shell->window()->screenChanged(nullptr);
+  EXPECT_EQ(cap(), freePlace.height());
 }
 
 class HeldPanelTest : public PanelShellTest {
