@@ -5,8 +5,15 @@
 #include <QDir>
 #include <QLatin1String>
 
+#include <array>
+
 namespace tamberline {
 namespace {
+
+/// The languages whose manual is taken, the best first.
+std::array<AppLanguage, 2> languagesInOrder() {
+  return {AppLanguage::current(), AppLanguage(AppLanguage::en)};
+}
 
 QString fileNameFor(AppLanguage language) {
   const std::string_view code = language.code();
@@ -25,8 +32,10 @@ std::unique_ptr<QPdfDocument> open(const QString& path) {
 QString manualFolder(const QString& programFolder) {
   for (const char* place : {"../share/tamberline/manual", "../Resources"}) {
     QString folder = QDir::cleanPath(QDir(programFolder).filePath(QLatin1String(place)));
-    if (QDir(folder).exists(fileNameFor(AppLanguage::en))) {
-      return folder;
+    for (const AppLanguage language : languagesInOrder()) {
+      if (QDir(folder).exists(fileNameFor(language))) {
+        return folder;
+      }
     }
   }
   return {};
@@ -36,7 +45,7 @@ std::unique_ptr<QPdfDocument> loadDocument(const QString& folder) {
   if (folder.isEmpty()) {
     return nullptr; // nothing from the folder that the program runs in
   }
-  for (const AppLanguage language : {AppLanguage::current(), AppLanguage(AppLanguage::en)}) {
+  for (const AppLanguage language : languagesInOrder()) {
     if (auto document = open(QDir(folder).filePath(fileNameFor(language)))) {
       return document;
     }

@@ -8,8 +8,8 @@
 namespace tamberline {
 
 /// Where the manuals of a program are, one for each language: in the share folder beside its own,
-/// or in the resources of its bundle. Empty when neither is there. `programFolder` is where its
-/// executable is.
+/// or in the resources of its bundle. Empty when neither has one that could be taken.
+/// `programFolder` is where its executable is.
 QString manualFolder(const QString& programFolder);
 
 /// The manual in the language of this run, or else the English one; null when neither opens and

@@ -34,9 +34,9 @@ protected:
     return place.isEmpty() ? "none" : QDir(parent).relativeFilePath(place).toStdString();
   }
 
-  void install(const std::string& place) {
+  void install(const std::string& place, const std::string& language = "en") {
     std::filesystem::create_directories(folder.path() / place);
-    folder.save(place + "/Manual-en.pdf", shortManual("en"));
+    folder.save(place + "/Manual-" + language + ".pdf", shortManual(language));
   }
 
   TemporaryFolder folder;
@@ -55,6 +55,13 @@ TEST_F(ManualFolder, IsInTheResourcesOfABundle) {
 TEST_F(ManualFolder, IsNoneWithoutAManual) {
   std::filesystem::create_directories(folder.path() / "share/tamberline/manual");
   EXPECT_EQ(found(), "none");
+}
+
+TEST_F(ManualFolder, HasAManualInTheLanguageOfTheRunOrTheEnglishOne) {
+  install("share/tamberline/manual", "it");
+  EXPECT_EQ(found(), "none");
+  const LanguageScope italian(AppLanguage::it);
+  EXPECT_EQ(found(), "share/tamberline/manual");
 }
 
 class ManualDocument : public testing::Test {
@@ -89,6 +96,11 @@ protected:
 
 TEST_F(ManualDocument, IsTheOneInTheLanguageOfTheRun) {
   folder.save("Manual-en.pdf", shortManual("en"));
+  folder.save("Manual-it.pdf", shortManual("it"));
+  EXPECT_EQ(loadedTitle(), "Manuale Tamberline");
+}
+
+TEST_F(ManualDocument, NeedsNoEnglishOneBesideIt) {
   folder.save("Manual-it.pdf", shortManual("it"));
   EXPECT_EQ(loadedTitle(), "Manuale Tamberline");
 }
