@@ -4,11 +4,25 @@
 #include "base/text.h"
 #include "i18n/loc.h"
 
+#include <algorithm>
+
 namespace tamberline {
 namespace {
 
 SymbolButton retestButton() {
   return {.symbol = "arrow.clockwise", .tooltip = std::string(Loc::hintRetest())};
+}
+
+/// A tool may say in several lines what stands in one here.
+std::string inOneLine(std::string message) {
+  std::replace_if(
+      message.begin(), message.end(),
+      [](char character) { return character >= '\t' && character <= '\r'; }, ' ');
+  std::vector<std::string> words;
+  for (const std::string_view word : splitNonEmpty(message, ' ')) {
+    words.emplace_back(word);
+  }
+  return joined(words, " ");
 }
 
 void describeTest(const BenchmarkPhase& phase, VolumeTools& tools) {
@@ -49,7 +63,7 @@ VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectSt
   }
   tools.ejectButton = {.symbol = "eject.circle", .tooltip = std::string(Loc::hintEject())};
   if (eject) {
-    tools.ejectFailure = std::get<EjectState::Failed>(eject->state).message;
+    tools.ejectFailure = inOneLine(std::get<EjectState::Failed>(eject->state).message);
     tools.ejectButton->symbol = "exclamationmark.circle";
     tools.ejectButton->tooltip = *tools.ejectFailure;
     tools.ejectButton->color = Color::orange;

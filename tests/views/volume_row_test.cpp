@@ -112,6 +112,16 @@ TEST(VolumeEjection, OffersAnotherAttemptWithTheReasonOfTheFailure) {
                 .symbol = "exclamationmark.circle", .tooltip = "in use", .color = Color::orange}));
 }
 
+TEST(VolumeEjection, TellsAReasonOfSeveralLinesInOne) {
+  const EjectState severalLines{EjectState::Failed{
+      "Unmount of disk6 failed:\r\n\tat least one volume\n\nis  in use\v\fnow\n"}};
+  const VolumeTools tools = volumeTools(idle, severalLines);
+
+  EXPECT_EQ(tools.ejectButton->tooltip,
+            "Unmount of disk6 failed: at least one volume is in use now");
+  EXPECT_EQ(tools.ejectFailure, tools.ejectButton->tooltip);
+}
+
 TEST(VolumeEjection, OffersNoSecondAttemptWhileATestRuns) {
   EXPECT_EQ(volumeTools(writing, ejectFailed).ejectButton,
             (SymbolButton{.symbol = "exclamationmark.circle",
