@@ -21,6 +21,7 @@ void LineLayout::follow(QQuickItem* child) {
   connect(child, &QQuickItem::implicitWidthChanged, this, &LineLayout::layOut);
   connect(child, &QQuickItem::implicitHeightChanged, this, &LineLayout::layOut);
   connect(child, &QQuickItem::visibleChanged, this, &LineLayout::layOut);
+  connect(child, &QQuickItem::baselineOffsetChanged, this, &LineLayout::layOut);
 }
 
 void LineLayout::place() {
@@ -38,7 +39,8 @@ void LineLayout::place() {
     if (std::exchange(isFirst, false)) {
       line.insert(line.end(), pinned.begin(), pinned.end());
     }
-    top += placeLine(line, top, width()) + lineSpacing_;
+    placeAcross(line, width());
+    top += placeDown(line, top) + lineSpacing_;
     available = width();
   }
   setImplicitHeight(std::max(0.0, top - lineSpacing_));
@@ -114,19 +116,53 @@ void LineLayout::stretch(Line& line, double available) const {
   }
 }
 
-/// Returns the height of the line.
-double LineLayout::placeLine(const Line& line, double top, double available) const {
-  double height = 0;
-  for (const Part& part : line) {
-    part.item->setWidth(part.width);
-    height = std::max(height, part.item->implicitHeight());
-  }
+void LineLayout::placeAcross(const Line& line, double available) const {
   double left = 0;
   const double slack = std::max(0.0, available - widthOf(line));
   for (const Part& part : line) {
-    const double x = part.isTrailing ? left + slack : left;
-    part.item->setPosition({x, top + std::round((height - part.item->implicitHeight()) / 2)});
+    part.item->setWidth(part.width);
+    part.item->setX(part.isTrailing ? left + slack : left);
     left += part.width + spacing();
+  }
+}
+
+/// Returns the height of the line.
+double LineLayout::placeDown(const Line& line, double top) {
+  if (alignsBaselines_) {
+    return placeOnBaseline(line, top);
+  }
+  double height = 0;
+  for (const Part& part : line) {
+    height = std::max(height, part.item->implicitHeight());
+  }
+  for (const Part& part : line) {
+    part.item->setY(top + std::round((height - part.item->implicitHeight()) / 2));
+  }
+  return height;
+}
+
+/// Likewise. Nothing reaches above the line: the baseline is as low as that takes.
+double LineLayout::placeOnBaseline(const Line& line, double top) {
+  const auto first = std::find_if(line.begin(), line.end(),
+                                  [](const Part& part) { return part.item->baselineOffset() > 0; });
+  const double centre =
+      first == line.end() ? 0 : first->item->implicitHeight() / 2 - first->item->baselineOffset();
+  const auto ascent = [centre](const Part& part) {
+    const double offset = part.item->baselineOffset();
+    return offset > 0 ? offset : part.item->implicitHeight() / 2 - centre;
+  };
+  double baseline = 0;
+  for (const Part& part : line) {
+    baseline = std::max(baseline, std::ceil(ascent(part)));
+  }
+  double height = 0;
+  for (const Part& part : line) {
+    const double y = std::round(baseline - ascent(part));
+    part.item->setY(top + y);
+    height = std::max(height, y + part.item->implicitHeight());
+  }
+  if (top == 0) {
+    setBaselineOffset(baseline);
   }
   return height;
 }

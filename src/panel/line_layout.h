@@ -30,15 +30,19 @@ signals:
   void changed();
 };
 
-/// Children side by side in one line, centred vertically, as long as they fit; then in several. An
-/// elastic child makes room for the others, down to `leastElasticWidth`, before anything wraps, so
-/// that a name stays in sight beside any number of badges and at any size of the font.
+/// Children side by side in one line, as long as they fit; then in several. An elastic child makes
+/// room for the others, down to `leastElasticWidth`, before anything wraps, so that a name stays in
+/// sight beside any number of badges and at any size of the font. The children of a line are
+/// centred vertically, or stand on one baseline where `alignsBaselines` is set; a child without a
+/// baseline is then centred on the first that has one. The layout's own baseline is that of its
+/// first line.
 class LineLayout : public tamberline::ChildLayout {
   Q_OBJECT
   QML_ELEMENT
   QML_ATTACHED(tamberline::LineAttached)
   Q_PROPERTY(double lineSpacing MEMBER lineSpacing_ NOTIFY spacingChanged)
   Q_PROPERTY(double leastElasticWidth MEMBER leastElasticWidth_ NOTIFY spacingChanged)
+  Q_PROPERTY(bool alignsBaselines MEMBER alignsBaselines_ NOTIFY spacingChanged)
 
 public:
   using ChildLayout::ChildLayout;
@@ -64,11 +68,14 @@ private:
   double widthOf(const Line& line) const;
   std::vector<Line> breakIntoLines(const std::vector<Part>& parts, double pinnedWidth) const;
   void stretch(Line& line, double available) const;
-  double placeLine(const Line& line, double top, double available) const;
+  void placeAcross(const Line& line, double available) const;
+  double placeDown(const Line& line, double top);
+  double placeOnBaseline(const Line& line, double top);
   double naturalWidth(const std::vector<Part>& parts) const;
 
   double lineSpacing_ = 0;
   double leastElasticWidth_ = 0;
+  bool alignsBaselines_ = false;
 };
 
 } // namespace tamberline

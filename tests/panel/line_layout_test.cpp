@@ -147,6 +147,36 @@ TEST_F(LineLayoutTest, PlacesItsChildren) {
   }
 }
 
+TEST_F(LineLayoutTest, StandsChildrenOnOneBaseline) {
+  layout.setProperty("alignsBaselines", true);
+  fill(100, {{30, 15}, {20, 12}, {10, 6}});
+  children[0]->setBaselineOffset(12);
+  children[1]->setBaselineOffset(10);
+  EXPECT_EQ(geometry(), "0,0 30 | 35,2 20 | 60,5 10"); // the last is centred on the first
+  EXPECT_EQ(layout.implicitHeight(), 15);
+  EXPECT_EQ(layout.baselineOffset(), 12);
+  children[2]->setImplicitHeight(31);
+  EXPECT_EQ(geometry(), "0,8 30 | 35,10 20 | 60,0 10");
+  EXPECT_EQ(layout.implicitHeight(), 31);
+  EXPECT_EQ(layout.baselineOffset(), 20);
+}
+
+TEST_F(LineLayoutTest, HasTheBaselineOfItsFirstLine) {
+  layout.setProperty("alignsBaselines", true);
+  fill(50, {{30, 15}, {40, 12}});
+  children[0]->setBaselineOffset(12);
+  children[1]->setBaselineOffset(11);
+  EXPECT_EQ(geometry(), "0,0 30 | 0,17 40");
+  EXPECT_EQ(layout.baselineOffset(), 12);
+}
+
+TEST_F(LineLayoutTest, CentresChildrenOfWhichNoneHasABaseline) {
+  layout.setProperty("alignsBaselines", true);
+  fill(100, {{30, 10}, {30, 20}});
+  EXPECT_EQ(geometry(), "0,5 30 | 35,0 30");
+  EXPECT_EQ(layout.implicitHeight(), 20);
+}
+
 TEST_F(LineLayoutTest, WantsToBeAsWideAsOneLine) {
   fill(50, {{30}, {40, 10, true}, {10, 10, false, false, true}});
   EXPECT_EQ(layout.implicitWidth(), 90);

@@ -7,6 +7,7 @@ LineLayout {
 
     required property var content
 
+    alignsBaselines: true
     leastElasticWidth: Theme.leastNameWidth
     lineSpacing: 2
     spacing: 6
@@ -20,19 +21,18 @@ LineLayout {
     NameLabel {
         name: row.content.name
     }
-    Row {
+    LineLayout {
+        alignsBaselines: true
         spacing: 4
         visible: row.content.rated !== ""
         LineLayout.isTrailing: true
 
         SymbolIcon {
-            anchors.verticalCenter: parent.verticalCenter
             color: Theme.inks.green
             name: "arrow.up.circle.fill"
             visible: row.content.isCharging
         }
         TextLine {
-            anchors.verticalCenter: parent.verticalCenter
             color: row.content.isCharging ? Theme.inks.green : Theme.secondary
             text: row.content.rated
         }
