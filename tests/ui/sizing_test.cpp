@@ -1,5 +1,7 @@
+#include "ui/drawn_items.h"
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
+#include "ui/visible_items.h"
 
 #include <QScreen>
 
@@ -63,6 +65,38 @@ TEST_F(PanelSizes, DoNotFollowRounding) {
   context().sizing()->measure(PanelSizing::Channel::chrome, &part, 3 - fraction);
   settle();
   EXPECT_EQ(window().height(), height + 3);
+}
+
+TEST_F(PanelSizes, LeaveTheSameAirAroundTheSearchWithSuggestionsAndWithout) {
+  useSample("desk");
+  openPanel();
+  const QRectF header = placeInWindow(*find(QAccessible::Button, "Expand all").item());
+  EXPECT_EQ(header.top(), 8);
+  const QQuickItem& field = drawnItem(*window().rootObject(), "SearchField");
+  const QQuickItem& box = *field.childItems().constFirst();
+  const QRectF place = placeInWindow(box);
+  EXPECT_EQ(place.top(), header.bottom() + 8);
+  EXPECT_EQ(place.left(), 8);
+  EXPECT_EQ(place.right(), window().width() - 8);
+  EXPECT_EQ(placeInWindow(field).bottom(), place.bottom() + 8);
+  typeText("e");
+  EXPECT_EQ(placeInWindow(box), place);
+  const QRectF list = placeInWindow(*find(QAccessible::List, "Suggestions").item());
+  EXPECT_EQ(list.top(), place.bottom() + 8);
+  EXPECT_EQ(list.left(), 8);
+  EXPECT_EQ(list.right(), window().width() - 8);
+  EXPECT_EQ(placeInWindow(*listView()->parentItem()).top(), list.bottom() + 8 + 1); // a divider
+}
+
+TEST_F(PanelSizes, LeaveAirAroundTheFooter) {
+  answerWithPorts(*tools, 4);
+  openPanel();
+  const QRectF manual = placeInWindow(*find(QAccessible::Button, "Open the user manual").item());
+  const QRectF quit = placeInWindow(*find(QAccessible::Button, "Quit").item());
+  EXPECT_EQ(manual.left(), 8);
+  EXPECT_EQ(quit.right(), window().width() - 14);
+  EXPECT_EQ(manual.top(), placeInWindow(*listView()->parentItem()).bottom() + 1 + 8);
+  EXPECT_EQ(manual.bottom(), window().height() - 8);
 }
 
 TEST_F(PanelSizes, StayTheSameWhileSearching) {

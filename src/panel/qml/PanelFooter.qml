@@ -12,7 +12,7 @@ Item {
         spacing: 8
         width: parent.width - x - 14
         x: 8
-        y: 6
+        y: 8
 
         SymbolButton {
             enabled: Panel.canOpenManual

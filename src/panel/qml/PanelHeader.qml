@@ -1,9 +1,10 @@
 import QtQuick
 import Tamberline
 
-// The application's name and the controls of the whole list.
+// The application's name and the controls of the whole list. The search area below has a padding of
+// its own.
 Item {
-    implicitHeight: line.implicitHeight + line.y * 2
+    implicitHeight: line.y + line.implicitHeight
 
     LineLayout {
         id: line

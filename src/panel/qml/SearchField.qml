@@ -7,7 +7,7 @@ Item {
 
     property Item below
 
-    implicitHeight: box.height + 10
+    implicitHeight: box.height + box.y * 2
 
     Rectangle {
         id: box
@@ -18,7 +18,8 @@ Item {
         height: input.implicitHeight + 14
         radius: 8
         width: parent.width - x * 2
-        x: 14
+        x: 8
+        y: 8
 
         SymbolIcon {
             id: glass
