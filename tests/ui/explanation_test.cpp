@@ -1,4 +1,5 @@
 #include "panel/bubble.h"
+#include "ui/drawn_items.h"
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
 #include "ui/visible_items.h"
@@ -132,6 +133,27 @@ TEST_F(PanelTooltips, ExplainATextOfTheList) {
   movePointer(middleOf(QAccessible::StaticText, "480 Mb/s"));
   advance(600ms);
   EXPECT_EQ(bubbleText(), "Negotiated USB link speed (green = at the port's max)");
+}
+
+TEST_F(PanelTooltips, CoverAllOfABadge) {
+  closePanel();
+  useSample("road");
+  openPanel();
+  QQuickItem& header = *rowItem(indexOfRowNamed("Thunderbolt Port 2"));
+  const QQuickItem& charger = *drawnItems(header, "BadgeView").at(1);
+  const QQuickItem& bolt = drawnItem(charger, "Symbol");
+  for (const QPointF& place :
+       {charger.mapToScene({2, 2}), charger.mapToScene({charger.width() - 2, charger.height() - 1}),
+        bolt.mapToScene({bolt.width() / 2, bolt.height() / 2})}) {
+    movePointer({200, 2});
+    movePointer(place);
+    advance(600ms);
+    EXPECT_EQ(bubbleText(), "Power the charger is currently delivering to the Mac");
+  }
+  const QQuickItem& count = *find(QAccessible::StaticText, "1 item").item()->parentItem();
+  movePointer(count.mapToScene({2, 1}));
+  advance(600ms);
+  EXPECT_EQ(bubbleText(), "Number of devices attached to this port");
 }
 
 TEST_F(PanelTooltips, GoWithAPress) {

@@ -13,6 +13,9 @@ Rectangle {
     radius: 4
     visible: badge.isShown
 
+    Hint {
+        text: label.hint
+    }
     Rectangle {
         anchors.fill: parent
         color: Theme.fills[badgeView.badge.color]
@@ -36,8 +39,11 @@ Rectangle {
             visible: name !== ""
         }
         TextLine {
+            id: label
+
             color: Theme.inks[badgeView.badge.color]
             font: badgeView.badge.hasBackground ? Theme.badgeFont : Theme.caption2Font
+            showsHint: false
             text: badgeView.badge.text
             tooltip: badgeView.badge.tooltip
             LineLayout.isElastic: true

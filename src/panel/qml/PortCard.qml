@@ -42,6 +42,9 @@ CardSegment {
                 implicitWidth: count.implicitWidth + 10
                 visible: count.text !== ""
 
+                Hint {
+                    text: count.hint
+                }
                 Rectangle {
                     anchors.fill: parent
                     color: Theme.fills.grey
@@ -53,6 +56,7 @@ CardSegment {
 
                     anchors.centerIn: parent
                     color: Theme.secondary
+                    showsHint: false
                     text: card.content.itemCount
                     tooltip: card.content.itemCountTooltip
                 }

@@ -7,6 +7,8 @@ Text {
 
     property string tooltip
     property string wholeText: text
+    readonly property string hint: truncated ? wholeText : tooltip
+    property bool showsHint: true // unless something larger around it does
 
     color: Theme.text
     elide: Text.ElideMiddle
@@ -19,6 +21,7 @@ Text {
     Accessible.role: Accessible.StaticText
 
     Hint {
-        text: line.truncated ? line.wholeText : line.tooltip
+        enabled: line.showsHint
+        text: line.hint
     }
 }
