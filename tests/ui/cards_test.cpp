@@ -58,6 +58,16 @@ TEST_F(PanelCards, OpenAtAClick) {
   EXPECT_TRUE(isOpen("Thunderbolt Port 2"));
 }
 
+TEST_F(PanelCards, StayAsTheyAreAtAClickBesideThem) {
+  const QQuickItem* header = rowItem(indexOfRowNamed("Thunderbolt Port 2"));
+  for (const double x : {4.0, 11.0, header->width() - 11, header->width() - 4}) {
+    click(header->mapToScene({x, 16}));
+    EXPECT_TRUE(isClosed("Thunderbolt Port 2")) << x;
+  }
+  click(header->mapToScene({14, 16}));
+  EXPECT_TRUE(isOpen("Thunderbolt Port 2"));
+}
+
 TEST_F(PanelCards, OpenAllAndCloseAll) {
   EXPECT_FALSE(areAll(true));
   press("Expand all");

@@ -44,6 +44,8 @@ FocusScope {
     MouseArea {
         anchors.bottomMargin: segment.gap
         anchors.fill: parent
+        anchors.leftMargin: 12
+        anchors.rightMargin: 12
         enabled: segment.canExpand
         onClicked: Panel.toggle(segment.index)
         onPressed: {
