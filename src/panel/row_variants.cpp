@@ -113,7 +113,7 @@ QVariantMap volumeVariant(const VolumeRow& volume, const VolumeTools& tools) {
 }
 
 QVariantMap chargerVariant(const ChargerRow& row) {
-  return {{"name", nameVariant(row.name)},
+  return {{"name", nameVariant(row.shownName())},
           {"rated", textOrNothing(row.rated)},
           {"isCharging", row.isCharging}};
 }

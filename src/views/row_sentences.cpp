@@ -73,7 +73,7 @@ void tell(const StandaloneUSBCard& card, PanelRow::Kind kind, Sentence& sentence
 }
 
 void tell(const ChargerRow& row, Sentence& sentence) {
-  sentence << row.name;
+  sentence << row.shownName();
   if (row.isCharging) {
     sentence << Loc::charging();
   }

@@ -213,6 +213,10 @@ USBBusHeaderRow usbBusHeaderRow(const USBBus& bus, const AggregatedPower& power)
   return {bus.displayName(), compactWatts(power.usedMa, " rated")};
 }
 
+std::string ChargerRow::shownName() const {
+  return trimmed(name).empty() ? std::string(Loc::powerAdapter()) : name;
+}
+
 ChargerRow chargerRow(const ChargerInfo& charger) {
   ChargerRow row{.name = charger.name, .rated = std::nullopt, .isCharging = charger.isCharging};
   if (charger.ratedWatts) {

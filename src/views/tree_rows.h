@@ -74,6 +74,9 @@ struct ChargerRow {
   std::optional<std::string> rated = {};
   bool isCharging = false;
 
+  /// What stands in the row where the adapter tells no name.
+  std::string shownName() const;
+
   friend bool operator==(const ChargerRow&, const ChargerRow&) = default;
 };
 

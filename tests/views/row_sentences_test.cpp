@@ -28,6 +28,10 @@ std::string sentenceOf(ExpandableRow::Content content, const SampleStates& state
   return rowSentence(states.rowsOf(panel).at(1));
 }
 
+TEST(RowSentence, NamesAnAdapterThatHasNoName) {
+  EXPECT_EQ(sentenceOf(ChargerRow{" ", "70 W rated", true}), "Power Adapter, charging, 70 W rated");
+}
+
 /// What every kind says, in the language of the run.
 std::string everything() {
   const PortCard port{
