@@ -179,6 +179,12 @@ void PanelController::showRows() {
                                     .benchmarks = scanner_->benchmarks.get(),
                                     .ejectStates = scanner_->ejectStates.get(),
                                     .pulses = pulses_.phases()}));
+  for (int index = 0; index < rows_.rowCount(); ++index) {
+    const PanelRow& row = *rows_.rowAt(index);
+    if (const auto* tree = std::get_if<const ExpandableRow*>(&row.source)) {
+      expansion_.see(row.id, (*tree)->startsExpanded);
+    }
+  }
 }
 
 /// A row's pulse goes with the row; it begins when the highlight comes to a row that is shown, or

@@ -6,20 +6,20 @@ namespace tamberline {
 
 bool RowExpansion::isExpanded(const std::string& id, bool startsExpanded,
                               const std::set<std::string>& overrideIDs) const {
-  const auto touched = touched_.find(id);
-  return (touched == touched_.end() ? startsExpanded : touched->second) || overrideIDs.contains(id);
+  const auto known = known_.find(id);
+  return (known == known_.end() ? startsExpanded : known->second) || overrideIDs.contains(id);
 }
 
 void RowExpansion::collapseAll(const std::vector<std::string>& ids) {
-  touched_.clear();
+  known_.clear();
   for (const std::string& id : ids) {
-    touched_.emplace(id, false);
+    known_.emplace(id, false);
   }
 }
 
 void RowExpansion::keepOnly(const std::vector<std::string>& ids) {
   const std::unordered_set<std::string_view> kept(ids.begin(), ids.end());
-  std::erase_if(touched_, [&](const auto& entry) { return !kept.contains(entry.first); });
+  std::erase_if(known_, [&](const auto& entry) { return !kept.contains(entry.first); });
 }
 
 } // namespace tamberline

@@ -201,6 +201,22 @@ TEST_F(PanelControllerTest, ClosesEverythingDocksThatStartOpenIncluded) {
                     "Thunderbolt Port 2, closed\n");
 }
 
+TEST_F(PanelControllerTest, ClosesEverythingInTwoSteps) {
+  scanADesk();
+  panel->expandAll();
+  const auto epoch = scanner->collapseAllEpoch.get();
+  std::string steps;
+  const auto overrides = scanner->expandedOverrideIDs.observe([&] {
+    steps += scanner->expandedOverrideIDs.get().empty() ? "nothing is to be open\n" : "?\n";
+  });
+  const auto epochs = scanner->collapseAllEpoch.observe([&] {
+    steps += "epoch + " + std::to_string(scanner->collapseAllEpoch.get() - epoch) + "\n";
+  });
+  panel->collapseAll();
+  EXPECT_EQ(steps, "nothing is to be open\n"
+                   "epoch + 1\n");
+}
+
 TEST_F(PanelControllerTest, ClosesWhatWasOpenedByHand) {
   scanADesk();
   toggle("Thunderbolt Port 2");
@@ -216,6 +232,31 @@ TEST_F(PanelControllerTest, KeepsRowsOpenOverRescans) {
   const std::string before = list();
   scan();
   EXPECT_EQ(list(), before);
+}
+
+TEST_F(PanelControllerTest, LeavesADockClosedThatWasSeenBeforeItsDevicesCame) {
+  answerWithADesk();
+  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": []})");
+  scan();
+  toggle("Thunderbolt Port 1");
+  EXPECT_EQ(list(), "Thunderbolt Port 1, open\n"
+                    "  Harbour Dock\n"
+                    "Thunderbolt Port 2, closed\n");
+  scanADesk();
+  EXPECT_EQ(list(), "Thunderbolt Port 1, open\n"
+                    "  Harbour Dock, closed\n"
+                    "Thunderbolt Port 2, closed\n");
+  toggle("Harbour Dock");
+  EXPECT_NE(indexOf("USB 2.0 Bus"), -1);
+}
+
+TEST_F(PanelControllerTest, OpensADockWhoseDevicesCameBeforeItWasSeen) {
+  answerWithADesk();
+  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": []})");
+  scan();
+  scanADesk();
+  toggle("Thunderbolt Port 1");
+  EXPECT_NE(indexOf("USB 2.0 Bus"), -1);
 }
 
 TEST_F(PanelControllerTest, ForgetsHowRowsStoodThatAreGone) {

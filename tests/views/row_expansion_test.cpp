@@ -5,10 +5,22 @@
 namespace tamberline {
 namespace {
 
-TEST(RowExpansion, IsAsRowsStartUntilTheyAreTouched) {
+TEST(RowExpansion, IsAsRowsStartUntilTheyAreSeen) {
   const RowExpansion expansion;
   EXPECT_TRUE(expansion.isExpanded("dock", true, {}));
   EXPECT_FALSE(expansion.isExpanded("hub", false, {}));
+}
+
+TEST(RowExpansion, KeepsARowAsItWasSeenFirst) {
+  RowExpansion expansion;
+  expansion.see("dock without devices", false);
+  EXPECT_FALSE(expansion.isExpanded("dock without devices", true, {}));
+  expansion.see("dock", true);
+  expansion.see("dock", false);
+  EXPECT_TRUE(expansion.isExpanded("dock", false, {}));
+  expansion.set("dock", false);
+  expansion.see("dock", true);
+  EXPECT_FALSE(expansion.isExpanded("dock", true, {}));
 }
 
 TEST(RowExpansion, RemembersWhatWasTouched) {
