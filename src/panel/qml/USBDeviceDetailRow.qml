@@ -25,6 +25,12 @@ Stack {
         NameLabel {
             name: row.content.name
         }
+        TextLine {
+            color: Theme.inks[row.content.speedColor]
+            text: row.content.speedText
+            tooltip: row.content.speedTooltip
+            LineLayout.isTrailing: true
+        }
         SymbolButton {
             id: explain
 
@@ -33,18 +39,13 @@ Stack {
             size: Theme.symbolSize
             symbol: "arrow.up.circle"
             visible: row.content.speedNote.isShown
+            LineLayout.isTrailing: true
             onTriggered: Popover.toggle(explain, row.content.speedNote.title, row.content.speedNote.note)
         }
         TextLine {
             color: Theme.secondary
             text: row.content.hubTotal.text
             tooltip: row.content.hubTotal.tooltip
-            LineLayout.isTrailing: true
-        }
-        TextLine {
-            color: Theme.inks[row.content.speedColor]
-            text: row.content.speedText
-            tooltip: row.content.speedTooltip
             LineLayout.isTrailing: true
         }
         Chevron {
