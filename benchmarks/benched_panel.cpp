@@ -18,19 +18,15 @@ constexpr std::chrono::milliseconds restTime{300};
 } // namespace
 
 BenchedPanel::BenchedPanel(const std::filesystem::path& reports)
-    : queue_(std::make_shared<QtMainQueue>()),
-      scanner_(PortScanner::create(
-          {.acquisition = {.tools = std::make_shared<SavedReportsRunner>(reports), .queue = queue_},
+    : scanner_(PortScanner::create(
+          {.acquisition = {.tools = std::make_shared<SavedReportsRunner>(reports),
+                           .queue = scope_.queue()},
            .events = std::make_shared<SilentEventSource>()})),
-      shell_({.scanner = scanner_, .queue = queue_}, {}) {
+      shell_({.scanner = scanner_, .queue = scope_.queue()}, {}) {
   shell_.open();
   QObject::connect(shell_.window(), &QQuickWindow::frameSwapped, shell_.window(),
                    [this] { ++frames_; });
   finishScan();
-}
-
-BenchedPanel::~BenchedPanel() {
-  queue_->end();
 }
 
 QQuickItem* BenchedPanel::linesOfList() {

@@ -19,7 +19,7 @@ public:
   explicit BenchedPanel(const std::filesystem::path& reports);
   BenchedPanel(const BenchedPanel&) = delete;
   BenchedPanel& operator=(const BenchedPanel&) = delete;
-  ~BenchedPanel();
+  ~BenchedPanel() = default;
 
   PanelShell& shell() { return shell_; }
   PanelController& controller() { return *shell_.context().panel(); }
@@ -40,7 +40,7 @@ public:
 private:
   void finishScan();
 
-  std::shared_ptr<QtMainQueue> queue_;
+  MainQueueScope scope_;
   std::shared_ptr<PortScanner> scanner_;
   PanelShell shell_;
   int frames_ = 0;

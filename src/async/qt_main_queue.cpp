@@ -6,6 +6,7 @@
 #include <QThread>
 #include <QTimerEvent>
 
+#include <limits>
 #include <map>
 #include <mutex>
 #include <system_error>
@@ -24,11 +25,10 @@ public:
     receiver_ = receiver;
   }
 
-  /// What nobody will run any more; from now on everything is dropped on arrival.
-  std::vector<Work> close() {
+  /// From now on everything is dropped on arrival, on whatever thread.
+  void close() {
     const std::lock_guard lock(mutex_);
     receiver_ = nullptr;
-    return std::exchange(works_, {});
   }
 
   void post(Work work) {
@@ -64,12 +64,18 @@ public:
     return item;
   }
 
-  void cancelAll() {
+  /// Drops what waits. What other threads post from now on is dropped here, too: work that holds a
+  /// coroutine must not unwind it on their side.
+  void end() {
+    hasEnded_ = true;
     std::map<int, DelayedWork> dropped = std::exchange(delayed_, {});
     for (const auto& [timer, work] : dropped) {
       killTimer(timer);
     }
+    inbox_->takeAll().clear();
   }
+
+  bool hasEnded() const { return hasEnded_; }
 
   void cancelItem(WorkItem item) {
     for (auto entry = delayed_.begin(); entry != delayed_.end(); ++entry) {
@@ -85,6 +91,9 @@ protected:
   /// The event is only the wake-up; what it says was handed over under the inbox's mutex.
   void customEvent(QEvent* /*event*/) override {
     for (const Work& work : inbox_->takeAll()) {
+      if (hasEnded_) { // perhaps by the work before
+        return;
+      }
       work();
     }
   }
@@ -109,20 +118,22 @@ private:
   std::shared_ptr<Inbox> inbox_;
   std::map<int, DelayedWork> delayed_; // by timer; Qt uses the numbers of ended timers again
   WorkItem lastItem_ = 0;
+  bool hasEnded_ = false;
 };
 
-QtMainQueue::QtMainQueue()
-    : inbox_(std::make_shared<Inbox>()), receiver_(std::make_unique<Receiver>(inbox_)) {
+QtMainQueue::QtMainQueue(std::function<void()> prepareTask)
+    : prepareTask_(std::move(prepareTask)), inbox_(std::make_shared<Inbox>()),
+      receiver_(std::make_unique<Receiver>(inbox_)) {
   inbox_->open(receiver_.get());
 }
 
 QtMainQueue::~QtMainQueue() {
   end();
+  inbox_->close();
 }
 
 void QtMainQueue::end() {
-  inbox_->close();
-  receiver_->cancelAll();
+  receiver_->end();
   std::exchange(nextOfBackgroundWork_, {}).clear();
 }
 
@@ -131,11 +142,15 @@ bool QtMainQueue::isMainThread() const {
 }
 
 void QtMainQueue::post(Work work) {
+  if (isMainThread() && receiver_->hasEnded()) {
+    return;
+  }
   inbox_->post(std::move(work));
 }
 
 MainQueue::WorkItem QtMainQueue::postLater(std::chrono::milliseconds delay, Work work) {
-  return receiver_->startItem(delay, std::move(work));
+  constexpr WorkItem droppedItem = std::numeric_limits<WorkItem>::max();
+  return receiver_->hasEnded() ? droppedItem : receiver_->startItem(delay, std::move(work));
 }
 
 void QtMainQueue::cancel(WorkItem item) {
@@ -143,11 +158,17 @@ void QtMainQueue::cancel(WorkItem item) {
 }
 
 void QtMainQueue::runInBackground(Work work, Work next) {
+  if (receiver_->hasEnded()) {
+    return;
+  }
   const WorkItem item = ++lastBackgroundWork_;
   nextOfBackgroundWork_[item] = std::move(next);
   const Work finish = [this, item] { finishBackgroundWork(item); };
   try {
-    std::thread([inbox = inbox_, work = std::move(work), finish]() mutable {
+    std::thread([inbox = inbox_, prepare = prepareTask_, work = std::move(work), finish]() mutable {
+      if (prepare) {
+        prepare();
+      }
       work();
       work = nullptr; // what it holds must not outlive what follows, which may end the process
       inbox->post(finish);

@@ -43,13 +43,13 @@ void obey(const std::string& command) {
 
 int runOn(const QString& folder, std::int64_t sizeMB) {
   const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
-  const auto queue = std::make_shared<QtMainQueue>();
+  const MainQueueScope scope;
   TamberlineApp app(
-      {.acquisition = {.tools = std::make_shared<FakeTools>(), .queue = queue},
+      {.acquisition = {.tools = std::make_shared<FakeTools>(), .queue = scope.queue()},
        .events = std::make_shared<SimulatedEventSource>(),
        .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>(),
                                                 Benchmark::Setting{.sizeMB = sizeMB})},
-      queue, {});
+      scope.queue(), {});
   app.start();
   QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
   QObject::connect(&input, &QSocketNotifier::activated, [&input] {

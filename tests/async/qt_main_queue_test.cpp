@@ -9,6 +9,7 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -24,14 +25,22 @@ protected:
   static void runLoop() { QCoreApplication::exec(); }
   static void quitLoop() { QCoreApplication::quit(); }
 
+  /// Whether it happens before a patient person would give up.
+  template <typename Condition>
+  static bool waitFor(std::condition_variable& event, std::unique_lock<std::mutex>& lock,
+                      Condition condition) {
+    return event.wait_for(lock, 10s, condition);
+  }
+
   int argc_ = 1;
   std::string name_ = "test";
   char* argv_ = name_.data();
   QCoreApplication application_{argc_, &argv_};
+  std::optional<MainQueueScope> scope_{std::in_place};
+  QtMainQueue& queue = *scope_->queue();
 };
 
 TEST_F(QtMainQueueTest, RunsPostedWorkInOrderOnTheMainThread) {
-  QtMainQueue queue;
   std::vector<int> order;
   queue.post([&] { order.push_back(1); });
   queue.post([&] {
@@ -48,7 +57,6 @@ TEST_F(QtMainQueueTest, RunsPostedWorkInOrderOnTheMainThread) {
 }
 
 TEST_F(QtMainQueueTest, TakesWorkFromManyThreadsWithoutLosingAny) {
-  QtMainQueue queue;
   constexpr int threadCount = 4;
   constexpr int worksPerThread = 500;
   int ran = 0;
@@ -74,7 +82,6 @@ TEST_F(QtMainQueueTest, TakesWorkFromManyThreadsWithoutLosingAny) {
 }
 
 TEST_F(QtMainQueueTest, RunsDelayedWorkInTheOrderOfItsTimes) {
-  QtMainQueue queue;
   std::vector<int> order;
   queue.postLater(20ms, [&] {
     order.push_back(2);
@@ -86,7 +93,6 @@ TEST_F(QtMainQueueTest, RunsDelayedWorkInTheOrderOfItsTimes) {
 }
 
 TEST_F(QtMainQueueTest, ForgetsCancelledWork) {
-  QtMainQueue queue;
   bool didRun = false;
   const MainQueue::WorkItem item = queue.postLater(0ms, [&] { didRun = true; });
   queue.cancel(item);
@@ -96,7 +102,6 @@ TEST_F(QtMainQueueTest, ForgetsCancelledWork) {
 }
 
 TEST_F(QtMainQueueTest, CancelsNothingElseByTheNumberOfWorkThatRan) {
-  QtMainQueue queue;
   bool didSecondRun = false;
   MainQueue::WorkItem first = 0;
   first = queue.postLater(0ms, [&] {
@@ -112,7 +117,6 @@ TEST_F(QtMainQueueTest, CancelsNothingElseByTheNumberOfWorkThatRan) {
 }
 
 TEST_F(QtMainQueueTest, RunsBackgroundWorkOffTheMainThreadAndGoesOnOnIt) {
-  QtMainQueue queue;
   int result = 0;
   queue.runInBackground(
       [&] {
@@ -128,7 +132,6 @@ TEST_F(QtMainQueueTest, RunsBackgroundWorkOffTheMainThreadAndGoesOnOnIt) {
 }
 
 TEST_F(QtMainQueueTest, RunsManyBackgroundWorksAtTheSameTime) {
-  QtMainQueue queue;
   constexpr int count = 8;
   std::mutex mutex;
   std::condition_variable allStarted;
@@ -140,7 +143,8 @@ TEST_F(QtMainQueueTest, RunsManyBackgroundWorksAtTheSameTime) {
           std::unique_lock lock(mutex);
           ++started;
           allStarted.notify_all();
-          allStarted.wait(lock, [&] { return started == count; });
+          EXPECT_TRUE(waitFor(allStarted, lock, [&] { return started >= count; }));
+          started = count; // one that waited in vain is enough
         },
         [&] {
           if (++finished == count) {
@@ -152,44 +156,88 @@ TEST_F(QtMainQueueTest, RunsManyBackgroundWorksAtTheSameTime) {
   EXPECT_EQ(finished, count);
 }
 
-QCoro::Task<> waitAnHour(std::shared_ptr<MainQueue> queue, std::shared_ptr<int> held) {
+/// Has let go of `held` when it is over, by its end or by that of the queue.
+QCoro::Task<> waitAnHour(std::shared_ptr<MainQueue> queue,
+                         [[maybe_unused]] std::shared_ptr<void> held) {
   Delay delay(std::move(queue), 1h);
   co_await delay;
-  *held = 1;
 }
 
-TEST_F(QtMainQueueTest, UnwindsACoroutineThatWaitsWhenItEnds) {
-  const auto queue = std::make_shared<QtMainQueue>();
+QCoro::Task<> hop(std::shared_ptr<MainQueue> queue, [[maybe_unused]] std::shared_ptr<void> held) {
+  HopToMainThread hop(std::move(queue));
+  co_await hop;
+}
+
+QCoro::Task<> computeForNobody(std::shared_ptr<MainQueue> queue,
+                               [[maybe_unused]] std::shared_ptr<void> held) {
+  InBackground<int> computation(std::move(queue), [] { return 42; });
+  co_await computation;
+}
+
+TEST_F(QtMainQueueTest, UnwindsACoroutineThatWaitsWhenItsScopeEnds) {
+  const std::shared_ptr<QtMainQueue> kept = scope_->queue();
   const auto held = std::make_shared<int>(0);
-  waitAnHour(queue, held);
+  waitAnHour(kept, held);
   EXPECT_EQ(held.use_count(), 2);
-  queue->end();
+  scope_.reset();
   EXPECT_EQ(held.use_count(), 1);
-  EXPECT_EQ(queue.use_count(), 1);
-  EXPECT_EQ(*held, 0);
+  EXPECT_EQ(kept.use_count(), 1);
+}
+
+TEST_F(QtMainQueueTest, UnwindsACoroutineThatBeginsToWaitAfterItsEnd) {
+  const std::shared_ptr<QtMainQueue> kept = scope_->queue();
+  scope_.reset();
+  const auto held = std::make_shared<int>(0);
+  waitAnHour(kept, held);
+  computeForNobody(kept, held);
+  EXPECT_EQ(held.use_count(), 1);
+  EXPECT_EQ(kept.use_count(), 1);
+}
+
+TEST_F(QtMainQueueTest, UnwindsACoroutineOfAnotherThreadOnTheMainThreadAfterItsEnd) {
+  const std::shared_ptr<QtMainQueue> kept = scope_->queue();
+  scope_.reset();
+  std::thread::id unwoundOn;
+  std::shared_ptr<void> held(nullptr, [&](void*) { unwoundOn = std::this_thread::get_id(); });
+  std::thread([&] { hop(kept, std::move(held)); }).join();
+  EXPECT_EQ(unwoundOn, std::thread::id());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(unwoundOn, std::this_thread::get_id());
+  EXPECT_EQ(kept.use_count(), 1);
+}
+
+TEST_F(QtMainQueueTest, RunsNothingMoreOfWhatWasPostedOnceItHasEnded) {
+  bool didRun = false;
+  queue.post([&] {
+    queue.end();
+    quitLoop();
+  });
+  queue.post([&] { didRun = true; });
+  runLoop();
+  EXPECT_FALSE(didRun);
 }
 
 TEST_F(QtMainQueueTest, DropsWorkThatArrivesAfterItsEnd) {
-  auto queue = std::make_unique<QtMainQueue>();
   std::mutex mutex;
   std::condition_variable queueEnded;
   bool hasEnded = false;
   std::atomic<bool> didGoOn = false;
   std::atomic<bool> isWorkOver = false;
   auto alive = std::make_shared<int>(0);
-  queue->runInBackground(
+  queue.runInBackground(
       [&] {
         std::unique_lock lock(mutex);
-        queueEnded.wait(lock, [&] { return hasEnded; });
+        EXPECT_TRUE(waitFor(queueEnded, lock, [&] { return hasEnded; }));
         isWorkOver = true;
       },
       [&didGoOn, alive] { didGoOn = true; });
-  queue->post([&didGoOn] { didGoOn = true; });
-  queue->postLater(0ms, [&didGoOn] { didGoOn = true; });
-  queue->end();
+  queue.post([&didGoOn] { didGoOn = true; });
+  queue.postLater(0ms, [&didGoOn] { didGoOn = true; });
+  queue.end();
   EXPECT_EQ(alive.use_count(), 1) << "what follows the background work goes on the main thread";
-  queue->post([&didGoOn] { didGoOn = true; });
-  queue.reset();
+  queue.post([&didGoOn] { didGoOn = true; });
+  queue.postLater(0ms, [&didGoOn] { didGoOn = true; });
+  scope_.reset();
   {
     const std::lock_guard lock(mutex);
     hasEnded = true;
@@ -200,6 +248,29 @@ TEST_F(QtMainQueueTest, DropsWorkThatArrivesAfterItsEnd) {
   }
   QCoreApplication::processEvents();
   EXPECT_FALSE(didGoOn);
+}
+
+TEST_F(QtMainQueueTest, PreparesTheThreadOfEachBackgroundTask) {
+  thread_local bool isPrepared = false;
+  const MainQueueScope preparing([] { isPrepared = true; });
+  int preparedCount = 0;
+  const auto next = [&, finished = std::make_shared<int>(0)] {
+    if (++*finished == 2) {
+      quitLoop();
+    }
+  };
+  std::mutex mutex;
+  for (int task = 0; task < 2; ++task) {
+    preparing.queue()->runInBackground(
+        [&] {
+          const std::lock_guard lock(mutex);
+          preparedCount += isPrepared ? 1 : 0;
+        },
+        next);
+  }
+  runLoop();
+  EXPECT_EQ(preparedCount, 2);
+  EXPECT_FALSE(isPrepared);
 }
 
 } // namespace

@@ -6,13 +6,24 @@
 
 namespace tamberline {
 
+void HandDrivenQueue::post(Work work) {
+  if (!hasEnded_) {
+    posted_.push_back(std::move(work));
+  }
+}
+
 MainQueue::WorkItem HandDrivenQueue::postLater(std::chrono::milliseconds delay, Work work) {
+  if (hasEnded_) {
+    return ++lastItem_;
+  }
   delayed_[++lastItem_] = {now_ + delay, std::move(work)};
   return lastItem_;
 }
 
 void HandDrivenQueue::runInBackground(Work work, Work next) {
-  background_.push_back({std::move(work), std::move(next)});
+  if (!hasEnded_) {
+    background_.push_back({std::move(work), std::move(next)});
+  }
 }
 
 void HandDrivenQueue::runPosted() {
@@ -32,6 +43,7 @@ void HandDrivenQueue::finishOneBackgroundWork() {
 }
 
 void HandDrivenQueue::end() {
+  hasEnded_ = true;
   std::exchange(posted_, {}).clear();
   std::exchange(delayed_, {}).clear();
   std::exchange(background_, {}).clear();

@@ -15,12 +15,12 @@ namespace tamberline {
 class HandDrivenQueue final : public MainQueue {
 public:
   bool isMainThread() const override { return isMainThread_; }
-  void post(Work work) override { posted_.push_back(std::move(work)); }
+  void post(Work work) override;
   WorkItem postLater(std::chrono::milliseconds delay, Work work) override;
   void cancel(WorkItem item) override { delayed_.erase(item); }
   void runInBackground(Work work, Work next) override;
 
-  /// Drops everything that waits, as a queue that ends does.
+  /// Drops everything that waits, and what comes later, as a queue that ends does.
   void end();
 
   /// Runs everything that can run at the present time, background work included.
@@ -59,6 +59,7 @@ private:
   void moveClock(std::chrono::milliseconds duration, const Work& afterEach);
 
   bool isMainThread_ = true;
+  bool hasEnded_ = false;
   std::chrono::milliseconds now_{0};
   WorkItem lastItem_ = 0;
   std::deque<Work> posted_;

@@ -1,5 +1,6 @@
 #include "async/qt_main_queue.h"
 #include "inspect_options.h"
+#include "platform/background_tasks.h"
 #include "platform/posix/termination_signals.h"
 #include "platform/preferred_languages.h"
 #include "platform/saved/folder_event_source.h"
@@ -64,7 +65,8 @@ QCoro::Task<> scanAndQuit(std::shared_ptr<PortScanner> scanner) {
 }
 
 int inspectOnce(const InspectOptions& options) {
-  const std::shared_ptr<PortScanner> scanner = scannerOf(options, std::make_shared<QtMainQueue>());
+  const MainQueueScope scope(becomeUserInitiatedTask);
+  const std::shared_ptr<PortScanner> scanner = scannerOf(options, scope.queue());
   const auto scan = scanAndQuit(scanner);
   QCoreApplication::exec();
   const bool isSuccess = reportScanError(*scanner);
@@ -74,9 +76,9 @@ int inspectOnce(const InspectOptions& options) {
 
 int watch(const InspectOptions& options) {
   const TerminationSignals termination([] { QCoreApplication::quit(); });
-  const auto queue = std::make_shared<QtMainQueue>();
-  const std::shared_ptr<PortScanner> scanner = scannerOf(options, queue);
-  const ScanWatch scanWatch(scanner, queue, options);
+  const MainQueueScope scope(becomeUserInitiatedTask);
+  const std::shared_ptr<PortScanner> scanner = scannerOf(options, scope.queue());
+  const ScanWatch scanWatch(scanner, scope.queue(), options);
   const auto scan = scanner->scan();
   return QCoreApplication::exec();
 }

@@ -6,6 +6,7 @@
 #include "app/qt_notices.h"
 #include "app/symbols_warning.h"
 #include "async/qt_main_queue.h"
+#include "platform/background_tasks.h"
 #include "platform/desktop.h"
 #include "platform/posix/command_line.h"
 #include "platform/preferred_languages.h"
@@ -75,7 +76,8 @@ int replay(const ReplayOptions& options, int& argc, char** argv) {
       options.language.value_or(AppLanguage::forPreferredLanguages(preferredLanguages())));
   applyLook(options);
   warnWithoutSymbols("tamberline-replay");
-  const auto queue = std::make_shared<QtMainQueue>();
+  const MainQueueScope scope(becomeUserInitiatedTask);
+  const std::shared_ptr<MainQueue> queue = scope.queue();
   const Clock now = clockOf(options);
   const std::shared_ptr<PortScanner> scanner = scannerOf(options, queue, now);
   ManualWindow manual(manualFolder(QCoreApplication::applicationDirPath()));

@@ -7,6 +7,7 @@
 #include "app/tamberline_app.h"
 #include "async/qt_main_queue.h"
 #include "i18n/app_language.h"
+#include "platform/background_tasks.h"
 #include "platform/desktop.h"
 #include "platform/posix/termination_signals.h"
 #include "platform/preferred_languages.h"
@@ -48,11 +49,13 @@ int run(bool isInBackground) {
   AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
   useOwnLookWithoutDesktop();
   warnWithoutSymbols("tamberline");
-  const auto queue = std::make_shared<QtMainQueue>();
-  app = std::make_unique<TamberlineApp>(thisMachine(queue), queue, desktopHere());
+  const MainQueueScope scope(becomeUserInitiatedTask);
+  app = std::make_unique<TamberlineApp>(thisMachine(scope.queue()), scope.queue(), desktopHere());
   app->start(isInBackground || !opensPanelAtStart() ? TamberlineApp::StartedBy::session
                                                     : TamberlineApp::StartedBy::person);
-  return QApplication::exec();
+  const int status = QApplication::exec();
+  app.reset(); // waits for tests of volumes, which the end of the queue does not
+  return status;
 }
 
 } // namespace
