@@ -25,7 +25,7 @@ std::string MountTableWatch::mountedDevices() const {
   std::string devices;
   const std::string table = sysfs::readBytes(table_, sysfs::mostMountTableBytes);
   for (const sysfs::MountedFileSystem& mount : sysfs::mountedFileSystemsIn(table)) {
-    if (mount.source.starts_with("/dev/")) {
+    if (mount.source.starts_with("/dev/") && !mount.source.starts_with("/dev/loop")) {
       devices += mount.deviceNumber + " " + mount.mountPoint + "\n";
     }
   }

@@ -12,8 +12,8 @@
 namespace tamberline {
 
 /// May go while it tells. Tells on the main thread, while its event loop runs, that a block device
-/// was mounted somewhere or unmounted. Other file systems (of containers, say) come and go all the
-/// time and are not told of.
+/// was mounted somewhere or unmounted. Other file systems (of containers, say) and loop devices
+/// come and go all the time and are not told of.
 class MountTableWatch {
 public:
   /// The kernel's table, such as "/proc/self/mountinfo"; another file never changes.

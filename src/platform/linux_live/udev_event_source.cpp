@@ -1,6 +1,7 @@
 #include "platform/linux_live/udev_event_source.h"
 
 #include "platform/linux_devices/attribute_files.h"
+#include "platform/linux_devices/pci_path.h"
 #include "platform/linux_devices/power_supply_reader.h"
 
 #include <array>
@@ -24,7 +25,8 @@ constexpr std::array<WatchedSubsystem, 5> watchedSubsystems = {{
     {"power_supply", nullptr},
 }};
 
-constexpr const char* powerSupplies = "power_supply";
+constexpr std::string_view powerSupplies = "power_supply";
+constexpr std::string_view blockDevices = "block";
 
 /// udev passes events on when its rules are through with a device; without it the kernel's own have
 /// to do.
@@ -57,7 +59,17 @@ UdevEventSource::~UdevEventSource() {
 void UdevEventSource::start(PortEvents events) {
   stop();
   events_ = std::move(events);
-  mountTableWatch_ = std::make_unique<MountTableWatch>(paths_.mountTable, events_.registryChanged);
+  timer_ = std::make_unique<QTimer>();
+  timer_->setSingleShot(true);
+  timer_->setTimerType(Qt::PreciseTimer);
+  registryPacer_ = std::make_unique<EventPacer>(
+      events_.registryChanged, EventPacer::Clock::now,
+      [this](std::chrono::milliseconds delay, std::function<void()> call) {
+        timer_->callOnTimeout(timer_.get(), std::move(call), Qt::SingleShotConnection);
+        timer_->start(delay);
+      });
+  mountTableWatch_ =
+      std::make_unique<MountTableWatch>(paths_.mountTable, [this] { registryPacer_->take(); });
   udev_.reset(udev_new());
   monitor_ = makeMonitor(udev_.get());
   if (monitor_ != nullptr) {
@@ -71,6 +83,8 @@ void UdevEventSource::start(PortEvents events) {
 void UdevEventSource::stop() {
   notifier_.reset();
   mountTableWatch_.reset();
+  timer_.reset();
+  registryPacer_.reset();
   monitor_.reset();
   udev_.reset();
   events_ = {};
@@ -86,17 +100,30 @@ void UdevEventSource::takeEvents() {
   bool didPowerChange = false;
   while (const UdevReference<udev_device> device{udev_monitor_receive_device(monitor_.get())}) {
     const char* subsystem = udev_device_get_subsystem(device.get());
-    const bool isPower = subsystem != nullptr && std::string_view(subsystem) == powerSupplies;
+    const bool isPower = subsystem != nullptr && subsystem == powerSupplies;
     didPowerChange = didPowerChange || isPower;
-    didRegistryChange = didRegistryChange || !isPower;
+    didRegistryChange = didRegistryChange || (!isPower && concernsPorts(*device));
   }
-  const PortEvents events = events_; // which may stop the source
-  if (didRegistryChange && events.registryChanged) {
-    events.registryChanged();
+  const std::function<void()> powerChanged = events_.powerChanged; // the first may stop the source
+  if (didRegistryChange) {
+    registryPacer_->take();
   }
-  if (didPowerChange && events.powerChanged) {
-    events.powerChanged();
+  if (didPowerChange && powerChanged) {
+    powerChanged();
   }
+}
+
+bool UdevEventSource::concernsPorts(udev_device& device) const {
+  const std::string_view subsystem = udev_device_get_subsystem(&device);
+  if (subsystem != blockDevices) {
+    return true;
+  }
+  const char* path = udev_device_get_devpath(&device);
+  if (path == nullptr) {
+    return true;
+  }
+  return std::string_view(path).find("/usb") != std::string_view::npos ||
+         sysfs::pciPathOf(paths_.sysfs.string() + path).isRemovable();
 }
 
 } // namespace tamberline

@@ -110,7 +110,10 @@ TEST_F(UdevEvents, EndInOneRescanForEachOtherKindOfDevice) {
   for (const std::string device :
        {"P: /devices/pci0000:00/0000:00:0d.2/domain0/0-0\nE: SUBSYSTEM=thunderbolt\n",
         "P: /devices/platform/USBC000:00/typec/port7\nE: SUBSYSTEM=typec\n",
-        "P: /devices/virtual/block/dm-7\nE: SUBSYSTEM=block\n"}) {
+        "P: /devices/pci0000:00/0000:00:07.0/0000:03:00.0\nE: SUBSYSTEM=pci\n"
+        "A: removable=removable\\n\n\n"
+        "P: /devices/pci0000:00/0000:00:07.0/0000:03:00.0/nvme/nvme3/nvme3n1\nE: "
+        "SUBSYSTEM=block\n"}) {
     SCOPED_TRACE(device);
     machine.attach(device);
     EXPECT_EQ(rescansAfterwards(), 1);
@@ -119,6 +122,8 @@ TEST_F(UdevEvents, EndInOneRescanForEachOtherKindOfDevice) {
 
 TEST_F(UdevEvents, TellNothingOfOtherDevices) {
   machine.attach("P: /devices/virtual/net/lo\nE: SUBSYSTEM=net\n");
+  machine.attach("P: /devices/virtual/block/loop7\nE: SUBSYSTEM=block\n");
+  machine.attach("P: /devices/pci0000:00/0000:00:06.0/nvme/nvme0/nvme0n1\nE: SUBSYSTEM=block\n");
   machine.attach("P: " + controller +
                  "/usb1/1-5/1-5:1.9\nE: SUBSYSTEM=usb\nE: DEVTYPE=usb_interface\n");
   EXPECT_EQ(rescansAfterwards(), 0);
