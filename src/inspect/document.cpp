@@ -1,6 +1,7 @@
 #include "inspect/document.h"
 
 #include "inspect/panel_document.h"
+#include "inspect/port_document.h"
 #include "inspect/record_documents.h"
 #include "inspect/tree_document.h"
 #include "tree/node_identifiers.h"
@@ -48,6 +49,7 @@ Document inspectionDocument(const PortScanner& scanner) {
                                [](const PortPowerOut& power) { return describe(power); })},
       {"portCurrentLimitMa",
        tableOf(scanner.portCurrentLimitMa.get(), [](std::int64_t limitMa) { return limitMa; })},
+      {"ports", describePorts(scanner.thunderboltBuses.get(), scanner.hpmPorts.get())},
       {"portTree", describeAll(tree)},
       {"allContainerIDs", allContainerIDs(tree)},
       {"searchEntries", describeAll(flattenSearchable(tree))},

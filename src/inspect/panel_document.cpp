@@ -79,6 +79,14 @@ Document describe(const MeasuredPower& power) {
   };
 }
 
+Document describe(const AgreedPowerRow& row) {
+  Document document = describe(row.power);
+  document["text"] = row.watts;
+  document["voltageCurrent"] = row.voltageCurrent;
+  document["tooltip"] = row.tooltip;
+  return document;
+}
+
 Document describe(const VolumeRow& volume) {
   return {{"label", volume.label}, {"name", volume.name}, {"mountPoint", volume.mountPoint}};
 }
@@ -92,7 +100,7 @@ Document describe(const HubTotal& total) {
 }
 
 Document describe(const LinkNote& note) {
-  Document document = describe(note.link);
+  Document document = describeLink(note.link, note.isAuthorized);
   document["text"] = note.text;
   return document;
 }
@@ -180,10 +188,10 @@ Document describe(const PortCard& card) {
       {"itemCountTooltip", orNull(card.itemCountTooltip)},
       {"badges", listOf(card.badges, [](const PortBadge& badge) { return describe(badge); })},
       {"measuredPower", describeOrNull(card.measuredPower)},
+      {"agreedPower", describeOrNull(card.agreedPower)},
       {"portPowerBar", describeOrNull(card.portPowerBar)},
       {"rows", describe(card.rows)},
       {"nothingAttached", orNull(card.nothingAttached)},
-      {"titleNote", orNull(card.titleNote)},
   };
 }
 

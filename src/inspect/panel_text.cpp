@@ -111,8 +111,10 @@ TextLine volumeLine(const VolumeRow& volume) {
 
 std::vector<TextLine> linesOf(const TBDeviceRow& row) {
   TextLine first = {{shownName(row.name)}};
-  if (row.modeBadge) {
-    append(first, badgeSpan(*row.modeBadge));
+  for (const auto& badge : {row.modeBadge, row.warningBadge}) {
+    if (badge) {
+      append(first, badgeSpan(*badge));
+    }
   }
   appendIfShown(first, row.ratedDraw);
   std::vector<TextLine> lines = {std::move(first)};
@@ -195,8 +197,17 @@ TextTree treeOf(const PortCard& card) {
   if (card.measuredPower) {
     tree.lines.push_back(measuredLine(*card.measuredPower));
   }
+  if (card.agreedPower) {
+    TextLine line = {{"⚡ ", Color::secondary}, {card.agreedPower->watts}};
+    append(line, {card.agreedPower->voltageCurrent, Color::secondary});
+    tree.lines.push_back(std::move(line));
+  }
   if (card.portPowerBar) {
     tree.lines.push_back(powerLine(*card.portPowerBar));
+  }
+  if (card.partner) {
+    tree.lines.push_back({{card.partner->title}});
+    tree.lines.push_back({{card.partner->detail, Color::secondary}});
   }
   appendIfEmpty(card.nothingAttached, tree);
   return tree;

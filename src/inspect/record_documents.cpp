@@ -3,10 +3,6 @@
 namespace tamberline {
 namespace {
 
-Document describeOrNull(const std::optional<TrueLink>& link) {
-  return link ? describe(*link) : Document(nullptr);
-}
-
 Document describe(const ThunderboltPort& port) {
   return {
       {"status", port.status},
@@ -17,18 +13,15 @@ Document describe(const ThunderboltPort& port) {
       {"laneCount", port.laneCount()},
       {"totalBandwidthGbps", port.totalBandwidthGbps()},
       {"badgeText", port.badgeText()},
-      {"link", describeOrNull(port.link)},
   };
-}
-
-Document describe(const ThunderboltReceptacle& receptacle) {
-  Document document = {{"number", orNull(receptacle.number)}};
-  document.update(describe(receptacle.port));
-  return document;
 }
 
 Document describe(const USBVolume& volume) {
   return {{"name", volume.name}, {"mountPoint", volume.mountPoint}};
+}
+
+Document linkOf(const ThunderboltDevice& device) {
+  return describeLink(device.link.value_or(TrueLink()), device.isAuthorized);
 }
 
 } // namespace
@@ -44,14 +37,8 @@ Document describe(const TrueLink& link) {
 
 Document describeBusAlone(const ThunderboltBus& bus) {
   return {
-      {"busNumber", bus.busNumber},
-      {"hostName", bus.hostName},
-      {"uid", bus.uid},
-      {"displayName", bus.displayName()},
-      {"port", describe(bus.port)},
-      {"receptacles",
-       listOf(bus.receptacles,
-              [](const ThunderboltReceptacle& receptacle) { return describe(receptacle); })},
+      {"busNumber", bus.busNumber},       {"hostName", bus.hostName},   {"uid", bus.uid},
+      {"displayName", bus.displayName()}, {"port", describe(bus.port)},
   };
 }
 
@@ -75,7 +62,8 @@ Document describeDeviceAlone(const ThunderboltDevice& device) {
       {"upstreamSpeedGbps", device.upstreamSpeedGbps()},
       {"upstreamLanes", device.upstreamLanes()},
       {"upstreamLabel", device.upstreamLabel()},
-      {"link", describeOrNull(device.link)},
+      {"link", linkOf(device)},
+      {"drive", driveOf(device)},
   };
 }
 
@@ -183,6 +171,32 @@ Document describe(const FedPortState& port) {
       {"isDualRole", port.isDualRole}, {"vendorID", port.vendorID},
       {"productID", port.productID},   {"powerRole", port.powerRole},
   };
+}
+
+Document describeLink(const TrueLink& link, std::optional<bool> isAuthorized) {
+  if (link == TrueLink() && !isAuthorized) {
+    return nullptr;
+  }
+  Document document = describe(link);
+  document["isAuthorized"] = orNull(isAuthorized);
+  return document;
+}
+
+Document driveOf(const ThunderboltDevice& device) {
+  if (device.drives.empty()) {
+    return nullptr;
+  }
+  const USBDevice& drive = device.drives.front();
+  return {
+      {"name", drive.name},
+      {"serialNumber", orNull(drive.serialNumber)},
+      {"speedGbps", drive.speedGbps()},
+      {"volumes", listOf(drive.volumes, [](const USBVolume& volume) { return describe(volume); })},
+  };
+}
+
+Document describe(const AgreedPower& power) {
+  return {{"volts", power.volts}, {"amps", power.amps}, {"watts", power.watts()}};
 }
 
 Document describe(const PortPowerOut& power) {

@@ -30,6 +30,12 @@ Document listOf(const Records& records, Describe describe) {
 }
 
 Document describe(const TrueLink& link);
+Document describe(const AgreedPower& power);
+
+/// Null where nothing is known of a device's link.
+Document describeLink(const TrueLink& link, std::optional<bool> isAuthorized);
+/// The first drive that a Thunderbolt device connects by PCI; null where there is none.
+Document driveOf(const ThunderboltDevice& device);
 Document describeBusAlone(const ThunderboltBus& bus);
 Document describe(const ThunderboltBus& bus);
 Document describeDeviceAlone(const ThunderboltDevice& device);

@@ -26,7 +26,7 @@ Document describeKind(const TreeNode::Kind& kind) {
                 {"busMaxGbps", entry.busMaxGbps},
                 {"portMa", entry.portMa},
                 {"speedFraction", entry.device.speedFraction(entry.busMaxGbps)},
-                {"speedNote", orNull(entry.device.speedNote(entry.busMaxGbps))},
+                {"speedNote", orNull(entry.device.trueSpeedNote(entry.busMaxGbps))},
             };
           },
           [](const TreeNode::Charger& entry) -> Document {

@@ -49,10 +49,7 @@ const SpeedKind* findSpeedKind(std::string_view token) {
   return found == kinds.end() ? nullptr : found;
 }
 
-std::string roundedMaximum(double busMaxGbps) {
-  if (busMaxGbps > 10) {
-    return generalText(busMaxGbps) + " Gb/s";
-  }
+std::string_view roundedMaximum(double busMaxGbps) {
   if (busMaxGbps >= 10) {
     return "10 Gb/s";
   }
@@ -136,6 +133,14 @@ std::optional<std::string> USBDevice::speedNote(double busMaxGbps) const {
     return std::nullopt;
   }
   return Loc::speedNote(roundedMaximum(busMaxGbps));
+}
+
+std::optional<std::string> USBDevice::trueSpeedNote(double maxGbps) const {
+  constexpr double maxGbpsOfNamedBuses = 10;
+  std::optional<std::string> note = speedNote(maxGbps);
+  return note && maxGbps > maxGbpsOfNamedBuses
+             ? std::optional(Loc::speedNote(generalText(maxGbps) + " Gb/s"))
+             : note;
 }
 
 USBDevice USBDevice::replacingChildren(SharedList<USBDevice> newChildren) const {

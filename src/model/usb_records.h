@@ -60,6 +60,8 @@ struct USBDevice {
   double speedFraction(double busMaxGbps) const;
   /// Says that the device or the cable is the bottleneck; absent when it is not.
   std::optional<std::string> speedNote(double busMaxGbps) const;
+  /// The same, with the maximum itself where the bus is faster than any that has a name.
+  std::optional<std::string> trueSpeedNote(double maxGbps) const;
 
   /// A copy with other children and a new identity.
   USBDevice replacingChildren(SharedList<USBDevice> newChildren) const;

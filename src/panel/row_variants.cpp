@@ -87,6 +87,18 @@ QVariantMap measuredPowerVariant(const MeasuredPower& power) {
           {"tooltip", tooltipText(power.tooltip)}};
 }
 
+QVariantMap agreedPowerVariant(const AgreedPowerRow& power) {
+  return {{"watts", displayText(power.watts)},
+          {"voltageCurrent", displayText(power.voltageCurrent)},
+          {"tooltip", tooltipText(power.tooltip)}};
+}
+
+QVariantMap partnerVariant(const PartnerNotice& partner) {
+  return {{"icon", symbolText(partner.icon)},
+          {"title", displayText(partner.title)},
+          {"detail", tooltipText(partner.detail)}};
+}
+
 QVariantMap buttonVariant(const SymbolButton& button) {
   return {{"symbol", symbolText(button.symbol)},
           {"tooltip", tooltipText(button.tooltip)},
@@ -130,7 +142,9 @@ QVariantMap portVariant(const PortCard& card) {
           {"itemCountTooltip", tooltipText(card.itemCountTooltip.value_or(""))},
           {"badges", badges},
           {"measuredPower", part(card.measuredPower, measuredPowerVariant)},
+          {"agreedPower", part(card.agreedPower, agreedPowerVariant)},
           {"portPowerBar", part(card.portPowerBar, powerBarVariant)},
+          {"partner", part(card.partner, partnerVariant)},
           {"nothingAttached", textOrNothing(card.nothingAttached)}};
 }
 
@@ -157,6 +171,7 @@ QVariantMap tbDeviceVariant(const TBDeviceRow& row) {
   return {{"icon", symbolText(row.icon)},
           {"name", nameVariant(row.name, note)},
           {"modeBadge", part(row.modeBadge, badgeVariant)},
+          {"warningBadge", part(row.warningBadge, badgeVariant)},
           {"ratedDraw", textOrNothing(row.ratedDraw)},
           {"speedBar", part(row.speedBar, speedBarVariant)}};
 }
@@ -237,6 +252,8 @@ QString nameOf(PanelRow::Kind kind) {
     return QStringLiteral("portPower");
   case PanelRow::Kind::nothingAttached:
     return QStringLiteral("nothingAttached");
+  case PanelRow::Kind::partner:
+    return QStringLiteral("partner");
   case PanelRow::Kind::busHeader:
     return QStringLiteral("busHeader");
   case PanelRow::Kind::chargerHeader:

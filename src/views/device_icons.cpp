@@ -56,6 +56,9 @@ std::string iconFor(const USBDevice& device) {
       {"stick", "externaldrive"},
       {"flash", "externaldrive"},
   });
+  if (device.isTunneledDrive) {
+    return "externaldrive";
+  }
   if (device.name == "hub_device") {
     return "arrow.triangle.branch";
   }

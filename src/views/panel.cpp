@@ -5,12 +5,19 @@
 namespace tamberline {
 namespace {
 
+std::string_view placeOf(const ChargerInfo& charger) {
+  if (charger.connectsViaUSBC) {
+    return Loc::usbcThunderbolt();
+  }
+  return charger.isOnNoKnownPort ? Loc::powerSocket() : "MagSafe";
+}
+
 ChargerCard chargerCard(const TreeNode& node, const ChargerInfo& charger) {
   return ChargerCard{
       .id = node.id,
       .icon = charger.isCharging ? "bolt.fill" : "powerplug.fill",
       .title = std::string(Loc::powerAdapter()),
-      .port = std::string(charger.connectsViaUSBC ? Loc::usbcThunderbolt() : "MagSafe"),
+      .port = std::string(placeOf(charger)),
       .portTooltip = std::string(Loc::hintAdapterPort()),
       .row = chargerRow(charger),
   };

@@ -38,11 +38,14 @@ public:
                                                      states_.expandedOverrideIDs);
     const bool isOpen = header.isExpanded;
     begin(std::move(header));
-    if (isOpen && (card.measuredPower || card.portPowerBar)) {
+    if (isOpen && (card.measuredPower || card.agreedPower || card.portPowerBar)) {
       append({.kind = PanelRow::Kind::portPower, .id = card.id + "//power", .source = &card});
     }
     if (isOpen) {
       write(card.rows);
+    }
+    if (isOpen && card.partner) {
+      append({.kind = PanelRow::Kind::partner, .id = card.id + "//partner", .source = &card});
     }
     if (isOpen) {
       writeNothingAttached(card);
@@ -130,8 +133,11 @@ bool headersLookTheSame(const PortCard& left, const PortCard& right) {
 }
 
 bool bodiesLookTheSame(const PortCard& left, const PortCard& right) {
-  return left.measuredPower == right.measuredPower && left.portPowerBar == right.portPowerBar &&
-         left.nothingAttached == right.nothingAttached;
+  const auto shown = [](const PortCard& card) {
+    return std::tie(card.measuredPower, card.agreedPower, card.portPowerBar, card.partner,
+                    card.nothingAttached);
+  };
+  return shown(left) == shown(right);
 }
 
 bool contentsLookTheSame(const ExpandableRow& left, const ExpandableRow& right) {

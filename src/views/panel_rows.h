@@ -23,6 +23,7 @@ struct PanelRow {
     portHeader,
     portPower,
     nothingAttached,
+    partner,
     busHeader,
     chargerHeader,
     chargerBody,

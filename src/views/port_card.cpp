@@ -114,6 +114,37 @@ MeasuredPower measuredPower(const PortPowerOut& power) {
   return row;
 }
 
+AgreedPowerRow agreedPowerRow(const AgreedPower& power) {
+  return {
+      .power = power,
+      .watts = wattsText(power.watts()).append(" ").append(Loc::agreed()),
+      .voltageCurrent = fixedText(power.volts, 1) + " V · " + fixedText(power.amps, 2) + " A",
+      .tooltip = std::string(Loc::hintAgreedPower()),
+  };
+}
+
+std::optional<PartnerNotice> partnerNotice(const HPMPort& port) {
+  const auto notice = [](std::string_view icon, std::string_view title, std::string_view detail) {
+    return PartnerNotice{std::string(icon), std::string(title), std::string(detail)};
+  };
+  switch (port.partner) {
+  case PortPartner::none:
+    return std::nullopt;
+  case PortPartner::audio:
+    return notice("headphones", Loc::partnerAudio(), Loc::partnerAudioDetail());
+  case PortPartner::debug:
+    return notice("cable.connector", Loc::partnerDebug(), Loc::partnerDebugDetail());
+  case PortPartner::video:
+    return notice("display", Loc::partnerVideo(),
+                  port.hasVideo ? Loc::partnerVideoActive() : Loc::partnerVideoIdle());
+  case PortPartner::source:
+    return notice("powerplug.fill", Loc::partnerSource(), Loc::partnerSourceDetail());
+  case PortPartner::unknown:
+    return notice("cable.connector", Loc::partnerUnknown(), Loc::partnerUnknownDetail());
+  }
+  return std::nullopt;
+}
+
 /// The total shows no separate allocation.
 std::optional<PowerBarRow> portPowerBar(std::int64_t usedMa, std::optional<std::int64_t> limitMa) {
   if (!limitMa || usedMa < 1) {
@@ -150,7 +181,14 @@ PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFac
     card.itemCount = Loc::items(itemCount);
     card.itemCountTooltip = Loc::hintItemCount();
   }
+  const HPMPort* controller = usbcController(facts.hpmPorts, bus.busNumber);
+  if (controller != nullptr && controller->agreedPower) {
+    card.agreedPower = agreedPowerRow(*controller->agreedPower);
+  }
   if (!node.hasChildren()) {
+    card.partner = controller == nullptr ? std::nullopt : partnerNotice(*controller);
+  }
+  if (!node.hasChildren() && !card.partner) {
     card.nothingAttached = Loc::nothingAttached();
   }
   return card;

@@ -40,6 +40,25 @@ struct MeasuredPower {
   friend bool operator==(const MeasuredPower&, const MeasuredPower&) = default;
 };
 
+/// What both ends of a port's connection agreed on, which is no measurement.
+struct AgreedPowerRow {
+  AgreedPower power = {};
+  std::string watts = {};
+  std::string voltageCurrent = {};
+  std::string tooltip = {};
+
+  friend bool operator==(const AgreedPowerRow&, const AgreedPowerRow&) = default;
+};
+
+/// Something on a port that is neither a device nor an adapter in use.
+struct PartnerNotice {
+  std::string icon = {};
+  std::string title = {};
+  std::string detail = {};
+
+  friend bool operator==(const PartnerNotice&, const PartnerNotice&) = default;
+};
+
 /// The card of one physical port. Parts that are not shown are absent.
 struct PortCard {
   std::string id = {};
@@ -52,8 +71,10 @@ struct PortCard {
   std::optional<std::string> itemCountTooltip = {};
   std::vector<PortBadge> badges = {};
   std::optional<MeasuredPower> measuredPower = {};
+  std::optional<AgreedPowerRow> agreedPower = {};
   std::optional<PowerBarRow> portPowerBar = {};
   std::vector<ExpandableRow> rows = {};
+  std::optional<PartnerNotice> partner = {}; // where there are no rows
   std::optional<std::string> nothingAttached = {};
 };
 

@@ -39,6 +39,10 @@ public:
     return *this << power.used << power.allocated << power.voltageCurrent;
   }
 
+  Sentence& operator<<(const AgreedPowerRow& power) {
+    return *this << power.watts << power.voltageCurrent;
+  }
+
   std::string take() { return std::move(text_); }
 
 private:
@@ -48,7 +52,12 @@ private:
 void tell(const PortCard& card, PanelRow::Kind kind, Sentence& sentence) {
   switch (kind) {
   case PanelRow::Kind::portPower:
-    sentence << card.measuredPower << card.portPowerBar;
+    sentence << card.measuredPower << card.agreedPower << card.portPowerBar;
+    return;
+  case PanelRow::Kind::partner:
+    if (card.partner) {
+      sentence << card.partner->title << card.partner->detail;
+    }
     return;
   case PanelRow::Kind::nothingAttached:
     sentence << card.nothingAttached;
@@ -116,8 +125,8 @@ void tell(const USBDeviceDetailRow& device, const PanelRow& row, Sentence& sente
 void tell(const ExpandableRow& source, const PanelRow& row, Sentence& sentence) {
   std::visit(Overloaded{
                  [&](const TBDeviceRow& device) {
-                   sentence << device.name << device.modeBadge << device.speedBar
-                            << device.ratedDraw;
+                   sentence << device.name << device.modeBadge << device.warningBadge
+                            << device.speedBar << device.ratedDraw;
                  },
                  [&](const USBBusHeaderRow& bus) { sentence << bus.name << bus.ratedDraw; },
                  [&](const USBDeviceDetailRow& device) { tell(device, row, sentence); },

@@ -56,8 +56,20 @@ std::optional<SpeedBarRow> thunderboltSpeedBar(const ThunderboltDevice& device) 
                      maximumLabel(thunderboltMaxGbps, isAtMaximum));
 }
 
-std::optional<LinkNote> linkNote(const std::optional<TrueLink>& link) {
-  return link ? std::optional(LinkNote{*link, link->label()}) : std::nullopt;
+std::optional<LinkNote> linkNote(const ThunderboltDevice& device) {
+  if (!device.link && !device.isAuthorized) {
+    return std::nullopt;
+  }
+  const TrueLink link = device.link.value_or(TrueLink());
+  return LinkNote{.link = link, .isAuthorized = device.isAuthorized, .text = link.label()};
+}
+
+std::optional<Badge> warningBadge(const ThunderboltDevice& device) {
+  if (device.isAuthorized.value_or(true)) {
+    return std::nullopt;
+  }
+  return Badge{std::string(Loc::notAuthorized()), std::nullopt, Color::orange,
+               std::string(Loc::hintNotAuthorized())};
 }
 
 TBDeviceRow tbDeviceRow(const ThunderboltDevice& device, const AggregatedPower& power) {
@@ -65,9 +77,10 @@ TBDeviceRow tbDeviceRow(const ThunderboltDevice& device, const AggregatedPower& 
       .icon = iconFor(device),
       .name = device.name,
       .modeBadge = modeBadge(device),
+      .warningBadge = warningBadge(device),
       .ratedDraw = compactWatts(power.usedMa, ""),
       .speedBar = thunderboltSpeedBar(device),
-      .link = linkNote(device.link),
+      .link = linkNote(device),
   };
 }
 
@@ -79,7 +92,7 @@ Color speedTextColor(double fraction) {
 }
 
 std::optional<SpeedNote> slowLinkNote(const TreeNode::USBDeviceEntry& entry) {
-  if (auto note = entry.device.speedNote(entry.busMaxGbps)) {
+  if (auto note = entry.device.trueSpeedNote(entry.busMaxGbps)) {
     return SpeedNote{std::string(Loc::hintWhySlow()), std::move(*note)};
   }
   return std::nullopt;

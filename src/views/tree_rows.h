@@ -16,6 +16,7 @@ namespace tamberline {
 /// What a link truly carries, and how its row's tooltip says it.
 struct LinkNote {
   TrueLink link = {};
+  std::optional<bool> isAuthorized = {};
   std::string text = {};
 
   friend bool operator==(const LinkNote&, const LinkNote&) = default;
@@ -25,6 +26,7 @@ struct TBDeviceRow {
   std::string icon = {};
   std::string name = {};
   std::optional<Badge> modeBadge = {};
+  std::optional<Badge> warningBadge = {};
   std::optional<std::string> ratedDraw = {};
   std::optional<SpeedBarRow> speedBar = {};
   std::optional<LinkNote> link = {};

@@ -1,3 +1,4 @@
+#include "inspect/port_document.h"
 #include "inspect/sample_scans.h"
 #include "support/language_scope.h"
 #include "support/property_list_text.h"
@@ -13,7 +14,7 @@ TEST(Document, OfAScanThatFoundNothingHasEmptyMembers) {
   EXPECT_EQ(jsonText(Scan().run()), normalized(R"({
     "errorMessage": null, "thunderboltBuses": [], "usbBuses": [], "charger": null,
     "battery": null, "hpmPorts": [], "fedPortStates": [], "bestAdapterIndex": 0,
-    "portPowerOut": {}, "portCurrentLimitMa": {}, "portTree": [], "allContainerIDs": [],
+    "portPowerOut": {}, "portCurrentLimitMa": {}, "ports": [], "portTree": [], "allContainerIDs": [],
     "searchEntries": [],
     "panel": {"state": "empty", "message": "No ports detected", "cards": []}
   })"));
@@ -69,16 +70,43 @@ TEST(Document, DescribesAThunderboltBus) {
     "busNumber": 0, "hostName": "Workshop", "uid": "0xA0", "displayName": "Thunderbolt Port 0",
     "port": {"status": "receptacle_connected", "speed": "Up to 40 Gb/s", "linkWidth": "0x2",
              "isConnected": true, "speedGbps": 40, "laneCount": 2, "totalBandwidthGbps": 80,
-             "badgeText": "40 Gb/s ×2",
-             "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2,
-                      "receiveLanes": 2}},
-    "receptacles": [
-      {"number": 1, "status": "receptacle_connected", "speed": "Up to 40 Gb/s",
-       "linkWidth": "0x2", "isConnected": true, "speedGbps": 40, "laneCount": 2,
-       "totalBandwidthGbps": 80, "badgeText": "40 Gb/s ×2",
-       "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2,
-                "receiveLanes": 2}}],
+             "badgeText": "40 Gb/s ×2"},
     "connectedDevices": 1
+  })"));
+}
+
+TEST(Document, DescribesWhatElseIsKnownOfEachPort) {
+  EXPECT_EQ(jsonText(at(deskDocument(), "/ports/3")), normalized(R"({
+    "portNumber": 1,
+    "receptacles": [{"number": 1, "isConnected": true,
+      "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2, "receiveLanes": 2}}],
+    "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2, "receiveLanes": 2},
+    "partner": null, "agreedPower": null
+  })"));
+  EXPECT_EQ(jsonText(describePorts({{.busNumber = 1}}, {{.portNumber = 2, .isMagSafe = true},
+                                                        {.portNumber = 2,
+                                                         .partner = PortPartner::audio,
+                                                         .agreedPower = AgreedPower{5, 1.5}}})),
+            normalized(R"([{
+    "portNumber": 2, "receptacles": [], "link": null, "partner": "audio",
+    "agreedPower": {"volts": 5.0, "amps": 1.5, "watts": 7.5}
+  }])"));
+}
+
+TEST(Document, DescribesTheDriveAndTheAuthorisationOfAThunderboltDevice) {
+  const Document device = describeDeviceAlone(
+      ThunderboltDevice{.drives = {USBDevice{.name = "Slate 2TB",
+                                             .serialNumber = "QS-0077",
+                                             .volumes = {{"Footage", "/media/Footage"}},
+                                             .untokenedGbps = 40}},
+                        .isAuthorized = false});
+  EXPECT_EQ(jsonText(device["drive"]), normalized(R"({
+    "name": "Slate 2TB", "serialNumber": "QS-0077", "speedGbps": 40.0,
+    "volumes": [{"name": "Footage", "mountPoint": "/media/Footage"}]
+  })"));
+  EXPECT_EQ(jsonText(device["link"]), normalized(R"({
+    "transmitGbps": null, "receiveGbps": null, "transmitLanes": null, "receiveLanes": null,
+    "isAuthorized": false
   })"));
 }
 
@@ -88,11 +116,13 @@ TEST(Document, DescribesThunderboltDevicesWithWhatIsBehindThem) {
     "firmwareVersion": "1.2", "upstreamSpeed": "20 Gb/s", "upstreamWidth": "0x2",
     "modeLabel": "USB4 40G", "upstreamSpeedGbps": 20, "upstreamLanes": 2,
     "upstreamLabel": "20 Gb/s ×2 = 40 Gb/s",
-    "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2, "receiveLanes": 2},
+    "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2, "receiveLanes": 2,
+             "isAuthorized": null},
+    "drive": null,
     "children": [
       {"name": "Bare", "vendorName": "", "mode": "", "uid": "", "firmwareVersion": "",
        "upstreamSpeed": "", "upstreamWidth": "", "modeLabel": "", "upstreamSpeedGbps": 0,
-       "upstreamLanes": 1, "upstreamLabel": "", "link": null, "children": []}]
+       "upstreamLanes": 1, "upstreamLabel": "", "link": null, "drive": null, "children": []}]
   })"));
 }
 

@@ -17,11 +17,11 @@ TEST(PanelDocument, HasAPortCard) {
     "measuredPower": {"used": "3.8 W used", "allocated": "15.0 W allocated",
       "voltageCurrent": "5.0 V · 0.75 A", "bar": {"usedFraction": 0.25, "cableFraction": 0.0},
       "tooltip": "Live measured power the Mac is delivering on this port. \"allocated\" is the negotiated USB-PD contract."},
-    "portPowerBar": {"usedMa": 200, "allocatedMa": 200, "portMaxMa": 3000,
+    "agreedPower": null, "portPowerBar": {"usedMa": 200, "allocatedMa": 200, "portMaxMa": 3000,
       "used": "1.0 W port total", "allocated": null, "portMax": "15.0 W port max",
       "bar": {"usedFraction": 0.06666666666666667, "cableFraction": 0.06666666666666667},
       "tooltip": "Total rated draw of everything on this port vs the port's power capacity"},
-    "rows": 1, "nothingAttached": null, "titleNote": "Link each way: 40 Gb/s, 2 lanes"
+    "rows": 1, "nothingAttached": null
   })"));
 }
 
@@ -32,8 +32,7 @@ TEST(PanelDocument, HasNullForTheAbsentPartsOfAPortCard) {
   EXPECT_EQ(jsonText(at(scan.run(), "/panel/cards/0")), normalized(R"({
     "card": "port", "id": "/port1", "inUse": false, "dotTooltip": "Nothing attached",
     "title": "Thunderbolt Port 1", "itemCount": null, "itemCountTooltip": null, "badges": [],
-    "measuredPower": null, "portPowerBar": null, "rows": [], "nothingAttached": "Nothing attached",
-    "titleNote": null
+    "measuredPower": null, "agreedPower": null, "portPowerBar": null, "rows": [], "nothingAttached": "Nothing attached"
   })"));
 }
 
@@ -67,7 +66,7 @@ TEST(PanelDocument, HasAThunderboltDeviceRow) {
       "speedLabel": "20 Gb/s ×2 = 40 Gb/s", "portMaxLabel": "at port max ✓",
       "tooltip": "Negotiated link speed vs the port's maximum. If it's below the max, the device or cable is the bottleneck."},
     "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2, "receiveLanes": 2,
-      "text": "Link each way: 40 Gb/s, 2 lanes"},
+      "isAuthorized": null, "text": "Link each way: 40 Gb/s, 2 lanes"},
     "children": 2
   })"));
 }

@@ -37,10 +37,10 @@ TEST(TreeDocument, LeavesOutOfARecordWhatTheTreeShowsItself) {
   const Document document = deskDocument();
 
   EXPECT_EQ(keysOf(at(document, "/portTree/0/bus")),
-            "busNumber hostName uid displayName port receptacles");
+            "busNumber hostName uid displayName port");
   EXPECT_EQ(keysOf(at(document, "/portTree/0/children/0/device")),
             "name vendorName mode uid firmwareVersion upstreamSpeed upstreamWidth modeLabel "
-            "upstreamSpeedGbps upstreamLanes upstreamLabel link");
+            "upstreamSpeedGbps upstreamLanes upstreamLabel link drive");
   EXPECT_EQ(keysOf(at(document, "/portTree/0/children/0/children/1/bus")),
             "rawName hostController displayName maxSpeedGbps maxSpeedLabel portMaxMa "
             "isInternalTBController");

@@ -115,6 +115,15 @@ struct NoteOnBus {
   const char* maximum;
 };
 
+TEST(UsbDevice, HasANoteWithTheTrueMaximumOfABusWithoutAName) {
+  const USBDevice device{.speed = "super_speed_plus"};
+  EXPECT_EQ(device.trueSpeedNote(20),
+            "Port supports up to 20 Gb/s — device or cable is the bottleneck");
+  EXPECT_EQ(device.trueSpeedNote(10), std::nullopt);
+  EXPECT_EQ(USBDevice{.speed = "super_speed"}.trueSpeedNote(10),
+            "Port supports up to 10 Gb/s — device or cable is the bottleneck");
+}
+
 TEST(UsbDevice, SlowerThanTheBusHasANoteThatNamesTheMaximum) {
   constexpr NoteOnBus notes[] = {
       {"high_speed", 10, "10 Gb/s"},    {"super_speed", 10, "10 Gb/s"},

@@ -37,6 +37,7 @@ std::vector<PanelRow> rowsOfEveryKind() {
       {.kind = Kind::portHeader, .source = &portCard},
       {.kind = Kind::portPower, .source = &portCard},
       {.kind = Kind::nothingAttached, .source = &portCard},
+      {.kind = Kind::partner, .source = &portCard},
       {.kind = Kind::busHeader, .source = &busCard},
       {.kind = Kind::nothingAttached, .source = &busCard},
       {.kind = Kind::chargerHeader, .source = &chargerCard},

@@ -284,6 +284,43 @@ TEST(PortTree, GivesTheAddOnBusesToTheDockThatBroughtThem) {
 )");
 }
 
+TEST(PortTree, GivesNoDockTheBusesThatAreBuiltIn) {
+  USBBus builtIn = addOnBus("USB20Bus", {usbDevice("Camera")});
+  builtIn.isBuiltIn = true;
+  EXPECT_EQ(treeText(buildPortTree(
+                {.thunderboltBuses = {thunderboltBus(0, {thunderboltDevice("Harbour Dock")})},
+                 .usbBuses = {builtIn, addOnBus("USB31Bus", {})}})),
+            R"(port 1
+  tb Harbour Dock
+    bus USB 3.1 Bus
+bus USB 2.0 Bus
+  usb Camera (0.48 Gb/s, 500 mA)
+)");
+}
+
+TEST(PortTree, ShowsTheDrivesOfAnEnclosureBehindItsChain) {
+  ThunderboltDevice enclosure = thunderboltDevice("Slate", {thunderboltDevice("Behind")});
+  enclosure.drives = {USBDevice{.name = "First", .untokenedGbps = 40},
+                      USBDevice{.name = "Second", .untokenedGbps = 80}};
+  EXPECT_EQ(treeText(buildPortTree({.thunderboltBuses = {thunderboltBus(0, {enclosure})}})),
+            R"(port 1
+  tb Slate
+    tb Behind
+    usb First (40 Gb/s, 0 mA)
+    usb Second (80 Gb/s, 0 mA)
+)");
+}
+
+TEST(PortTree, PutsAnAdapterThatIsOnNoKnownPortFirst) {
+  ChargerInfo charger = adapter();
+  charger.isOnNoKnownPort = true;
+  EXPECT_EQ(treeText(buildPortTree({.thunderboltBuses = {thunderboltBus(0)}, .charger = charger})),
+            "charger 96W Adapter on no port\nport 1\n");
+  charger.isConnected = false;
+  EXPECT_EQ(treeText(buildPortTree({.thunderboltBuses = {thunderboltBus(0)}, .charger = charger})),
+            "port 1\n");
+}
+
 TEST(PortTree, GivesTheAddOnBusesToTheDeepestDockOfAChain) {
   const std::vector<TreeNode> tree =
       buildPortTree({.thunderboltBuses = {thunderboltBus(

@@ -7,9 +7,10 @@ namespace tamberline {
 namespace {
 
 std::string kindText(PanelRow::Kind kind) {
-  constexpr std::array names = {"port header",    "port power",   "nothing attached", "bus header",
-                                "charger header", "charger body", "tb device",        "usb bus",
-                                "usb device",     "charger",      "charging only"};
+  constexpr std::array names = {"port header",  "port power", "nothing attached",
+                                "partner",      "bus header", "charger header",
+                                "charger body", "tb device",  "usb bus",
+                                "usb device",   "charger",    "charging only"};
   return names.at(static_cast<std::size_t>(kind));
 }
 

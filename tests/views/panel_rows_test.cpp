@@ -167,6 +167,18 @@ TEST(PanelRows, ShowBothPowerAndEmptinessOfAPortThatOnlyMeasures) {
             "nothing attached port1//empty, last\n");
 }
 
+TEST(PanelRows, ShowWhatIsOnAnOpenPortBesidesDevices) {
+  SampleStates states;
+  states.overrides = {"port1"};
+  EXPECT_EQ(rowText(states.rowsOf(
+                panelOf({portNode(1)}, {.hpmPorts = {{.portNumber = 1,
+                                                      .partner = PortPartner::audio,
+                                                      .agreedPower = AgreedPower{5, 0.5}}}}))),
+            "port header port1, open, first\n"
+            "port power port1//power\n"
+            "partner port1//partner, last\n");
+}
+
 TEST(PanelRows, ShowAStandaloneBusAlwaysOpen) {
   EXPECT_EQ(rowText(SampleStates().rowsOf(
                 panelOf({busNode({usbNode("Hub", {usbNode("Keys")})}), busNode()}))),
@@ -281,6 +293,7 @@ TEST(RowsOfAPort, LookDifferentOnlyWhereTheyShowWhatChanged) {
          card.measuredPower->bar = {0.5, 0};
        },
        body},
+      {"agreed power", [](PortCard& card) { card.agreedPower = AgreedPowerRow{}; }, body},
       {"rated power", [](PortCard& card) { card.portPowerBar = PowerBarRow{}; }, body},
       {"emptiness", [](PortCard& card) { card.nothingAttached = "new"; }, body},
   };

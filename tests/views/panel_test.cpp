@@ -130,6 +130,16 @@ TEST(ChargerCard, NamesAUSBCPort) {
             "USB-C / Thunderbolt");
 }
 
+TEST(ChargerCard, NamesTheSocketOfAnAdapterThatIsOnNoPort) {
+  const auto portOf = [](const ChargerInfo& charger) {
+    return std::get<ChargerCard>(
+               describePanel({.portTree = {TreeNode(TreeNode::Charger{charger})}}).cards.at(0))
+        .port;
+  };
+  EXPECT_EQ(portOf({.isOnNoKnownPort = true}), "Power socket");
+  EXPECT_EQ(portOf({.connectsViaUSBC = true, .isOnNoKnownPort = true}), "USB-C / Thunderbolt");
+}
+
 TEST(Panel, SpeaksTheLanguageOfTheRun) {
   const LanguageScope german(AppLanguage::de);
 

@@ -332,5 +332,57 @@ TEST(PortCard, SpeaksTheLanguageOfTheRun) {
   EXPECT_EQ(card.measuredPower->allocated, "2.0 W zugewiesen");
 }
 
+TEST(PortCard, ShowsWhatBothEndsAgreedOnWithoutCallingItMeasured) {
+  const PortCard card =
+      cardOf({}, {.hpmPorts = {{.portNumber = 2, .agreedPower = AgreedPower{20, 3.25}}}});
+  ASSERT_TRUE(card.agreedPower);
+  EXPECT_EQ(card.agreedPower->watts, "65.0 W agreed");
+  EXPECT_EQ(card.agreedPower->voltageCurrent, "20.0 V · 3.25 A");
+  EXPECT_EQ(card.agreedPower->tooltip, "What both ends of the cable agreed on: a voltage, and the "
+                                       "max power at it. How much flows now is not measured.");
+  EXPECT_FALSE(card.measuredPower);
+  EXPECT_TRUE(card.badges.empty());
+  EXPECT_FALSE(cardOf({}, {.hpmPorts = {{.portNumber = 2}}}).agreedPower);
+}
+
+TEST(PortCard, SaysWhatIsAttachedThatIsNoDevice) {
+  const struct {
+    HPMPort port;
+    const char* expected;
+  } table[] = {
+      {{.partner = PortPartner::audio},
+       "headphones | Analogue headphones | Headphones or their adapter — analogue sound, no data"},
+      {{.partner = PortPartner::debug},
+       "cable.connector | Debug accessory | An accessory for testing the computer"},
+      {{.partner = PortPartner::video},
+       "display | Video adapter | Can carry a picture, but does not now"},
+      {{.hasVideo = true, .partner = PortPartner::video},
+       "display | Video adapter | Carries a picture"},
+      {{.partner = PortPartner::source},
+       "powerplug.fill | Another power adapter | Offers power, but the computer takes it from "
+       "elsewhere"},
+      {{.partner = PortPartner::unknown},
+       "cable.connector | Something is attached | The computer does not tell what. A device with "
+       "data is listed under its USB bus."},
+  };
+  for (const auto& row : table) {
+    HPMPort port = row.port;
+    port.portNumber = 2;
+    const PortCard card = cardOf({}, {.hpmPorts = {port}});
+    ASSERT_TRUE(card.partner) << row.expected;
+    EXPECT_EQ(card.partner->icon + " | " + card.partner->title + " | " + card.partner->detail,
+              row.expected);
+    EXPECT_EQ(card.nothingAttached, std::nullopt);
+  }
+}
+
+TEST(PortCard, SaysNothingOfAPartnerThatShowsItselfInTheTree) {
+  const PortFacts facts{.hpmPorts = {{.portNumber = 2, .partner = PortPartner::unknown}}};
+  EXPECT_FALSE(cardOf({usbNode(100)}, facts).partner);
+  const PortFacts elsewhere{.hpmPorts = {{.portNumber = 1, .partner = PortPartner::unknown}}};
+  EXPECT_FALSE(cardOf({}, elsewhere).partner);
+  EXPECT_EQ(cardOf({}, elsewhere).nothingAttached, "Nothing attached");
+}
+
 } // namespace
 } // namespace tamberline

@@ -1,9 +1,11 @@
 #include "support/language_scope.h"
 #include "support/sample_records.h"
+#include "tree/port_tree.h"
 #include "views/tree_rows.h"
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -161,6 +163,44 @@ TEST(ThunderboltRow, NotesWhatItsLinkTrulyCarries) {
   EXPECT_EQ(row.speedBar->tooltip, "Negotiated link speed vs the port's maximum. If it's below the "
                                    "max, the device or cable is the bottleneck.");
   EXPECT_EQ(thunderboltRow({.upstreamSpeed = "20 Gb/s"}).link, std::nullopt);
+}
+
+TEST(ThunderboltRow, WarnsOfADeviceThatIsNotAuthorised) {
+  ThunderboltDevice device = thunderboltDevice("Disk");
+  const auto rowOf = [&] {
+    return std::get<TBDeviceRow>(
+        expandableRows({TreeNode(TreeNode::TBDevice{device})}, 0).at(0).content);
+  };
+  EXPECT_FALSE(rowOf().warningBadge);
+  device.isAuthorized = true;
+  EXPECT_FALSE(rowOf().warningBadge);
+  EXPECT_EQ(rowOf().link->isAuthorized, true);
+  device.isAuthorized = false;
+  ASSERT_TRUE(rowOf().warningBadge);
+  EXPECT_EQ(rowOf().warningBadge->text, "not authorised");
+  EXPECT_EQ(rowOf().warningBadge->color, Color::orange);
+  EXPECT_TRUE(rowOf().warningBadge->tooltip.starts_with("The computer has not allowed"));
+}
+
+TEST(USBRow, OfADriveBehindAnEnclosureShowsTheEnclosuresLink) {
+  ThunderboltDevice enclosure = thunderboltDevice("Slate");
+  enclosure.drives = {USBDevice{.name = "Slate 2TB",
+                                .speed = "20 Gb/s",
+                                .volumes = {{"Footage", "/media/Footage"}},
+                                .untokenedGbps = 20,
+                                .isTunneledDrive = true}};
+  std::set<Uuid> usedBusIDs;
+  const auto nodes = buildTBDeviceNodes(SharedList<ThunderboltDevice>({enclosure}), {}, usedBusIDs);
+  const auto rows = expandableRows(nodes, 0).at(0).children;
+  ASSERT_EQ(rows.size(), 1U);
+  const auto& row = std::get<USBDeviceDetailRow>(rows[0].content);
+  EXPECT_EQ(row.icon, "externaldrive");
+  EXPECT_EQ(row.speedText, "20 Gb/s");
+  EXPECT_EQ(row.speedBar->speedLabel, "PCI Express");
+  EXPECT_EQ(row.speedBar->portMaxLabel, "40 Gb/s port max");
+  EXPECT_EQ(row.speedNote->note, "Port supports up to 40 Gb/s — device or cable is the bottleneck");
+  EXPECT_EQ(row.volumes.at(0).mountPoint, "/media/Footage");
+  EXPECT_FALSE(row.powerBar);
 }
 
 TEST(ThunderboltRow, HasNoBarWithoutAKnownSpeed) {

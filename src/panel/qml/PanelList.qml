@@ -54,6 +54,12 @@ ListView {
             }
         }
         DelegateChoice {
+            roleValue: "partner"
+
+            PartnerNotice {
+            }
+        }
+        DelegateChoice {
             roleValue: "busHeader"
 
             StandaloneBusHeader {

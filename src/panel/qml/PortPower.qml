@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline
 
-// The power on a port: what is measured, and the rated draw of everything on it.
+// The power on a port: what is measured or agreed on, and the rated draw of everything on it.
 CardSegment {
     id: segment
 
@@ -19,6 +19,15 @@ CardSegment {
 
             sourceComponent: MeasuredPowerRow {
                 power: segment.content.measuredPower // qmllint disable unqualified
+            }
+        }
+        Loader {
+            active: segment.content.agreedPower.isShown
+            visible: active
+            width: parent.width
+
+            sourceComponent: AgreedPowerRow {
+                power: segment.content.agreedPower // qmllint disable unqualified
             }
         }
         Loader {

@@ -28,6 +28,9 @@ Stack {
         BadgeView {
             badge: row.content.modeBadge
         }
+        BadgeView {
+            badge: row.content.warningBadge
+        }
         TextLine {
             color: Theme.secondary
             text: row.content.ratedDraw

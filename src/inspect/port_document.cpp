@@ -1,0 +1,62 @@
+#include "inspect/port_document.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+
+namespace tamberline {
+namespace {
+
+template <typename Record>
+Document describeOrNull(const std::optional<Record>& record) {
+  return record ? describe(*record) : Document(nullptr);
+}
+
+Document nameOf(PortPartner partner) {
+  switch (partner) {
+  case PortPartner::none:
+    return nullptr;
+  case PortPartner::audio:
+    return "audio";
+  case PortPartner::debug:
+    return "debug";
+  case PortPartner::video:
+    return "video";
+  case PortPartner::source:
+    return "source";
+  case PortPartner::unknown:
+    return "unknown";
+  }
+  return nullptr;
+}
+
+Document describeReceptacle(const ThunderboltReceptacle& receptacle) {
+  return {
+      {"number", orNull(receptacle.number)},
+      {"isConnected", receptacle.port.isConnected()},
+      {"link", describeOrNull(receptacle.port.link)},
+  };
+}
+
+} // namespace
+
+Document describePorts(const std::vector<ThunderboltBus>& buses,
+                       const std::vector<HPMPort>& controllers) {
+  return listOf(buses, [&](const ThunderboltBus& bus) {
+    const std::int64_t portNumber = bus.busNumber + 1;
+    const auto found =
+        std::find_if(controllers.begin(), controllers.end(), [&](const HPMPort& port) {
+          return port.portNumber == portNumber && !port.isMagSafe;
+        });
+    const HPMPort controller = found == controllers.end() ? HPMPort() : *found;
+    return Document{
+        {"portNumber", portNumber},
+        {"receptacles", listOf(bus.receptacles, describeReceptacle)},
+        {"link", describeOrNull(bus.port.link)},
+        {"partner", nameOf(controller.partner)},
+        {"agreedPower", describeOrNull(controller.agreedPower)},
+    };
+  });
+}
+
+} // namespace tamberline
