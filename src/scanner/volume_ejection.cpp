@@ -11,9 +11,28 @@ namespace {
 
 constexpr std::chrono::milliseconds failureIsShownFor{4000};
 
-EjectState failed(const EjectOutcome& outcome) {
+std::string_view textOf(EjectRefusal refusal) {
+  switch (refusal) {
+  case EjectRefusal::volumeChanged:
+    return Loc::volumeChanged();
+  case EjectRefusal::runningSystem:
+    return Loc::ejectRunningSystem();
+  case EjectRefusal::severalDrives:
+    return Loc::ejectSeveralDrives();
+  }
+  return Loc::ejectFailed();
+}
+
+std::string_view messageOf(const EjectOutcome& outcome) {
+  if (outcome.refusal) {
+    return textOf(*outcome.refusal);
+  }
   const std::string_view message = trimmed(outcome.message);
-  return {EjectState::Failed{std::string(message.empty() ? Loc::ejectFailed() : message)}};
+  return message.empty() ? Loc::ejectFailed() : message;
+}
+
+EjectState failed(const EjectOutcome& outcome) {
+  return {EjectState::Failed{std::string(messageOf(outcome))}};
 }
 
 } // namespace
@@ -32,8 +51,8 @@ QCoro::Task<> PortScanner::runEjection(std::shared_ptr<PortScanner> self, std::s
   }
   const std::uint64_t ejection = ++self->ejectionCounts_[mountPoint];
   self->publishEjectState(mountPoint, EjectState{EjectState::Ejecting{}});
-  InBackground<EjectOutcome> ejecting(queue,
-                                      [ejector, mountPoint] { return ejector->eject(mountPoint); });
+  InBackground<EjectOutcome> ejecting(
+      queue, [ejector, mountPoint] { return ejector->eject({.mountPoint = mountPoint}); });
   const EjectOutcome outcome = co_await ejecting;
   if (outcome.isEjected) {
     self->publishEjectState(mountPoint, std::nullopt);

@@ -12,7 +12,7 @@ class DiskUtilityEjector final : public VolumeEjector {
 public:
   explicit DiskUtilityEjector(std::shared_ptr<ToolRunner> tools);
 
-  EjectOutcome eject(const std::string& mountPoint) override;
+  EjectOutcome eject(const EjectRequest& request) override;
 
 private:
   std::shared_ptr<ToolRunner> tools_;

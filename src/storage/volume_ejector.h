@@ -1,13 +1,30 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace tamberline {
+
+struct EjectRequest {
+  std::string mountPoint = {};
+  /// The block device with the file system, as the system numbers it (a dev_t); absent where it is
+  /// not known.
+  std::optional<std::uint64_t> deviceNumber = {};
+};
+
+/// Why nothing was asked of the system's own disk service.
+enum class EjectRefusal : std::uint8_t {
+  volumeChanged, // the volume is not mounted there any more
+  runningSystem, // its drive holds the running system
+  severalDrives, // it lies on more than one drive, or more than one drive claims it
+};
 
 struct EjectOutcome {
   bool isEjected = false;
   /// Why it was not, in the words of the system's own disk service; may be empty.
   std::string message = {};
+  std::optional<EjectRefusal> refusal = {};
 };
 
 /// Makes the drive of a mounted volume safe to pull: unmounted, and detached where the drive can
@@ -20,7 +37,7 @@ public:
   VolumeEjector& operator=(const VolumeEjector&) = delete;
   virtual ~VolumeEjector() = default;
 
-  virtual EjectOutcome eject(const std::string& mountPoint) = 0;
+  virtual EjectOutcome eject(const EjectRequest& request) = 0;
 };
 
 } // namespace tamberline

@@ -17,7 +17,7 @@ QVariantList ask(const char* method, const QVariantList& arguments) {
       QStringLiteral("org.freedesktop.UDisks2"), QStringLiteral("/org/freedesktop/UDisks2"),
       QStringLiteral("org.example.TestDisks"), QLatin1String(method));
   message.setArguments(arguments);
-  const QDBusMessage answer = SystemBus().call(message);
+  const QDBusMessage answer = SystemBus().callForAnswer(message);
   EXPECT_EQ(answer.type(), QDBusMessage::ReplyMessage) << answer.errorMessage().toStdString();
   return answer.arguments();
 }
@@ -30,6 +30,7 @@ void MockedDisks::addDrive(const char* name, QJsonObject properties) {
 
 void MockedDisks::addBlock(const char* name, const MockedBlock& block) {
   QJsonObject description = {{"drive", QString::fromStdString(block.drive)},
+                             {"number", block.deviceNumber},
                              {"inside", QString::fromStdString(block.inside)},
                              {"sharing", QString::fromStdString(block.sharing)}};
   QJsonArray mountPoints;

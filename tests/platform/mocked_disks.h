@@ -12,7 +12,8 @@
 namespace tamberline {
 
 struct MockedBlock {
-  std::string drive = {};                    // empty: none
+  std::string drive = {}; // empty: none
+  int deviceNumber = 0;
   std::vector<std::string> mountPoints = {}; // any bytes; empty: holds no file system
   std::string inside = {};                   // the encrypted device whose content this is
   std::string sharing = {};                  // the block device whose file system this is, too

@@ -27,11 +27,12 @@ dev_t deviceHolding(const std::string& path) {
 }
 
 /// What the device manager would find out about a file system, where none runs.
-void noteFileSystem(unsigned deviceNumber) {
+void noteFileSystem(dev_t deviceNumber) {
   const fs::path notes = "/run/udev/data";
   fs::create_directories(notes);
-  std::ofstream(notes / ("b7:" + std::to_string(deviceNumber))) << "E:ID_FS_USAGE=filesystem\n"
-                                                                   "E:ID_FS_TYPE=ext4\n";
+  std::ofstream(notes / ("b7:" + std::to_string(minor(deviceNumber))))
+      << "E:ID_FS_USAGE=filesystem\n"
+         "E:ID_FS_TYPE=ext4\n";
 }
 
 } // namespace
@@ -47,7 +48,7 @@ MountedImage::MountedImage(const TemporaryFolder& folder)
     problem_ = run("/usr/bin/mount", {"-o", "loop", image_, mountPoint_});
   }
   if (problem_.empty()) {
-    deviceNumber_ = minor(deviceHolding(mountPoint_));
+    deviceNumber_ = deviceHolding(mountPoint_);
     noteFileSystem(deviceNumber_);
   }
 }
@@ -57,7 +58,7 @@ bool MountedImage::isMounted() const {
 }
 
 std::string MountedImage::device() const {
-  return "/dev/loop" + std::to_string(deviceNumber_);
+  return "/dev/loop" + std::to_string(minor(deviceNumber_));
 }
 
 void MountedImage::mountAlsoAt(const std::string& path) const {

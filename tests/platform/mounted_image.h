@@ -2,7 +2,9 @@
 
 #include "support/temporary_folder.h"
 
+#include <cstdint>
 #include <string>
+#include <sys/types.h>
 
 namespace tamberline {
 
@@ -19,13 +21,14 @@ public:
   bool isMounted() const;
   /// "/dev/loop0".
   std::string device() const;
+  std::uint64_t deviceNumber() const { return deviceNumber_; }
   /// Mounts the same file system in another place, too.
   void mountAlsoAt(const std::string& path) const;
 
 private:
   std::string image_;
   std::string mountPoint_;
-  unsigned deviceNumber_ = 0;
+  dev_t deviceNumber_ = 0;
   std::string problem_;
 };
 

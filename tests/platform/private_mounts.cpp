@@ -4,6 +4,7 @@
 #include <cstring>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <thread>
 
 namespace tamberline {
@@ -25,8 +26,13 @@ std::string hideRun() {
   return problemOf("an empty /run", mount("tmpfs", "/run", "tmpfs", 0, nullptr));
 }
 
+/// The folder of the notes comes with the service's first start on a machine, which may be this
+/// one.
 std::string hideNotesOfService() {
-  return problemOf("empty notes", mount("tmpfs", "/var/lib/udisks2", "tmpfs", 0, nullptr));
+  const std::string problem =
+      problemOf("empty notes", mount("tmpfs", "/var/lib", "tmpfs", 0, nullptr));
+  return problem.empty() ? problemOf("a folder for notes", mkdir("/var/lib/udisks2", 0700))
+                         : problem;
 }
 
 /// The disk service would ask for news of each device that it has changed, and wait 20 s for them

@@ -2,7 +2,7 @@
 
 Parameters:
   drives      name -> properties that differ from a drive that can do nothing
-  blocks      name -> {"drive": name, "inside": name of the encrypted device whose content this is,
+  blocks      name -> {"drive": name, "number": that of the device, "inside": name of the encrypted device whose content this is,
               "mounted": [path as hexadecimal bytes, ...], "sharing": name of a block device whose
               file system this is, too}; "mounted" makes it a file system
   errors      "name.Method" -> [D-Bus error, text]: what the method answers
@@ -197,6 +197,7 @@ def add_block(service, name, block, parameters):
     path = block_path(name)
     service.AddObject(path, BLOCK_IFACE, {}, [])
     add_interface(path, name, BLOCK_IFACE, {
+        'DeviceNumber': dbus.UInt64(block.get('number', 0)),
         'Drive': drive_path(block.get('drive')),
         'CryptoBackingDevice': block_path(block.get('inside')),
         'Device': dbus.ByteArray(b'/dev/' + name.encode() + b'\0'),

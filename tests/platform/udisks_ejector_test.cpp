@@ -20,7 +20,7 @@ namespace {
 
 /// The names of the bus itself and of all that is connected to it.
 qsizetype connectionsOfBus() {
-  const QDBusMessage names = SystemBus().call(QDBusMessage::createMethodCall(
+  const QDBusMessage names = SystemBus().callForAnswer(QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ListNames")));
   return names.arguments().value(0).toStringList().size();
@@ -204,7 +204,7 @@ TEST_F(Ejecting, LeavesTheDriveOfTheRunningSystemAlone) {
   disks.addBlock("sda2", {.drive = "disk"});
   disks.addBlock("dm0", {.mountPoints = {"/home", "/"}, .inside = "sda2"});
   disks.start();
-  EXPECT_EQ(eject("/boot/efi"), "failed: ");
+  EXPECT_EQ(eject("/boot/efi"), "refused: drive of the running system");
   EXPECT_EQ(disks.calls(), "");
 }
 
@@ -292,8 +292,38 @@ TEST_F(Ejecting, DoesNotTakeOneMountPointForAnother) {
         "/media/stick\0"s, "/media/\xfe"s, "/media/\xef\xbf\xbd"s, "media/stick"s, "/dev/sdb1"s,
         ""s}) {
     SCOPED_TRACE(mountPoint);
-    EXPECT_EQ(eject(mountPoint), "failed: ");
+    EXPECT_EQ(eject(mountPoint), "refused: not there any more");
   }
+  EXPECT_EQ(disks.calls(), "");
+}
+
+TEST_F(Ejecting, TakesOfTwoDrivesThatClaimAVolumeTheOneWithItsDevice) {
+  disks.addDrive("stick", {{"CanPowerOff", true}});
+  disks.addDrive("impostor", {{"CanPowerOff", true}});
+  disks.addBlock("sda1",
+                 {.drive = "impostor", .deviceNumber = 2049, .mountPoints = {"/media/stick"}});
+  disks.addBlock("sdb1", {.drive = "stick", .deviceNumber = 2065, .mountPoints = {"/media/stick"}});
+  disks.start();
+  EXPECT_EQ(eject("/media/stick", 2065), "ejected");
+  EXPECT_EQ(disks.calls(), "sdb1.Unmount {}, may ask\n"
+                           "stick.PowerOff {}, may ask\n");
+}
+
+TEST_F(Ejecting, TakesNeitherOfTwoDrivesThatClaimAVolumeOfUnknownDevice) {
+  disks.addDrive("stick", {{"CanPowerOff", true}});
+  disks.addDrive("other", {{"CanPowerOff", true}});
+  disks.addBlock("sda1", {.drive = "other", .deviceNumber = 2049, .mountPoints = {"/media/stick"}});
+  disks.addBlock("sdb1", {.drive = "stick", .deviceNumber = 2065, .mountPoints = {"/media/stick"}});
+  disks.start();
+  EXPECT_EQ(eject("/media/stick"), "refused: several drives");
+  EXPECT_EQ(disks.calls(), "");
+}
+
+TEST_F(Ejecting, TakesNoOtherDeviceThatIsMountedThereNow) {
+  disks.addDrive("stick", {{"CanPowerOff", true}});
+  disks.addBlock("sdb1", {.drive = "stick", .deviceNumber = 2065, .mountPoints = {"/media/stick"}});
+  disks.start();
+  EXPECT_EQ(eject("/media/stick", 2081), "refused: not there any more");
   EXPECT_EQ(disks.calls(), "");
 }
 
@@ -317,8 +347,9 @@ TEST_F(Ejecting, TouchesNothingWhenAPropertyIsMissingOrOfAWrongType) {
   const std::vector<Property> properties = {
       {"Filesystem", "sdb1.MountPoints", ""},    {"Block", "sdb1.Drive", ""},
       {"Block", "sdb1.CryptoBackingDevice", ""}, {"Block", "sdb.Drive", ""},
-      {"Drive", "stick.CanPowerOff", "flag"},    {"Drive", "stick.Ejectable", "flag"},
-      {"Drive", "stick.Optical", "flag"},        {"Drive", "stick.SiblingId", "text"}};
+      {"Block", "sdb1.DeviceNumber", "number"},  {"Drive", "stick.CanPowerOff", "flag"},
+      {"Drive", "stick.Ejectable", "flag"},      {"Drive", "stick.Optical", "flag"},
+      {"Drive", "stick.SiblingId", "text"}};
   addStick();
   disks.start();
   for (const Property& property : properties) {
@@ -419,14 +450,14 @@ TEST_F(Ejecting, WorksOnSeveralDrivesAtOnce) {
   EXPECT_EQ(second.get(), "ejected");
 }
 
-TEST_F(Ejecting, GivesTheServiceAllTheTimeThatItTakes) {
+TEST_F(Ejecting, GivesTheServiceAllTheTimeThatItTakesToDoSomething) {
   addStick();
   disks.start();
   takeAskedCalls(); // those of other tests
   EXPECT_EQ(eject("/media/stick"), "ejected");
   constexpr int none = std::numeric_limits<int>::max();
   const std::vector<AskedCall> expected = {
-      {"GetManagedObjects", none}, {"Unmount", none}, {"PowerOff", none}};
+      {"GetManagedObjects", 25'000}, {"Unmount", none}, {"PowerOff", none}};
   EXPECT_EQ(takeAskedCalls(), expected);
 }
 

@@ -26,7 +26,7 @@ bool isServiceOnBus() {
       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
   question << QStringLiteral("org.freedesktop.UDisks2");
-  return SystemBus().call(question).arguments().value(0).toBool();
+  return SystemBus().callForAnswer(question).arguments().value(0).toBool();
 }
 
 class DiskService : public testing::Test {
@@ -109,8 +109,17 @@ TEST_F(DiskService, SaysThatAVolumeIsBusyAndLeavesItMounted) {
 
 TEST_F(DiskService, KnowsNoVolumeWhereNoneIsMounted) {
   doWithService([](const MountedImage& image) {
-    EXPECT_EQ(eject(image.mountPoint() + "/lost+found"), "failed: ");
+    EXPECT_EQ(eject(image.mountPoint() + "/lost+found"), "refused: not there any more");
     EXPECT_TRUE(image.isMounted());
+  });
+}
+
+TEST_F(DiskService, TellsAVolumeByTheNumberOfItsDevice) {
+  doWithService([](const MountedImage& image) {
+    EXPECT_EQ(eject(image.mountPoint(), image.deviceNumber() + 1), "refused: not there any more");
+    EXPECT_TRUE(image.isMounted());
+    EXPECT_EQ(eject(image.mountPoint(), image.deviceNumber()), "ejected");
+    EXPECT_FALSE(image.isMounted());
   });
 }
 

@@ -66,6 +66,19 @@ TEST_F(VolumeEjection, HasAMessageOfItsOwnWhereTheServiceSaysNothing) {
             "/V: failed: Échec de l’éjection — un fichier est peut-être encore ouvert");
 }
 
+TEST_F(VolumeEjection, SaysWhyADriveIsLeftAlone) {
+  const std::vector<std::pair<EjectRefusal, std::string>> rows = {
+      {EjectRefusal::volumeChanged, "This volume is no longer here — scan again"},
+      {EjectRefusal::runningSystem, "The running system is on this drive"},
+      {EjectRefusal::severalDrives, "Several drives hold this volume — none was ejected"}};
+  for (const auto& [refusal, text] : rows) {
+    ejector->refusal = refusal;
+    eject();
+    EXPECT_EQ(published.back(), "/V: failed: " + text);
+    queue->advance(4s);
+  }
+}
+
 TEST_F(VolumeEjection, RunsOnceWhenThePersonPressesTwice) {
   scanner->eject("/V");
   scanner->eject("/V");

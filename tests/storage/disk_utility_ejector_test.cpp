@@ -32,7 +32,7 @@ private:
 
 EjectOutcome outcomeOf(ToolOutput answer) {
   return DiskUtilityEjector(std::make_shared<FakeDiskUtility>(std::move(answer)))
-      .eject("/Volumes/Data");
+      .eject({.mountPoint = "/Volumes/Data"});
 }
 
 TEST(DiskUtilityEjector, HandsTheMountPointOverAsOneWord) {
@@ -41,7 +41,7 @@ TEST(DiskUtilityEjector, HandsTheMountPointOverAsOneWord) {
         "/Volumes/-rf", "/Volumes/$HOME;ls", "/Volumes/a\nb"}) {
     SCOPED_TRACE(mountPoint);
     const auto tool = std::make_shared<FakeDiskUtility>(ToolOutput{"", 0});
-    EXPECT_TRUE(DiskUtilityEjector(tool).eject(mountPoint).isEjected);
+    EXPECT_TRUE(DiskUtilityEjector(tool).eject({.mountPoint = mountPoint}).isEjected);
     EXPECT_EQ(tool->words, (std::vector<std::string>{"/usr/sbin/diskutil", "eject", mountPoint}));
   }
 }

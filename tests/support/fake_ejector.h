@@ -2,7 +2,9 @@
 
 #include "storage/volume_ejector.h"
 
+#include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,8 +14,12 @@ namespace tamberline {
 /// An ejector that answers what the test tells it to, and succeeds otherwise.
 class FakeEjector final : public VolumeEjector {
 public:
-  EjectOutcome eject(const std::string& mountPoint) override {
-    mountPoints.push_back(mountPoint);
+  EjectOutcome eject(const EjectRequest& request) override {
+    mountPoints.push_back(request.mountPoint);
+    lastDeviceNumber = request.deviceNumber;
+    if (refusal) {
+      return {.refusal = refusal};
+    }
     if (failures.empty()) {
       return {.isEjected = true};
     }
@@ -23,6 +29,8 @@ public:
   }
 
   std::deque<std::string> failures;
+  std::optional<EjectRefusal> refusal;
+  std::optional<std::uint64_t> lastDeviceNumber;
   std::vector<std::string> mountPoints;
 };
 

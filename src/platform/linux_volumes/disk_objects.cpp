@@ -23,6 +23,7 @@ public:
 
   bool flag(const char* name) { return read<bool>(name); }
   QString text(const char* name) { return read<QString>(name); }
+  std::uint64_t number(const char* name) { return read<qulonglong>(name); }
 
   /// Empty for the path that stands for no object.
   QString object(const char* name) {
@@ -88,6 +89,7 @@ std::optional<BlockDevice> readBlock(const QString& path, const Interfaces& inte
   Properties properties(*interfaces.constFind(QLatin1String(DiskService::block)));
   const std::optional<QByteArrayList> mountPoints = readMountPoints(interfaces);
   BlockDevice block = {.path = path,
+                       .deviceNumber = properties.number("DeviceNumber"),
                        .drive = properties.object("Drive"),
                        .encryptedDevice = properties.object("CryptoBackingDevice"),
                        .mountPoints = mountPoints.value_or(QByteArrayList())};

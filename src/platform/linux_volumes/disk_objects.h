@@ -4,6 +4,7 @@
 #include <QDBusMessage>
 #include <QString>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,6 +15,7 @@ namespace tamberline {
 /// service's objects; an empty one means that there is none.
 struct BlockDevice {
   QString path;
+  std::uint64_t deviceNumber = 0; // a dev_t
   QString drive;
   QString encryptedDevice;    // the one that this shows the content of
   QByteArrayList mountPoints; // bytes of any encoding; empty also when it holds no file system

@@ -14,17 +14,30 @@ class DiskTopology {
 public:
   explicit DiskTopology(const DiskObjects& objects) : objects_(objects) {}
 
-  /// Null when there is none.
-  const BlockDevice* mountedAt(const QByteArray& mountPoint) const {
-    return findIf(objects_.blocks,
-                  [&](const BlockDevice& block) { return block.mountPoints.contains(mountPoint); });
+  /// The block devices with the volume; several for a file system that lies on several.
+  std::vector<const BlockDevice*> blocksWith(const EjectRequest& volume) const {
+    const QByteArray mountPoint = QByteArray::fromStdString(volume.mountPoint);
+    std::vector<const BlockDevice*> found;
+    for (const BlockDevice& block : objects_.blocks) {
+      if (block.mountPoints.contains(mountPoint) &&
+          block.deviceNumber == volume.deviceNumber.value_or(block.deviceNumber)) {
+        found.push_back(&block);
+      }
+    }
+    return found;
+  }
+
+  bool areOfOneDrive(const std::vector<const BlockDevice*>& blocks) const {
+    return std::all_of(blocks.begin(), blocks.end(), [&](const BlockDevice* block) {
+      return drivePathOf(*block) == drivePathOf(*blocks.front());
+    });
   }
 
   /// The encrypted devices that a block device lies in, innermost first.
   std::vector<const BlockDevice*> encryptedDevicesBelow(const BlockDevice& block) const {
     std::vector<const BlockDevice*> devices;
     const BlockDevice* below = byPath(objects_.blocks, block.encryptedDevice);
-    // A service that answers in circles must not keep us.
+    // Guards against cyclic replies.
     while (below != nullptr && devices.size() < objects_.blocks.size()) {
       devices.push_back(below);
       below = byPath(objects_.blocks, below->encryptedDevice);
@@ -123,11 +136,11 @@ std::optional<DiskCall> callToRelease(const Drive& drive, bool isSiblingInUse) {
   return std::nullopt;
 }
 
-std::vector<DiskCall> callsToEjectDrive(const Drive& drive, const BlockDevice& askedBlock,
-                                        const DiskTopology& topology) {
+EjectPlan planToEjectDrive(const Drive& drive, const BlockDevice& askedBlock,
+                           const DiskTopology& topology) {
   std::vector<const BlockDevice*> blocks = topology.blocksOf(drive);
   if (holdsRunningSystem(blocks)) {
-    return {};
+    return {.refusal = EjectRefusal::runningSystem};
   }
   std::stable_partition(blocks.begin(), blocks.end(),
                         [&](const BlockDevice* block) { return block == &askedBlock; });
@@ -139,28 +152,32 @@ std::vector<DiskCall> callsToEjectDrive(const Drive& drive, const BlockDevice& a
   if (const auto release = callToRelease(drive, topology.hasSiblingInUse(drive))) {
     calls.push_back(*release);
   }
-  return calls;
+  return {.calls = std::move(calls)};
 }
 
 } // namespace
 
-std::vector<DiskCall> callsToEject(const DiskObjects& objects, const std::string& mountPoint) {
+EjectPlan planToEject(const DiskObjects& objects, const EjectRequest& request) {
   const DiskTopology topology(objects);
-  const BlockDevice* askedBlock = topology.mountedAt(QByteArray::fromStdString(mountPoint));
-  if (askedBlock == nullptr) {
-    return {};
+  const std::vector<const BlockDevice*> blocks = topology.blocksWith(request);
+  if (blocks.empty()) {
+    return {.refusal = EjectRefusal::volumeChanged};
   }
-  const QString drivePath = topology.drivePathOf(*askedBlock);
+  if (!topology.areOfOneDrive(blocks)) {
+    return {.refusal = EjectRefusal::severalDrives};
+  }
+  const BlockDevice& askedBlock = *blocks.front();
+  const QString drivePath = topology.drivePathOf(askedBlock);
   if (drivePath.isEmpty()) {
-    std::vector<DiskCall> calls;
-    addUnmounting(*askedBlock, calls);
-    return calls;
+    EjectPlan plan;
+    addUnmounting(askedBlock, plan.calls);
+    return plan;
   }
   const Drive* drive = topology.drive(drivePath);
   if (drive == nullptr) { // it was pulled while the service told of it
     return {};
   }
-  return callsToEjectDrive(*drive, *askedBlock, topology);
+  return planToEjectDrive(*drive, askedBlock, topology);
 }
 
 } // namespace tamberline

@@ -14,6 +14,7 @@ QString unusedName() {
   return QStringLiteral("tamberline-system-bus-%1").arg(++count);
 }
 
+constexpr int limitOfAnswer = 25'000; // milliseconds
 constexpr int withoutTimeLimit = std::numeric_limits<int>::max();
 
 } // namespace
@@ -25,7 +26,11 @@ SystemBus::~SystemBus() {
   QDBusConnection::disconnectFromBus(connection_.name());
 }
 
-QDBusMessage SystemBus::call(QDBusMessage message) const {
+QDBusMessage SystemBus::callForAnswer(const QDBusMessage& message) const {
+  return connection_.call(message, QDBus::Block, limitOfAnswer);
+}
+
+QDBusMessage SystemBus::callForAction(QDBusMessage message) const {
   message.setInteractiveAuthorizationAllowed(true);
   return connection_.call(message, QDBus::Block, withoutTimeLimit);
 }

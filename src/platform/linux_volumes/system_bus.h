@@ -19,9 +19,13 @@ public:
   /// Why it is not connected, in the words of the bus.
   QString error() const { return connection_.lastError().message(); }
 
-  /// The answer to a call, which may be an error. Waits as long as it takes; the system may ask the
-  /// person for a password meanwhile.
-  QDBusMessage call(QDBusMessage message) const;
+  /// The answer to a question, which may be an error; also when there is none after 25 seconds, by
+  /// which a service that lives has answered.
+  QDBusMessage callForAnswer(const QDBusMessage& message) const;
+
+  /// The answer to a call that does something, which may be an error. Waits as long as it takes: a
+  /// slow drive may have much to write, and the system may ask the person for a password meanwhile.
+  QDBusMessage callForAction(QDBusMessage message) const;
 
 private:
   QDBusConnection connection_;

@@ -34,7 +34,7 @@ bool isDoneAlready(const QDBusMessage& answer) {
 
 EjectOutcome carryOut(const std::vector<DiskCall>& calls, const SystemBus& bus) {
   for (const DiskCall& call : calls) {
-    const QDBusMessage answer = bus.call(messageOf(call));
+    const QDBusMessage answer = bus.callForAction(messageOf(call));
     if (isError(answer) && !isDoneAlready(answer)) {
       return failed(answer.errorMessage());
     }
@@ -44,19 +44,21 @@ EjectOutcome carryOut(const std::vector<DiskCall>& calls, const SystemBus& bus) 
 
 } // namespace
 
-EjectOutcome UDisksEjector::eject(const std::string& mountPoint) {
+EjectOutcome UDisksEjector::eject(const EjectRequest& request) {
   const SystemBus bus;
   if (!bus.isConnected()) {
     return failed(bus.error());
   }
-  const QDBusMessage answer = bus.call(askForDiskObjects());
+  const QDBusMessage answer = bus.callForAnswer(askForDiskObjects());
   if (isError(answer)) {
     return failed(answer.errorMessage());
   }
   const std::optional<DiskObjects> objects = readDiskObjects(answer);
-  const std::vector<DiskCall> calls =
-      objects ? callsToEject(*objects, mountPoint) : std::vector<DiskCall>();
-  return calls.empty() ? EjectOutcome{} : carryOut(calls, bus);
+  const EjectPlan plan = objects ? planToEject(*objects, request) : EjectPlan{};
+  if (plan.refusal) {
+    return {.refusal = plan.refusal};
+  }
+  return plan.calls.empty() ? EjectOutcome{} : carryOut(plan.calls, bus);
 }
 
 } // namespace tamberline

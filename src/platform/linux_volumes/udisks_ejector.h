@@ -5,11 +5,10 @@
 namespace tamberline {
 
 /// Ejects through UDisks2, the disk service of Linux desktops; what that says of a failure is the
-/// message. The message is empty when it knows no volume at the mount point, and when its answers
-/// cannot be understood.
+/// message. The message is empty when its answers cannot be understood.
 class UDisksEjector final : public VolumeEjector {
 public:
-  EjectOutcome eject(const std::string& mountPoint) override;
+  EjectOutcome eject(const EjectRequest& request) override;
 };
 
 } // namespace tamberline
