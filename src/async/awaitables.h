@@ -17,6 +17,7 @@
 #include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace tamberline {
 
@@ -129,6 +130,42 @@ private:
 
   std::function<Result()> work_;
   std::shared_ptr<Result> result_ = std::make_shared<Result>();
+};
+
+/// Something that several coroutines wait for, which is announced to all of them at once. Main
+/// thread only. Whoever is to announce it must do so also when the queue ends: those who wait
+/// unwind then.
+class Announcement {
+public:
+  explicit Announcement(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
+
+  class Wait : public QueueAwaitable {
+  public:
+    explicit Wait(Announcement& announcement)
+        : QueueAwaitable(announcement.queue_), announcement_(announcement) {}
+
+    // The compiler calls it on an object.
+    // NOLINTNEXTLINE(readability-convert-member-functions-to-static)
+    bool await_ready() const noexcept { return false; }
+    void await_suspend(std::coroutine_handle<> waiting) {
+      announcement_.waiting_.push_back(resume(waiting));
+    }
+    void await_resume() const { throwIfEnded(); }
+
+  private:
+    Announcement& announcement_;
+  };
+
+  /// Those who wait go on with later work of the queue, in the order in which they began to wait.
+  void announce() {
+    for (MainQueue::Work& resumption : std::exchange(waiting_, {})) {
+      queue_->post(std::move(resumption));
+    }
+  }
+
+private:
+  std::shared_ptr<MainQueue> queue_;
+  std::vector<MainQueue::Work> waiting_;
 };
 
 } // namespace tamberline

@@ -2,7 +2,6 @@
 
 #include "acquisition/fetch_json.h"
 #include "acquisition/registry_probes.h"
-#include "async/awaitables.h"
 #include "reports/container_hubs.h"
 #include "reports/power_report.h"
 #include "reports/thunderbolt_report.h"
@@ -65,7 +64,8 @@ QCoro::Task<> scanTwice(std::weak_ptr<PortScanner> weakScanner, std::shared_ptr<
 
 } // namespace
 
-PortScanner::PortScanner(ScannerOutside outside) : outside_(std::move(outside)) {}
+PortScanner::PortScanner(ScannerOutside outside)
+    : outside_(std::move(outside)), driveIsFree_(outside_.acquisition.queue) {}
 
 std::shared_ptr<PortScanner> PortScanner::create(ScannerOutside outside) {
   return std::shared_ptr<PortScanner>(new PortScanner(std::move(outside)));
@@ -121,6 +121,8 @@ QCoro::Task<std::optional<std::string>> PortScanner::gather(std::shared_ptr<Port
     self->portCurrentLimitMa.set(co_await limitStep);
   }
   self->publishTree();
+  self->forgetVanishedVolumes();
+  identifyVolumes(self);
   co_return std::nullopt;
 }
 

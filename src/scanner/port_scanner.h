@@ -1,6 +1,7 @@
 #pragma once
 
 #include "acquisition/acquisition.h"
+#include "async/awaitables.h"
 #include "model/power_records.h"
 #include "model/thunderbolt_records.h"
 #include "model/usb_records.h"
@@ -35,6 +36,8 @@ struct ScannerOutside {
   /// Null where volumes are only shown: nothing is tested or ejected then.
   std::shared_ptr<Benchmark> benchmark = nullptr;
   std::shared_ptr<VolumeEjector> ejector = nullptr;
+  /// What tells a volume from another one in its place. Null where that is not looked at.
+  std::shared_ptr<VolumeFiles> volumes = nullptr;
   std::function<std::chrono::system_clock::time_point()> now = std::chrono::system_clock::now;
 };
 
@@ -53,13 +56,18 @@ public:
   /// first scan.
   QCoro::Task<> scan();
 
-  /// Tests a volume's speed; returns at once when that volume is being tested. Never fails: what
-  /// goes wrong ends in `benchmarks`. Called on any thread, runs on the main thread.
+  /// Tests a volume's speed, after what else goes on with its drive; returns at once when that
+  /// volume is being tested. Never fails: what goes wrong ends in `benchmarks`. Called on any
+  /// thread, runs on the main thread.
   QCoro::Task<> runBenchmark(std::string mountPoint);
 
-  /// Ejects the drive of a volume and, when that succeeded, scans; returns at once when it is being
-  /// ejected. Never fails: what goes wrong stands in `ejectStates` for four seconds. Called on any
-  /// thread, runs on the main thread.
+  /// Ends the test of a volume with the chunk that it is at, or while it waits for its drive, as if
+  /// nobody had asked for it; nothing happens when it is not being tested. Main thread only.
+  void stopBenchmark(const std::string& mountPoint);
+
+  /// Ejects the drive of a volume and, when that succeeded, scans; returns at once when a volume of
+  /// the drive is being ejected or tested. Never fails: what goes wrong stands in `ejectStates` for
+  /// four seconds. Called on any thread, runs on the main thread.
   QCoro::Task<> eject(std::string mountPoint);
 
   /// In the order of the report. A scan publishes field by field, so these can be newer than
@@ -79,8 +87,11 @@ public:
   Published<std::optional<std::chrono::system_clock::time_point>> lastScanned;
   /// Why there is nothing to show; absent as soon as anything was shown.
   Published<std::optional<std::string>> errorMessage;
-  /// Speed tests by mount point.
+  /// Speed tests by mount point. What came of one goes when a scan shows its volume no more, or
+  /// another one in its place.
   ObservableField<std::map<std::string, BenchmarkPhase>> benchmarks;
+  /// How much of the part under way is done, in percent, by mount point of those that are tested.
+  Published<std::map<std::string, int>> testProgress;
   Published<std::vector<HPMPort>> hpmPorts;
   /// By 1-based port number.
   Published<std::map<std::int64_t, PortPowerOut>> portPowerOut;
@@ -99,20 +110,49 @@ private:
   explicit PortScanner(ScannerOutside outside);
 
   static QCoro::Task<> runScan(std::shared_ptr<PortScanner> self);
+  struct ActiveTest;
+  class DriveUse;
+
   static QCoro::Task<> runTest(std::shared_ptr<PortScanner> self, std::string mountPoint);
+  static QCoro::Task<BenchmarkPhase> measure(std::shared_ptr<PortScanner> self,
+                                             std::string mountPoint,
+                                             std::shared_ptr<ActiveTest> test);
+  static QCoro::Task<bool> waitForDrive(std::shared_ptr<PortScanner> self, std::string mountPoint,
+                                        std::shared_ptr<ActiveTest> test);
   static QCoro::Task<> runEjection(std::shared_ptr<PortScanner> self, std::string mountPoint);
+  static QCoro::Task<EjectOutcome> askToEject(std::shared_ptr<PortScanner> self,
+                                              std::string mountPoint);
+  static QCoro::Task<> identifyVolumes(std::shared_ptr<PortScanner> self);
   static QCoro::Task<std::optional<std::string>> gather(std::shared_ptr<PortScanner> self);
   void publishPower(PowerReading reading);
   void publishTree();
   void startMonitor();
   bool isBeingTested(const std::string& mountPoint) const;
+  BenchmarkOrder orderOf(const std::string& mountPoint, const std::shared_ptr<ActiveTest>& test);
   void publishPhase(const std::string& mountPoint, BenchmarkPhase phase);
-  bool isBeingEjected(const std::string& mountPoint) const;
+  void publishProgress(const std::string& mountPoint, std::optional<int> percent);
+  void endTest(const std::string& mountPoint, const ActiveTest& test, BenchmarkPhase phase);
   void publishEjectState(const std::string& mountPoint, std::optional<EjectState> state);
+  bool isShown(const std::string& mountPoint) const;
+  bool isDriveInUse(const std::string& mountPoint) const;
+  bool isDriveTested(const std::string& mountPoint) const;
+  std::optional<VolumeIdentity> identityOf(const std::string& mountPoint) const;
+  void takeIdentities(std::map<std::string, VolumeIdentity> identities);
+  void forgetVanishedVolumes();
 
   ScannerOutside outside_;
-  std::unique_ptr<PortMonitor> monitor_;                // after the first scan
-  std::map<std::string, std::uint64_t> ejectionCounts_; // by mount point
+  std::unique_ptr<PortMonitor> monitor_; // after the first scan
+
+  // By mount point:
+  std::map<std::string, std::uint64_t> ejectionCounts_;
+  std::map<std::string, std::shared_ptr<ActiveTest>> activeTests_;
+  std::map<std::string, VolumeIdentity> testedVolumes_; // those with a result
+  std::map<std::string, VolumeIdentity> shownVolumes_;  // as far as they were looked at
+
+  std::set<std::string> usedDrives_; // by mount point of the volume that is tested or ejected
+  Announcement driveIsFree_;
+  bool isIdentifying_ = false;
+  bool mustIdentifyAgain_ = false;
 };
 
 } // namespace tamberline

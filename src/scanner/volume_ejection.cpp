@@ -2,8 +2,11 @@
 #include "async/awaitables.h"
 #include "base/text.h"
 #include "i18n/loc.h"
+#include "scanner/drive_use.h"
 #include "scanner/port_scanner.h"
 
+#include <exception>
+#include <optional>
 #include <utility>
 
 namespace tamberline {
@@ -35,6 +38,12 @@ EjectState failed(const EjectOutcome& outcome) {
   return {EjectState::Failed{std::string(messageOf(outcome))}};
 }
 
+/// The folder is closed again, since an open one keeps the volume from being unmounted.
+VolumeIdentity volumeAt(const std::string& mountPoint, VolumeFiles& volumes) {
+  const std::unique_ptr<VolumeFolder> folder = volumes.openFolder(mountPoint);
+  return folder ? folder->identity() : VolumeIdentity();
+}
+
 } // namespace
 
 QCoro::Task<> PortScanner::eject(std::string mountPoint) {
@@ -43,23 +52,27 @@ QCoro::Task<> PortScanner::eject(std::string mountPoint) {
 
 QCoro::Task<> PortScanner::runEjection(std::shared_ptr<PortScanner> self, std::string mountPoint) {
   const std::shared_ptr<MainQueue> queue = self->outside_.acquisition.queue;
-  const std::shared_ptr<VolumeEjector> ejector = self->outside_.ejector;
   HopToMainThread hop(queue);
   co_await hop;
-  if (ejector == nullptr || self->isBeingEjected(mountPoint)) {
+  if (self->outside_.ejector == nullptr || self->isDriveInUse(mountPoint) ||
+      self->isDriveTested(mountPoint)) {
     co_return;
   }
   const std::uint64_t ejection = ++self->ejectionCounts_[mountPoint];
-  self->publishEjectState(mountPoint, EjectState{EjectState::Ejecting{}});
-  InBackground<EjectOutcome> ejecting(
-      queue, [ejector, mountPoint] { return ejector->eject({.mountPoint = mountPoint}); });
-  const EjectOutcome outcome = co_await ejecting;
+  std::optional<DriveUse> driveUse(std::in_place, self, mountPoint);
+  EjectOutcome outcome;
+  try {
+    auto asking = askToEject(self, mountPoint);
+    outcome = co_await asking;
+  } catch (const std::exception&) { // such as memory that is used up: the ejection has failed
+  }
   if (outcome.isEjected) {
     self->publishEjectState(mountPoint, std::nullopt);
     auto scan = self->scan();
     co_await scan;
     co_return;
   }
+  driveUse.reset();
   self->publishEjectState(mountPoint, failed(outcome));
   Delay reading(queue, failureIsShownFor);
   co_await reading;
@@ -68,10 +81,20 @@ QCoro::Task<> PortScanner::runEjection(std::shared_ptr<PortScanner> self, std::s
   }
 }
 
-bool PortScanner::isBeingEjected(const std::string& mountPoint) const {
-  const auto found = ejectStates.get().find(mountPoint);
-  return found != ejectStates.get().end() &&
-         std::holds_alternative<EjectState::Ejecting>(found->second.state);
+/// Nothing is asked of the system when another volume than the one that was shown is there by now.
+QCoro::Task<EjectOutcome> PortScanner::askToEject(std::shared_ptr<PortScanner> self,
+                                                  std::string mountPoint) {
+  self->publishEjectState(mountPoint, EjectState{EjectState::Ejecting{}});
+  const auto asking = [ejector = self->outside_.ejector, volumes = self->outside_.volumes,
+                       shown = self->identityOf(mountPoint), mountPoint]() -> EjectOutcome {
+    if (volumes && shown && !shown->isSameVolumeAs(volumeAt(mountPoint, *volumes))) {
+      return {.refusal = EjectRefusal::volumeChanged};
+    }
+    return ejector->eject(
+        {.mountPoint = mountPoint, .deviceNumber = shown ? shown->deviceNumber : std::nullopt});
+  };
+  InBackground<EjectOutcome> ejecting(self->outside_.acquisition.queue, asking);
+  co_return co_await ejecting;
 }
 
 void PortScanner::publishEjectState(const std::string& mountPoint,

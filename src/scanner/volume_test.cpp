@@ -1,8 +1,12 @@
 // The part of PortScanner that tests the speed of volumes.
 #include "async/awaitables.h"
 #include "i18n/loc.h"
+#include "scanner/drive_use.h"
 #include "scanner/port_scanner.h"
 
+#include <atomic>
+#include <exception>
+#include <optional>
 #include <utility>
 
 namespace tamberline {
@@ -17,21 +21,30 @@ BenchmarkPhase failed(std::string_view message) {
 }
 
 /// What became of a part of the test that gave no speed.
-BenchmarkPhase failureOf(const BenchmarkResult& result) {
-  const auto* error = std::get_if<BenchmarkError>(&result);
-  return failed(error != nullptr ? userText(*error) : Loc::testFailed());
+BenchmarkPhase failureOf(const BenchmarkResult& result, bool isCancelled) {
+  if (const auto* error = std::get_if<BenchmarkError>(&result)) {
+    return failed(userText(*error));
+  }
+  return isCancelled ? BenchmarkPhase{} : failed(Loc::testFailed());
 }
 
-BenchmarkPhase finalPhase(const BenchmarkResult& write, const BenchmarkResult& read) {
+BenchmarkPhase finalPhase(const BenchmarkResult& write, const BenchmarkResult& read,
+                          bool isCancelled) {
   const auto* writeMBps = std::get_if<double>(&write);
   const auto* readMBps = std::get_if<double>(&read);
   if (writeMBps == nullptr) {
-    return failureOf(write);
+    return failureOf(write, isCancelled);
   }
   if (readMBps == nullptr) {
-    return failureOf(read);
+    return failureOf(read, isCancelled);
   }
   return {BenchmarkPhase::Done{*writeMBps, *readMBps}};
+}
+
+/// Coarse, because each new one redraws the row.
+int percentOf(double fraction) {
+  constexpr int step = 5;
+  return static_cast<int>(fraction * 100 / step) * step;
 }
 
 /// Removing a large file can take a slow drive a while.
@@ -45,8 +58,22 @@ InBackground<bool> fileRemoval(std::shared_ptr<Benchmark> benchmark,
 
 } // namespace
 
+/// Shared with the background task of the test.
+struct PortScanner::ActiveTest {
+  std::optional<VolumeIdentity> volume; // absent where it was not looked at
+  std::atomic<bool> isCancelled = false;
+};
+
 QCoro::Task<> PortScanner::runBenchmark(std::string mountPoint) {
   return runTest(shared_from_this(), std::move(mountPoint));
+}
+
+void PortScanner::stopBenchmark(const std::string& mountPoint) {
+  const auto found = activeTests_.find(mountPoint);
+  if (found != activeTests_.end()) {
+    found->second->isCancelled = true;
+    driveIsFree_.announce(); // it may wait
+  }
 }
 
 QCoro::Task<> PortScanner::runTest(std::shared_ptr<PortScanner> self, std::string mountPoint) {
@@ -57,18 +84,90 @@ QCoro::Task<> PortScanner::runTest(std::shared_ptr<PortScanner> self, std::strin
   if (benchmark == nullptr || self->isBeingTested(mountPoint)) {
     co_return;
   }
+  const auto test = std::make_shared<ActiveTest>();
+  self->activeTests_[mountPoint] = test;
+  std::optional<DriveUse> driveUse;
+  BenchmarkPhase phase = failed(Loc::testFailed());
+  try {
+    auto waiting = waitForDrive(self, mountPoint, test);
+    if (co_await waiting) {
+      driveUse.emplace(self, mountPoint);
+      auto measuring = measure(self, mountPoint, test);
+      phase = co_await measuring;
+    } else {
+      phase = BenchmarkPhase{};
+    }
+  } catch (const std::exception&) { // such as memory that is used up: the test has failed
+  }
+  if (driveUse) {
+    auto removal = fileRemoval(benchmark, queue, mountPoint);
+    co_await removal;
+  }
+  self->endTest(mountPoint, *test, std::move(phase));
+}
+
+/// Whether the drive came free. False when the test is not wanted any more, or its volume is gone.
+QCoro::Task<bool> PortScanner::waitForDrive(std::shared_ptr<PortScanner> self,
+                                            std::string mountPoint,
+                                            std::shared_ptr<ActiveTest> test) {
+  if (!self->isDriveInUse(mountPoint)) {
+    co_return true;
+  }
+  const bool wasShown = self->isShown(mountPoint);
+  self->publishPhase(mountPoint, running(Loc::waitingForDrive()));
+  while (self->isDriveInUse(mountPoint) && !test->isCancelled) {
+    Announcement::Wait change(self->driveIsFree_);
+    co_await change;
+  }
+  co_return !test->isCancelled && (self->isShown(mountPoint) || !wasShown);
+}
+
+QCoro::Task<BenchmarkPhase> PortScanner::measure(std::shared_ptr<PortScanner> self,
+                                                 std::string mountPoint,
+                                                 std::shared_ptr<ActiveTest> test) {
+  const std::shared_ptr<MainQueue> queue = self->outside_.acquisition.queue;
+  const std::shared_ptr<Benchmark> benchmark = self->outside_.benchmark;
+  test->volume = self->identityOf(mountPoint);
   self->publishPhase(mountPoint, running(Loc::writing()));
-  auto writing = writeTest(benchmark, queue, mountPoint);
+  auto writing = writeTest(benchmark, queue, mountPoint, self->orderOf(mountPoint, test));
   const BenchmarkResult write = co_await writing;
   BenchmarkResult read;
   if (std::holds_alternative<double>(write)) {
     self->publishPhase(mountPoint, running(Loc::reading()));
-    auto reading = readTest(benchmark, queue, mountPoint);
+    auto reading = readTest(benchmark, queue, mountPoint, self->orderOf(mountPoint, test));
     read = co_await reading;
   }
-  auto removal = fileRemoval(benchmark, queue, mountPoint);
-  co_await removal;
-  self->publishPhase(mountPoint, finalPhase(write, read));
+  co_return finalPhase(write, read, test->isCancelled);
+}
+
+/// The queue is not held: a background task must not be the last to let go of it.
+BenchmarkOrder PortScanner::orderOf(const std::string& mountPoint,
+                                    const std::shared_ptr<ActiveTest>& test) {
+  const std::weak_ptr<MainQueue> weakQueue = outside_.acquisition.queue;
+  const auto tell = [weakQueue, mountPoint, weakSelf = weak_from_this(),
+                     last = 0](double fraction) mutable {
+    const int percent = percentOf(fraction);
+    const std::shared_ptr<MainQueue> queue = weakQueue.lock();
+    if (queue && std::exchange(last, percent) != percent) {
+      queue->post([weakSelf, mountPoint, percent] {
+        if (const std::shared_ptr<PortScanner> self = weakSelf.lock()) {
+          self->publishProgress(mountPoint, percent);
+        }
+      });
+    }
+  };
+  return {.volume = test->volume,
+          .isCancelled = [test] { return test->isCancelled.load(); },
+          .progress = tell};
+}
+
+void PortScanner::endTest(const std::string& mountPoint, const ActiveTest& test,
+                          BenchmarkPhase phase) {
+  activeTests_.erase(mountPoint);
+  if (test.volume) {
+    testedVolumes_[mountPoint] = *test.volume;
+  }
+  publishPhase(mountPoint, std::move(phase));
 }
 
 bool PortScanner::isBeingTested(const std::string& mountPoint) const {
@@ -77,9 +176,23 @@ bool PortScanner::isBeingTested(const std::string& mountPoint) const {
 }
 
 void PortScanner::publishPhase(const std::string& mountPoint, BenchmarkPhase phase) {
+  publishProgress(mountPoint, std::nullopt);
   auto phases = benchmarks.get();
-  phases[mountPoint] = std::move(phase);
+  phases.erase(mountPoint);
+  if (!std::holds_alternative<BenchmarkPhase::Idle>(phase.state)) {
+    phases.emplace(mountPoint, std::move(phase));
+  }
   benchmarks.set(std::move(phases));
+}
+
+/// Absent at the beginning of each part and at the end.
+void PortScanner::publishProgress(const std::string& mountPoint, std::optional<int> percent) {
+  auto progress = testProgress.get();
+  progress.erase(mountPoint);
+  if (percent && activeTests_.contains(mountPoint)) {
+    progress.emplace(mountPoint, *percent);
+  }
+  testProgress.set(std::move(progress));
 }
 
 } // namespace tamberline

@@ -38,6 +38,12 @@ QCoro::Task<> awaitAnother(std::shared_ptr<MainQueue> queue, Log log) {
   *log += "after the other ";
 }
 
+QCoro::Task<> awaitNews(std::shared_ptr<Announcement> news, Log log) {
+  Announcement::Wait wait(*news);
+  co_await wait;
+  *log += "heard ";
+}
+
 class Awaitables : public testing::Test {
 protected:
   void TearDown() override { queue->end(); }
@@ -79,6 +85,23 @@ TEST_F(Awaitables, GiveADefaultResultWhenBackgroundWorkThrows) {
   computeAndNote(queue, log, []() -> std::string { throw std::runtime_error("out of luck"); });
   queue->settle();
   EXPECT_EQ(*log, "[] ");
+}
+
+TEST_F(Awaitables, HearAnAnnouncementAllAtOnceOnALaterTurn) {
+  const auto news = std::make_shared<Announcement>(queue);
+  awaitNews(news, log);
+  awaitNews(news, log);
+  queue->runPosted();
+  EXPECT_EQ(*log, "");
+  news->announce();
+  awaitNews(news, log); // the next one
+  EXPECT_EQ(*log, "");
+  queue->runPosted();
+  EXPECT_EQ(*log, "heard heard ");
+  queue->end();
+  news->announce();
+  EXPECT_EQ(*log, "heard heard ");
+  EXPECT_EQ(log.use_count(), 1);
 }
 
 TEST_F(Awaitables, UnwindWhatWaitsWhenTheQueueEnds) {

@@ -1,5 +1,8 @@
 #include "scanner/volume_fixture.h"
 
+#include <new>
+#include <utility>
+
 namespace tamberline {
 namespace {
 
@@ -130,6 +133,59 @@ TEST_F(VolumeEjection, OfOneVolumeSaysNothingOfAnother) {
   EXPECT_EQ(published.back(), "/V: failed: Volume busy; /W: ejecting");
   queue->settle();
   EXPECT_EQ(published.back(), "/V: failed: Volume busy");
+}
+
+TEST_F(VolumeEjection, HandsOnTheDeviceOfTheVolumeThatWasShown) {
+  files->identities["/V"] = {.text = "stick", .deviceNumber = 2065};
+  scanSticks({{"/V"}});
+  eject();
+  EXPECT_EQ(ejector->lastDeviceNumber, 2065U);
+}
+
+TEST_F(VolumeEjection, LeavesAnotherVolumeAloneThatIsInThePlaceOfTheOneThatWasShown) {
+  files->identities["/V"] = {.text = "shown stick"};
+  scanSticks({{"/V"}});
+  for (const char* present : {"other stick", ""}) {
+    files->identities["/V"] = {.text = present};
+    eject();
+    EXPECT_EQ(published.back(), "/V: failed: This volume is no longer here — scan again");
+    queue->advance(4s);
+  }
+  EXPECT_TRUE(ejector->mountPoints.empty());
+}
+
+TEST_F(VolumeEjection, DoesNotBeginWhileAVolumeOfTheDriveIsTested) {
+  scanSticks({{"/V", "/W"}, {"/X"}});
+  scanner->runBenchmark("/W");
+  scanner->eject("/W");
+  scanner->eject("/V");
+  scanner->eject("/X");
+  EXPECT_EQ(scanner->ejectStates.get().size(), 1U);
+  queue->settle();
+  EXPECT_EQ(ejector->mountPoints, Lines{"/X"});
+  eject();
+  EXPECT_EQ(ejector->mountPoints, (Lines{"/X", "/V"}));
+}
+
+TEST_F(VolumeEjection, DoesNotBeginTwiceForOneDrive) {
+  scanSticks({{"/V", "/W"}});
+  scanner->eject("/W");
+  scanner->eject("/V");
+  queue->settle();
+  EXPECT_EQ(ejector->mountPoints, Lines{"/W"});
+}
+
+TEST_F(VolumeEjection, FailsWhenSomethingIsThrownMeanwhile) {
+  const Observation observation = scanner->ejectStates.observe([&] {
+    const auto found = scanner->ejectStates.get().find("/V");
+    if (found != scanner->ejectStates.get().end() && ejectText(found->second) == "ejecting") {
+      throw std::bad_alloc();
+    }
+  });
+  eject();
+  EXPECT_EQ(published.back(), "/V: failed: Eject failed — a file may still be open on it");
+  queue->advance(4s);
+  EXPECT_EQ(published.back(), "nothing");
 }
 
 TEST_F(VolumeEjection, IsPublishedOnTheMainThreadWhoeverAskedForIt) {

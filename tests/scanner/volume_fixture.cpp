@@ -18,6 +18,26 @@ std::string listed(const std::map<std::string, State>& states, std::string (*tex
 
 } // namespace
 
+void VolumeFixture::scanSticks(const std::vector<std::vector<std::string>>& sticks) {
+  std::vector<std::string> items;
+  for (const std::vector<std::string>& mountPoints : sticks) {
+    std::vector<std::string> volumes;
+    volumes.reserve(mountPoints.size());
+    for (const std::string& mountPoint : mountPoints) {
+      volumes.push_back(R"({"_name": "Data", "mount_point": ")" + mountPoint + "\"}");
+    }
+    items.push_back(R"({"_name": "Stick", "Media": [{"volumes": [)" + joined(volumes, ",") +
+                    "]}]}");
+  }
+  // Behind a hub, where devices stand as a rule.
+  tools->answer(
+      "SPUSBDataType.json",
+      R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [{"_name": "Hub", "_items": [)" +
+          joined(items, ",") + "]}]}]}");
+  scan();
+  queue->settle();
+}
+
 std::string VolumeFixture::phaseText(const BenchmarkPhase& phase) {
   return std::visit(
       Overloaded{

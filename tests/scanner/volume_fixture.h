@@ -20,10 +20,14 @@ protected:
                                    .events = events,
                                    .benchmark = benchmark,
                                    .ejector = ejector,
+                                   .volumes = files,
                                    .now = [this] { return now; }});
     observations_.push_back(scanner->benchmarks.observe([this] { notePhases(); }));
     observations_.push_back(scanner->ejectStates.observe([this] { noteEjectStates(); }));
   }
+
+  /// Scans a machine with a stick for each list of mount points.
+  void scanSticks(const std::vector<std::vector<std::string>>& sticks);
 
   /// "Writing…", "failed: Volume is read-only", "W 20 R 40".
   static std::string phaseText(const BenchmarkPhase& phase);

@@ -1,5 +1,8 @@
 #include "scanner/volume_fixture.h"
 
+#include <algorithm>
+#include <new>
+
 namespace tamberline {
 namespace {
 
@@ -134,14 +137,185 @@ TEST_F(VolumeTest, RunsForSeveralVolumesAtOnce) {
   EXPECT_EQ(published.back(), "/A: W 0 R 0; /B: W 0 R 0");
 }
 
+// --- volumes of one drive ---
+
+TEST_F(VolumeTest, WaitsWhileAnotherVolumeOfItsDriveIsTested) {
+  scanSticks({{"/A", "/B"}, {"/C"}});
+  scanner->runBenchmark("/A");
+  scanner->runBenchmark("/B");
+  scanner->runBenchmark("/C");
+  EXPECT_EQ(published.back(), "/A: Writing…; /B: Waiting for the drive…; /C: Writing…");
+  EXPECT_EQ(queue->backgroundCount(), 2U);
+  queue->settle();
+  EXPECT_EQ(published.back(), "/A: W 0 R 0; /B: W 0 R 0; /C: W 0 R 0");
+  const Lines steps = files->steps();
+  const auto removed = std::find(steps.begin(), steps.end(), "remove /A/.tamberline_benchmark.tmp");
+  const auto created = std::find(steps.begin(), steps.end(), "create /B/.tamberline_benchmark.tmp");
+  EXPECT_LT(removed, created);
+}
+
+TEST_F(VolumeTest, IsRunOnceThoughThePersonPressesWhileItWaits) {
+  scanSticks({{"/A", "/B"}});
+  scanner->runBenchmark("/A");
+  scanner->runBenchmark("/B");
+  scanner->runBenchmark("/B");
+  queue->settle();
+  const Lines steps = files->steps();
+  EXPECT_EQ(std::count(steps.begin(), steps.end(), "create /B/.tamberline_benchmark.tmp"), 1);
+}
+
+TEST_F(VolumeTest, WaitsInVainForAVolumeThatGoesWhenItsDriveIsEjected) {
+  scanSticks({{"/A", "/B"}});
+  scanner->eject("/A");
+  scanner->runBenchmark("/B");
+  EXPECT_EQ(phaseText(scanner->benchmarks.get().at("/B")), "Waiting for the drive…");
+  answerWithEmptyReports(*tools);
+  queue->settle();
+  EXPECT_TRUE(scanner->benchmarks.get().empty());
+  EXPECT_TRUE(files->steps().empty());
+}
+
+TEST_F(VolumeTest, UnwindsWithItsScannerWhenTheQueueEndsWhileAnotherWaits) {
+  scanSticks({{"/A", "/B"}});
+  scanner->runBenchmark("/A");
+  scanner->runBenchmark("/B");
+  const std::weak_ptr<PortScanner> observed = scanner;
+  scanner = nullptr;
+  EXPECT_FALSE(observed.expired());
+  queue->end();
+  EXPECT_TRUE(observed.expired());
+}
+
+// --- how far it is, and its end before time ---
+
+TEST_F(VolumeTest, TellsHowFarItIsInStepsOfFivePercent) {
+  Lines told;
+  const Observation observation = scanner->testProgress.observe([&] {
+    const auto& progress = scanner->testProgress.get();
+    const auto found = progress.find("/V");
+    told.push_back(found == progress.end() ? "none" : std::to_string(found->second));
+  });
+  test(); // 8, 16 and 20 of 20 MB
+  EXPECT_EQ(told, (Lines{"40", "80", "100", "none", "40", "80", "100", "none"}));
+}
+
+TEST_F(VolumeTest, EndsAsIfItHadNeverBeenWhenItIsStopped) {
+  for (const char* kind : {"write", "read"}) {
+    SCOPED_TRACE(kind);
+    files->during = [&](const std::string& step) {
+      if (step.starts_with(kind)) {
+        scanner->stopBenchmark("/V"); // the test's thread waits for the one that works
+      }
+    };
+    test();
+    EXPECT_EQ(published.back(), "nothing");
+    EXPECT_TRUE(files->files().empty());
+  }
+  const Lines steps = files->steps();
+  EXPECT_EQ(std::count(steps.begin(), steps.end(), "read 8388608"), 1);
+}
+
+TEST_F(VolumeTest, CanBeStoppedWhileItWaits) {
+  scanSticks({{"/A", "/B"}});
+  scanner->runBenchmark("/A");
+  scanner->runBenchmark("/B");
+  scanner->stopBenchmark("/B");
+  queue->runPosted();
+  EXPECT_EQ(published.back(), "/A: Writing…");
+  queue->settle();
+  EXPECT_EQ(published.back(), "/A: W 0 R 0");
+}
+
+TEST_F(VolumeTest, IsNotStoppedWhereNoneRuns) {
+  scanner->stopBenchmark("/V");
+  test();
+  scanner->stopBenchmark("/V");
+  EXPECT_EQ(published.back(), "/V: W 0 R 0");
+}
+
+TEST_F(VolumeTest, FailsWhenSomethingIsThrownMeanwhile) {
+  for (const char* phase : {"Writing…", "Reading…"}) {
+    SCOPED_TRACE(phase);
+    const Observation observation = scanner->benchmarks.observe([&] {
+      const auto found = scanner->benchmarks.get().find("/V");
+      if (found != scanner->benchmarks.get().end() && phaseText(found->second) == phase) {
+        throw std::bad_alloc();
+      }
+    });
+    test();
+    EXPECT_EQ(published.back(), "/V: failed: Test failed");
+    EXPECT_TRUE(files->files().empty());
+  }
+}
+
+// --- results and scans ---
+
 TEST_F(VolumeTest, ResultStaysThroughScans) {
+  scanSticks({{"/V"}});
   test();
   answerWithOnePort();
   scan();
   EXPECT_EQ(phaseText(scanner->benchmarks.get().at("/V")), "W 0 R 0");
 }
 
+TEST_F(VolumeTest, ResultGoesWithItsVolume) {
+  scanSticks({{"/V"}, {"/W"}});
+  test();
+  scanner->runBenchmark("/W");
+  queue->settle();
+  EXPECT_EQ(published.back(), "/V: W 0 R 0; /W: W 0 R 0");
+  scanSticks({{"/W"}});
+  EXPECT_EQ(published.back(), "/W: W 0 R 0");
+  scanSticks({{"/V"}, {"/W"}});
+  EXPECT_EQ(published.back(), "/W: W 0 R 0");
+}
+
+TEST_F(VolumeTest, ResultGoesWhenAnotherVolumeIsInItsPlace) {
+  files->identities["/V"] = {.text = "first stick"};
+  scanSticks({{"/V"}});
+  test();
+  scanSticks({{"/V"}});
+  EXPECT_EQ(published.back(), "/V: W 0 R 0");
+  files->identities["/V"] = {.text = "second stick"};
+  scanSticks({{"/V"}});
+  EXPECT_EQ(published.back(), "nothing");
+}
+
+TEST_F(VolumeTest, FailsWhenAnotherVolumeIsInThePlaceOfTheOneThatWasShown) {
+  files->identities["/V"] = {.text = "shown stick"};
+  scanSticks({{"/V"}});
+  for (const char* present : {"other stick", ""}) {
+    files->identities["/V"] = {.text = present};
+    test();
+    EXPECT_EQ(published.back(), "/V: failed: This volume is no longer here — scan again");
+  }
+  EXPECT_TRUE(files->steps().empty());
+}
+
+TEST_F(VolumeTest, FailsWhereNothingWasMountedWhenTheScanLooked) {
+  files->identities["/V"] = {.text = ""};
+  scanSticks({{"/V"}});
+  test();
+  EXPECT_EQ(published.back(), "/V: failed: This volume is no longer here — scan again");
+  EXPECT_TRUE(files->steps().empty());
+}
+
+TEST_F(VolumeTest, LooksAtVolumesAgainAfterAScanThatCameWhileItLooked) {
+  scanSticks({{"/V"}});
+  const std::size_t looksBefore = files->folderCount();
+  scanner->scan();
+  queue->advanceWithoutBackground(150ms);
+  while (queue->backgroundCount() > 0 && scanner->isScanning.get()) {
+    queue->finishOneBackgroundWork();
+  }
+  ASSERT_EQ(queue->backgroundCount(), 1U); // it looks
+  scanner->scan();
+  queue->settle();
+  EXPECT_EQ(files->folderCount(), looksBefore + 2);
+}
+
 TEST_F(VolumeTest, RunsThroughAScan) {
+  scanSticks({{"/V"}});
   scanner->runBenchmark("/V");
   queue->finishOneBackgroundWork();
   scan();

@@ -107,6 +107,10 @@ private:
 };
 
 std::unique_ptr<VolumeFolder> FakeVolumeFiles::openFolder(const std::string& mountPoint) {
+  {
+    const std::lock_guard lock(mutex_);
+    ++folderCount_;
+  }
   return canOpenFolders ? std::make_unique<Folder>(*this, mountPoint) : nullptr;
 }
 
@@ -123,6 +127,11 @@ void FakeVolumeFiles::truncate(const std::string& path, std::int64_t size) {
 std::vector<std::string> FakeVolumeFiles::steps() const {
   const std::lock_guard lock(mutex_);
   return steps_;
+}
+
+std::size_t FakeVolumeFiles::folderCount() const {
+  const std::lock_guard lock(mutex_);
+  return folderCount_;
 }
 
 int FakeVolumeFiles::openCount() const {

@@ -44,6 +44,8 @@ public:
 
   /// One line a step: "create /Volumes/Data/.tamberline_benchmark.tmp", "write 8388608".
   std::vector<std::string> steps() const;
+  /// How often the folder of a volume was opened.
+  std::size_t folderCount() const;
   /// Files that are open now.
   int openCount() const;
 
@@ -56,6 +58,7 @@ private:
   mutable std::mutex mutex_;
   std::map<std::string, std::int64_t> files_;
   std::vector<std::string> steps_;
+  std::size_t folderCount_ = 0;
   int openCount_ = 0;
 };
 

@@ -9,10 +9,12 @@
 namespace tamberline {
 
 ScannerOutside thisMachine(std::shared_ptr<MainQueue> queue) {
+  const auto volumes = std::make_shared<PosixVolumeFiles>();
   return {.acquisition = {.tools = toolsOfThisMachine(), .queue = std::move(queue)},
           .events = eventsOfThisMachine(),
-          .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>()),
-          .ejector = std::make_shared<UDisksEjector>()};
+          .benchmark = std::make_shared<Benchmark>(volumes),
+          .ejector = std::make_shared<UDisksEjector>(),
+          .volumes = volumes};
 }
 
 } // namespace tamberline

@@ -14,10 +14,12 @@ namespace tamberline {
 ScannerOutside thisMachine(std::shared_ptr<MainQueue> queue) {
   const auto tools =
       std::make_shared<MacToolRunner>(std::make_shared<ChildProcessRunner>(), mountTable);
+  const auto volumes = std::make_shared<PosixVolumeFiles>();
   return {.acquisition = {.tools = tools, .queue = std::move(queue)},
           .events = std::make_shared<IORegistryEvents>(),
-          .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>()),
-          .ejector = std::make_shared<DiskUtilityEjector>(tools)};
+          .benchmark = std::make_shared<Benchmark>(volumes),
+          .ejector = std::make_shared<DiskUtilityEjector>(tools),
+          .volumes = volumes};
 }
 
 } // namespace tamberline

@@ -1,0 +1,98 @@
+// The part of PortScanner that tells the volumes of a scan from others that take their place.
+#include "scanner/port_scanner.h"
+#include "scanner/volume_drives.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+using Identities = std::map<std::string, VolumeIdentity>;
+
+/// Of those whose folder can be opened.
+Identities identitiesOf(const std::set<std::string>& mountPoints, VolumeFiles& volumes) {
+  Identities identities;
+  for (const std::string& mountPoint : mountPoints) {
+    if (const std::unique_ptr<VolumeFolder> folder = volumes.openFolder(mountPoint)) {
+      identities.emplace(mountPoint, folder->identity());
+    }
+  }
+  return identities;
+}
+
+} // namespace
+
+/// Begins when a scan is over, and no scan waits for it: a volume whose drive does not answer any
+/// more must not hold up the others. Only one looks at a time, for the same reason.
+QCoro::Task<> PortScanner::identifyVolumes(std::shared_ptr<PortScanner> self) {
+  const std::shared_ptr<VolumeFiles> volumes = self->outside_.volumes;
+  self->mustIdentifyAgain_ = volumes != nullptr;
+  if (volumes == nullptr || self->isIdentifying_) {
+    co_return;
+  }
+  self->isIdentifying_ = true;
+  while (std::exchange(self->mustIdentifyAgain_, false)) {
+    const std::set<std::string> mountPoints = mountPointsOn(self->usbBuses.get());
+    if (!mountPoints.empty()) {
+      InBackground<Identities> looking(self->outside_.acquisition.queue, [volumes, mountPoints] {
+        return identitiesOf(mountPoints, *volumes);
+      });
+      self->takeIdentities(co_await looking);
+    }
+  }
+  self->isIdentifying_ = false;
+}
+
+/// A result of another volume that was mounted in the same place goes.
+void PortScanner::takeIdentities(std::map<std::string, VolumeIdentity> identities) {
+  auto phases = benchmarks.get();
+  std::erase_if(testedVolumes_, [&](const auto& tested) {
+    const auto present = identities.find(tested.first);
+    const bool isAnother = present != identities.end() &&
+                           !present->second.isSameVolumeAs(tested.second) &&
+                           !isBeingTested(tested.first);
+    if (isAnother) {
+      phases.erase(tested.first);
+    }
+    return isAnother;
+  });
+  benchmarks.set(std::move(phases));
+  shownVolumes_ = std::move(identities);
+}
+
+/// Absent also when the volume was shown a moment ago and was not looked at yet.
+std::optional<VolumeIdentity> PortScanner::identityOf(const std::string& mountPoint) const {
+  const auto found = shownVolumes_.find(mountPoint);
+  return found == shownVolumes_.end() ? std::nullopt : std::optional(found->second);
+}
+
+bool PortScanner::isShown(const std::string& mountPoint) const {
+  return mountPointsOn(usbBuses.get()).contains(mountPoint);
+}
+
+bool PortScanner::isDriveInUse(const std::string& mountPoint) const {
+  const std::set<std::string> mountPoints = mountPointsOfDrive(usbBuses.get(), mountPoint);
+  return std::any_of(mountPoints.begin(), mountPoints.end(),
+                     [&](const std::string& volume) { return usedDrives_.contains(volume); });
+}
+
+/// Or waits for a test.
+bool PortScanner::isDriveTested(const std::string& mountPoint) const {
+  const std::set<std::string> mountPoints = mountPointsOfDrive(usbBuses.get(), mountPoint);
+  return std::any_of(mountPoints.begin(), mountPoints.end(),
+                     [&](const std::string& volume) { return isBeingTested(volume); });
+}
+
+void PortScanner::forgetVanishedVolumes() {
+  const std::set<std::string> mountPoints = mountPointsOn(usbBuses.get());
+  const auto isVanished = [&](const auto& entry) { return !mountPoints.contains(entry.first); };
+  auto phases = benchmarks.get();
+  std::erase_if(phases,
+                [&](const auto& entry) { return isVanished(entry) && !entry.second.isRunning(); });
+  benchmarks.set(std::move(phases));
+  std::erase_if(testedVolumes_, isVanished);
+  std::erase_if(shownVolumes_, isVanished);
+}
+
+} // namespace tamberline
