@@ -1,5 +1,6 @@
 #include "macos_stand_in/fake_mac.h"
 #include "platform/macos/mac_tool_runner.h"
+#include "platform/posix/posix_volume_files.h"
 #include "platform/this_machine.h"
 #include "storage/disk_utility_ejector.h"
 #include "support/hand_driven_queue.h"
@@ -16,6 +17,7 @@ TEST(ThisMac, HasEverythingThatAMacHas) {
   EXPECT_EQ(mac.acquisition.queue, queue);
   EXPECT_NE(std::dynamic_pointer_cast<MacToolRunner>(mac.acquisition.tools), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<DiskUtilityEjector>(mac.ejector), nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<PosixVolumeFiles>(mac.volumes), nullptr);
   ASSERT_NE(mac.benchmark, nullptr);
   EXPECT_EQ(mac.benchmark->sizeMB(), Benchmark::defaultSizeMB);
 }

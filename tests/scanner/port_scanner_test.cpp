@@ -217,6 +217,21 @@ TEST_F(PortScannerTest, WaitsForTheToolsThatStillRunWhenOneFailed) {
   EXPECT_EQ(queue->backgroundCount(), 0U);
 }
 
+TEST_F(PortScannerTest, AsksForNoSecondAttemptOnceTheScanHasFailed) {
+  for (const char* section : {"SPThunderboltDataType.json", "SPUSBDataType.json"}) {
+    tools->answer(section, "no report");
+  }
+  scanner->scan();
+  queue->finishOneBackgroundWork(); // Thunderbolt, before the three others
+  queue->advanceWithoutBackground(150ms);
+  queue->finishNewestBackgroundWork(); // its second attempt, with which the scan has failed
+  queue->settle();
+  queue->advance(1s);
+  EXPECT_EQ(tools->runCount("SPThunderboltDataType.json"), 2U);
+  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U);
+  EXPECT_FALSE(scanner->isScanning.get());
+}
+
 TEST_F(PortScannerTest, KeepsWhatItShowsWhenALaterScanFails) {
   answerWithOnePort();
   scan();

@@ -37,6 +37,16 @@ void HandDrivenQueue::runPosted() {
 void HandDrivenQueue::finishOneBackgroundWork() {
   Background background = std::move(background_.front());
   background_.pop_front();
+  finish(std::move(background));
+}
+
+void HandDrivenQueue::finishNewestBackgroundWork() {
+  Background background = std::move(background_.back());
+  background_.pop_back();
+  finish(std::move(background));
+}
+
+void HandDrivenQueue::finish(Background background) {
   std::thread(std::move(background.work)).join();
   post(std::move(background.next));
   runPosted();

@@ -38,6 +38,9 @@ public:
   /// Runs the oldest waiting background work to its end, and what it posted.
   void finishOneBackgroundWork();
 
+  /// The same with the newest: it overtakes the others.
+  void finishNewestBackgroundWork();
+
   std::chrono::milliseconds now() const { return now_; }
   std::size_t delayedCount() const { return delayed_.size(); }
   std::size_t backgroundCount() const { return background_.size(); }
@@ -56,6 +59,7 @@ private:
   };
 
   std::map<WorkItem, Delayed>::iterator earliest();
+  void finish(Background background);
   void moveClock(std::chrono::milliseconds duration, const Work& afterEach);
 
   bool isMainThread_ = true;
