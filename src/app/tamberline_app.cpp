@@ -58,6 +58,9 @@ PanelActions TamberlineApp::actions(const ScannerOutside& outside) {
     actions.runBenchmark = [this](const std::string& mountPoint) {
       scanner_->runBenchmark(mountPoint);
     };
+    actions.stopBenchmark = [this](const std::string& mountPoint) {
+      scanner_->stopBenchmark(mountPoint);
+    };
   }
   if (outside.ejector) {
     actions.eject = [this](const std::string& mountPoint) { scanner_->eject(mountPoint); };

@@ -74,6 +74,7 @@ void PanelController::observeScanner() {
     emit isScanningChanged();
   }));
   observations_.push_back(scanner_->benchmarks.observe(refresh));
+  observations_.push_back(scanner_->testProgress.observe(refresh));
   observations_.push_back(scanner_->ejectStates.observe(refresh));
   observations_.push_back(scanner_->expandedOverrideIDs.observe(refresh));
   observations_.push_back(scanner_->collapseAllEpoch.observe([this] { dropExpansion(); }));
@@ -132,6 +133,12 @@ void PanelController::runBenchmark(const QString& mountPoint) const {
   }
 }
 
+void PanelController::stopBenchmark(const QString& mountPoint) const {
+  if (actions_.stopBenchmark) {
+    actions_.stopBenchmark(mountPoint.toStdString());
+  }
+}
+
 void PanelController::eject(const QString& mountPoint) const {
   if (actions_.eject) {
     actions_.eject(mountPoint.toStdString());
@@ -178,7 +185,8 @@ void PanelController::showRows() {
                                     .expandedOverrideIDs = scanner_->expandedOverrideIDs.get(),
                                     .benchmarks = scanner_->benchmarks.get(),
                                     .ejectStates = scanner_->ejectStates.get(),
-                                    .pulses = pulses_.phases()}));
+                                    .pulses = pulses_.phases(),
+                                    .testProgress = scanner_->testProgress.get()}));
   for (int index = 0; index < rows_.rowCount(); ++index) {
     const PanelRow& row = *rows_.rowAt(index);
     if (const auto* tree = std::get_if<const ExpandableRow*>(&row.source)) {

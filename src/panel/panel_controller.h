@@ -28,6 +28,7 @@ namespace tamberline {
 /// buttons are disabled.
 struct PanelActions {
   std::function<void(const std::string& mountPoint)> runBenchmark = {};
+  std::function<void(const std::string& mountPoint)> stopBenchmark = {};
   std::function<void(const std::string& mountPoint)> eject = {};
   std::function<void()> openManual = {};
   std::function<void()> closePanel = {};
@@ -79,6 +80,7 @@ public:
   Q_INVOKABLE void toggle(int index);
   Q_INVOKABLE void setExpanded(int index, bool isExpanded);
   Q_INVOKABLE void runBenchmark(const QString& mountPoint) const;
+  Q_INVOKABLE void stopBenchmark(const QString& mountPoint) const;
   Q_INVOKABLE void eject(const QString& mountPoint) const;
   Q_INVOKABLE void openManual() const;
   Q_INVOKABLE void close() const;

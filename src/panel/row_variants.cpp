@@ -112,16 +112,16 @@ QVariantMap volumeVariant(const VolumeRow& volume, const VolumeTools& tools) {
     testTexts.push_back(
         QVariantMap{{"text", displayText(text.text)}, {"color", colorName(text.color)}});
   }
-  return {
-      {"label", displayText(volume.label)},
-      {"name", nameVariant(volume.name)},
-      {"mountPoint", QString::fromStdString(volume.mountPoint)},
-      {"showsTestProgress", tools.showsTestProgress},
-      {"testProgress", tools.testTexts.empty() ? QString() : displayText(tools.testTexts[0].text)},
-      {"testTexts", testTexts},
-      {"testButton", part(tools.testButton, buttonVariant)},
-      {"showsEjectProgress", tools.showsEjectProgress},
-      {"ejectButton", part(tools.ejectButton, buttonVariant)}};
+  return {{"label", displayText(volume.label)},
+          {"name", nameVariant(volume.name)},
+          {"mountPoint", QString::fromStdString(volume.mountPoint)},
+          {"showsTestProgress", tools.showsTestProgress},
+          {"testProgress", displayText(tools.testProgress)},
+          {"stopTooltip", tooltipText(tools.stopTooltip)},
+          {"testTexts", testTexts},
+          {"testButton", part(tools.testButton, buttonVariant)},
+          {"showsEjectProgress", tools.showsEjectProgress},
+          {"ejectButton", part(tools.ejectButton, buttonVariant)}};
 }
 
 QVariantMap chargerVariant(const ChargerRow& row) {

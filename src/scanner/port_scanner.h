@@ -91,7 +91,7 @@ public:
   /// another one in its place.
   ObservableField<std::map<std::string, BenchmarkPhase>> benchmarks;
   /// How much of the part under way is done, in percent, by mount point of those that are tested.
-  Published<std::map<std::string, int>> testProgress;
+  ObservableField<std::map<std::string, int>> testProgress;
   Published<std::vector<HPMPort>> hpmPorts;
   /// By 1-based port number.
   Published<std::map<std::int64_t, PortPowerOut>> portPowerOut;

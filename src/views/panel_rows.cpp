@@ -1,5 +1,6 @@
 #include "views/panel_rows.h"
 
+#include "base/look_up.h"
 #include "base/overloaded.h"
 
 #include <tuple>
@@ -8,12 +9,6 @@
 
 namespace tamberline {
 namespace {
-
-template <typename Value>
-std::optional<Value> lookUp(const std::map<std::string, Value>& table, const std::string& key) {
-  const auto found = table.find(key);
-  return found == table.end() ? std::nullopt : std::optional(found->second);
-}
 
 PanelRow::Kind kindOf(const ExpandableRow& row) {
   return std::visit(Overloaded{
@@ -104,20 +99,10 @@ private:
         described.canExpand &&
         states_.expansion.isExpanded(row.id, row.startsExpanded, states_.expandedOverrideIDs);
     if (const auto* device = std::get_if<USBDeviceDetailRow>(&row.content)) {
-      described.volumeTools = toolsOf(device->volumes);
+      described.volumeTools = toolsOfDrive(
+          device->volumes, {states_.benchmarks, states_.ejectStates, states_.testProgress});
     }
     return described;
-  }
-
-  std::vector<VolumeTools> toolsOf(const std::vector<VolumeRow>& volumes) const {
-    std::vector<VolumeTools> tools;
-    tools.reserve(volumes.size());
-    for (const VolumeRow& volume : volumes) {
-      tools.push_back(
-          volumeTools(lookUp(states_.benchmarks, volume.mountPoint).value_or(BenchmarkPhase{}),
-                      lookUp(states_.ejectStates, volume.mountPoint)));
-    }
-    return tools;
   }
 
   const RowStates& states_;

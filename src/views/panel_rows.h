@@ -58,6 +58,8 @@ struct RowStates {
   const std::map<std::string, BenchmarkPhase>& benchmarks;
   const std::map<std::string, EjectState>& ejectStates;
   const std::map<std::string, Pulse>& pulses;
+  /// How much of a test's part is done, in percent.
+  std::map<std::string, int> testProgress = {};
 };
 
 /// The lines of the open cards and rows. They point into `panel`, which must outlive them.

@@ -99,8 +99,12 @@ void tell(const ChargerCard& card, PanelRow::Kind kind, Sentence& sentence) {
 
 void tell(const VolumeRow& volume, const VolumeTools& tools, Sentence& sentence) {
   sentence << volume.label + " " + volume.name;
-  for (const ColoredText& text : tools.testTexts) {
-    sentence << text.text;
+  if (tools.showsTestProgress) {
+    sentence << tools.testProgress;
+  } else {
+    for (const ColoredText& text : tools.testTexts) {
+      sentence << text.text;
+    }
   }
   if (tools.showsEjectProgress) {
     sentence << Loc::ejecting();

@@ -1,5 +1,6 @@
 #include "views/volume_row.h"
 
+#include "base/look_up.h"
 #include "base/overloaded.h"
 #include "base/text.h"
 #include "i18n/loc.h"
@@ -25,7 +26,15 @@ std::string inOneLine(std::string message) {
   return joined(words, " ");
 }
 
-void describeTest(const BenchmarkPhase& phase, VolumeTools& tools) {
+std::string progressText(const std::string& phase, std::optional<int> percent) {
+  return percent ? phase + " " + Loc::percent(*percent) : phase;
+}
+
+bool isBusy(const VolumeTools& tools) {
+  return tools.showsTestProgress || tools.showsEjectProgress;
+}
+
+void describeTest(const BenchmarkPhase& phase, std::optional<int> percent, VolumeTools& tools) {
   std::visit(Overloaded{
                  [&](const BenchmarkPhase::Idle&) {
                    tools.testButton = {.symbol = "speedometer",
@@ -33,6 +42,9 @@ void describeTest(const BenchmarkPhase& phase, VolumeTools& tools) {
                  },
                  [&](const BenchmarkPhase::Running& running) {
                    tools.showsTestProgress = true;
+                   tools.testProgress = progressText(running.phase, percent);
+                   tools.stopTooltip =
+                       tools.testProgress + " · " + std::string(Loc::hintStopTest());
                    tools.testTexts = {{running.phase, Color::secondary}};
                  },
                  [&](const BenchmarkPhase::Done& done) {
@@ -54,9 +66,10 @@ VolumeRow volumeRow(const USBVolume& volume) {
   return {std::string(Loc::volume()), volume.name, volume.mountPoint};
 }
 
-VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectState>& eject) {
+VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectState>& eject,
+                        std::optional<int> testPercent) {
   VolumeTools tools;
-  describeTest(phase, tools);
+  describeTest(phase, testPercent, tools);
   if (eject && std::holds_alternative<EjectState::Ejecting>(eject->state)) {
     tools.showsEjectProgress = true;
     return tools;
@@ -70,6 +83,26 @@ VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectSt
   }
   tools.ejectButton->isEnabled = !phase.isRunning();
   return tools;
+}
+
+std::vector<VolumeTools> toolsOfDrive(const std::vector<VolumeRow>& volumes,
+                                      const VolumeStates& states) {
+  std::vector<VolumeTools> all;
+  all.reserve(volumes.size());
+  for (const VolumeRow& volume : volumes) {
+    all.push_back(
+        volumeTools(lookUp(states.benchmarks, volume.mountPoint).value_or(BenchmarkPhase{}),
+                    lookUp(states.ejectStates, volume.mountPoint),
+                    lookUp(states.testProgress, volume.mountPoint)));
+  }
+  if (std::any_of(all.begin(), all.end(), isBusy)) {
+    for (VolumeTools& tools : all) {
+      if (tools.ejectButton) {
+        tools.ejectButton->isEnabled = false;
+      }
+    }
+  }
+  return all;
 }
 
 } // namespace tamberline

@@ -4,6 +4,7 @@
 #include "model/volume_states.h"
 #include "views/colors.h"
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -42,6 +43,10 @@ struct SymbolButton {
 /// What the speed test and the ejection of a volume show. Parts that are not shown are absent.
 struct VolumeTools {
   bool showsTestProgress = false;
+  /// What the test is at, and how far: "Writing… 40%".
+  std::string testProgress = {};
+  /// The same, and that a press stops the test.
+  std::string stopTooltip = {};
   std::vector<ColoredText> testTexts = {};
   std::optional<SymbolButton> testButton = {};
   bool showsEjectProgress = false;
@@ -51,6 +56,18 @@ struct VolumeTools {
   friend bool operator==(const VolumeTools&, const VolumeTools&) = default;
 };
 
-VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectState>& eject);
+VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectState>& eject,
+                        std::optional<int> testPercent = std::nullopt);
+
+/// The states of all volumes, by mount point.
+struct VolumeStates {
+  const std::map<std::string, BenchmarkPhase>& benchmarks;
+  const std::map<std::string, EjectState>& ejectStates;
+  const std::map<std::string, int>& testProgress;
+};
+
+/// The tools of the volumes of one drive, of which none is ejected while one is tested or ejected.
+std::vector<VolumeTools> toolsOfDrive(const std::vector<VolumeRow>& volumes,
+                                      const VolumeStates& states);
 
 } // namespace tamberline

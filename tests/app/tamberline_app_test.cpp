@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace tamberline {
@@ -203,6 +204,16 @@ TEST_F(TamberlineAppTest, TestsVolumes) {
   queue->settle();
   EXPECT_EQ(files->steps().at(1), "create /Volumes/Data/.tamberline_benchmark.tmp");
   EXPECT_TRUE(files->files().empty());
+}
+
+TEST_F(TamberlineAppTest, StopsTheTestOfAVolume) {
+  app->start();
+  panel().runBenchmark("/Volumes/Data");
+  panel().stopBenchmark("/Volumes/Data");
+  queue->settle();
+  const std::vector<std::string> steps = files->steps();
+  EXPECT_EQ(std::count(steps.begin(), steps.end(), "write 8388608"), 0);
+  EXPECT_EQ(steps.back(), "remove /Volumes/Data/.tamberline_benchmark.tmp");
 }
 
 TEST_F(TamberlineAppTest, OffersOnlyWhatTheSystemCanDo) {

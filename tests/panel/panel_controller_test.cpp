@@ -284,6 +284,10 @@ TEST_F(PanelControllerTest, ShowsHowTheToolsOfAVolumeStand) {
   EXPECT_EQ(recorder->text(), "~6\n");
   EXPECT_NE(at(6, "sentence").find("Writing"), std::string::npos);
   recorder->clear();
+  scanner->testProgress.set({{"/Volumes/Data", 40}});
+  EXPECT_EQ(recorder->text(), "~6\n");
+  EXPECT_NE(at(6, "sentence").find("Writing 40%"), std::string::npos);
+  recorder->clear();
   scanner->ejectStates.set({{"/Volumes/Data", {EjectState::Ejecting{}}}});
   EXPECT_EQ(recorder->text(), "~6\n");
   recorder->clear();
@@ -296,6 +300,7 @@ TEST_F(PanelControllerTest, DoesNothingForActionsThatAreAbsent) {
   EXPECT_FALSE(panel->canTestVolumes());
   EXPECT_FALSE(panel->canEject());
   panel->runBenchmark("/Volumes/Data");
+  panel->stopBenchmark("/Volumes/Data");
   panel->eject("/Volumes/Data");
   panel->openManual();
   panel->close();
@@ -308,6 +313,7 @@ protected:
   PanelActions actions() override {
     return {
         .runBenchmark = [this](const std::string& volume) { asked += "test " + volume + "\n"; },
+        .stopBenchmark = [this](const std::string& volume) { asked += "stop " + volume + "\n"; },
         .eject = [this](const std::string& volume) { asked += "eject " + volume + "\n"; },
         .openManual = [this] { asked += "manual\n"; },
         .closePanel = [this] { asked += "close\n"; },
@@ -322,11 +328,13 @@ TEST_F(PanelActionsTest, AreHandedOn) {
   EXPECT_TRUE(panel->canTestVolumes());
   EXPECT_TRUE(panel->canEject());
   panel->runBenchmark(QStringLiteral("/Volumes/Größe"));
+  panel->stopBenchmark(QStringLiteral("/Volumes/Größe"));
   panel->eject("/Volumes/Data");
   panel->openManual();
   panel->close();
   panel->quit();
   EXPECT_EQ(asked, "test /Volumes/Größe\n"
+                   "stop /Volumes/Größe\n"
                    "eject /Volumes/Data\n"
                    "manual\n"
                    "close\n"

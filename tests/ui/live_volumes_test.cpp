@@ -66,16 +66,30 @@ TEST_F(LiveVolumes, AreNotEjectedWhileTheyAreTested) {
   EXPECT_TRUE(ejector->mountPoints.empty());
 }
 
-TEST_F(LiveVolumes, KeepTheirResultThroughRescans) {
+TEST_F(LiveVolumes, KeepTheirResultThroughRescansAsLongAsTheyAreThere) {
   files->free = 0;
   press(testName);
+  rescan();
+  EXPECT_TRUE(isTextShown("Not enough free space"));
   answerWithDevices(*tools, {});
   rescan();
   EXPECT_FALSE(isTextShown("Data"));
   answerWithDisk(*tools);
   rescan();
   expandAll();
-  EXPECT_TRUE(isTextShown("Not enough free space"));
+  EXPECT_TRUE(isTextShown("Data"));
+  EXPECT_FALSE(isTextShown("Not enough free space"));
+}
+
+TEST_F(LiveVolumes, StopTheirTestAndOfferItAgain) {
+  start(testName);
+  finishOneStep();
+  EXPECT_TRUE(isShown(QAccessible::Button, "Reading… · Stop the test"));
+  start("Reading… · Stop the test");
+  finishOneStep();
+  finishOneStep();
+  EXPECT_TRUE(isShown(QAccessible::Button, testName));
+  EXPECT_TRUE(files->files().empty());
 }
 
 TEST_F(LiveVolumes, GoWithTheirDeviceWhenTheyAreEjected) {

@@ -50,12 +50,14 @@ PanelActions PanelFixture::actions(const Setting& setting) {
   }
   PanelActions actions{
       .runBenchmark = [this](const std::string& volume) { testedVolumes.push_back(volume); },
+      .stopBenchmark = [this](const std::string& volume) { stoppedVolumes.push_back(volume); },
       .eject = [this](const std::string& volume) { ejectedVolumes.push_back(volume); },
       .openManual = [this] { ++manualCount; },
       .closePanel = [this] { ++closeCount; },
       .quit = [this] { ++quitCount; }};
   if (setting.areVolumesLive) {
     actions.runBenchmark = [this](const std::string& volume) { scanner->runBenchmark(volume); };
+    actions.stopBenchmark = [this](const std::string& volume) { scanner->stopBenchmark(volume); };
     actions.eject = [this](const std::string& volume) { scanner->eject(volume); };
   }
   return actions;

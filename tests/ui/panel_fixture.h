@@ -104,6 +104,7 @@ protected:
   std::unique_ptr<PanelShell> shell;
 
   std::vector<std::string> testedVolumes;
+  std::vector<std::string> stoppedVolumes;
   std::vector<std::string> ejectedVolumes;
   int manualCount = 0;
   int closeCount = 0;

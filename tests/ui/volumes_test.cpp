@@ -56,6 +56,21 @@ TEST_F(PanelVolumes, TellHowFarTheTestIs) {
   EXPECT_FALSE(isTextShown("Writing…"));
 }
 
+TEST_F(PanelVolumes, StopTheTestByAPressOnItsProgress) {
+  open();
+  show(BenchmarkPhase::Running{"Writing…"});
+  const char* stopName = "Writing… · Stop the test";
+  press(stopName);
+  EXPECT_EQ(stoppedVolumes, std::vector<std::string>{"/Volumes/Data"});
+  click(find(QAccessible::Button, stopName).item()->mapToScene({5, 5}));
+  EXPECT_EQ(stoppedVolumes.size(), 2U);
+  find(QAccessible::Button, stopName).item()->forceActiveFocus();
+  typeKey(Qt::Key_Return);
+  EXPECT_EQ(stoppedVolumes.size(), 3U);
+  show(BenchmarkPhase::Done{412.2, 1021.6});
+  EXPECT_FALSE(isShown(QAccessible::Button, stopName));
+}
+
 TEST_F(PanelVolumes, CannotBeEjectedDuringTheTest) {
   open();
   show(BenchmarkPhase::Running{"Writing…"});

@@ -16,7 +16,8 @@ struct SampleStates {
                              .expandedOverrideIDs = overrides,
                              .benchmarks = benchmarks,
                              .ejectStates = ejectStates,
-                             .pulses = pulses});
+                             .pulses = pulses,
+                             .testProgress = testProgress});
   }
 
   RowExpansion expansion = {};
@@ -24,6 +25,7 @@ struct SampleStates {
   std::map<std::string, BenchmarkPhase> benchmarks = {};
   std::map<std::string, EjectState> ejectStates = {};
   std::map<std::string, Pulse> pulses = {};
+  std::map<std::string, int> testProgress = {};
 };
 
 /// One line for each row: indentation for its depth, kind, identifier, and what is special.

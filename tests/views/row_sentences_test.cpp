@@ -137,6 +137,15 @@ TEST(RowSentences, SayHowTheEjectionOfAVolumeStands) {
   EXPECT_EQ(sentenceOf(device, states), "Disk, Volume Data, The volume is in use.");
 }
 
+TEST(RowSentences, SayHowFarTheTestOfAVolumeIs) {
+  const USBDeviceDetailRow device{.name = "Disk", .volumes = {{"Volume", "Data", "/Volumes/Data"}}};
+  SampleStates states;
+  states.benchmarks["/Volumes/Data"] = {BenchmarkPhase::Running{"Writing…"}};
+  EXPECT_EQ(sentenceOf(device, states), "Disk, Volume Data, Writing…");
+  states.testProgress["/Volumes/Data"] = 40;
+  EXPECT_EQ(sentenceOf(device, states), "Disk, Volume Data, Writing… 40%");
+}
+
 TEST(RowSentences, LeaveOutWhatIsNotShown) {
   const struct {
     const char* description;

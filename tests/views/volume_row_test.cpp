@@ -68,6 +68,18 @@ TEST(VolumeTest, ShowsItsPhaseWhileItRuns) {
   EXPECT_EQ(tools.testButton, std::nullopt);
 }
 
+TEST(VolumeTest, TellsBesideItsPhaseHowFarItIsAndThatItCanBeStopped) {
+  EXPECT_EQ(volumeTools(writing, std::nullopt).testProgress, "Writing…");
+  EXPECT_EQ(volumeTools(writing, std::nullopt).stopTooltip, "Writing… · Stop the test");
+  const VolumeTools tools = volumeTools(writing, std::nullopt, 40);
+  EXPECT_EQ(tools.testTexts, (Texts{{"Writing…", Color::secondary}}));
+  EXPECT_EQ(tools.testProgress, "Writing… 40%");
+  EXPECT_EQ(tools.stopTooltip, "Writing… 40% · Stop the test");
+  EXPECT_EQ(volumeTools(done(1, 1), std::nullopt, 40).testProgress, "");
+  const LanguageScope german(AppLanguage::de);
+  EXPECT_EQ(volumeTools(writing, std::nullopt, 40).stopTooltip, "Writing… 40 % · Test abbrechen");
+}
+
 TEST(VolumeTest, ShowsBothSpeedsWhenDone) {
   const VolumeTools tools = volumeTools(done(412.4, 1021.7), std::nullopt);
 
@@ -128,6 +140,41 @@ TEST(VolumeEjection, OffersNoSecondAttemptWhileATestRuns) {
                           .tooltip = "in use",
                           .color = Color::orange,
                           .isEnabled = false}));
+}
+
+TEST(ToolsOfDrive, OfferNoEjectionWhileAnyVolumeOfItIsTestedOrEjected) {
+  const std::vector<VolumeRow> volumes = {volumeRow({"Data", "/V"}), volumeRow({"More", "/W"})};
+  struct Row {
+    const char* what;
+    std::map<std::string, BenchmarkPhase> benchmarks;
+    std::map<std::string, EjectState> ejectStates;
+    bool canEject;
+  };
+  const std::vector<Row> rows = {
+      {"idle", {}, {}, true},
+      {"done", {{"/W", done(1, 1)}}, {}, true},
+      {"failed", {{"/W", failed}}, {{"/W", ejectFailed}}, true},
+      {"tested", {{"/W", writing}}, {}, false},
+      {"ejected", {}, {{"/W", ejecting}}, false},
+      {"another drive tested", {{"/X", writing}}, {}, true},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    const std::vector<VolumeTools> tools =
+        toolsOfDrive(volumes, {row.benchmarks, row.ejectStates, {}});
+    ASSERT_EQ(tools.size(), 2U);
+    EXPECT_EQ(tools[0].ejectButton->isEnabled, row.canEject);
+    EXPECT_TRUE(tools[0].testButton->isEnabled);
+  }
+}
+
+TEST(ToolsOfDrive, TellHowFarEachTestIs) {
+  const std::vector<VolumeRow> volumes = {volumeRow({"Data", "/V"}), volumeRow({"More", "/W"})};
+  const std::map<std::string, BenchmarkPhase> benchmarks = {{"/V", writing}, {"/W", writing}};
+  const std::map<std::string, int> progress = {{"/W", 15}};
+  const std::vector<VolumeTools> tools = toolsOfDrive(volumes, {benchmarks, {}, progress});
+  EXPECT_EQ(tools.at(0).testProgress, "Writing…");
+  EXPECT_EQ(tools.at(1).testProgress, "Writing… 15%");
 }
 
 } // namespace

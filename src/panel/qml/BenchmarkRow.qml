@@ -23,10 +23,13 @@ LineLayout {
         font: Theme.caption2Font
         name: row.volume.name
     }
-    Spinner {
+    SpinnerButton {
+        enabled: Panel.canTestVolumes
+        hint: row.volume.stopTooltip
         label: row.volume.testProgress
         visible: row.volume.showsTestProgress
         LineLayout.isTrailing: true
+        onTriggered: Panel.stopBenchmark(row.volume.mountPoint)
     }
     Repeater {
         model: ValueListModel {
