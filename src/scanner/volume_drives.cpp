@@ -1,15 +1,9 @@
 #include "scanner/volume_drives.h"
 
+#include <variant>
+
 namespace tamberline {
 namespace {
-
-template <typename Visitor>
-void visitDevices(const SharedList<USBDevice>& devices, const Visitor& visit) {
-  for (const USBDevice& device : devices) {
-    visit(device);
-    visitDevices(device.children, visit);
-  }
-}
 
 std::set<std::string> mountPointsOf(const USBDevice& device) {
   std::set<std::string> mountPoints;
@@ -19,28 +13,33 @@ std::set<std::string> mountPointsOf(const USBDevice& device) {
   return mountPoints;
 }
 
-} // namespace
-
-std::set<std::string> mountPointsOn(const std::vector<USBBus>& buses) {
-  std::set<std::string> mountPoints;
-  for (const USBBus& bus : buses) {
-    visitDevices(bus.devices,
-                 [&](const USBDevice& device) { mountPoints.merge(mountPointsOf(device)); });
+template <typename Visitor>
+void visitMountPointsOfDevices(const std::vector<TreeNode>& nodes, const Visitor& visit) {
+  for (const TreeNode& node : nodes) {
+    if (const auto* entry = std::get_if<TreeNode::USBDeviceEntry>(&node.kind)) {
+      visit(mountPointsOf(entry->device));
+    }
+    visitMountPointsOfDevices(node.children, visit);
   }
-  return mountPoints;
 }
 
-std::set<std::string> mountPointsOfDrive(const std::vector<USBBus>& buses,
+} // namespace
+
+std::set<std::string> mountPointsIn(const std::vector<TreeNode>& tree) {
+  std::set<std::string> all;
+  visitMountPointsOfDevices(tree, [&](std::set<std::string> own) { all.merge(own); });
+  return all;
+}
+
+std::set<std::string> mountPointsOfDrive(const std::vector<TreeNode>& tree,
                                          const std::string& mountPoint) {
-  std::set<std::string> mountPoints = {mountPoint};
-  for (const USBBus& bus : buses) {
-    visitDevices(bus.devices, [&](const USBDevice& device) {
-      if (std::set<std::string> own = mountPointsOf(device); own.contains(mountPoint)) {
-        mountPoints.merge(own);
-      }
-    });
-  }
-  return mountPoints;
+  std::set<std::string> ofDrive = {mountPoint};
+  visitMountPointsOfDevices(tree, [&](std::set<std::string> own) {
+    if (own.contains(mountPoint)) {
+      ofDrive.merge(own);
+    }
+  });
+  return ofDrive;
 }
 
 } // namespace tamberline

@@ -33,7 +33,7 @@ QCoro::Task<> PortScanner::identifyVolumes(std::shared_ptr<PortScanner> self) {
   }
   self->isIdentifying_ = true;
   while (std::exchange(self->mustIdentifyAgain_, false)) {
-    const std::set<std::string> mountPoints = mountPointsOn(self->usbBuses.get());
+    const std::set<std::string> mountPoints = mountPointsIn(self->portTree.get());
     if (!mountPoints.empty()) {
       InBackground<Identities> looking(self->outside_.acquisition.queue, [volumes, mountPoints] {
         return identitiesOf(mountPoints, *volumes);
@@ -68,24 +68,24 @@ std::optional<VolumeIdentity> PortScanner::identityOf(const std::string& mountPo
 }
 
 bool PortScanner::isShown(const std::string& mountPoint) const {
-  return mountPointsOn(usbBuses.get()).contains(mountPoint);
+  return mountPointsIn(portTree.get()).contains(mountPoint);
 }
 
 bool PortScanner::isDriveInUse(const std::string& mountPoint) const {
-  const std::set<std::string> mountPoints = mountPointsOfDrive(usbBuses.get(), mountPoint);
+  const std::set<std::string> mountPoints = mountPointsOfDrive(portTree.get(), mountPoint);
   return std::any_of(mountPoints.begin(), mountPoints.end(),
                      [&](const std::string& volume) { return usedDrives_.contains(volume); });
 }
 
 /// Or waits for a test.
 bool PortScanner::isDriveTested(const std::string& mountPoint) const {
-  const std::set<std::string> mountPoints = mountPointsOfDrive(usbBuses.get(), mountPoint);
+  const std::set<std::string> mountPoints = mountPointsOfDrive(portTree.get(), mountPoint);
   return std::any_of(mountPoints.begin(), mountPoints.end(),
                      [&](const std::string& volume) { return isBeingTested(volume); });
 }
 
 void PortScanner::forgetVanishedVolumes() {
-  const std::set<std::string> mountPoints = mountPointsOn(usbBuses.get());
+  const std::set<std::string> mountPoints = mountPointsIn(portTree.get());
   const auto isVanished = [&](const auto& entry) { return !mountPoints.contains(entry.first); };
   auto phases = benchmarks.get();
   std::erase_if(phases,
