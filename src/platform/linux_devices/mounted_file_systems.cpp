@@ -15,6 +15,7 @@ std::vector<MountedFileSystem> mountedFileSystemsIn(std::string_view mountTable)
   constexpr std::size_t rootField = 3;
   constexpr std::size_t mountPointField = 4;
   constexpr std::size_t firstOptionalField = 6;
+  constexpr std::ptrdiff_t typeBehindSeparator = 1;
   constexpr std::ptrdiff_t sourceBehindSeparator = 2;
   std::vector<MountedFileSystem> mounts;
   for (const std::string_view line : splitNonEmpty(mountTable, '\n')) {
@@ -27,10 +28,20 @@ std::vector<MountedFileSystem> mountedFileSystemsIn(std::string_view mountTable)
       mounts.push_back({.deviceNumber = std::string(fields[deviceField]),
                         .root = withoutOctalEscapes(fields[rootField]),
                         .mountPoint = withoutOctalEscapes(fields[mountPointField]),
+                        .type = withoutOctalEscapes(separator[typeBehindSeparator]),
                         .source = withoutOctalEscapes(separator[sourceBehindSeparator])});
     }
   }
   return mounts;
+}
+
+bool isOn(const MountedFileSystem& mount, const BlockDeviceNames& device) {
+  // These may lie on several devices and have a number that is no device's; only root mounts them.
+  const bool isSourceTrue = mount.type == "btrfs" || mount.type == "bcachefs";
+  return (!device.number.empty() && mount.deviceNumber == device.number) ||
+         (isSourceTrue && mount.source == "/dev/" + device.kernelName) ||
+         (isSourceTrue && !device.mappedName.empty() &&
+          mount.source == "/dev/mapper/" + device.mappedName);
 }
 
 } // namespace tamberline::sysfs

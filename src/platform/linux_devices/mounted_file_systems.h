@@ -15,8 +15,20 @@ struct MountedFileSystem {
   std::string deviceNumber; // "8:17"
   std::string root;         // what of the file system is mounted: "/" is all of it
   std::string mountPoint;
-  std::string source; // "/dev/sdb1"
+  std::string type;   // "ext4"
+  std::string source; // "/dev/sdb1", or whatever else was said when it was mounted
 };
+
+/// A block device as the mount table may name it; a name that is empty is none.
+struct BlockDeviceNames {
+  std::string number; // "8:17"
+  std::string kernelName;
+  std::string mappedName; // of a logical volume, say
+};
+
+/// Whether the file system lies on the device. Its source is believed only where nothing else can
+/// tell: anybody who may mount can write a device's name there.
+bool isOn(const MountedFileSystem& mount, const BlockDeviceNames& device);
 
 /// In the order of the table; lines that make no sense are left out.
 std::vector<MountedFileSystem> mountedFileSystemsIn(std::string_view mountTable);

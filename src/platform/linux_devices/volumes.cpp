@@ -62,14 +62,11 @@ public:
 private:
   /// Where it is mounted as a whole, or else some part of it; null when it is not.
   const MountedFileSystem* mountOf(const std::string& blockName) const {
-    const std::string number = readTextOrNothing(blocks_ / blockName / "dev");
-    const std::string mapped = readTextOrNothing(blocks_ / blockName / "dm" / "name");
+    const BlockDeviceNames names = {readTextOrNothing(blocks_ / blockName / "dev"), blockName,
+                                    readTextOrNothing(blocks_ / blockName / "dm" / "name")};
     const MountedFileSystem* part = nullptr;
     for (const MountedFileSystem& mount : mounts_) {
-      // Some file systems have a device number of their own.
-      const bool isMounted = (!number.empty() && mount.deviceNumber == number) ||
-                             mount.source == "/dev/" + blockName ||
-                             (!mapped.empty() && mount.source == "/dev/mapper/" + mapped);
+      const bool isMounted = isOn(mount, names);
       if (isMounted && mount.root == "/") {
         return &mount;
       }

@@ -20,9 +20,9 @@ protected:
   }
 
   void mount(const std::string& number, const std::string& root, const std::string& point,
-             const std::string& source) {
-    mounts +=
-        "36 35 " + number + " " + root + " " + point + " rw shared:1 - ext4 " + source + " rw\n";
+             const std::string& source, const std::string& type = "ext4") {
+    mounts += "36 35 " + number + " " + root + " " + point + " rw shared:1 - " + type + " " +
+              source + " rw\n";
     tree.mountTable(mounts);
   }
 
@@ -65,8 +65,24 @@ TEST_F(UsbVolumes, AreFoundThroughEncryptionAndVolumeGroups) {
   tree.link("devices/" + disk + "/sda2/holders/dm-0", "x");
   tree.link("devices/virtual/block/dm-0/holders/dm-1", "x");
   tree.link("devices/virtual/block/dm-1/holders/dm-0", "x"); // a circle
-  mount("0:61", "/", "/plans", "/dev/mapper/vault-plans");
+  mount("0:61", "/", "/plans", "/dev/mapper/vault-plans", "btrfs");
   EXPECT_EQ(volumes(), "2-1.4: vault-plans at /plans\n");
+}
+
+TEST_F(UsbVolumes, AreNotWhatOnlySaysThatItLiesOnTheDevice) {
+  block("sda", disk, "8:0");
+  mount("0:70", "/", "/home/me/fake", "/dev/sda", "fuse.sshfs");
+  mount("0:71", "/", "/srv/memory", "/dev/sda", "tmpfs");
+  mount("8:16", "/", "/media/other", "/dev/sda", "ext4");
+  EXPECT_EQ(volumes(), "");
+  mount("0:72", "/", "/media/many", "/dev/sda", "btrfs");
+  EXPECT_EQ(volumes(), "2-1.4: sda at /media/many\n");
+}
+
+TEST_F(UsbVolumes, AreFoundByTheNumberOfTheirDeviceWhateverTheySay) {
+  block("sda", disk, "8:0");
+  mount("8:0", "/", "/media/served", "/dev/disk/by-uuid/1", "fuseblk");
+  EXPECT_EQ(volumes(), "2-1.4: sda at /media/served\n");
 }
 
 TEST_F(UsbVolumes, AreShownOnceWhereTheyAreMountedAsAWhole) {
@@ -95,6 +111,7 @@ TEST(MountTable, IsReadLineByLine) {
   EXPECT_EQ(mounts[0].source, "/dev/sda1");
   EXPECT_EQ(mounts[1].deviceNumber, "0:5");
   EXPECT_EQ(mounts[1].root, "/@");
+  EXPECT_EQ(mounts[1].type, "btrfs");
   EXPECT_EQ(mounts[1].source, "none");
 }
 
