@@ -27,6 +27,12 @@ HARMLESS = re.compile(r"/dev/(null|tty|ptmx|dri/.*|shm/[^/]*)$|/memfd:|/proc/sel
 FAMILIES_OF_THIS_MACHINE = {"AF_UNIX", "AF_LOCAL", "AF_NETLINK"}
 
 
+def paths_in(arguments):
+    """The paths among a call's arguments; those that begin at an open folder as a whole."""
+    for folder, path in re.findall(r'(?:(?:\d+|AT_FDCWD)<([^>]*)>, )?"((?:[^"\\]|\\.)*)"', arguments):
+        yield path if path.startswith("/") or not folder else f"{folder}/{path}"
+
+
 def faults_in(trace, allowed):
     """What the trace has that nobody expects, a line each. `allowed` are patterns of paths."""
     faults = []
@@ -47,9 +53,8 @@ def faults_in(trace, allowed):
             continue
         if name.startswith("open") and not re.search(r"O_WRONLY|O_RDWR|O_CREAT|O_TRUNC", arguments):
             continue
-        paths = re.findall(r'"((?:[^"\\]|\\.)*)"', arguments)
         if not any(HARMLESS.match(path) or any(re.fullmatch(pattern, path) for pattern in allowed)
-                   for path in paths):
+                   for path in paths_in(arguments)):
             faults.append(f"writes: {line}")
     return faults
 
@@ -60,7 +65,8 @@ def trace_of(command, environment, work, until_shown=False):
     trace = work / "trace"
     drop = ["--user=nobody"] if os.geteuid() == 0 else []
     process = subprocess.Popen(
-        ["strace", "--follow-forks", "--quiet=all", f"--trace={TRACED_CALLS}", "--string-limit=4096",
+        ["strace", "--follow-forks", "--quiet=all", "--decode-fds=path",
+         f"--trace={TRACED_CALLS}", "--string-limit=4096",
          f"--output={trace}"] + drop + [str(part) for part in command],
         env=environment, cwd=work, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
     if until_shown:

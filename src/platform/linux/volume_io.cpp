@@ -83,7 +83,9 @@ const int openingToFind = O_PATH;
 /// of a disk is not, and neither is that of a file system that makes it of its own UUID.
 VolumeIdentity identityOf(int folder, const std::string& /*mountPoint*/) {
   const struct statx status = statusOf(folder);
-  if ((status.stx_attributes & STATX_ATTR_MOUNT_ROOT) == 0) {
+  const bool isToldOfRoots = (status.stx_attributes_mask & STATX_ATTR_MOUNT_ROOT) != 0;
+  const bool isRoot = (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
+  if (status.stx_mask == 0 || (isToldOfRoots && !isRoot)) {
     return {};
   }
   return {.text = "mount " + std::to_string(status.stx_mnt_id) + " device " +
