@@ -3,13 +3,16 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <unistd.h>
+
 namespace tamberline {
 namespace {
 
 constexpr auto onlyForTheOwner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
+/// The user of the process and not the owner of $HOME, which anybody's can be.
 uint userIdentifier() {
-  return QFileInfo(QDir::homePath()).ownerId();
+  return geteuid();
 }
 
 } // namespace

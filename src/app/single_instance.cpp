@@ -2,6 +2,7 @@
 
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QFileInfo>
 #include <QLocalSocket>
 
 #include <algorithm>
@@ -29,6 +30,13 @@ bool askFirstToRaise(const QString& socketPath, const QDeadlineTimer& deadline) 
   return true;
 }
 
+/// Whether something stands there that can never be locked: a folder, a link, a pipe, for whose
+/// other end the lock would wait.
+bool isNoLockFile(const QString& path) {
+  const QFileInfo info(path);
+  return info.isSymLink() || (info.exists() && !info.isFile());
+}
+
 /// Empty without a folder: nothing of ours goes into the folder that the program runs in.
 QString fileIn(const QString& folder, const QString& name) {
   return folder.isEmpty() ? QString() : QDir(folder).filePath(name);
@@ -48,7 +56,7 @@ SingleInstance::SingleInstance(const QString& folder, std::function<void()> onRa
 }
 
 bool SingleInstance::becomeFirst(Wish wish, std::chrono::milliseconds patience) {
-  if (socketPath_.isEmpty()) {
+  if (socketPath_.isEmpty() || isNoLockFile(lock_.fileName())) {
     return true;
   }
   lock_.setStaleLockTime(0); // never by age: the panel runs for weeks

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
+#include <unistd.h>
 
 namespace tamberline {
 namespace {
@@ -74,6 +76,21 @@ private:
   QByteArray value_;
   bool wasSet_;
 };
+
+/// A folder that belongs to somebody else.
+std::string homeOfSomebodyElse(const TemporaryFolder& temporary) {
+  constexpr uid_t somebodyElse = 54321;
+  return chown(temporary.path().c_str(), somebodyElse, static_cast<gid_t>(-1)) == 0
+             ? temporary.path().string()
+             : "/";
+}
+
+TEST_F(PrivateFolder, IsThatOfTheProcessWhoeverOwnsTheHomeFolder) {
+  const TemporaryFolder home;
+  const EnvironmentScope environment("HOME", homeOfSomebodyElse(home));
+  const std::string expected = "tamberline-" + std::to_string(geteuid());
+  EXPECT_EQ(pathOf(privateFolderIn(parent())).filename(), expected);
+}
 
 TEST(RuntimeFolder, IsTheOneOfTheSystem) {
   const TemporaryFolder temporary;

@@ -12,8 +12,10 @@
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <thread>
 #include <unistd.h>
@@ -160,6 +162,27 @@ TEST_F(OneRun, TheSocketIsForTheSamePersonOnly) {
   const auto first = start();
   const fs::perms permissions = fs::status(folder.path() / "tamberline.socket").permissions();
   EXPECT_EQ(permissions & (fs::perms::group_all | fs::perms::others_all), fs::perms::none);
+}
+
+TEST_F(OneRun, EveryStartRunsWhereSomethingElseIsInTheLocksPlace) {
+  const fs::path lock = folder.path() / "tamberline.lock";
+  const struct {
+    const char* description;
+    std::function<void()> put;
+  } rows[] = {
+      {"a folder", [&] { fs::create_directory(lock); }},
+      {"a link to itself", [&] { fs::create_symlink(lock, lock); }},
+      {"a link to nothing", [&] { fs::create_symlink(folder.path() / "nothing", lock); }},
+      {"a pipe", [&] { ASSERT_EQ(mkfifo(lock.c_str(), 0600), 0); }},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    row.put();
+    EXPECT_TRUE(start(50ms)->isFirst());
+    EXPECT_TRUE(start(50ms)->isFirst());
+    EXPECT_TRUE(fs::exists(fs::symlink_status(lock)));
+    fs::remove(lock);
+  }
 }
 
 TEST_F(OneRun, EveryStartRunsWhereNothingCanBeLocked) {
