@@ -16,23 +16,10 @@ bool isWithin(char32_t character, char32_t first, char32_t last) {
   return character >= first && character <= last;
 }
 
-bool couldDisturbTheReader(char32_t character) {
-  const bool isControl = character < 0x20 || isWithin(character, 0x7F, 0x9F);
-  const bool isSeparator = isWithin(character, 0x2028, 0x2029);
-  const bool turnsDirection = character == 0x061C || isWithin(character, 0x200E, 0x200F) ||
-                              isWithin(character, 0x202A, 0x202E) ||
-                              isWithin(character, 0x2066, 0x2069);
-  // Characters without width hide what a name says; the joiners of emoji and of scripts stay.
-  const bool isInvisible = character == 0x00AD || character == 0x200B || character == 0xFEFF ||
-                           isWithin(character, 0x2060, 0x2064) ||
-                           isWithin(character, 0xE0000, 0xE007F);
-  return isControl || isSeparator || turnsDirection || isInvisible;
-}
-
 void appendHarmlessCharacters(std::string_view text, std::vector<char32_t>& characters) {
   while (!text.empty()) {
     const DecodedCharacter next = decodeFirstCharacter(text);
-    const bool isHarmless = next.isValid && !couldDisturbTheReader(next.codePoint);
+    const bool isHarmless = next.isValid && !disturbsTheReader(next.codePoint);
     characters.push_back(isHarmless ? next.codePoint : replacement);
     text.remove_prefix(next.length);
   }
@@ -53,6 +40,19 @@ std::vector<char32_t> harmlessCharacters(std::string_view text, std::size_t most
 }
 
 } // namespace
+
+bool disturbsTheReader(char32_t character) {
+  const bool isControl = character < 0x20 || isWithin(character, 0x7F, 0x9F);
+  const bool isSeparator = isWithin(character, 0x2028, 0x2029);
+  const bool turnsDirection = character == 0x061C || isWithin(character, 0x200E, 0x200F) ||
+                              isWithin(character, 0x202A, 0x202E) ||
+                              isWithin(character, 0x2066, 0x2069);
+  // Characters without width hide what a name says; the joiners of emoji and of scripts stay.
+  const bool isInvisible = character == 0x00AD || character == 0x200B || character == 0xFEFF ||
+                           isWithin(character, 0x2060, 0x2064) ||
+                           isWithin(character, 0xE0000, 0xE007F);
+  return isControl || isSeparator || turnsDirection || isInvisible;
+}
 
 std::string shownText(std::string_view text, std::size_t mostCharacters) {
   std::vector<char32_t> characters = harmlessCharacters(trimmed(text), mostCharacters);

@@ -1,6 +1,7 @@
 #include "scan_output.h"
 
 #include "inspect/document.h"
+#include "inspect/json_text.h"
 #include "inspect/panel_text.h"
 #include "inspect/text_tree.h"
 #include "platform/posix/command_line.h"
@@ -18,9 +19,7 @@ std::string render(const PortScanner& scanner, const InspectOptions& options,
                    const TextStyle& style) {
   if (options.printsJson) {
     const int indent = options.watches ? -1 : 2;
-    return inspectionDocument(scanner).dump(indent, ' ', /*ensure_ascii=*/false,
-                                            nlohmann::json::error_handler_t::replace) +
-           "\n";
+    return jsonText(inspectionDocument(scanner), indent) + "\n";
   }
   return panelText(describePanel(panelInputs(scanner)), style.useColors, style.columns);
 }
