@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace tamberline {
+
+/// In bytes; far more than any report or dump. Of a tool that prints more, a runner gives nothing.
+constexpr std::size_t mostToolOutput = 256'000'000;
 
 struct ToolOutput {
   /// Whatever the tool wrote before it ended, as bytes; empty when it could not be started.

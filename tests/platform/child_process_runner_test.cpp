@@ -57,6 +57,12 @@ TEST(ChildProcessRunner, TakesAHundredMegabytes) {
   EXPECT_EQ(output.exitStatus, 0);
 }
 
+TEST(ChildProcessRunner, EndsAToolThatPrintsWithoutEnd) {
+  const ToolOutput output = runTool({"endless"});
+  EXPECT_EQ(output.standardOutput, "");
+  EXPECT_EQ(output.exitStatus, std::nullopt);
+}
+
 TEST(ChildProcessRunner, LeavesStandardErrorOutUnlessAskedForIt) {
   EXPECT_EQ(runTool({"both"}).standardOutput, "first, last");
   const ToolOutput output = ChildProcessRunner().runWithErrors(TROUBLESOME_TOOL, {"both"});

@@ -4,9 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <sys/stat.h>
+#include <thread>
 
 namespace tamberline {
 namespace {
@@ -58,6 +61,49 @@ TEST_F(SavedReports, AreEmptyWhereAFileIsMissingOrNoFile) {
   SavedReportsRunner runner = this->runner();
   for (const std::string section : {"SPUSBDataType", "SPPowerDataType"}) {
     EXPECT_EQ(runner.run("/usr/sbin/system_profiler", {section, "-json"}).standardOutput, "");
+  }
+}
+
+TEST_F(SavedReports, AreEmptyWhereAFileIsLargerThanAnyReport) {
+  folder.save("SPUSBDataType.json", "");
+  std::filesystem::resize_file(folder.path() / "SPUSBDataType.json", 1'000'000'000'000);
+  const ToolOutput output = runner().run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"});
+  EXPECT_EQ(output.standardOutput, "");
+  EXPECT_EQ(output.exitStatus, std::nullopt);
+}
+
+/// A thread that puts a pipe nobody writes to and a file in each other's place until it goes.
+class Exchange {
+public:
+  explicit Exchange(const std::filesystem::path& folder)
+      : thread_([this, folder] {
+          while (!isOver_) {
+            std::filesystem::rename(folder / "pipe", folder / "other");
+            std::filesystem::rename(folder / "SPUSBDataType.json", folder / "pipe");
+            std::filesystem::rename(folder / "other", folder / "SPUSBDataType.json");
+          }
+        }) {}
+  Exchange(const Exchange&) = delete;
+  Exchange& operator=(const Exchange&) = delete;
+  ~Exchange() {
+    isOver_ = true;
+    thread_.join();
+  }
+
+private:
+  std::atomic<bool> isOver_ = false;
+  std::thread thread_;
+};
+
+TEST_F(SavedReports, DoNotWaitForAPipeThatTakesTheirPlace) {
+  folder.save("SPUSBDataType.json", "content");
+  ASSERT_EQ(mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
+  const Exchange exchange(folder.path());
+  SavedReportsRunner runner = this->runner();
+  for (int run = 0; run < 5'000; ++run) {
+    const std::string output =
+        runner.run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}).standardOutput;
+    EXPECT_TRUE(output.empty() || output == "content") << output;
   }
 }
 

@@ -69,6 +69,12 @@ int main(int argc, char** argv) {
   if (deed == "large") {
     return printMegabytes(stdout, 100);
   }
+  if (deed == "endless") {
+    std::signal(SIGPIPE, SIG_IGN);
+    while (true) {
+      printMegabytes(stdout, 1);
+    }
+  }
   if (deed == "chatty") {
     printMegabytes(stderr, 1);
     std::fputs("done", stdout);

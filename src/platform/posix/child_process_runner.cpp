@@ -104,10 +104,11 @@ std::optional<pid_t> spawn(const std::string& executable, const std::vector<std:
   return error == 0 ? std::optional(child) : std::nullopt;
 }
 
-std::string readToEnd(int descriptor) {
+/// Absent where there is more than a tool may print.
+std::optional<std::string> readToEnd(int descriptor) {
   std::string content;
   std::array<char, 65536> buffer{};
-  while (true) {
+  while (content.size() <= mostToolOutput) {
     const ssize_t count = read(descriptor, buffer.data(), buffer.size());
     if (count > 0) {
       content.append(buffer.data(), static_cast<std::size_t>(count));
@@ -115,6 +116,7 @@ std::string readToEnd(int descriptor) {
       return content;
     }
   }
+  return std::nullopt;
 }
 
 std::optional<int> waitForExitStatus(pid_t child) {
@@ -144,8 +146,11 @@ ToolOutput runToEnd(const std::string& executable, const std::vector<std::string
   if (!child) {
     return {};
   }
-  std::string output = readToEnd(readEnd.number());
-  return {std::move(output), waitForExitStatus(*child)};
+  std::optional<std::string> output = readToEnd(readEnd.number());
+  if (!output) {
+    kill(*child, SIGKILL); // it would wait for ever for somebody who reads
+  }
+  return {std::move(output).value_or(""), waitForExitStatus(*child)};
 }
 
 } // namespace

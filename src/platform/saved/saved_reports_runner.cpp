@@ -2,12 +2,10 @@
 
 #include "acquisition/tool_commands.h"
 #include "platform/macos/mac_tool_runner.h"
+#include "platform/saved/regular_file.h"
 
 #include <array>
-#include <fstream>
 #include <optional>
-#include <sstream>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -47,14 +45,8 @@ ToolOutput SavedReportsRunner::run(const std::string& executable,
   if (!fileName) {
     return {};
   }
-  const std::filesystem::path path = folder_ / *fileName;
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(path, error)) {
-    return {};
-  }
-  std::ostringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return {content.str(), 0};
+  std::optional<std::string> content = readRegularFile(folder_ / *fileName, mostToolOutput);
+  return content ? ToolOutput{std::move(*content), 0} : ToolOutput();
 }
 
 ToolOutput SavedReportsRunner::runWithErrors(const std::string& executable,
