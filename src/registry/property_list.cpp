@@ -161,6 +161,11 @@ bool isWellFormedText(std::string_view bytes) {
          hasOnlyKnownReferences(bytes);
 }
 
+bool isTooLarge(std::string_view bytes) {
+  return bytes.size() > PropertyList::longestList ||
+         std::count(bytes.begin(), bytes.end(), '<') > PropertyList::mostTags;
+}
+
 constexpr std::string_view base64Digits =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
@@ -242,7 +247,7 @@ std::optional<std::vector<unsigned char>> PropertyListValue::data() const {
 }
 
 std::optional<PropertyList> PropertyList::decode(std::string bytes) {
-  if (!isWellFormedText(bytes)) {
+  if (isTooLarge(bytes) || !isWellFormedText(bytes)) {
     return std::nullopt;
   }
   auto document = std::make_unique<Document>();

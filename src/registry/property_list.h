@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -42,11 +43,14 @@ private:
 /// A decoded XML property list. Movable; owns everything its values refer to.
 class PropertyList {
 public:
-  /// Absent when the bytes are no well-formed XML property list in UTF-8, or nest deeper than
-  /// `deepestNesting`: the walks recurse, and no real registry comes near.
+  /// Absent when the bytes are no well-formed XML property list in UTF-8, or more than what
+  /// follows. The walks recurse, and each tag takes many times its bytes; no real registry comes
+  /// near.
   static std::optional<PropertyList> decode(std::string bytes);
 
   static constexpr int deepestNesting = 512;
+  static constexpr std::size_t longestList = 64'000'000;
+  static constexpr std::ptrdiff_t mostTags = 500'000;
 
   PropertyList(PropertyList&& other) noexcept;
   PropertyList& operator=(PropertyList&& other) noexcept;

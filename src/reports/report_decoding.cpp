@@ -7,35 +7,58 @@
 namespace tamberline {
 namespace {
 
-/// The deepest nesting of brackets outside of strings; right for every text that is valid JSON.
-int nestingDepth(std::string_view bytes) {
-  int depth = 0;
-  int deepest = 0;
-  bool inString = false;
-  for (std::size_t index = 0; index < bytes.size(); ++index) {
-    const char character = bytes[index];
-    if (inString) {
-      if (character == '\\') {
-        ++index;
+/// What a text holds outside of its strings; right for every text that is valid JSON.
+class Structure {
+public:
+  explicit Structure(std::string_view bytes) {
+    bool inString = false;
+    for (std::size_t index = 0; index < bytes.size(); ++index) {
+      const char character = bytes[index];
+      if (inString) {
+        index += character == '\\' ? 1 : 0;
+        inString = character != '"';
+      } else if (character == '"') {
+        inString = true;
+      } else {
+        count(character);
       }
-      inString = character != '"';
-    } else if (character == '"') {
-      inString = true;
-    } else if (character == '{' || character == '[') {
-      deepest = std::max(deepest, ++depth);
-    } else if (character == '}' || character == ']') {
-      --depth;
     }
   }
-  return deepest;
-}
+
+  bool isWithinLimits() const {
+    return deepest_ <= deepestReportNesting && objects_ <= mostReportObjects &&
+           values_ <= mostReportValues;
+  }
+
+private:
+  void count(char character) {
+    if (character == '{' || character == '[') {
+      deepest_ = std::max(deepest_, ++depth_);
+      objects_ += character == '{' ? 1 : 0;
+      ++values_;
+    } else if (character == '}' || character == ']') {
+      --depth_;
+    } else if (character == ',') {
+      ++values_;
+    }
+  }
+
+  int depth_ = 0;
+  int deepest_ = 0;
+  std::size_t objects_ = 0;
+  std::size_t values_ = 0; // separators and openings, of which each value has one at least
+};
 
 } // namespace
+
+bool isTooLargeReport(std::string_view bytes) {
+  return bytes.size() > longestReport || !Structure(bytes).isWithinLimits();
+}
 
 std::optional<nlohmann::json> decodeReport(std::string_view bytes) {
   // The JSON library takes a NUL for the end of its input.
   const bool hasNul = bytes.find('\0') != std::string_view::npos;
-  if (bytes.empty() || hasNul || nestingDepth(bytes) > deepestReportNesting) {
+  if (bytes.empty() || hasNul || isTooLargeReport(bytes)) {
     return std::nullopt;
   }
   nlohmann::json report = nlohmann::json::parse(bytes, /*cb=*/nullptr, /*allow_exceptions=*/false);

@@ -2,16 +2,25 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
 namespace tamberline {
 
-/// The top-level object of a hardware report. Absent when the bytes are empty, are no JSON, hold
-/// anything but an object at the top, or nest deeper than `deepestReportNesting`: the parsers and
-/// the port tree recurse, and no real report comes near.
-std::optional<nlohmann::json> decodeReport(std::string_view bytes);
-
+/// What a report can be at most. No real one comes near: the largest has some hundred devices. The
+/// parsers and the port tree recurse, and what is made of an object of two bytes, from its record
+/// to its row, takes thousands.
 constexpr int deepestReportNesting = 512;
+constexpr std::size_t longestReport = 32'000'000;
+constexpr std::size_t mostReportObjects = 16'384;
+constexpr std::size_t mostReportValues = 524'288;
+
+/// Whether the bytes go beyond that, in whatever is outside of the texts.
+bool isTooLargeReport(std::string_view bytes);
+
+/// The top-level object of a hardware report. Absent when the bytes are empty, are no JSON, hold
+/// anything but an object at the top, or are too large a report.
+std::optional<nlohmann::json> decodeReport(std::string_view bytes);
 
 } // namespace tamberline

@@ -2,11 +2,13 @@
 
 #include "acquisition/fetch_json.h"
 #include "acquisition/registry_probes.h"
+#include "i18n/loc.h"
 #include "reports/container_hubs.h"
 #include "reports/power_report.h"
 #include "reports/thunderbolt_report.h"
 #include "reports/usb_report.h"
 #include "tree/node_identifiers.h"
+#include "tree/tree_limits.h"
 
 #include <exception>
 #include <utility>
@@ -120,10 +122,10 @@ QCoro::Task<std::optional<std::string>> PortScanner::gather(std::shared_ptr<Port
     auto limitStep = fetchPortCurrentLimits(acquisition);
     self->portCurrentLimitMa.set(co_await limitStep);
   }
-  self->publishTree();
+  std::optional<std::string> unshown = self->publishTree();
   self->forgetVanishedVolumes();
   identifyVolumes(self);
-  co_return std::nullopt;
+  co_return unshown;
 }
 
 void PortScanner::publishPower(PowerReading reading) {
@@ -135,15 +137,20 @@ void PortScanner::publishPower(PowerReading reading) {
   }
 }
 
-void PortScanner::publishTree() {
-  portTree.set(assignStableIDs(buildPortTree({.thunderboltBuses = thunderboltBuses.get(),
-                                              .usbBuses = usbBuses.get(),
-                                              .charger = charger.get(),
-                                              .hpmPorts = hpmPorts.get(),
-                                              .portCurrentLimitMa = portCurrentLimitMa.get()}),
-                               ""));
+/// The failure's text where the tree would be too large.
+std::optional<std::string> PortScanner::publishTree() {
+  const PortTreeInputs inputs{.thunderboltBuses = thunderboltBuses.get(),
+                              .usbBuses = usbBuses.get(),
+                              .charger = charger.get(),
+                              .hpmPorts = hpmPorts.get(),
+                              .portCurrentLimitMa = portCurrentLimitMa.get()};
+  if (exceedsTreeLimits(inputs)) {
+    return std::string(Loc::tooManyDevices());
+  }
+  portTree.set(assignStableIDs(buildPortTree(inputs), ""));
   lastScanned.set(outside_.now());
   errorMessage.set(std::nullopt);
+  return std::nullopt;
 }
 
 void PortScanner::startMonitor() {

@@ -125,7 +125,7 @@ private:
   static QCoro::Task<> identifyVolumes(std::shared_ptr<PortScanner> self);
   static QCoro::Task<std::optional<std::string>> gather(std::shared_ptr<PortScanner> self);
   void publishPower(PowerReading reading);
-  void publishTree();
+  std::optional<std::string> publishTree();
   void startMonitor();
   bool isBeingTested(const std::string& mountPoint) const;
   BenchmarkOrder orderOf(const std::string& mountPoint, const std::shared_ptr<ActiveTest>& test);

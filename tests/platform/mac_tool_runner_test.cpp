@@ -161,6 +161,15 @@ TEST_F(MacTools, KeepTheEmptySectionWhereTheNewerOneGivesNothing) {
   EXPECT_EQ(mountTableReadings, 0);
 }
 
+TEST_F(MacTools, HandOnANewerSectionThatIsTooLargeSoThatItIsSaid) {
+  std::string tooLarge = R"({"SPUSBHostDataType": [{}]})";
+  tooLarge.resize(longestReport + 1, ' ');
+  tools->answer("SPUSBDataType.json", emptyReport);
+  tools->answer("SPUSBHostDataType.json", tooLarge);
+  EXPECT_EQ(runUSB().standardOutput.size(), tooLarge.size());
+  EXPECT_FALSE(decodeReport(runUSB().standardOutput));
+}
+
 TEST_F(MacTools, PassEveryOtherCommandLineThrough) {
   tools->answer("unknown command line", emptyReport);
   tools->answer("SPPowerDataType.json", emptyReport);

@@ -204,6 +204,23 @@ TEST(PropertyList, RefusesDeepNestingThatIsCutShort) {
   EXPECT_FALSE(decodes(repeated("<plist>", 100'000)));
 }
 
+TEST(PropertyListAcceptance, RefusesMoreTagsThanAnyRegistryHas) {
+  constexpr int around = 4; // of list and array
+  const auto listOfTags = [](int count) {
+    return "<plist><array>" + repeated("<true/>", count - around) + "</array></plist>";
+  };
+  constexpr auto most = static_cast<int>(PropertyList::mostTags);
+  EXPECT_TRUE(decodes(listOfTags(most)));
+  EXPECT_FALSE(decodes(listOfTags(most + 1)));
+}
+
+TEST(PropertyListAcceptance, RefusesALongerListThanAnyRegistryGives) {
+  std::string list = "<plist><true/></plist>";
+  list.resize(PropertyList::longestList, ' ');
+  EXPECT_TRUE(decodes(list));
+  EXPECT_FALSE(decodes(list + " "));
+}
+
 TEST(PropertyList, CountsNestingAndNotNeighbours) {
   EXPECT_TRUE(decodes(propertyList("<array>" + repeated("<array/>", 10'000) + "</array>")));
 }

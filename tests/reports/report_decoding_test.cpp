@@ -100,6 +100,45 @@ TEST(ReportDecoding, RefusesObjectsNestedTooDeeply) {
   EXPECT_FALSE(decodeReport(bytes));
 }
 
+/// A report with so many entries; `entry` is one of them.
+std::string reportOf(const std::string& entry, std::size_t count) {
+  std::string bytes = R"({"SPUSBDataType":[)";
+  for (std::size_t index = 0; index < count; ++index) {
+    bytes += (index == 0 ? "" : ",") + entry;
+  }
+  return bytes + "]}";
+}
+
+TEST(ReportDecoding, RefusesMoreObjectsThanAnyMachineHas) {
+  EXPECT_TRUE(decodeReport(reportOf("{}", mostReportObjects - 1))) << "and the one around them";
+  EXPECT_FALSE(decodeReport(reportOf("{}", mostReportObjects)));
+  EXPECT_FALSE(decodeReport(reportOf(R"({"_items":[{}]})", mostReportObjects / 2)));
+  EXPECT_TRUE(decodeReport(reportOf(R"({"_items":["{}{}{}"]})", mostReportObjects / 2)));
+}
+
+TEST(ReportDecoding, RefusesMoreValuesThanAnyMachineHas) {
+  EXPECT_TRUE(decodeReport(reportOf("1", mostReportValues - 2)));
+  for (const char* value : {"1", "[]", R"("a")"}) {
+    SCOPED_TRACE(value);
+    EXPECT_FALSE(decodeReport(reportOf(value, mostReportValues)));
+  }
+}
+
+TEST(ReportDecoding, RefusesALongerReportThanAnyMachineGives) {
+  std::string bytes = "{}" + std::string(longestReport - 2, ' ');
+  EXPECT_TRUE(decodeReport(bytes));
+  bytes += ' ';
+  EXPECT_FALSE(decodeReport(bytes));
+  EXPECT_TRUE(isTooLargeReport(bytes));
+}
+
+TEST(ReportDecoding, TellsWhatIsTooLargeFromWhatIsNoReport) {
+  EXPECT_TRUE(isTooLargeReport(reportOf("{}", mostReportObjects)));
+  EXPECT_TRUE(isTooLargeReport(nestedReport(deepestReportNesting + 1)));
+  EXPECT_FALSE(isTooLargeReport(""));
+  EXPECT_FALSE(isTooLargeReport("no report {"));
+}
+
 TEST(ReportDecoding, RefusesTruncatedDeepNesting) {
   EXPECT_FALSE(decodeReport(R"({"a": )" + std::string(100'000, '[')));
 }

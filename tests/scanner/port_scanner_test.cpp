@@ -310,6 +310,35 @@ TEST_F(PortScannerTest, MergesTheHalvesOfAHub) {
                                               "    Stick\n");
 }
 
+/// So many Thunderbolt buses of number 0, and devices on that port.
+void answerWithTwinPorts(FakeTools& tools, int count) {
+  std::string buses;
+  std::string devices;
+  for (int index = 0; index < count; ++index) {
+    buses += std::string(index == 0 ? "" : ",") + R"({"_name": "bus_0"})";
+    devices += std::string(index == 0 ? "" : ",") + R"({"_name": "x", "location_id": "0x1"})";
+  }
+  tools.answer("SPThunderboltDataType.json", R"({"SPThunderboltDataType": [)" + buses + "]}");
+  tools.answer("SPUSBDataType.json",
+               R"({"SPUSBDataType": [{"host_controller": "AppleT6020USBXHCI", "_items": [)" +
+                   devices + "]}]}");
+}
+
+TEST_F(PortScannerTest, SaysThatThereAreMoreDevicesThanCanBeShown) {
+  answerWithTwinPorts(*tools, 1'000);
+  scan();
+  EXPECT_EQ(scanner->errorMessage.get(), "More devices are reported than can be shown");
+  EXPECT_TRUE(scanner->portTree.get().empty());
+  EXPECT_FALSE(scanner->isScanning.get());
+  answerWithTwinPorts(*tools, 10);
+  scan();
+  EXPECT_EQ(scanner->errorMessage.get(), std::nullopt);
+  EXPECT_EQ(scanner->portTree.get().size(), 10U);
+  answerWithTwinPorts(*tools, 1'000);
+  scan();
+  EXPECT_EQ(scanner->portTree.get().size(), 10U) << "what is shown stays";
+}
+
 TEST_F(PortScannerTest, TakesAnExceptionForAFailure) {
   const Observation observation =
       scanner->usbBuses.observe([] { throw std::runtime_error("out of memory"); });

@@ -33,12 +33,12 @@ bool isEmptySection(const std::string& output, const char* section) {
   return entries.is_array() && entries.empty();
 }
 
+constexpr const char* hostSection = "SPUSBHostDataType";
+
 /// Nothing on releases without the section, where there is no other to read.
-std::optional<json> hostReportWithBuses(ToolRunner& tools) {
-  constexpr const char* section = "SPUSBHostDataType";
-  std::optional<json> report =
-      decodeReport(runCommand(tools, reportCommand(section)).standardOutput);
-  const bool hasBuses = report && !objectsMember(*report, section).empty();
+std::optional<json> hostReportWithBuses(const std::string& output) {
+  std::optional<json> report = decodeReport(output);
+  const bool hasBuses = report && !objectsMember(*report, hostSection).empty();
   return hasBuses ? std::move(report) : std::nullopt;
 }
 
@@ -72,7 +72,11 @@ ToolOutput MacToolRunner::run(const std::string& executable,
       !isEmptySection(output.standardOutput, section)) {
     return output;
   }
-  const std::optional<json> hostReport = hostReportWithBuses(*tools_);
+  ToolOutput hostOutput = runCommand(*tools_, reportCommand(hostSection));
+  if (isTooLargeReport(hostOutput.standardOutput)) {
+    return hostOutput; // which cannot be read, and whoever asked says so
+  }
+  const std::optional<json> hostReport = hostReportWithBuses(hostOutput.standardOutput);
   if (!hostReport) {
     return output;
   }
