@@ -137,6 +137,13 @@ std::string lanes(std::int64_t count) {
   return withSuffix(std::to_string(count), {" lanes", " Lanes", " voies", " canali", " carriles"});
 }
 
+std::string extraCurrent(std::int64_t milliamperes) {
+  return between({"Extra operating current: ", "Zusätzlicher Betriebsstrom: ",
+                  "Courant de fonctionnement supplémentaire : ",
+                  "Corrente di esercizio aggiuntiva: ", "Corriente de funcionamiento adicional: "},
+                 std::to_string(milliamperes), everywhere(" mA"));
+}
+
 std::string receptacle(std::string_view number) {
   return withPrefix({"Receptacle ", "Buchse ", "Prise ", "Presa ", "Conector "}, number);
 }

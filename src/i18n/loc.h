@@ -26,6 +26,7 @@ std::string linkEachWay(std::string_view carried);
 std::string linkToDevice(std::string_view carried);
 std::string linkFromDevice(std::string_view carried);
 std::string lanes(std::int64_t count);
+std::string extraCurrent(std::int64_t milliamperes);
 /// A socket of the computer.
 std::string receptacle(std::string_view number);
 /// `numbers` with commas between them.

@@ -135,6 +135,7 @@ Document describe(const USBDeviceDetailRow& row) {
       {"speedBar", describeOrNull(row.speedBar)},
       {"powerBar", describeOrNull(row.powerBar)},
       {"volumes", listOf(row.volumes, [](const VolumeRow& volume) { return describe(volume); })},
+      {"note", orNull(row.note)},
   };
 }
 

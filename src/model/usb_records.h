@@ -36,6 +36,13 @@ struct USBDevice {
   std::optional<std::int64_t> busPower = {};
   /// mA the device is rated to draw (declared, not measured); absent when the report has no number.
   std::optional<std::int64_t> busPowerUsed = {};
+  /// mA it may draw beyond that, a phone to charge for example, and while the computer sleeps.
+  std::optional<std::int64_t> extraCurrentMa = {};
+  std::optional<std::int64_t> sleepCurrentMa = {};
+  /// Whether it is a part of the computer; absent when the report does not tell.
+  std::optional<bool> isBuiltIn = {};
+  /// Whether its data goes through a USB4 link; absent when the report does not tell.
+  std::optional<bool> isTunneled = {};
   /// Shared by the two halves of one physical hub; absent when the registry has none.
   std::optional<std::string> containerID = {};
   /// 0-based index of the computer's port; absent without a location.

@@ -195,7 +195,7 @@ QVariantMap usbDeviceVariant(const USBDeviceDetailRow& row, const std::vector<Vo
     volumes.push_back(volumeVariant(row.volumes[index], tools.at(index)));
   }
   return {{"icon", symbolText(row.icon)},
-          {"name", nameVariant(row.name)},
+          {"name", nameVariant(row.name, row.note)},
           {"speedText", displayText(row.speedText)},
           {"speedColor", speedTextColorName(row.speedColor)},
           {"speedTooltip", tooltipText(row.speedTooltip)},

@@ -57,6 +57,12 @@ bool flagMember(const json& object, std::string_view key) {
   return text != nullptr && *text == "TRUE";
 }
 
+std::optional<bool> knownFlagMember(const json& object, std::string_view key) {
+  const std::string* text = findText(object, key);
+  const bool isKnown = text != nullptr && (*text == "TRUE" || *text == "FALSE");
+  return isKnown ? std::optional(*text == "TRUE") : std::nullopt;
+}
+
 const json& objectMember(const json& object, std::string_view key) {
   static const NeverDestroyed<json> none(json::object());
   const json* value = find(object, key);

@@ -25,6 +25,9 @@ std::optional<std::int64_t> integerTextMember(const nlohmann::json& object, std:
 /// True only for the text "TRUE", as the power report writes its flags.
 bool flagMember(const nlohmann::json& object, std::string_view key);
 
+/// Absent when it is neither "TRUE" nor "FALSE".
+std::optional<bool> knownFlagMember(const nlohmann::json& object, std::string_view key);
+
 /// An empty object when absent.
 const nlohmann::json& objectMember(const nlohmann::json& object, std::string_view key);
 

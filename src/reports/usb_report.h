@@ -13,7 +13,7 @@
 namespace tamberline {
 
 /// The buses of the USB section, in report order; `containerIDs` comes from the registry of the
-/// same scan.
+/// same scan. "tamberline_is_built_in" and "tamberline_is_tunneled" are flags of reports made here.
 std::vector<USBBus> parseUSB(const nlohmann::json& report, const ContainerIDs& containerIDs);
 
 /// One level of devices and what is behind them; an entry without a name goes with its subtree.

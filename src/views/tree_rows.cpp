@@ -129,6 +129,20 @@ std::optional<PowerBarRow> ratedDrawBar(const TreeNode::USBDeviceEntry& entry, b
                       .showPortMax = !hub});
 }
 
+std::optional<std::string> noteOn(const USBDevice& device) {
+  std::vector<std::string> parts;
+  if (device.extraCurrentMa.value_or(0) >= 1) {
+    parts.push_back(Loc::extraCurrent(*device.extraCurrentMa));
+  }
+  if (device.isBuiltIn.value_or(false)) {
+    parts.emplace_back(Loc::builtIn());
+  }
+  if (device.isTunneled.value_or(false)) {
+    parts.emplace_back(Loc::throughUSB4Tunnel());
+  }
+  return parts.empty() ? std::nullopt : std::optional(joined(parts, " · "));
+}
+
 USBDeviceDetailRow usbDeviceDetailRow(const TreeNode::USBDeviceEntry& entry,
                                       const AggregatedPower& power, bool hasChildren) {
   const USBDevice& device = entry.device;
@@ -145,6 +159,7 @@ USBDeviceDetailRow usbDeviceDetailRow(const TreeNode::USBDeviceEntry& entry,
   };
   std::transform(device.volumes.begin(), device.volumes.end(), std::back_inserter(row.volumes),
                  volumeRow);
+  row.note = noteOn(device);
   return row;
 }
 

@@ -67,6 +67,8 @@ struct USBDeviceDetailRow {
   std::optional<SpeedBarRow> speedBar = {};
   std::optional<PowerBarRow> powerBar = {};
   std::vector<VolumeRow> volumes = {};
+  /// What the name's tooltip says besides: extra current, built in, tunneled.
+  std::optional<std::string> note = {};
 
   friend bool operator==(const USBDeviceDetailRow&, const USBDeviceDetailRow&) = default;
 };

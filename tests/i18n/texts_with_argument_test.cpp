@@ -99,6 +99,14 @@ TEST(TextsWithArgument, HdmiPortWithoutANumberEndsInNoBlank) {
                         {"HDMI Port", "HDMI-Port", "Port HDMI", "Porta HDMI", "Puerto HDMI"});
 }
 
+TEST(TextsWithArgument, ExtraCurrent) {
+  expectInEveryLanguage([] { return Loc::extraCurrent(1600); },
+                        {"Extra operating current: 1600 mA", "Zusätzlicher Betriebsstrom: 1600 mA",
+                         "Courant de fonctionnement supplémentaire : 1600 mA",
+                         "Corrente di esercizio aggiuntiva: 1600 mA",
+                         "Corriente de funcionamiento adicional: 1600 mA"});
+}
+
 TEST(TextsWithArgument, PowerCapacityOfAPort) {
   expectInEveryLanguage([] { return Loc::hintPortCapacity(3000); },
                         {"Port power capacity: 3000 mA at 5 V",

@@ -47,7 +47,8 @@ TEST(TreeDocument, LeavesOutOfARecordWhatTheTreeShowsItself) {
   EXPECT_EQ(keysOf(at(document, "/portTree/1/children/0/device")),
             "name vendorID productID speed manufacturer serialNumber busPower busPowerUsed "
             "containerID physicalPort volumes speedGbps speedShortLabel speedDetailLabel "
-            "powerAvailableW powerUsedW powerFraction");
+            "powerAvailableW powerUsedW powerFraction extraCurrentMa sleepCurrentMa isBuiltIn "
+            "isTunneled");
 }
 
 TEST(TreeDocument, DescribesAPortNode) {

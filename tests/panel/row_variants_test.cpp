@@ -282,6 +282,10 @@ TEST(RowVariants, SayInATooltipMoreThanTheName) {
   const QVariantMap name = contentVariant(dock.row(PanelRow::Kind::tbDevice))["name"].toMap();
   EXPECT_EQ(name["text"], "Dock");
   EXPECT_EQ(name["tooltip"], "Dock · Link");
+
+  const TreeRow phone{{.content = USBDeviceDetailRow{.name = "Phone", .note = "1600 mA"}}};
+  EXPECT_EQ(contentVariant(phone.row(PanelRow::Kind::usbDevice))["name"].toMap()["tooltip"],
+            "Phone · 1600 mA");
 }
 
 TEST(RowVariants, GiveTheWholeNameBesideACutOne) {

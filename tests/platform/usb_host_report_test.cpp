@@ -368,6 +368,21 @@ TEST(UsbHostReport, GivesTheAllocatedCurrentAsRatedDraw) {
   }
 }
 
+TEST(UsbHostReport, TellsWhatIsBuiltInAndWhatIsTunneled) {
+  const USBDevice front =
+      deviceOf({{"USBKeyHardwareType", "Non-removable"}, {"USBDeviceKeyUSB4Tunnel", "No"}});
+  EXPECT_EQ(front.isBuiltIn, true);
+  EXPECT_EQ(front.isTunneled, false);
+  const USBDevice behindADock =
+      deviceOf({{"USBKeyHardwareType", "Removable"}, {"USBDeviceKeyUSB4Tunnel", "Yes"}});
+  EXPECT_EQ(behindADock.isBuiltIn, false);
+  EXPECT_EQ(behindADock.isTunneled, true);
+  const USBDevice unknown =
+      deviceOf({{"USBKeyHardwareType", "Mystery"}, {"USBDeviceKeyUSB4Tunnel", true}});
+  EXPECT_EQ(unknown.isBuiltIn, std::nullopt);
+  EXPECT_EQ(unknown.isTunneled, std::nullopt);
+}
+
 TEST(UsbHostReport, GivesTheVolumesAtADevicesLocation) {
   const USBVolume data{"Data", "/Volumes/Data"};
   const USBVolume more{"More", "/Volumes/More"};

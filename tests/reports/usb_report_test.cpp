@@ -35,6 +35,27 @@ TEST(UsbReport, ReadsEachBus) {
   EXPECT_EQ(buses[1].hostController, "AppleUSBXHCIPCI");
 }
 
+TEST(UsbReport, ReadsWhatADeviceDrawsBesides) {
+  const USBDevice phone = deviceOf(
+      R"({"_name": "Phone", "bus_power_used": "500", "extra_current_used": "1600",
+          "sleep_current": "2100"})");
+  EXPECT_EQ(phone.busPowerUsed, 500);
+  EXPECT_EQ(phone.extraCurrentMa, 1600);
+  EXPECT_EQ(phone.sleepCurrentMa, 2100);
+  EXPECT_EQ(deviceOf(R"({"_name": "x", "extra_current_used": 1600})").extraCurrentMa, std::nullopt);
+}
+
+TEST(UsbReport, ReadsTheFlagsOfReportsMadeHere) {
+  const USBDevice hub = deviceOf(
+      R"({"_name": "Hub", "tamberline_is_built_in": "TRUE", "tamberline_is_tunneled": "FALSE"})");
+  EXPECT_EQ(hub.isBuiltIn, true);
+  EXPECT_EQ(hub.isTunneled, false);
+  const USBDevice other = deviceOf(
+      R"({"_name": "Hub", "tamberline_is_built_in": true, "tamberline_is_tunneled": "Yes"})");
+  EXPECT_EQ(other.isBuiltIn, std::nullopt);
+  EXPECT_EQ(other.isTunneled, std::nullopt);
+}
+
 TEST(UsbReport, GivesABusWithoutAnythingDefaults) {
   for (const char* entry : {"{}", R"({"_name": 1, "host_controller": [], "_items": "x"})"}) {
     SCOPED_TRACE(entry);

@@ -364,6 +364,17 @@ TEST(USBRow, ListsItsVolumes) {
   EXPECT_EQ(row.volumes[1].mountPoint, "/Volumes/Photos");
 }
 
+TEST(USBRow, NotesWhatItsOtherPartsDoNotSay) {
+  const auto noteOf = [](const USBDevice& device) { return usbRow(usbNode(device)).note; };
+  EXPECT_EQ(noteOf({.extraCurrentMa = 1600, .sleepCurrentMa = 2100}),
+            "Extra operating current: 1600 mA");
+  EXPECT_EQ(noteOf({.isBuiltIn = true}), "Built in");
+  EXPECT_EQ(noteOf({.extraCurrentMa = 1, .isBuiltIn = true, .isTunneled = true}),
+            "Extra operating current: 1 mA · Built in · Through a USB4 tunnel");
+  EXPECT_EQ(noteOf({.extraCurrentMa = 0, .isBuiltIn = false, .isTunneled = false}), std::nullopt);
+  EXPECT_EQ(noteOf({}), std::nullopt);
+}
+
 TEST(ChargerRow, ShowsNameAndRating) {
   const ChargerRow row =
       chargerRow({.name = "Adapter", .ratedWatts = 96, .currentWatts = 48, .isCharging = true});

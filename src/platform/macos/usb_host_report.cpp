@@ -144,6 +144,17 @@ void copyText(const json& from, std::string_view key, json& to, const char* olde
   }
 }
 
+/// The words for true and for false; any other says nothing.
+using FlagWords = std::pair<std::string_view, std::string_view>;
+
+void copyFlag(const json& from, std::string_view key, const FlagWords& words, json& to,
+              const char* ownKey) {
+  const std::string word = textMember(from, key, "");
+  if (word == words.first || word == words.second) {
+    to[ownKey] = word == words.first ? "TRUE" : "FALSE";
+  }
+}
+
 /// The older section's name of the same bus, by which its speed is known. That section called every
 /// controller beyond USB 3.0 a USB 3.1 one, those of USB4 ports too.
 std::string olderBusName(const std::string& name) {
@@ -272,6 +283,9 @@ private:
     if (const auto linkSpeed = providedText(item, "USBDeviceKeyLinkSpeed")) {
       older["device_speed"] = speedToken(*linkSpeed);
     }
+    copyFlag(item, "USBKeyHardwareType", {"Non-removable", "Removable"}, older,
+             "tamberline_is_built_in");
+    copyFlag(item, "USBDeviceKeyUSB4Tunnel", {"Yes", "No"}, older, "tamberline_is_tunneled");
     addPower(item, older);
     addMedia(item, older);
     addDevices(item, tier + 1, older);
