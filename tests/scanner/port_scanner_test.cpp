@@ -115,6 +115,20 @@ TEST_F(PortScannerTest, PublishesEachFieldInItsTurnAndTheTreeLast) {
                            "portCurrentLimitMa", "portTree", "lastScanned", "isScanning"}));
 }
 
+TEST_F(PortScannerTest, TakesTheErrorBackLast) {
+  tools->answer("SPUSBDataType.json", "");
+  scan();
+  queue->advance(1s); // the second attempt fails too
+  ASSERT_TRUE(scanner->errorMessage.get().has_value());
+  answerWithOnePort();
+  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": []})");
+  noteAllFields();
+  scan();
+  EXPECT_EQ(published,
+            (std::vector<std::string>{"isScanning", "thunderboltBuses", "usbBuses", "portTree",
+                                      "lastScanned", "errorMessage", "isScanning"}));
+}
+
 TEST_F(PortScannerTest, PublishesOnlyWhatDiffersWhereThatCanBeKnown) {
   answerWithAFullMachine();
   scan();

@@ -29,6 +29,13 @@ TEST_F(VolumeEjection, IsFollowedByAScanWhenItSucceeded) {
   EXPECT_EQ(scanCount(), 1U);
 }
 
+TEST_F(VolumeEjection, IsOverBeforeTheScanBegins) {
+  const auto scanning = scanner->isScanning.observe(
+      [this] { published.push_back(scanner->isScanning.get() ? "scan begins" : "scan ends"); });
+  eject();
+  EXPECT_EQ(published, (Lines{"/V: ejecting", "nothing", "scan begins", "scan ends"}));
+}
+
 TEST_F(VolumeEjection, TakesTheDeviceAwayWithTheScan) {
   tools->answer("SPUSBDataType.json", reportWithVolume);
   scan();
