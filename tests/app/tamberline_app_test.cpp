@@ -1,6 +1,7 @@
 #include "app/tamberline_app.h"
 #include "panel/panel_window.h"
 #include "support/fake_desktop.h"
+#include "support/fake_ejector.h"
 #include "support/fake_tools.h"
 #include "support/fake_volume_files.h"
 #include "support/hand_driven_queue.h"
@@ -214,6 +215,18 @@ TEST_F(TamberlineAppTest, StopsTheTestOfAVolume) {
   const std::vector<std::string> steps = files->steps();
   EXPECT_EQ(std::count(steps.begin(), steps.end(), "write 8388608"), 0);
   EXPECT_EQ(steps.back(), "remove /Volumes/Data/.tamberline_benchmark.tmp");
+}
+
+TEST_F(TamberlineAppTest, EjectsVolumes) {
+  const auto ejector = std::make_shared<FakeEjector>();
+  ScannerOutside withEjector = outside();
+  withEjector.ejector = ejector;
+  app = std::make_unique<TamberlineApp>(withEjector, queue, TamberlineApp::Desktop{});
+  app->start();
+  EXPECT_TRUE(panel().canEject());
+  panel().eject("/Volumes/Data");
+  queue->settle();
+  EXPECT_EQ(ejector->mountPoints, std::vector<std::string>{"/Volumes/Data"});
 }
 
 TEST_F(TamberlineAppTest, OffersOnlyWhatTheSystemCanDo) {
