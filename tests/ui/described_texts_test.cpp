@@ -1,7 +1,9 @@
 #include "inspect/panel_document.h"
 #include "support/language_scope.h"
+#include "ui/drawn_items.h"
 #include "ui/panel_fixture.h"
 #include "ui/samples.h"
+#include "ui/visible_items.h"
 #include "views/panel_inputs.h"
 
 #include <nlohmann/json.hpp>
@@ -22,14 +24,29 @@ bool isRead(const std::string& member, const Document& value) {
   return !unread.contains(member) && !isKindOfRow;
 }
 
-void collect(const Document& document, std::set<std::string>& texts) {
+/// Members that only come when they are asked for.
+bool isDrawn(const std::string& member, const Document& value) {
+  return isRead(member, value) && member != "speedNote" && !member.ends_with("ooltip");
+}
+
+template <typename IsWanted>
+void collect(const Document& document, IsWanted isWanted, std::set<std::string>& texts) {
   if (document.is_string() && !document.get<std::string>().empty()) {
     texts.insert(document);
   }
   for (const auto& [member, value] : document.items()) {
-    if (document.is_array() || (document.is_object() && isRead(member, value))) {
-      collect(value, texts);
+    if (document.is_array() || (document.is_object() && isWanted(member, value))) {
+      collect(value, isWanted, texts);
     }
+  }
+}
+
+void expectAll(const std::set<std::string>& texts, const std::set<QString>& found) {
+  EXPECT_GE(texts.size(), 5U);
+  for (const std::string& text : texts) {
+    EXPECT_TRUE(std::any_of(found.begin(), found.end(), [&](const QString& one) {
+      return one.contains(QString::fromStdString(text));
+    })) << text;
   }
 }
 
@@ -37,47 +54,50 @@ class DescribedTexts : public PanelFixture, public testing::WithParamInterface<S
 protected:
   DescribedTexts() : language(GetParam().language) {}
 
-  /// Everything that the panel describes, wherever it shows it.
-  std::set<std::string> describedTexts() const {
+  /// What the panel describes, wherever it shows it, as far as it is wanted.
+  template <typename IsWanted>
+  std::set<std::string> describedTexts(IsWanted isWanted) const {
     std::set<std::string> texts;
-    collect(describe(describePanel(panelInputs(*scanner))), texts);
+    collect(describe(describePanel(panelInputs(*scanner))), isWanted, texts);
     return texts;
   }
 
-  void hear(std::set<QString>& heard) {
+  void meet() {
     for (const AccessibleObject& object : objects()) {
       heard.insert(object.name());
       heard.insert(object.description());
     }
+    for (const QQuickItem* item : visibleItems(window())) {
+      const QRectF place = placeInWindow(*item) & QRectF(0, 0, window().width(), window().height());
+      if (item->inherits("QQuickText") && drawnOpacity(*item) == 1 && place.width() > 2 &&
+          place.height() > 5) {
+        seen.insert(item->property("text").toString());
+      }
+    }
   }
 
-  /// Names and descriptions of all objects, those included to which the list must be scrolled.
-  std::set<QString> everythingHeard() {
-    std::set<QString> heard;
+  /// Everything, those rows included to which the list must be scrolled.
+  void meetEverything() {
     const double end = listView()->property("contentHeight").toDouble();
     for (double top = 0; top < end; top += 300) {
       listView()->setProperty("contentY", listView()->property("originY").toDouble() + top);
       settle();
-      hear(heard);
+      meet();
     }
-    return heard;
   }
 
+  std::set<QString> heard; // names and descriptions
+  std::set<QString> seen;
   const LanguageScope language;
 };
 
-TEST_P(DescribedTexts, AllReachWhoListens) {
+TEST_P(DescribedTexts, AllReachWhoListensAndWhoLooks) {
   useSample(GetParam().sample);
   openPanel({.isBoundByScreen = false});
   expandAll();
-  const std::set<QString> heard = everythingHeard();
-  const std::set<std::string> described = describedTexts();
-  EXPECT_GT(described.size(), 5U);
-  for (const std::string& text : described) {
-    EXPECT_TRUE(std::any_of(heard.begin(), heard.end(), [&](const QString& one) {
-      return one.contains(QString::fromStdString(text));
-    })) << text;
-  }
+  meetEverything();
+  expectAll(describedTexts(isRead), heard);
+  expectAll(describedTexts(isDrawn), seen);
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, DescribedTexts, testing::ValuesIn(allSampleCases()),
