@@ -1,58 +1,23 @@
-#include "panel/panel_context.h"
 #include "panel/row_variants.h"
-#include "support/fake_tools.h"
-#include "support/hand_driven_queue.h"
-#include "support/simulated_event_source.h"
 #include "ui/accessible_objects.h"
+#include "ui/drawing.h"
 #include "ui/layout_check.h"
-#include "ui/qml_warnings.h"
-
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickView>
-#include <gtest/gtest.h>
-
-// Registers the types of the QML module.
-extern void qml_register_types_Tamberline();
+#include "ui/lone_component.h"
 
 namespace tamberline {
 namespace {
 
-/// The card of the adapter and the battery, alone in a window.
-class PowerCardOnItsOwn : public testing::Test {
+/// The card of the adapter and the battery.
+class PowerCardOnItsOwn : public LoneComponent {
 protected:
-  ~PowerCardOnItsOwn() override { EXPECT_EQ(warnings.text(), ""); }
-
   void show(const ChargerInfo& charger, const std::optional<BatteryInfo>& battery,
             double fontScale = 1) {
-    view.reset();
-    context = std::make_unique<PanelContext>(PanelContext::Outside{
-        .scanner = PortScanner::create(
-            {.acquisition = {.tools = std::make_shared<FakeTools>(), .queue = queue},
-             .events = std::make_shared<SimulatedEventSource>()}),
-        .queue = queue,
-        .fontScale = fontScale});
-    qml_register_types_Tamberline();
-    view = std::make_unique<QQuickView>();
-    view->engine()->addImportPath(QStringLiteral(":/qml"));
-    context->attachTo(*view->engine());
-    view->setResizeMode(QQuickView::SizeRootObjectToView);
-    view->setInitialProperties({{"card", powerCardVariant(powerCard(charger, battery))}});
-    view->setSource(QUrl(QStringLiteral("qrc:/qml/Tamberline/PowerCard.qml")));
-    ASSERT_NE(view->rootObject(), nullptr);
-    view->setWidth(376);
-    view->show();
-    draw();
-    view->setHeight(qCeil(view->rootObject()->implicitHeight()));
-    draw();
+    showComponent("PowerCard", {{"card", powerCardVariant(powerCard(charger, battery))}}, 376,
+                  fontScale);
     expectNoFaults();
   }
 
-  void draw() {
-    QCoreApplication::processEvents();
-    QEvent update(QEvent::UpdateRequest);
-    QCoreApplication::sendEvent(view.get(), &update);
-  }
+  std::string drawn() { return "\n" + Drawing(*view, *context->theme()).of(item()); }
 
   void expectNoFaults() {
     for (const std::string& fault : layoutFaults(*view)) {
@@ -81,11 +46,6 @@ protected:
                       .currentWatts = 58,
                       .isConnected = true,
                       .isCharging = true};
-
-  QmlWarnings warnings;
-  std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
-  std::unique_ptr<PanelContext> context;
-  std::unique_ptr<QQuickView> view;
 };
 
 TEST_F(PowerCardOnItsOwn, TellsWhatTheAdapterGives) {
@@ -125,6 +85,28 @@ TEST_F(PowerCardOnItsOwn, ShowsTheHealthOfTheBattery) {
   for (const char* text : {"Health", "Good 91%", "Cycles", "120"}) {
     EXPECT_TRUE(isTextShown(text)) << text;
   }
+}
+
+TEST_F(PowerCardOnItsOwn, LooksLikeWhatItTells) {
+  adapter.connectsViaUSBC = true;
+  show(adapter,
+       BatteryInfo{
+           .stateOfCharge = 15, .health = "Good", .maxCapacityPercent = "91%", .cycleCount = 120});
+  EXPECT_EQ(drawn(), R"(
+<bolt.fill> (fill yellow)  96W USB-C Power Adapter  96W rated (secondary)  USB-C / Thunderbolt (secondary)
+bar fill green, 6 high, round: 0.10 to 100%, 0.85 to 60%
+Charging at 58 W (secondary)  rated max 96W max (secondary)
+<battery.0percent> (red)  Battery  15% (red)  Health (secondary) on field r4  Good 91% on field r4  Cycles (secondary) on field r4  120 on field r4
+)");
+  adapter.isCharging = false;
+  adapter.connectsViaUSBC = false;
+  show(adapter, BatteryInfo{.stateOfCharge = 100, .isFullyCharged = true});
+  EXPECT_EQ(drawn(), R"(
+<bolt.fill> (fill yellow)  96W USB-C Power Adapter  96W rated (secondary)
+bar fill blue, 6 high, round: 0.10 to 100%, 0.85 to 60%
+Powering system · 58 W (battery full) (secondary)  rated max 96W max (secondary)
+<battery.100percent> (green)  Battery  100% (green)  Health (secondary) on field r4  Cycles (secondary) on field r4  0 on field r4
+)");
 }
 
 TEST_F(PowerCardOnItsOwn, HasRoomForLongTexts) {

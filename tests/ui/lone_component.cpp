@@ -1,0 +1,46 @@
+#include "ui/lone_component.h"
+
+#include "support/fake_tools.h"
+#include "support/simulated_event_source.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QQmlEngine>
+#include <QUrl>
+
+// Registers the types of the QML module.
+extern void qml_register_types_Tamberline();
+
+namespace tamberline {
+
+void LoneComponent::showComponent(const QString& name, const QVariantMap& properties, int width,
+                                  double fontScale) {
+  view.reset();
+  context = std::make_unique<PanelContext>(PanelContext::Outside{
+      .scanner = PortScanner::create(
+          {.acquisition = {.tools = std::make_shared<FakeTools>(), .queue = queue},
+           .events = std::make_shared<SimulatedEventSource>()}),
+      .queue = queue,
+      .fontScale = fontScale});
+  qml_register_types_Tamberline();
+  view = std::make_unique<QQuickView>();
+  view->engine()->addImportPath(QStringLiteral(":/qml"));
+  context->attachTo(*view->engine());
+  view->setResizeMode(QQuickView::SizeRootObjectToView);
+  view->setInitialProperties(properties);
+  view->setSource(QUrl(QStringLiteral("qrc:/qml/Tamberline/%1.qml").arg(name)));
+  ASSERT_NE(view->rootObject(), nullptr);
+  view->setWidth(width);
+  view->show();
+  draw();
+  view->setHeight(qCeil(view->rootObject()->implicitHeight()));
+  draw();
+}
+
+void LoneComponent::draw() {
+  QCoreApplication::processEvents();
+  QEvent update(QEvent::UpdateRequest);
+  QCoreApplication::sendEvent(view.get(), &update);
+}
+
+} // namespace tamberline
