@@ -18,6 +18,9 @@ namespace {
 
 /// In points.
 constexpr QSize sizeOfManual(760, 920);
+/// For the window's title, which the desktop puts above it. How high that is nobody tells before
+/// the window is there.
+constexpr int titleHeight = 40;
 
 QString manualTitle() {
   const std::string_view title = Loc::manualWindowTitle();
@@ -96,8 +99,9 @@ void ManualWindow::open() {
 }
 
 QRect manualWindowGeometry(const QRect& availableScreen) {
-  const QSize size = sizeOfManual.boundedTo(availableScreen.size());
-  const QSize rest = availableScreen.size() - size;
+  const QSize room = availableScreen.size() - QSize(0, titleHeight);
+  const QSize size = sizeOfManual.boundedTo(room);
+  const QSize rest = room - size;
   return {availableScreen.topLeft() + QPoint(rest.width() / 2, rest.height() / 2), size};
 }
 

@@ -28,7 +28,8 @@ private:
   QPointer<QWidget> window_;
 };
 
-/// In the middle of the screen, and not larger than what bars leave of it.
+/// In the middle of the screen with its title, and with it not larger than what bars leave. Where
+/// the frame begins, and the size of what is inside.
 QRect manualWindowGeometry(const QRect& availableScreen);
 
 } // namespace tamberline

@@ -59,6 +59,7 @@ TEST_F(ManualWindowTest, FitsIntoTheScreen) {
   const QRect expected = manualWindowGeometry(window->screen()->availableGeometry());
   EXPECT_EQ(window->frameGeometry().topLeft(), expected.topLeft());
   EXPECT_EQ(window->size(), expected.size());
+  EXPECT_TRUE(window->screen()->availableGeometry().contains(window->frameGeometry()));
 }
 
 TEST_F(ManualWindowTest, ShowsNoWindowWithoutAManual) {
@@ -142,13 +143,14 @@ TEST_F(ManualWindowTest, DoesNotEndTheProgramWhenItCloses) {
 }
 
 TEST(ManualWindowGeometry, IsInTheMiddleOfTheScreen) {
-  EXPECT_EQ(manualWindowGeometry({0, 40, 1920, 1040}), QRect(580, 100, 760, 920));
-  EXPECT_EQ(manualWindowGeometry({-1280, 0, 1280, 1024}), QRect(-1020, 52, 760, 920));
+  EXPECT_EQ(manualWindowGeometry({0, 40, 1920, 1040}), QRect(580, 80, 760, 920));
+  EXPECT_EQ(manualWindowGeometry({-1280, 0, 1280, 1024}), QRect(-1020, 32, 760, 920));
 }
 
-TEST(ManualWindowGeometry, IsNotLargerThanTheScreen) {
-  EXPECT_EQ(manualWindowGeometry({0, 30, 1366, 738}), QRect(303, 30, 760, 738));
-  EXPECT_EQ(manualWindowGeometry({0, 0, 640, 480}), QRect(0, 0, 640, 480));
+TEST(ManualWindowGeometry, LeavesTheScreenRoomForItsTitle) {
+  EXPECT_EQ(manualWindowGeometry({0, 0, 1440, 900}), QRect(340, 0, 760, 860));
+  EXPECT_EQ(manualWindowGeometry({0, 30, 1366, 738}), QRect(303, 30, 760, 698));
+  EXPECT_EQ(manualWindowGeometry({0, 0, 640, 480}), QRect(0, 0, 640, 440));
 }
 
 } // namespace
