@@ -13,25 +13,31 @@ Rectangle {
     opacity: 0
     radius: 6
 
-    SequentialAnimation on opacity {
+    SequentialAnimation {
         loops: Animation.Infinite
         running: overlay.isThrobbing
 
         NumberAnimation {
             duration: 500
             easing.type: Easing.InOutQuad
+            property: "opacity"
+            target: overlay
             to: 0.4
         }
         NumberAnimation {
             duration: 500
             easing.type: Easing.InOutQuad
+            property: "opacity"
+            target: overlay
             to: 0
         }
     }
-    NumberAnimation on opacity {
+    NumberAnimation {
         duration: 400
         easing.type: Easing.OutQuad
+        property: "opacity"
         running: !overlay.isThrobbing && overlay.opacity > 0 // to its end, whenever the phase ends
+        target: overlay
         to: 0
     }
 }
