@@ -108,11 +108,13 @@ private:
     }
   }
 
-  /// What a report cut in the middle already says so itself.
+  /// What a report cut in the middle already says so itself. The tooltip may say more behind it.
   static bool isWholeInTooltip(const QQuickItem& item) {
     const QString tooltip = tooltipOf(item);
     const QStringList parts = item.property("text").toString().split(QChar(0x2026));
-    return tooltip.startsWith(parts.constFirst()) && tooltip.endsWith(parts.constLast());
+    const qsizetype lastPart = parts.size() == 1 ? 0 : parts.constFirst().size();
+    return tooltip.startsWith(parts.constFirst()) &&
+           tooltip.indexOf(parts.constLast(), lastPart) >= lastPart;
   }
 
   static QString tooltipOf(const QQuickItem& item) {
