@@ -109,6 +109,11 @@ TextLine volumeLine(const VolumeRow& volume) {
   return line;
 }
 
+/// Whether the bar shows another speed than the link has, or there is no bar.
+bool isNewsBesideTheBar(const LinkNote& note, const std::optional<SpeedBarRow>& bar) {
+  return !bar || note.link.transmitGbps != bar->usedGbps || note.link.receiveGbps != bar->usedGbps;
+}
+
 std::vector<TextLine> linesOf(const TBDeviceRow& row) {
   TextLine first = {{shownName(row.name)}};
   for (const auto& badge : {row.modeBadge, row.warningBadge}) {
@@ -120,6 +125,9 @@ std::vector<TextLine> linesOf(const TBDeviceRow& row) {
   std::vector<TextLine> lines = {std::move(first)};
   if (row.speedBar) {
     lines.push_back(speedLine(*row.speedBar));
+  }
+  if (row.link && isNewsBesideTheBar(*row.link, row.speedBar)) {
+    lines.push_back({{row.link->text, Color::secondary}});
   }
   return lines;
 }

@@ -109,6 +109,34 @@ USB 2.0 Bus  0.5W rated
 )");
 }
 
+TEST(PanelText, SaysWhatALinkTrulyCarriesWhereTheBarDoesNot) {
+  const auto textOfDevice = [](const ThunderboltDevice& device) {
+    return textOf({portNode(1, {TreeNode(TreeNode::TBDevice{device})})});
+  };
+  EXPECT_EQ(textOfDevice({.name = "Dock",
+                          .upstreamSpeed = "Up to 40 Gb/s x1",
+                          .upstreamWidth = "0x2",
+                          .link = TrueLink{40, 40, 2, 2}}),
+            R"(● Thunderbolt Port 1  1 item
+└─ Dock
+      ████████████████████  40 Gb/s ×2 = 80 Gb/s  at port max ✓
+      Link each way: 40 Gb/s, 2 lanes
+)");
+  EXPECT_EQ(textOfDevice({.name = "Dock", .upstreamSpeed = "80 Gb/s", .link = TrueLink{80, 80}}),
+            R"(● Thunderbolt Port 1  1 item
+└─ Dock
+      Link each way: 80 Gb/s
+)");
+  EXPECT_EQ(textOfDevice({.name = "Dock",
+                          .upstreamSpeed = "20 Gb/s",
+                          .upstreamWidth = "0x2",
+                          .link = TrueLink{40, 40, 2, 2}}),
+            R"(● Thunderbolt Port 1  1 item
+└─ Dock
+      ████████████████████  20 Gb/s ×2 = 40 Gb/s  at port max ✓
+)");
+}
+
 TEST(PanelText, SaysThatNothingIsAttachedToABus) {
   EXPECT_EQ(textOf({busNode("USB31Bus", {})}), "USB 3.1 Bus\n   Nothing attached\n");
 }
