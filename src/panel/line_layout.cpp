@@ -141,7 +141,8 @@ double LineLayout::placeDown(const Line& line, double top) {
   return height;
 }
 
-/// Likewise. Nothing reaches above the line: the baseline is as low as that takes.
+/// Likewise. Nothing reaches above the line: the baseline is as low as that takes, in whole points,
+/// so that letters stand on whole pixels.
 double LineLayout::placeOnBaseline(const Line& line, double top) {
   const auto first = std::find_if(line.begin(), line.end(),
                                   [](const Part& part) { return part.item->baselineOffset() > 0; });
@@ -157,9 +158,9 @@ double LineLayout::placeOnBaseline(const Line& line, double top) {
   }
   double height = 0;
   for (const Part& part : line) {
-    const double y = std::round(baseline - ascent(part));
-    part.item->setY(top + y);
-    height = std::max(height, y + part.item->implicitHeight());
+    const double y = baseline - ascent(part);
+    part.item->setY(top + (part.item->baselineOffset() > 0 ? y : std::round(y)));
+    height = std::max(height, std::ceil(y + part.item->implicitHeight()));
   }
   if (top == 0) {
     setBaselineOffset(baseline);

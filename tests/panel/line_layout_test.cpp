@@ -161,6 +161,16 @@ TEST_F(LineLayoutTest, StandsChildrenOnOneBaseline) {
   EXPECT_EQ(layout.baselineOffset(), 20);
 }
 
+TEST_F(LineLayoutTest, StandsLettersOnWholePoints) {
+  layout.setProperty("alignsBaselines", true);
+  fill(100, {{30, 15}, {20, 12}, {10, 6}});
+  children[0]->setBaselineOffset(12.25);
+  children[1]->setBaselineOffset(10.5);
+  EXPECT_EQ(geometry(), "0,0.75 30 | 35,2.5 20 | 60,5 10");
+  EXPECT_EQ(layout.baselineOffset(), 13);
+  EXPECT_EQ(layout.implicitHeight(), 16);
+}
+
 TEST_F(LineLayoutTest, HasTheBaselineOfItsFirstLine) {
   layout.setProperty("alignsBaselines", true);
   fill(50, {{30, 15}, {40, 12}});
