@@ -135,7 +135,6 @@ Document describe(const USBDeviceDetailRow& row) {
       {"speedBar", describeOrNull(row.speedBar)},
       {"powerBar", describeOrNull(row.powerBar)},
       {"volumes", listOf(row.volumes, [](const VolumeRow& volume) { return describe(volume); })},
-      {"note", orNull(row.note)},
   };
 }
 

@@ -112,10 +112,6 @@ Document describeDeviceAlone(const USBDevice& device) {
       {"powerAvailableW", orNull(device.powerAvailableW())},
       {"powerUsedW", orNull(device.powerUsedW())},
       {"powerFraction", orNull(device.powerFraction())},
-      {"extraCurrentMa", orNull(device.extraCurrentMa)},
-      {"sleepCurrentMa", orNull(device.sleepCurrentMa)},
-      {"isBuiltIn", orNull(device.isBuiltIn)},
-      {"isTunneled", orNull(device.isTunneled)},
   };
 }
 

@@ -38,7 +38,6 @@ struct USBDevice {
   std::optional<std::int64_t> busPowerUsed = {};
   /// mA it may draw beyond that, a phone to charge for example, and while the computer sleeps.
   std::optional<std::int64_t> extraCurrentMa = {};
-  std::optional<std::int64_t> sleepCurrentMa = {};
   /// Whether it is a part of the computer; absent when the report does not tell.
   std::optional<bool> isBuiltIn = {};
   /// Whether its data goes through a USB4 link; absent when the report does not tell.

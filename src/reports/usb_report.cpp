@@ -47,7 +47,6 @@ USBDevice parseDevice(const json& item, std::string name, const ContainerIDs& co
       .busPower = integerTextMember(item, "bus_power"),
       .busPowerUsed = integerTextMember(item, "bus_power_used"),
       .extraCurrentMa = integerTextMember(item, "extra_current_used"),
-      .sleepCurrentMa = integerTextMember(item, "sleep_current"),
       .isBuiltIn = knownFlagMember(item, "tamberline_is_built_in"),
       .isTunneled = knownFlagMember(item, "tamberline_is_tunneled"),
       .volumes = mountedVolumes(item),

@@ -61,7 +61,7 @@ std::optional<LinkNote> linkNote(const ThunderboltDevice& device) {
     return std::nullopt;
   }
   const TrueLink link = device.link.value_or(TrueLink());
-  return LinkNote{.link = link, .isAuthorized = device.isAuthorized, .text = link.label()};
+  return LinkNote{.link = link, .text = link.label(), .isAuthorized = device.isAuthorized};
 }
 
 std::optional<Badge> warningBadge(const ThunderboltDevice& device) {

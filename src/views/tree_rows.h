@@ -16,8 +16,8 @@ namespace tamberline {
 /// What a link truly carries, and how its row's tooltip says it.
 struct LinkNote {
   TrueLink link = {};
-  std::optional<bool> isAuthorized = {};
   std::string text = {};
+  std::optional<bool> isAuthorized = {};
 
   friend bool operator==(const LinkNote&, const LinkNote&) = default;
 };

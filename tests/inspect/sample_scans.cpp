@@ -28,7 +28,7 @@ constexpr const char* usbReport = R"({"SPUSBDataType": [
     {"_name": "Quarry SSD", "vendor_id": "0x1111", "product_id": "0x2222",
      "device_speed": "super_speed", "manufacturer": "Quarry", "serial_num": "S1",
      "bus_power": "900", "bus_power_used": "450", "extra_current_used": "1600",
-     "sleep_current": "2100", "location_id": "0x01100000 / 1",
+     "location_id": "0x01100000 / 1",
      "Media": [{"volumes": [{"_name": "Data", "mount_point": "/Volumes/Data"}]}]}]},
   {"_name": "USB20Bus", "host_controller": "AppleUSBXHCIPCI", "_items": [
     {"_name": "hub_device", "bus_power_used": "100", "_items": [

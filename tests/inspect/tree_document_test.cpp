@@ -47,8 +47,7 @@ TEST(TreeDocument, LeavesOutOfARecordWhatTheTreeShowsItself) {
   EXPECT_EQ(keysOf(at(document, "/portTree/1/children/0/device")),
             "name vendorID productID speed manufacturer serialNumber busPower busPowerUsed "
             "containerID physicalPort volumes speedGbps speedShortLabel speedDetailLabel "
-            "powerAvailableW powerUsedW powerFraction extraCurrentMa sleepCurrentMa isBuiltIn "
-            "isTunneled");
+            "powerAvailableW powerUsedW powerFraction");
 }
 
 TEST(TreeDocument, DescribesAPortNode) {

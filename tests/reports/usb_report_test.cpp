@@ -41,7 +41,6 @@ TEST(UsbReport, ReadsWhatADeviceDrawsBesides) {
           "sleep_current": "2100"})");
   EXPECT_EQ(phone.busPowerUsed, 500);
   EXPECT_EQ(phone.extraCurrentMa, 1600);
-  EXPECT_EQ(phone.sleepCurrentMa, 2100);
   EXPECT_EQ(deviceOf(R"({"_name": "x", "extra_current_used": 1600})").extraCurrentMa, std::nullopt);
 }
 

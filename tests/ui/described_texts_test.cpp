@@ -24,9 +24,10 @@ bool isRead(const std::string& member, const Document& value) {
   return !unread.contains(member) && !isKindOfRow;
 }
 
-/// Members that only come when they are asked for.
+/// Without members that only come when they are asked for: popovers, and what tooltips say.
 bool isDrawn(const std::string& member, const Document& value) {
-  return isRead(member, value) && member != "speedNote" && !member.ends_with("ooltip");
+  return isRead(member, value) && member != "speedNote" && member != "link" &&
+         !member.ends_with("ooltip");
 }
 
 template <typename IsWanted>
