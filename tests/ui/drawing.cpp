@@ -16,18 +16,6 @@
 namespace tamberline {
 namespace {
 
-/// Something that is drawn by itself.
-struct Element {
-  std::string text = {};
-  QRectF place = {};
-};
-
-/// What others stand on.
-struct Ground {
-  std::string text = {};
-  QRectF place = {};
-};
-
 bool isOfQmlType(const QQuickItem& item, const char* type) {
   return QString::fromLatin1(item.metaObject()->className()).startsWith(QString(type) + "_QML");
 }
@@ -84,6 +72,18 @@ public:
   }
 
 private:
+  /// Something that is drawn by itself.
+  struct Element {
+    std::string text = {};
+    QRectF place = {};
+  };
+
+  /// What others stand on.
+  struct Ground {
+    std::string text = {};
+    QRectF place = {};
+  };
+
   using Place = std::vector<Element>::iterator;
 
   std::string line(Place begin, Place end) {

@@ -9,6 +9,9 @@
 
 namespace tamberline {
 
+/// A size of the text at which nothing wraps, whatever the version of the font.
+inline constexpr double unwrappedScale = 0.6;
+
 /// Says what is drawn of parts of a window: texts, symbols, bars and backgrounds as the eye meets
 /// them, not as they are named for who listens.
 class Drawing {

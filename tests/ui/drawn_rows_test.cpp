@@ -9,8 +9,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Small enough that nothing wraps, whatever the version of the font.
-constexpr double smallText = 0.6;
 /// As long as a chevron turns.
 constexpr auto turning = 150ms;
 
@@ -18,7 +16,7 @@ class DrawnRows : public PanelFixture {
 protected:
   void open(const std::string& sample) {
     useSample(sample);
-    openPanel({.fontScale = smallText});
+    openPanel({.fontScale = unwrappedScale});
     expandAll();
     advance(turning);
   }
@@ -156,7 +154,7 @@ bar fill green, 6 high, round: 0.10 to 100%, 0.30 to 56%, 0.85 to 11%
 /// A volume in the states that its tools go through.
 TEST_F(DrawnRows, OfVolumes) {
   answerWithDisk(*tools);
-  openPanel({.fontScale = smallText});
+  openPanel({.fontScale = unwrappedScale});
   expandAll();
   const auto lastLine = [this] {
     std::string text = drawn("Quarry SSD");

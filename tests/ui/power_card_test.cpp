@@ -7,9 +7,6 @@
 namespace tamberline {
 namespace {
 
-/// Small enough that nothing wraps, whatever the version of the font.
-constexpr double smallText = 0.6;
-
 /// The card of the adapter and the battery.
 class PowerCardOnItsOwn : public LoneComponent {
 protected:
@@ -95,7 +92,7 @@ TEST_F(PowerCardOnItsOwn, LooksLikeWhatItTells) {
   show(adapter,
        BatteryInfo{
            .stateOfCharge = 15, .health = "Good", .maxCapacityPercent = "91%", .cycleCount = 120},
-       smallText);
+       unwrappedScale);
   EXPECT_EQ(drawn(), R"(
 <bolt.fill> (fill yellow)  96W USB-C Power Adapter  96W rated (secondary)  USB-C / Thunderbolt (secondary)
 bar fill green, 6 high, round: 0.10 to 100%, 0.85 to 60%
@@ -104,7 +101,7 @@ Charging at 58 W (secondary)  rated max 96W max (secondary)
 )");
   adapter.isCharging = false;
   adapter.connectsViaUSBC = false;
-  show(adapter, BatteryInfo{.stateOfCharge = 100, .isFullyCharged = true}, smallText);
+  show(adapter, BatteryInfo{.stateOfCharge = 100, .isFullyCharged = true}, unwrappedScale);
   EXPECT_EQ(drawn(), R"(
 <bolt.fill> (fill yellow)  96W USB-C Power Adapter  96W rated (secondary)
 bar fill blue, 6 high, round: 0.10 to 100%, 0.85 to 60%

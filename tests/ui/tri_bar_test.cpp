@@ -6,13 +6,13 @@
 namespace tamberline {
 namespace {
 
-constexpr int width = 200;
+constexpr int barWidth = 200;
 
 // How much of the bar's colour is seen where these layers lie over each other, in hundredths.
-constexpr double track = 10;
-constexpr double cable = 100 * (1 - 0.9 * 0.7);
-constexpr double used = 100 * (1 - 0.9 * 0.15);
-constexpr double usedOverCable = 100 * (1 - 0.9 * 0.7 * 0.15);
+constexpr double trackShare = 10;
+constexpr double cableShare = 100 * (1 - 0.9 * 0.7);
+constexpr double usedShare = 100 * (1 - 0.9 * 0.15);
+constexpr double usedOverCableShare = 100 * (1 - 0.9 * 0.7 * 0.15);
 
 /// A black bar on white, looked at point by point.
 class TriBarPicture : public LoneComponent {
@@ -23,7 +23,7 @@ protected:
                                        {"cableFraction", cableFraction},
                                        {"showsCableLayer", showsCableLayer}}},
                    {"color", QColor(Qt::black)}},
-                  width);
+                  barWidth);
     view->setColor(Qt::white);
     picture = view->grabWindow();
   }
@@ -42,45 +42,45 @@ protected:
 
 TEST_F(TriBarPicture, HasThreeLayersFromTheLeft) {
   show(0.5, 0.75, true);
-  expectShare(usedOverCable, 3, 97);
-  expectShare(cable, 101, 147);
-  expectShare(track, 151, 197);
+  expectShare(usedOverCableShare, 3, 97);
+  expectShare(cableShare, 101, 147);
+  expectShare(trackShare, 151, 197);
 }
 
 TEST_F(TriBarPicture, LeavesTheCableLayerOutWhereItIsNotShown) {
   show(0.5, 0.51, false);
-  expectShare(used, 3, 97);
-  expectShare(track, 101, 197);
+  expectShare(usedShare, 3, 97);
+  expectShare(trackShare, 101, 197);
 }
 
 TEST_F(TriBarPicture, IsATrackWhereNothingIsUsed) {
   show(0);
-  expectShare(track, 3, 197);
-  EXPECT_LT(shareAt(1, 3), track + 1);
+  expectShare(trackShare, 3, 197);
+  EXPECT_LT(shareAt(1, 3), trackShare + 1);
 }
 
 TEST_F(TriBarPicture, ShowsASliverOfTheLeastUse) {
   show(0.001);
-  expectShare(used, 1, 3);
-  expectShare(track, 4, 197);
+  expectShare(usedShare, 1, 3);
+  expectShare(trackShare, 4, 197);
 }
 
 TEST_F(TriBarPicture, ShowsASliverOfTheLeastCable) {
   show(0, 0.001, true);
-  expectShare(cable, 1, 3);
-  expectShare(track, 4, 197);
+  expectShare(cableShare, 1, 3);
+  expectShare(trackShare, 4, 197);
 }
 
 TEST_F(TriBarPicture, IsSixPointsHighWithRoundEnds) {
   show(1);
   EXPECT_EQ(picture.height(), 6);
   for (const int y : {0, 5}) {
-    EXPECT_NEAR(shareAt(100, y), used, 1);
-    for (const int x : {0, width - 1}) {
+    EXPECT_NEAR(shareAt(100, y), usedShare, 1);
+    for (const int x : {0, barWidth - 1}) {
       EXPECT_LT(shareAt(x, y), 30) << x << " " << y;
       EXPECT_GT(shareAt(x, 3), 50) << x;
     }
-    EXPECT_NEAR(shareAt(3, y), used, 12); // the ends are no rounder than that
+    EXPECT_NEAR(shareAt(3, y), usedShare, 12); // the ends are no rounder than that
   }
 }
 
