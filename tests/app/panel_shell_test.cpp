@@ -324,6 +324,24 @@ TEST_F(PanelAmongBarsTest, MovesAwayFromABarThatGrows) {
   EXPECT_LT(shell->window()->geometry().bottom(), 600);
 }
 
+TEST_F(PanelAmongBarsTest, MovesAwayFromABarThatLeavesItsHeight) {
+  for (const PanelWindow::Kind newKind :
+       {PanelWindow::Kind::ordinary, PanelWindow::Kind::attached}) {
+    freePlace = {0, 0, 800, 800};
+    makeShell(newKind);
+    openPanel({.icon = QRect(300, 760, 24, 24)});
+    shell->window()->grabWindow(); // lays out
+    queue->settle();
+    shell->window()->setPosition(100, 700 - shell->window()->height());
+    QGuiApplication::processEvents();
+    const int height = shell->window()->height();
+    leaveFree({0, 0, 800, 650});
+    EXPECT_EQ(shell->window()->height(), height);
+    EXPECT_LT(shell->window()->frameGeometry().bottom(), 650);
+    shell.reset();
+  }
+}
+
 TEST_F(PanelAmongBarsTest, LooksAtThemEachTimeItOpens) {
   openHighPanel(PanelWindow::Kind::attached);
   shell->close();
