@@ -36,7 +36,7 @@ struct USBDevice {
   std::optional<std::int64_t> busPower = {};
   /// mA the device is rated to draw (declared, not measured); absent when the report has no number.
   std::optional<std::int64_t> busPowerUsed = {};
-  /// mA it may draw beyond that, a phone to charge for example, and while the computer sleeps.
+  /// mA it may draw beyond that, a phone to charge for example.
   std::optional<std::int64_t> extraCurrentMa = {};
   /// Whether it is a part of the computer; absent when the report does not tell.
   std::optional<bool> isBuiltIn = {};

@@ -36,8 +36,7 @@ TEST(TreeDocument, HasNodesWithMembersByKind) {
 TEST(TreeDocument, LeavesOutOfARecordWhatTheTreeShowsItself) {
   const Document document = deskDocument();
 
-  EXPECT_EQ(keysOf(at(document, "/portTree/0/bus")),
-            "busNumber hostName uid displayName port");
+  EXPECT_EQ(keysOf(at(document, "/portTree/0/bus")), "busNumber hostName uid displayName port");
   EXPECT_EQ(keysOf(at(document, "/portTree/0/children/0/device")),
             "name vendorName mode uid firmwareVersion upstreamSpeed upstreamWidth modeLabel "
             "upstreamSpeedGbps upstreamLanes upstreamLabel link drive");

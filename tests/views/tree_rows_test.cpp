@@ -366,8 +366,7 @@ TEST(USBRow, ListsItsVolumes) {
 
 TEST(USBRow, NotesWhatItsOtherPartsDoNotSay) {
   const auto noteOf = [](const USBDevice& device) { return usbRow(usbNode(device)).note; };
-  EXPECT_EQ(noteOf({.extraCurrentMa = 1600}),
-            "Extra operating current: 1600 mA");
+  EXPECT_EQ(noteOf({.extraCurrentMa = 1600}), "Extra operating current: 1600 mA");
   EXPECT_EQ(noteOf({.isBuiltIn = true}), "Built in");
   EXPECT_EQ(noteOf({.extraCurrentMa = 1, .isBuiltIn = true, .isTunneled = true}),
             "Extra operating current: 1 mA · Built in · Through a USB4 tunnel");
