@@ -8,7 +8,7 @@ namespace tamberline {
 namespace {
 
 template <typename Record>
-Document describeOrNull(const std::optional<Record>& record) {
+Document recordOrNull(const std::optional<Record>& record) {
   return record ? describe(*record) : Document(nullptr);
 }
 
@@ -34,7 +34,7 @@ Document describeReceptacle(const ThunderboltReceptacle& receptacle) {
   return {
       {"number", orNull(receptacle.number)},
       {"isConnected", receptacle.port.isConnected()},
-      {"link", describeOrNull(receptacle.port.link)},
+      {"link", recordOrNull(receptacle.port.link)},
   };
 }
 
@@ -52,9 +52,9 @@ Document describePorts(const std::vector<ThunderboltBus>& buses,
     return Document{
         {"portNumber", portNumber},
         {"receptacles", listOf(bus.receptacles, describeReceptacle)},
-        {"link", describeOrNull(bus.port.link)},
+        {"link", recordOrNull(bus.port.link)},
         {"partner", nameOf(controller.partner)},
-        {"agreedPower", describeOrNull(controller.agreedPower)},
+        {"agreedPower", recordOrNull(controller.agreedPower)},
     };
   });
 }

@@ -12,13 +12,15 @@ import time
 
 SECONDS_TO_BOOT = 120
 SECONDS_PER_CHANGE = 60
+SECONDS_BESIDE_MUTE_DEVICE = 15  # the mute device takes four times as long
 
 
 class Machine:
     def __init__(self, folder):
         self.folder = folder
         self.qmp_path, self.documents_path = folder / "qmp", folder / "documents"
-        for path in (self.qmp_path, self.documents_path):
+        self.shell_path = folder / "shell"
+        for path in (self.qmp_path, self.documents_path, self.shell_path):
             path.unlink(missing_ok=True)
         kernel = next((folder / "boot").glob("vmlinuz-*"))
         self.process = subprocess.Popen([
@@ -29,10 +31,13 @@ class Machine:
             "-serial", f"file:{folder / 'console'}",
             "-chardev", f"socket,id=documents,path={self.documents_path},server=on,wait=off",
             "-serial", "chardev:documents",
+            "-chardev", f"socket,id=shell,path={self.shell_path},server=on,wait=off",
+            "-serial", "chardev:shell",
             "-qmp", f"unix:{self.qmp_path},server=on,wait=off",
             "-device", "qemu-xhci,id=xhci,p2=4,p3=4",
             "-blockdev", f"driver=file,node-name=stick,filename={folder / 'stick'}"])
         self.documents = self.connect(self.documents_path)
+        self.shell = self.connect(self.shell_path).makefile("rw", encoding="utf-8")
         self.qmp = self.connect(self.qmp_path).makefile("rw", encoding="utf-8")
         self.unread = b""
         json.loads(self.qmp.readline())
@@ -59,6 +64,24 @@ class Machine:
                 sys.exit(f"test-vm: {name}: {answer['error']['desc']}")
             if "return" in answer:
                 return
+
+    def run(self, command):
+        self.shell.write(command + "\n")
+        self.shell.flush()
+
+    def number_from(self, command):
+        """Runs a command that writes "result: NUMBER" to the console."""
+        console = self.folder / "console"
+        before = console.read_text(errors="replace").count("result: ")
+        self.run(command)
+        deadline = time.monotonic() + SECONDS_PER_CHANGE
+        while time.monotonic() < deadline:
+            results = console.read_text(errors="replace").split("result: ")[1:]
+            if len(results) > before and "\n" in results[-1]:
+                return int(results[-1].split()[0])
+            time.sleep(0.05)
+        self.end()
+        sys.exit(f"test-vm: {command} gives no result")
 
     def plug(self, name, driver, port, **options):
         self.command("device_add", driver=driver, id=name, bus="xhci.0", port=port, **options)
@@ -116,6 +139,26 @@ def described(document):
     return "\n".join(lines)
 
 
+def try_mute_device(machine, nothing):
+    """A device that never answers keeps the kernel busy for about a minute, and nobody else."""
+    buses = "\n".join([nothing] * (machine.number_from("load_virtual_controllers") // 2))
+    machine.wait_for("virtual controllers loaded", buses)
+    without = machine.number_from("time_scan") / 100
+    machine.run("mute-device")
+    time.sleep(3)  # until the kernel is at it; nothing tells when
+    with_mute = machine.number_from("time_scan") / 100
+    print(f"test-vm: a scan takes {without:.2f} s, beside a mute device {with_mute:.2f} s")
+    if with_mute > without + 1:
+        machine.end()
+        sys.exit("test-vm: the mute device delays the scan by more than a second")
+    start = time.monotonic()
+    machine.plug("other", "usb-kbd", "1", serial="K2")
+    machine.wait_for("keyboard plugged beside a mute device",
+                     buses.replace("USB 2.0 Bus", "USB 2.0 Bus\n  QEMU USB Keyboard #K2 480 Mb/s", 1),
+                     SECONDS_BESIDE_MUTE_DEVICE)
+    print(f"test-vm: the keyboard was shown after {time.monotonic() - start:.1f} s")
+
+
 def main():
     start = time.monotonic()
     machine = Machine(pathlib.Path(sys.argv[1]))
@@ -137,6 +180,7 @@ def main():
     machine.pull("drive")
     machine.pull("hub")
     machine.wait_for("drive and hub pulled", nothing)
+    try_mute_device(machine, nothing)
     machine.end()
     print(f"test-vm: passed in {time.monotonic() - start:.0f} s")
 
