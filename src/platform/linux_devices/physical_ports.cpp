@@ -127,7 +127,8 @@ private:
 
   /// Those of hosts that do not tell their ports apart, and such hosts themselves.
   void collectOtherRouters(const std::set<RouterAddress>& placed) {
-    for (const auto& [host, hostRouter] : machine_.thunderbolt.routers) {
+    for (const auto& entry : machine_.thunderbolt.routers) {
+      const RouterAddress host = entry.first;
       if (!host.isHost()) {
         continue;
       }

@@ -86,9 +86,9 @@ std::string modeOf(const Router& router) {
   }
 }
 
-class Section {
+class ThunderboltSection {
 public:
-  explicit Section(const Machine& machine)
+  explicit ThunderboltSection(const Machine& machine)
       : routers_(machine.thunderbolt.routers), typecPorts_(machine.typecPorts) {}
 
   json port(int number, const PhysicalPort& port) const {
@@ -166,7 +166,7 @@ private:
 } // namespace
 
 json thunderboltSection(const Machine& machine) {
-  const Section section(machine);
+  const ThunderboltSection section(machine);
   json entries = json::array();
   for (const auto& [number, port] : physicalPortsOf(machine).ports) {
     entries.push_back(section.port(number, port));

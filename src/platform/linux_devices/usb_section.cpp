@@ -74,9 +74,9 @@ void addTrueSpeed(const char* key, const UsbDevice& device, json& object) {
   }
 }
 
-class Section {
+class UsbSection {
 public:
-  explicit Section(const Machine& machine)
+  explicit UsbSection(const Machine& machine)
       : usb_(machine.usb), ports_(physicalPortsOf(machine)),
         locations_(usbLocations(machine.usb, ports_)) {
     for (const auto& [address, device] : usb_.devices) {
@@ -201,7 +201,7 @@ json volumeEntries(const std::vector<Volume>& volumes) {
 }
 
 json usbSection(const Machine& machine) {
-  return {{"SPUSBDataType", Section(machine).buses()}};
+  return {{"SPUSBDataType", UsbSection(machine).buses()}};
 }
 
 } // namespace tamberline::sysfs

@@ -27,7 +27,7 @@ protected:
   }
 
   UsbTextKeeper keeper(std::chrono::milliseconds patience) {
-    return UsbTextKeeper(patience, [this, released = released, asked = asked](const auto& folder) {
+    return UsbTextKeeper(patience, [released = released, asked = asked](const auto& folder) {
       ++*asked;
       if (folder.string().starts_with("mute")) {
         released.wait();
