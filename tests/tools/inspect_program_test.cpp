@@ -49,7 +49,7 @@ void saveEmptySections(const TemporaryFolder& folder) {
 }
 
 TEST(InspectProgram, ShowsEverySampleAsTextAndAsADocument) {
-  for (const std::string machine : {"desk", "road", "desktop", "bare", "studio"}) {
+  for (const std::string machine : {"desk", "road", "desktop", "bare", "studio", "laptop"}) {
     SCOPED_TRACE(machine);
     const Outcome text = inspect({"--reports", sampleFolder + "/" + machine});
     EXPECT_EQ(text.exitStatus, 0);

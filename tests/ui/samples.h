@@ -30,7 +30,7 @@ inline constexpr std::array<AppLanguage, AppLanguage::count> allLanguages = {
 
 inline std::vector<SampleCase> allSampleCases() {
   std::vector<SampleCase> cases;
-  for (const char* sample : {"bare", "desk", "desktop", "road", "studio"}) {
+  for (const char* sample : {"bare", "desk", "desktop", "laptop", "road", "studio"}) {
     for (const AppLanguage language : allLanguages) {
       cases.push_back({sample, language});
     }
