@@ -149,7 +149,7 @@ QVariantMap portVariant(const PortCard& card) {
 }
 
 QVariantMap busVariant(const USBBusHeaderRow& row) {
-  return {{"name", nameVariant(row.name)}, {"ratedDraw", textOrNothing(row.ratedDraw)}};
+  return {{"name", nameVariant(row.name, row.note)}, {"ratedDraw", textOrNothing(row.ratedDraw)}};
 }
 
 QVariantMap busCardVariant(const StandaloneUSBCard& card) {

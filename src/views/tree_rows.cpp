@@ -238,7 +238,11 @@ std::vector<ExpandableRow> expandableRows(const std::vector<TreeNode>& siblings,
 }
 
 USBBusHeaderRow usbBusHeaderRow(const USBBus& bus, const AggregatedPower& power) {
-  return {bus.displayName(), compactWatts(power.usedMa, " rated")};
+  USBBusHeaderRow row{.name = bus.displayName(), .ratedDraw = compactWatts(power.usedMa, " rated")};
+  if (!bus.hostController.empty()) {
+    row.note = bus.hostController;
+  }
+  return row;
 }
 
 std::string ChargerRow::shownName() const {

@@ -37,6 +37,8 @@ struct TBDeviceRow {
 struct USBBusHeaderRow {
   std::string name = {};
   std::optional<std::string> ratedDraw = {};
+  /// The controller, by which buses of one name can be told apart.
+  std::optional<std::string> note = {};
 
   friend bool operator==(const USBBusHeaderRow&, const USBBusHeaderRow&) = default;
 };

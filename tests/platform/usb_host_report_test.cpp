@@ -123,6 +123,16 @@ TEST(UsbHostReport, KeepsEveryDeviceOfASmallDesktop) {
             "ports' own [AppleT8132USBXHCI] Stick\n");
 }
 
+TEST(UsbHostReport, GivesNoDockTheDevicesOfTheComputersOwnControllers) {
+  const std::vector<USBBus> buses = busesOf(R"json([
+    {"Driver": "AppleT8132USBXHCI", "_items": [{"_name": "Front", "USBKeyLocationID": "0x02100000"}]},
+    {"Driver": "AppleUSBXHCIFL1100", "_items": [{"_name": "Disk", "USBKeyLocationID": "0x03100000"}]}
+  ])json");
+  ASSERT_EQ(buses.size(), 2U);
+  EXPECT_TRUE(buses[0].isBuiltIn);
+  EXPECT_FALSE(buses[1].isBuiltIn);
+}
+
 TEST(UsbHostReport, GivesEveryDeviceAPlaceInTheTree) {
   const PortTreeInputs inputs{
       .thunderboltBuses = {thunderboltBus(0), thunderboltBus(1), thunderboltBus(3)},

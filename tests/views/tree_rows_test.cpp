@@ -215,6 +215,13 @@ TEST(BusRow, ShowsNameAndRatedDraw) {
   EXPECT_EQ(row.ratedDraw, "4.5W rated");
 }
 
+TEST(BusRow, NotesItsController) {
+  const auto noteOf = [](const USBBus& bus) { return usbBusHeaderRow(bus, {}).note; };
+  EXPECT_EQ(noteOf({.hostController = "xHCI Host Controller 0000:00:14.0"}),
+            "xHCI Host Controller 0000:00:14.0");
+  EXPECT_EQ(noteOf({}), std::nullopt);
+}
+
 TEST(BusRow, ShowsNoRatedDrawBelowOneMilliampere) {
   const USBBus bus = addOnBus("USB20Bus", {});
 

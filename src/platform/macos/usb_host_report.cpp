@@ -217,7 +217,11 @@ public:
       buses.push_back(withDevices(older, asOfAPort(driver), std::move(devices.onPorts)));
     }
     if (!isOfAPort || !devices.others.empty()) {
-      buses.push_back(withDevices(older, asOfNoPort(driver), std::move(devices.others)));
+      json bus = withDevices(older, asOfNoPort(driver), std::move(devices.others));
+      if (isOwn(driver)) {
+        bus["tamberline_is_built_in"] = "TRUE"; // so that no dock has it
+      }
+      buses.push_back(std::move(bus));
     }
   }
 
