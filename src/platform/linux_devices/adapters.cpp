@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -32,6 +33,42 @@ std::optional<double> product(std::optional<std::int64_t> microvolts,
   return watts <= mostCredibleWatts ? std::optional(watts) : std::nullopt;
 }
 
+/// Some kernels take the last offer for one of a fixed voltage though it is one of a range, and
+/// read voltage and current from bits that mean something else. Put together again they are the
+/// range: its end, of which three bits are left, belongs to one of four ranges of the standard, and
+/// each of those to a voltage that the adapter offers its full current at.
+std::optional<double> wattsOfMisreadRange(std::int64_t microvolts, std::int64_t microamperes) {
+  constexpr std::int64_t microvoltsPerStep = 50'000;
+  constexpr std::int64_t microamperesPerStep = 10'000;
+  if (microvolts % microvoltsPerStep != 0 || microamperes % microamperesPerStep != 0) {
+    return std::nullopt;
+  }
+  const auto voltageBits = static_cast<std::uint64_t>(microvolts / microvoltsPerStep);
+  const auto currentBits = static_cast<std::uint64_t>(microamperes / microamperesPerStep);
+  if (voltageBits > 0x3FFU || currentBits > 0x3FFU) {
+    return std::nullopt;
+  }
+  const std::uint64_t offer = (voltageBits << 10U) | currentBits;
+  const std::uint64_t minTenthsOfVolts = (offer >> 8U) & 0xFFU;
+  const std::uint64_t endOfMax = (offer >> 17U) & 0x7U;
+  const double amperes = static_cast<double>(offer & 0x7FU) * 0.05;
+  constexpr std::uint64_t usualMin = 33;
+  constexpr std::uint64_t otherMin = 50;
+  if ((minTenthsOfVolts != usualMin && minTenthsOfVolts != otherMin) || (offer & 0x10080U) != 0) {
+    return std::nullopt;
+  }
+  struct Range {
+    std::uint64_t maxTenthsOfVolts;
+    double volts;
+  };
+  for (const Range range : {Range{59, 5}, Range{110, 9}, Range{160, 15}, Range{210, 20}}) {
+    if ((range.maxTenthsOfVolts & 0x7U) == endOfMax) {
+      return range.volts * amperes;
+    }
+  }
+  return std::nullopt;
+}
+
 } // namespace
 
 /// The driver of UCSI counts the ports of its controller from 1 and has the number behind the
@@ -41,9 +78,10 @@ std::optional<int> typecPortOf(const PowerSupply& supply, const Machine& machine
   constexpr std::string_view chromebookPrefix = "CROS_USBPD_CHARGER";
   if (supply.name.starts_with(chromebookPrefix)) {
     const auto number = parseDecimal(std::string_view(supply.name).substr(chromebookPrefix.size()));
-    return number && *number >= 0 && machine.typecPorts.contains(static_cast<int>(*number & 0xFFFF))
-               ? std::optional(static_cast<int>(*number))
-               : std::nullopt;
+    const auto& known = machine.typecPorts;
+    const auto port = std::find_if(known.begin(), known.end(),
+                                   [&](const auto& entry) { return number == entry.first; });
+    return port == known.end() ? std::nullopt : std::optional(port->first);
   }
   const std::vector<int> ports = portsOfController(supply.controller, machine);
   const std::string prefix =
@@ -90,42 +128,6 @@ std::optional<int> chargingPort(const Machine& machine) {
 
 std::optional<double> measuredWatts(const PowerSupply& supply) {
   return supply.tellsContract() ? std::nullopt : product(supply.voltageNow, supply.currentNow);
-}
-
-/// Some kernels take the last offer for one of a fixed voltage though it is one of a range, and
-/// read voltage and current from bits that mean something else. Put together again they are the
-/// range: its end, of which three bits are left, belongs to one of four ranges of the standard, and
-/// each of those to a voltage that the adapter offers its full current at.
-std::optional<double> wattsOfMisreadRange(std::int64_t microvolts, std::int64_t microamperes) {
-  constexpr std::int64_t microvoltsPerStep = 50'000;
-  constexpr std::int64_t microamperesPerStep = 10'000;
-  if (microvolts % microvoltsPerStep != 0 || microamperes % microamperesPerStep != 0) {
-    return std::nullopt;
-  }
-  const auto voltageBits = static_cast<std::uint64_t>(microvolts / microvoltsPerStep);
-  const auto currentBits = static_cast<std::uint64_t>(microamperes / microamperesPerStep);
-  if (voltageBits > 0x3FFU || currentBits > 0x3FFU) {
-    return std::nullopt;
-  }
-  const std::uint64_t offer = (voltageBits << 10U) | currentBits;
-  const std::uint64_t minTenthsOfVolts = (offer >> 8U) & 0xFFU;
-  const std::uint64_t endOfMax = (offer >> 17U) & 0x7U;
-  const double amperes = static_cast<double>(offer & 0x7FU) * 0.05;
-  constexpr std::uint64_t usualMin = 33;
-  constexpr std::uint64_t otherMin = 50;
-  if ((minTenthsOfVolts != usualMin && minTenthsOfVolts != otherMin) || (offer & 0x10080U) != 0) {
-    return std::nullopt;
-  }
-  struct Range {
-    std::uint64_t maxTenthsOfVolts;
-    double volts;
-  };
-  for (const Range range : {Range{59, 5}, Range{110, 9}, Range{160, 15}, Range{210, 20}}) {
-    if ((range.maxTenthsOfVolts & 0x7U) == endOfMax) {
-      return range.volts * amperes;
-    }
-  }
-  return std::nullopt;
 }
 
 std::optional<double> ratedWatts(const PowerSupply& supply) {

@@ -150,6 +150,25 @@ TEST(PortControllers, TakeOneAdapterOfSeveral) {
   EXPECT_EQ(textOf(ports.at(1)), "active charger (unknown)");
 }
 
+TEST(PortControllers, KnowTheAdapterOfAChromebookByTheNumberOfItsPort) {
+  const TypecPort sink{.role = PowerRole::sink, .partner = TypecPartner{}};
+  const auto chargers = [&](const std::string& name) {
+    Machine machine;
+    machine.typecPorts = {{0, sink}, {2, sink}};
+    machine.powerSupplies = {{.name = name, .type = "USB", .isOnline = true}};
+    std::string numbers;
+    for (const HPMPort& port : portsOf(machine)) {
+      numbers += port.isCharger() ? std::to_string(port.portNumber) : "";
+    }
+    return numbers;
+  };
+  EXPECT_EQ(chargers("CROS_USBPD_CHARGER2"), "3");
+  // Ports that are not there; then the first that takes power.
+  for (const char* number : {"1", "65538", "4294967298", "-2", "x", ""}) {
+    EXPECT_EQ(chargers(std::string("CROS_USBPD_CHARGER") + number), "1") << number;
+  }
+}
+
 TEST(PortControllers, TellWhatWasAgreedOn) {
   TypecPort port{.role = PowerRole::sink,
                  .partner = TypecPartner{},
