@@ -1,6 +1,5 @@
 #include "inspect/port_document.h"
 
-#include <algorithm>
 #include <optional>
 #include <string_view>
 
@@ -44,11 +43,8 @@ Document describePorts(const std::vector<ThunderboltBus>& buses,
                        const std::vector<HPMPort>& controllers) {
   return listOf(buses, [&](const ThunderboltBus& bus) {
     const std::int64_t portNumber = bus.busNumber + 1;
-    const auto found =
-        std::find_if(controllers.begin(), controllers.end(), [&](const HPMPort& port) {
-          return port.portNumber == portNumber && !port.isMagSafe;
-        });
-    const HPMPort controller = found == controllers.end() ? HPMPort() : *found;
+    const HPMPort* known = usbcController(controllers, portNumber);
+    const HPMPort controller = known == nullptr ? HPMPort() : *known;
     return Document{
         {"portNumber", portNumber},
         {"receptacles", listOf(bus.receptacles, describeReceptacle)},

@@ -2,6 +2,8 @@
 
 #include "model/usb_records.h"
 
+#include <algorithm>
+
 namespace tamberline {
 
 bool HPMPort::carriesPowerOnly() const {
@@ -28,6 +30,13 @@ std::optional<std::string> HPMPort::cableLabel() const {
 
 std::string HPMPort::label() const {
   return friendlyPortName((isMagSafe ? "MagSafe 3@" : "USB-C@") + std::to_string(portNumber));
+}
+
+const HPMPort* usbcController(const std::vector<HPMPort>& controllers, std::int64_t portNumber) {
+  const auto found = std::find_if(controllers.begin(), controllers.end(), [&](const HPMPort& port) {
+    return port.portNumber == portNumber && !port.isMagSafe;
+  });
+  return found == controllers.end() ? nullptr : &*found;
 }
 
 } // namespace tamberline

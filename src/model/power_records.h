@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tamberline {
 
@@ -90,6 +91,10 @@ struct HPMPort {
 private:
   bool carriesPowerOnly() const;
 };
+
+/// The first controller of a USB-C port, 1-based; null when there is none. A MagSafe port can have
+/// the same number.
+const HPMPort* usbcController(const std::vector<HPMPort>& controllers, std::int64_t portNumber);
 
 /// One port as the battery controller sees it.
 struct FedPortState {

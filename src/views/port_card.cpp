@@ -3,7 +3,6 @@
 #include "base/text.h"
 #include "i18n/loc.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace tamberline {
@@ -31,14 +30,6 @@ std::optional<std::int64_t> chargerWatts(const TreeNode& node) {
     }
   }
   return std::nullopt;
-}
-
-/// The controller of a USB-C port; a MagSafe port can have the same number.
-const HPMPort* usbcController(const std::vector<HPMPort>& ports, std::int64_t portNumber) {
-  const auto found = std::find_if(ports.begin(), ports.end(), [&](const HPMPort& port) {
-    return port.portNumber == portNumber && !port.isMagSafe;
-  });
-  return found == ports.end() ? nullptr : &*found;
 }
 
 void appendControllerBadges(const HPMPort& port, std::vector<PortBadge>& badges) {
