@@ -181,15 +181,16 @@ Document describe(const PortCard& card) {
   return {
       {"card", "port"},
       {"id", card.id},
-      {"inUse", card.inUse},
-      {"dotTooltip", card.dotTooltip},
-      {"title", card.title},
-      {"itemCount", orNull(card.itemCount)},
-      {"itemCountTooltip", orNull(card.itemCountTooltip)},
-      {"badges", listOf(card.badges, [](const PortBadge& badge) { return describe(badge); })},
-      {"measuredPower", describeOrNull(card.measuredPower)},
-      {"agreedPower", describeOrNull(card.agreedPower)},
-      {"portPowerBar", describeOrNull(card.portPowerBar)},
+      {"inUse", card.header.inUse},
+      {"dotTooltip", card.header.dotTooltip},
+      {"title", card.header.title},
+      {"itemCount", orNull(card.header.itemCount)},
+      {"itemCountTooltip", orNull(card.header.itemCountTooltip)},
+      {"badges",
+       listOf(card.header.badges, [](const PortBadge& badge) { return describe(badge); })},
+      {"measuredPower", describeOrNull(card.power.measured)},
+      {"agreedPower", describeOrNull(card.power.agreed)},
+      {"portPowerBar", describeOrNull(card.power.ratedBar)},
       {"rows", describe(card.rows)},
       {"nothingAttached", orNull(card.nothingAttached)},
   };
@@ -209,22 +210,22 @@ Document describe(const ChargerCard& card) {
   return {
       {"card", "charger"},
       {"id", card.id},
-      {"title", card.title},
-      {"port", card.port},
-      {"portTooltip", card.portTooltip},
+      {"title", card.header.title},
+      {"port", card.header.port},
+      {"portTooltip", card.header.portTooltip},
       {"row", describe(card.row)},
   };
 }
 
 std::string_view nameOf(Panel::State state) {
   switch (state) {
-  case Panel::State::error:
+  case Panel::State::Error:
     return "error";
-  case Panel::State::scanning:
+  case Panel::State::Scanning:
     return "scanning";
-  case Panel::State::empty:
+  case Panel::State::Empty:
     return "empty";
-  case Panel::State::cards:
+  case Panel::State::Cards:
     return "cards";
   }
   return "";

@@ -30,7 +30,7 @@ void append(TextLine& line, TextSpan span) {
 }
 
 void appendIfShown(TextLine& line, const std::optional<std::string>& text,
-                   Color color = Color::secondary) {
+                   Color color = Color::Secondary) {
   if (text) {
     append(line, {*text, color});
   }
@@ -56,7 +56,7 @@ void appendBar(TextLine& line, const TriBar& bar, Color color) {
   const int cable = bar.showsCableLayer() ? std::min(beyondUsed, barWidth - used) : 0;
   append(line, {repeated("█", used), color});
   line.push_back({repeated("▒", cable), color});
-  line.push_back({repeated("░", barWidth - used - cable), Color::grey});
+  line.push_back({repeated("░", barWidth - used - cable), Color::Grey});
 }
 
 /// A name from outside; one that is empty still has a place in its row.
@@ -67,7 +67,7 @@ std::string shownName(std::string_view name) {
 
 TextSpan badgeSpan(const Badge& badge) {
   if (!badge.color) {
-    return {badge.text, Color::secondary};
+    return {badge.text, Color::Secondary};
   }
   return {"[" + shownName(badge.text) + "]", *badge.color};
 }
@@ -76,7 +76,7 @@ TextLine speedLine(const SpeedBarRow& bar) {
   TextLine line;
   appendBar(line, {bar.ratio, 0}, bar.color);
   append(line, {bar.speedLabel, bar.color});
-  append(line, {bar.portMaxLabel, Color::secondary});
+  append(line, {bar.portMaxLabel, Color::Secondary});
   return line;
 }
 
@@ -85,7 +85,7 @@ TextLine powerLine(const PowerBarRow& row) {
   appendBar(line, row.bar, row.color);
   append(line, {row.used});
   if (row.allocated) {
-    line.push_back({" " + *row.allocated, Color::secondary});
+    line.push_back({" " + *row.allocated, Color::Secondary});
   }
   appendIfShown(line, row.portMax);
   return line;
@@ -93,19 +93,19 @@ TextLine powerLine(const PowerBarRow& row) {
 
 TextLine measuredLine(const MeasuredPower& power) {
   TextLine line;
-  appendBar(line, power.bar, Color::blue);
+  appendBar(line, power.bar, Color::Blue);
   append(line, {power.used});
   if (power.allocated) {
-    line.push_back({" · " + *power.allocated, Color::secondary});
+    line.push_back({" · " + *power.allocated, Color::Secondary});
   }
-  append(line, {power.voltageCurrent, Color::secondary});
+  append(line, {power.voltageCurrent, Color::Secondary});
   return line;
 }
 
 TextLine volumeLine(const VolumeRow& volume) {
-  TextLine line = {{volume.label, Color::secondary}};
+  TextLine line = {{volume.label, Color::Secondary}};
   append(line, {shownName(volume.name)});
-  append(line, {shownText(volume.mountPoint), Color::secondary});
+  append(line, {shownText(volume.mountPoint), Color::Secondary});
   return line;
 }
 
@@ -127,7 +127,7 @@ std::vector<TextLine> linesOf(const TBDeviceRow& row) {
     lines.push_back(speedLine(*row.speedBar));
   }
   if (row.link && isNewsBesideTheBar(*row.link, row.speedBar)) {
-    lines.push_back({{row.link->text, Color::secondary}});
+    lines.push_back({{row.link->text, Color::Secondary}});
   }
   return lines;
 }
@@ -142,14 +142,14 @@ std::vector<TextLine> linesOf(const USBDeviceDetailRow& row) {
   TextLine first = {{shownName(row.name)}};
   append(first, {shownText(row.speedText), row.speedColor});
   if (row.hubTotal) {
-    append(first, {row.hubTotal->text, Color::secondary});
+    append(first, {row.hubTotal->text, Color::Secondary});
   }
   std::vector<TextLine> lines = {std::move(first)};
   if (row.speedBar) {
     lines.push_back(speedLine(*row.speedBar));
   }
   if (row.speedNote) {
-    lines.push_back({{"↑ " + row.speedNote->note, Color::orange}});
+    lines.push_back({{"↑ " + row.speedNote->note, Color::Orange}});
   }
   if (row.powerBar) {
     lines.push_back(powerLine(*row.powerBar));
@@ -161,18 +161,18 @@ std::vector<TextLine> linesOf(const USBDeviceDetailRow& row) {
 }
 
 std::vector<TextLine> linesOf(const ChargerRow& row) {
-  TextLine line = {{"⚡ ", Color::yellow}, {shownName(row.name)}};
+  TextLine line = {{"⚡ ", Color::Yellow}, {shownName(row.name)}};
   if (row.rated) {
     append(line, {(row.isCharging ? "▲ " : "") + *row.rated,
-                  row.isCharging ? Color::green : Color::secondary});
+                  row.isCharging ? Color::Green : Color::Secondary});
   }
   return {std::move(line)};
 }
 
 std::vector<TextLine> linesOf(const ChargingOnlyRow& row) {
-  TextLine first = {{"⚡ ", Color::yellow}, {row.title}};
+  TextLine first = {{"⚡ ", Color::Yellow}, {row.title}};
   append(first, badgeSpan(row.badge));
-  return {std::move(first), {{row.detail, Color::secondary}}};
+  return {std::move(first), {{row.detail, Color::Secondary}}};
 }
 
 std::vector<TextTree> treesOf(const std::vector<ExpandableRow>& rows) {
@@ -187,35 +187,36 @@ std::vector<TextTree> treesOf(const std::vector<ExpandableRow>& rows) {
 
 void appendIfEmpty(const std::optional<std::string>& nothingAttached, TextTree& tree) {
   if (nothingAttached) {
-    tree.lines.push_back({{*nothingAttached, Color::secondary}});
+    tree.lines.push_back({{*nothingAttached, Color::Secondary}});
   }
 }
 
 TextTree treeOf(const PortCard& card) {
-  TextLine header = {{card.inUse ? "● " : "○ ", card.inUse ? Color::green : Color::grey},
-                     {card.title, Color::primary, /*isBold=*/true}};
-  appendIfShown(header, card.itemCount);
-  for (const PortBadge& badge : card.badges) {
+  TextLine header = {
+      {card.header.inUse ? "● " : "○ ", card.header.inUse ? Color::Green : Color::Grey},
+      {card.header.title, Color::Primary, /*isBold=*/true}};
+  appendIfShown(header, card.header.itemCount);
+  for (const PortBadge& badge : card.header.badges) {
     append(header, badgeSpan(badge.badge));
     if (badge.kind == PortBadge::Kind::capacity) { // which its tooltip says in the panel
-      header.push_back({" " + std::string(Loc::portMax()), Color::secondary});
+      header.push_back({" " + std::string(Loc::portMax()), Color::Secondary});
     }
   }
   TextTree tree{{std::move(header)}, treesOf(card.rows)};
-  if (card.measuredPower) {
-    tree.lines.push_back(measuredLine(*card.measuredPower));
+  if (card.power.measured) {
+    tree.lines.push_back(measuredLine(*card.power.measured));
   }
-  if (card.agreedPower) {
-    TextLine line = {{"⚡ ", Color::secondary}, {card.agreedPower->watts}};
-    append(line, {card.agreedPower->voltageCurrent, Color::secondary});
+  if (card.power.agreed) {
+    TextLine line = {{"⚡ ", Color::Secondary}, {card.power.agreed->watts}};
+    append(line, {card.power.agreed->voltageCurrent, Color::Secondary});
     tree.lines.push_back(std::move(line));
   }
-  if (card.portPowerBar) {
-    tree.lines.push_back(powerLine(*card.portPowerBar));
+  if (card.power.ratedBar) {
+    tree.lines.push_back(powerLine(*card.power.ratedBar));
   }
   if (card.partner) {
     tree.lines.push_back({{card.partner->title}});
-    tree.lines.push_back({{card.partner->detail, Color::secondary}});
+    tree.lines.push_back({{card.partner->detail, Color::Secondary}});
   }
   appendIfEmpty(card.nothingAttached, tree);
   return tree;
@@ -229,8 +230,8 @@ TextTree treeOf(const StandaloneUSBCard& card) {
 }
 
 TextTree treeOf(const ChargerCard& card) {
-  TextLine header = {{card.title, Color::primary, /*isBold=*/true}};
-  append(header, {card.port, Color::secondary});
+  TextLine header = {{card.header.title, Color::Primary, /*isBold=*/true}};
+  append(header, {card.header.port, Color::Secondary});
   return {{std::move(header)}, {TextTree{linesOf(card.row), {}}}};
 }
 
@@ -239,7 +240,7 @@ TextTree treeOf(const ChargerCard& card) {
 std::string panelText(const Panel& panel, bool useColors, std::optional<int> columns) {
   std::vector<TextTree> trees;
   if (panel.message) {
-    const Color color = panel.state == Panel::State::error ? Color::orange : Color::secondary;
+    const Color color = panel.state == Panel::State::Error ? Color::Orange : Color::Secondary;
     trees.push_back({{{{shownText(*panel.message), color}}}, {}});
   }
   for (const Card& card : panel.cards) {

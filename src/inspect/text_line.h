@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/colors.h"
+#include "views/view_enums.h"
 
 #include <string>
 #include <vector>
@@ -10,7 +10,7 @@ namespace tamberline {
 /// A piece of a line in one style.
 struct TextSpan {
   std::string text;
-  Color color = Color::primary;
+  Color color = Color::Primary;
   bool isBold = false;
 };
 

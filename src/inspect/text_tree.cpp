@@ -12,28 +12,29 @@ namespace {
 
 std::string_view escapeCodeOf(Color color) {
   switch (color) {
-  case Color::green:
+  case Color::Green:
     return "32";
-  case Color::amber:
-  case Color::yellow:
+  case Color::Amber:
+  case Color::SpeedTextAmber:
+  case Color::Yellow:
     return "33";
-  case Color::orange:
+  case Color::Orange:
     return "38;5;208";
-  case Color::red:
+  case Color::Red:
     return "31";
-  case Color::blue:
+  case Color::Blue:
     return "34";
-  case Color::purple:
+  case Color::Purple:
     return "35";
-  case Color::grey:
+  case Color::Grey:
     return "90";
-  case Color::accent:
+  case Color::Accent:
     return "36";
-  case Color::secondary:
+  case Color::Secondary:
     return "2";
-  case Color::primary:
-  case Color::textBackground:
-  case Color::clear:
+  case Color::Primary:
+  case Color::TextBackground:
+  case Color::Clear:
     break;
   }
   return ""; // the terminal's own foreground
@@ -85,7 +86,7 @@ private:
   }
 
   void appendLine(const TextLine& line, const std::string& prefix) {
-    appendSpan({prefix, Color::grey});
+    appendSpan({prefix, Color::Grey});
     for (const TextSpan& span : line) {
       appendSpan(span);
     }

@@ -14,8 +14,8 @@ constexpr const char* property = "tamberlinePanelContext";
 /// QML makes a singleton of its own of every type that it can, instead of asking `create`.
 template <typename... Singleton>
 constexpr bool areMadeHere = (!std::is_default_constructible_v<Singleton> && ...);
-static_assert(areMadeHere<Hints, PanelController, PanelSizing, Popover, SearchController, Theme,
-                          UpdatedText>);
+static_assert(areMadeHere<Hints, PanelController, PanelSizing, Popover, SearchController,
+                          StatusColors, Theme, UpdatedText>);
 
 } // namespace
 
@@ -25,8 +25,8 @@ PanelContext::PanelContext(Outside outside)
       panel_(outside.scanner, outside.queue, std::move(outside.actions)),
       search_(outside.scanner, outside.queue,
               [this](const std::string& id) { return panel_.rows()->indexOf(id); }) {
-  for (QObject* singleton : std::initializer_list<QObject*>{&theme_, &sizing_, &hints_, &popover_,
-                                                            &updated_, &panel_, &search_}) {
+  for (QObject* singleton : std::initializer_list<QObject*>{
+           &theme_, &statusColors_, &sizing_, &hints_, &popover_, &updated_, &panel_, &search_}) {
     QQmlEngine::setObjectOwnership(singleton, QQmlEngine::CppOwnership);
   }
 }

@@ -6,6 +6,7 @@
 #include "panel/panel_sizing.h"
 #include "panel/popover.h"
 #include "panel/search_controller.h"
+#include "panel/status_colors.h"
 #include "panel/theme.h"
 #include "panel/updated_text.h"
 #include "scanner/port_scanner.h"
@@ -41,6 +42,7 @@ public:
   SearchController* search() { return &search_; }
   PanelSizing* sizing() { return &sizing_; }
   Theme* theme() { return &theme_; }
+  StatusColors* statusColors() { return &statusColors_; }
   Hints* hints() { return &hints_; }
   Popover* popover() { return &popover_; }
   SymbolImageCache& symbols() { return symbols_; }
@@ -49,6 +51,7 @@ public:
 private:
   SymbolImageCache symbols_;
   Theme theme_;
+  StatusColors statusColors_{theme_};
   PanelSizing sizing_;
   Hints hints_;
   Popover popover_{nullptr};

@@ -1,39 +1,14 @@
 #include "panel/panel_controller.h"
 
-#include "i18n/loc.h"
 #include "panel/panel_context.h"
-#include "panel/row_variants.h"
 #include "tree/node_identifiers.h"
 #include "views/panel_inputs.h"
+#include "views/panel_rows.h"
 
 #include <utility>
 
 namespace tamberline {
 namespace {
-
-QString nameOf(Panel::State state) {
-  switch (state) {
-  case Panel::State::error:
-    return QStringLiteral("error");
-  case Panel::State::scanning:
-    return QStringLiteral("scanning");
-  case Panel::State::empty:
-    return QStringLiteral("empty");
-  case Panel::State::cards:
-    return QStringLiteral("cards");
-  }
-  return {};
-}
-
-QVariantMap allTexts() {
-  QVariantMap texts;
-  for (const Loc::FixedText& entry : Loc::fixedTexts()) {
-    const std::string_view text = entry.text();
-    texts.insert(QString::fromUtf8(entry.key.data(), static_cast<qsizetype>(entry.key.size())),
-                 QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
-  }
-  return texts;
-}
 
 void appendIDs(const std::vector<TreeNode>& nodes, std::vector<std::string>& ids) {
   for (const TreeNode& node : nodes) {
@@ -46,7 +21,7 @@ void appendIDs(const std::vector<TreeNode>& nodes, std::vector<std::string>& ids
 
 PanelController::PanelController(std::shared_ptr<PortScanner> scanner,
                                  std::shared_ptr<MainQueue> queue, PanelActions actions)
-    : scanner_(std::move(scanner)), actions_(std::move(actions)), texts_(allTexts()),
+    : scanner_(std::move(scanner)), actions_(std::move(actions)),
       pulses_(scanner_, std::move(queue), [this] { refreshRows(); }) {
   describe();
   observeScanner();
@@ -68,7 +43,7 @@ void PanelController::observeScanner() {
   observations_.push_back(scanner_->portCurrentLimitMa.observe(redescribe));
   observations_.push_back(scanner_->errorMessage.observe(redescribe));
   observations_.push_back(scanner_->isScanning.observe([this] {
-    if (panel_->state != Panel::State::cards) { // cards say nothing of a scan under way
+    if (panel_->state != Panel::State::Cards) { // cards say nothing of a scan under way
       describe();
     }
     emit isScanningChanged();
@@ -81,12 +56,12 @@ void PanelController::observeScanner() {
   observations_.push_back(scanner_->highlightedNodeID.observe([this] { followHighlight(); }));
 }
 
-QString PanelController::state() const {
-  return nameOf(panel_->state);
+views::PanelState PanelController::state() const {
+  return panel_->state;
 }
 
 QString PanelController::message() const {
-  return displayText(panel_->message.value_or(""), longestTooltip);
+  return shownTooltip(panel_->message.value_or(""));
 }
 
 void PanelController::scan() {
@@ -180,19 +155,19 @@ void PanelController::refreshRows() {
 }
 
 void PanelController::showRows() {
-  rows_.setRows(panel_,
-                panelRows(*panel_, {.expansion = expansion_,
-                                    .expandedOverrideIDs = scanner_->expandedOverrideIDs.get(),
-                                    .benchmarks = scanner_->benchmarks.get(),
-                                    .ejectStates = scanner_->ejectStates.get(),
-                                    .pulses = pulses_.phases(),
-                                    .testProgress = scanner_->testProgress.get()}));
-  for (int index = 0; index < rows_.rowCount(); ++index) {
-    const PanelRow& row = *rows_.rowAt(index);
-    if (const auto* tree = std::get_if<const ExpandableRow*>(&row.source)) {
-      expansion_.see(row.id, (*tree)->startsExpanded);
+  std::vector<PanelRow> rows =
+      panelRows(*panel_, {.expansion = expansion_,
+                          .expandedOverrideIDs = scanner_->expandedOverrideIDs.get(),
+                          .benchmarks = scanner_->benchmarks.get(),
+                          .ejectStates = scanner_->ejectStates.get(),
+                          .pulses = pulses_.phases(),
+                          .testProgress = scanner_->testProgress.get()});
+  for (const PanelRow& row : rows) {
+    if (row.place) {
+      expansion_.see(row.id, row.place->startsExpanded);
     }
   }
+  rows_.setRows(std::move(rows));
 }
 
 /// A row's pulse goes with the row; it begins when the highlight comes to a row that is shown, or

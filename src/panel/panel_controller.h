@@ -2,15 +2,16 @@
 
 #include "async/main_queue.h"
 #include "panel/panel_list_model.h"
+#include "panel/panel_texts.h"
 #include "panel/row_pulses.h"
 #include "scanner/port_scanner.h"
 #include "symbols/symbol_image.h"
 #include "views/panel.h"
 #include "views/row_expansion.h"
+#include "views/view_enums.h"
 
 #include <QObject>
 #include <QString>
-#include <QVariantMap>
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
@@ -43,13 +44,11 @@ class PanelController final : public QObject {
   QML_SINGLETON
 
   Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
-  /// "error", "scanning", "empty" or "cards".
-  Q_PROPERTY(QString state READ state NOTIFY stateChanged)
+  Q_PROPERTY(tamberline::views::PanelState state READ state NOTIFY stateChanged)
   /// Stands in place of the cards.
   Q_PROPERTY(QString message READ message NOTIFY stateChanged)
   Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
-  /// The texts without an argument: a map by key, as a plain value like the colours of Theme.
-  Q_PROPERTY(QVariant texts READ texts CONSTANT)
+  Q_PROPERTY(tamberline::PanelTexts texts READ texts CONSTANT)
   Q_PROPERTY(bool canTestVolumes READ canTestVolumes CONSTANT)
   Q_PROPERTY(bool canEject READ canEject CONSTANT)
   Q_PROPERTY(bool canOpenManual READ canOpenManual CONSTANT)
@@ -64,10 +63,10 @@ public:
   static PanelController* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   PanelListModel* rows() { return &rows_; }
-  QString state() const;
+  views::PanelState state() const;
   QString message() const;
   bool isScanning() const { return scanner_->isScanning.get(); }
-  QVariant texts() const { return texts_; }
+  PanelTexts texts() const { return {}; }
   bool canTestVolumes() const { return actions_.runBenchmark != nullptr; }
   bool canEject() const { return actions_.eject != nullptr; }
   bool canOpenManual() const { return actions_.openManual != nullptr; }
@@ -102,7 +101,6 @@ private:
 
   std::shared_ptr<PortScanner> scanner_;
   PanelActions actions_;
-  QVariantMap texts_;
   bool canDrawSymbols_ = tamberline::canDrawSymbols();
   RowExpansion expansion_;
   RowPulses pulses_;

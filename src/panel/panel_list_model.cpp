@@ -1,8 +1,8 @@
 #include "panel/panel_list_model.h"
 
 #include "panel/list_changes.h"
-#include "panel/row_variants.h"
 #include "views/row_sentences.h"
+#include "views/shown_labels.h"
 
 #include <QString>
 #include <QVariant>
@@ -13,11 +13,6 @@
 
 namespace tamberline {
 namespace {
-
-const ExpandableRow* treeRow(const PanelRow& row) {
-  const auto* source = std::get_if<const ExpandableRow*>(&row.source);
-  return source == nullptr ? nullptr : *source;
-}
 
 /// A line that becomes another kind is drawn by another component, so it is another line.
 std::vector<std::string> keysOf(const std::vector<PanelRow>& rows) {
@@ -44,35 +39,34 @@ QVariant PanelListModel::data(const QModelIndex& index, int role) const {
   if (row == nullptr) {
     return {};
   }
-  const ExpandableRow* tree = treeRow(*row);
+  const PanelRow::TreePlace place = row->place.value_or(PanelRow::TreePlace{});
   switch (role) {
   case KindRole:
-    return nameOf(row->kind);
+    return static_cast<int>(row->kind);
   case RowIdRole:
     return QString::fromStdString(row->id);
   case ContentRole:
-    return contentVariant(*row);
+    return std::visit([](const auto& content) { return QVariant::fromValue(content); },
+                      row->content);
   case Qt::DisplayRole:
   case SentenceRole:
-    return displayText(rowSentence(*row), longestSentence);
+    return shownLabel(rowSentence(*row), maxSentenceLength);
   case FirstOfCardRole:
     return row->isFirstOfCard;
   case LastOfCardRole:
     return row->isLastOfCard;
   case DepthRole:
-    return tree == nullptr ? 0 : tree->depth;
+    return place.depth;
   case LastSiblingRole:
-    return tree != nullptr && tree->isLast;
+    return place.isLast;
   case CanExpandRole:
     return row->canExpand;
   case ExpandedRole:
     return row->isExpanded;
   case TintRole:
-    return colorName(tree == nullptr ? Color::clear : tree->tint.color);
-  case TintOpacityRole:
-    return tree == nullptr ? 0.0 : tree->tint.opacity;
+    return QVariant::fromValue(place.tint);
   case PulseRole:
-    return nameOf(row->pulse);
+    return static_cast<int>(row->pulse);
   default:
     return {};
   }
@@ -91,16 +85,13 @@ QHash<int, QByteArray> PanelListModel::roleNames() const {
       {CanExpandRole, "canExpand"},
       {ExpandedRole, "isExpanded"},
       {TintRole, "tint"},
-      {TintOpacityRole, "tintOpacity"},
       {PulseRole, "pulse"},
   };
 }
 
-void PanelListModel::setRows(std::shared_ptr<const Panel> panel,
-                             const std::vector<PanelRow>& rows) {
+void PanelListModel::setRows(std::vector<PanelRow> rows) {
   applyChanges(rows);
-  replaceWhatDiffers(rows);
-  panel_ = std::move(panel);
+  replaceChangedRows(std::move(rows));
 }
 
 const PanelRow* PanelListModel::rowAt(int index) const {
@@ -142,12 +133,11 @@ void PanelListModel::applyChanges(const std::vector<PanelRow>& rows) {
   }
 }
 
-/// The order is the new one already; old rows still point into the old panel.
-void PanelListModel::replaceWhatDiffers(const std::vector<PanelRow>& rows) {
+/// The order is the new one already.
+void PanelListModel::replaceChangedRows(std::vector<PanelRow> rows) {
   for (std::size_t index = 0; index < rows.size(); ++index) {
-    const bool isChanged = !lookTheSame(rows_[index], rows[index]);
-    rows_[index] = rows[index];
-    if (isChanged) {
+    if (rows_[index] != rows[index]) {
+      rows_[index] = std::move(rows[index]);
       const QModelIndex changed = createIndex(asInt(index), 0);
       emit dataChanged(changed, changed);
     }

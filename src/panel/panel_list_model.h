@@ -4,7 +4,6 @@
 
 #include <QAbstractListModel>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,7 +18,7 @@ public:
   enum Role : int {
     KindRole = Qt::UserRole + 1,
     RowIdRole,
-    ContentRole,
+    ContentRole, // a value of the type that the kind's component wants
     SentenceRole,
     FirstOfCardRole,
     LastOfCardRole,
@@ -28,7 +27,6 @@ public:
     CanExpandRole,
     ExpandedRole,
     TintRole,
-    TintOpacityRole,
     PulseRole,
   };
 
@@ -38,8 +36,7 @@ public:
   QVariant data(const QModelIndex& index, int role) const override;
   QHash<int, QByteArray> roleNames() const override;
 
-  /// `rows` point into `panel`.
-  void setRows(std::shared_ptr<const Panel> panel, const std::vector<PanelRow>& rows);
+  void setRows(std::vector<PanelRow> rows);
 
   /// Absent outside the list.
   const PanelRow* rowAt(int index) const;
@@ -48,9 +45,8 @@ public:
 
 private:
   void applyChanges(const std::vector<PanelRow>& rows);
-  void replaceWhatDiffers(const std::vector<PanelRow>& rows);
+  void replaceChangedRows(std::vector<PanelRow> rows);
 
-  std::shared_ptr<const Panel> panel_; // what the rows point into
   std::vector<PanelRow> rows_;
 };
 

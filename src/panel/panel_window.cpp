@@ -1,6 +1,7 @@
 #include "panel/panel_window.h"
 
 #include "panel/panel_size.h"
+#include "panel/qml_modules.h"
 
 #include <QKeyEvent>
 #include <QQmlEngine>
@@ -9,17 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-
-// Registers the types of the QML module; the linker would drop it if nobody called it.
-// NOLINTNEXTLINE(readability-identifier-naming): Qt's tools give the name.
-extern void qml_register_types_Tamberline();
-
-// Likewise for the compiled QML, which some versions of Qt leave to whoever links the module.
-// Without it Qt compiles the panel at each start and keeps the result among the person's files. The
-// macro declares what it calls, so it cannot stand in a namespace.
-static void useCompiledQml() {
-  Q_INIT_RESOURCE(qmlcache_tamberline_panel);
-}
 
 namespace tamberline {
 namespace {
@@ -35,9 +25,7 @@ bool startsText(const QKeyEvent& event) {
 } // namespace
 
 PanelWindow::PanelWindow(PanelContext& context, Kind kind) : context_(context) {
-  qml_register_types_Tamberline();
-  useCompiledQml();
-  engine()->addImportPath(QStringLiteral(":/qml"));
+  useQmlModules(*engine());
   context_.attachTo(*engine());
   setTitle(QStringLiteral("Tamberline"));
   setFlags(kind == Kind::attached ? Qt::Tool | Qt::FramelessWindowHint

@@ -23,8 +23,8 @@ RowPulses::~RowPulses() {
 
 void RowPulses::start(const std::string& id) {
   cancel(id);
-  phases_[id] = Pulse::throbbing;
-  nextSteps_[id] = queue_->postLater(throbbingTime, [this, id] { enter(id, Pulse::fading); });
+  phases_[id] = Pulse::Throbbing;
+  nextSteps_[id] = queue_->postLater(throbbingTime, [this, id] { enter(id, Pulse::Fading); });
 }
 
 void RowPulses::cancel(const std::string& id) {

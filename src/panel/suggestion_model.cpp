@@ -1,6 +1,6 @@
 #include "panel/suggestion_model.h"
 
-#include "panel/row_variants.h"
+#include "views/shown_labels.h"
 
 #include <utility>
 
@@ -29,13 +29,13 @@ QVariant SuggestionModel::data(const QModelIndex& index, int role) const {
   switch (role) {
   case Qt::DisplayRole:
   case NameRole:
-    return displayText(entry->name);
+    return shownLabel(entry->name);
   case DetailRole:
-    return displayText(entry->detail);
+    return shownLabel(entry->detail);
   case BreadcrumbRole:
-    return displayText(entry->breadcrumb, longestTooltip);
+    return shownTooltip(entry->breadcrumb);
   case SentenceRole:
-    return displayText(sentenceOf(*entry), longestSentence);
+    return shownLabel(sentenceOf(*entry), maxSentenceLength);
   default:
     return {};
   }

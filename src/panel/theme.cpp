@@ -2,13 +2,10 @@
 
 #include "panel/color_math.h"
 #include "panel/panel_context.h"
-#include "panel/row_variants.h"
 
 #include <QEvent>
 #include <QFontInfo>
 #include <QGuiApplication>
-
-#include <utility>
 
 namespace tamberline {
 namespace {
@@ -23,32 +20,8 @@ constexpr double countShare = 0.15;
 /// The sizes below are right for a platform whose own text is this large.
 constexpr double designPixelSize = 13;
 
-QColor rgb(double red, double green, double blue) {
-  return QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green),
-                          static_cast<float>(blue));
-}
-
 bool isDarkColor(const QColor& color) {
   return contrastRatio(color, Qt::white) > contrastRatio(color, Qt::black);
-}
-
-/// The colours that are not the platform's, as they fill an area.
-QVariantMap ownFills(bool isDark) {
-  const auto pick = [isDark](const char* light, const char* dark) {
-    return QColor(isDark ? dark : light);
-  };
-  return {
-      {colorName(Color::green), pick("#2fa653", "#3cc46a")},
-      {colorName(Color::amber), rgb(0.9, 0.7, 0.0)},
-      {QStringLiteral("speedTextAmber"), rgb(0.85, 0.65, 0.0)},
-      {colorName(Color::orange), pick("#e87722", "#ff9142")},
-      {colorName(Color::red), pick("#d9363e", "#ff6961")},
-      {colorName(Color::blue), pick("#2f7df6", "#5a9cff")},
-      {colorName(Color::purple), pick("#8a4fd3", "#b98af5")},
-      {colorName(Color::yellow), pick("#e2b007", "#ffcf3d")},
-      {colorName(Color::grey), pick("#8e8e93", "#98989d")},
-      {colorName(Color::clear), QColor(Qt::transparent)},
-  };
 }
 
 /// Where nobody tells the accent apart, it is the colour of what is selected: Qt knows an accent
@@ -101,29 +74,17 @@ void Theme::readPalette(const QPalette& palette) {
   isDark_ = isDarkColor(window_);
   field_ = blended(text_, window_, 0.06);
   separator_ = blended(text_, card_, 0.10);
-  secondary_ = blended(text_, card_, 0.62);
+  grey_ = isDark_ ? "#98989d" : "#8e8e93";
+  fadedText_ = blended(text_, card_, 0.62);
+  secondary_ = readable(fadedText_);
   tertiary_ = blended(text_, card_, 0.40);
   accent_ = accentOf(palette);
-
-  fills_ = ownFills(isDark_);
-  fills_.insert(colorName(Color::accent), accent_);
-  fills_.insert(colorName(Color::primary), text_);
-  fills_.insert(colorName(Color::secondary), secondary_);
-  fills_.insert(colorName(Color::textBackground), card_);
-  inks_ = {};
-  for (auto fill = fills_.cbegin(); fill != fills_.cend(); ++fill) {
-    inks_.insert(fill.key(), inkOf(fill.value().value<QColor>()));
-  }
-  secondary_ = inks_.value(colorName(Color::secondary)).value<QColor>();
 }
 
-/// Readable on everything that text stands on: the card, the window, a field, a tint of itself and
-/// the grey of a count.
-QColor Theme::inkOf(const QColor& fill) const {
-  const auto grey = fills_.value(colorName(Color::grey)).value<QColor>();
-  return readableOn(
-      {card_, window_, field_, blended(fill, card_, badgeShare), blended(grey, card_, countShare)},
-      fill, readableContrast);
+QColor Theme::readable(const QColor& color) const {
+  return readableOn({card_, window_, field_, blended(color, card_, badgeShare),
+                     blended(grey_, card_, countShare)},
+                    color, readableContrast);
 }
 
 void Theme::readFont(const QFont& platformFont) {

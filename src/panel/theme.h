@@ -4,7 +4,6 @@
 #include <QFont>
 #include <QObject>
 #include <QPalette>
-#include <QVariantMap>
 #include <QtQml/qqmlregistration.h>
 
 class QJSEngine;
@@ -28,11 +27,7 @@ class Theme final : public QObject {
   Q_PROPERTY(QColor secondary MEMBER secondary_ NOTIFY changed)
   Q_PROPERTY(QColor tertiary MEMBER tertiary_ NOTIFY changed)
   Q_PROPERTY(QColor accent MEMBER accent_ NOTIFY changed)
-  /// What areas are filled with: a map by the name of the colour. As a plain value, so that
-  /// qmllint takes any name; an unknown one is a warning at run time.
-  Q_PROPERTY(QVariant fills READ fills NOTIFY changed)
-  /// The same colours for text and symbols: the same hue, but readable wherever text stands.
-  Q_PROPERTY(QVariant inks READ inks NOTIFY changed)
+  Q_PROPERTY(QColor grey MEMBER grey_ NOTIFY changed)
 
   Q_PROPERTY(QFont titleFont MEMBER titleFont_ NOTIFY changed)
   Q_PROPERTY(QFont bodyFont MEMBER bodyFont_ NOTIFY changed)
@@ -57,8 +52,16 @@ public:
   static Theme* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   bool isDark() const { return isDark_; }
-  QVariant fills() const { return fills_; }
-  QVariant inks() const { return inks_; }
+  QColor text() const { return text_; }
+  QColor card() const { return card_; }
+  QColor accent() const { return accent_; }
+  QColor grey() const { return grey_; }
+  /// What `secondary` is made of, for areas.
+  QColor fadedText() const { return fadedText_; }
+  /// The same hue, but readable on everything that text stands on: the card, the window, a field, a
+  /// tint of itself and the grey of a count.
+  QColor readable(const QColor& color) const;
+
   double scale() const { return scale_; }
   double symbolSize() const { return qRound(14 * scale_); }
   double smallSymbolSize() const { return qRound(11 * scale_); }
@@ -74,7 +77,6 @@ signals:
 private:
   void readPalette(const QPalette& palette);
   void readFont(const QFont& platformFont);
-  QColor inkOf(const QColor& fill) const;
 
   double fontScale_;
   bool isDark_ = false;
@@ -87,8 +89,8 @@ private:
   QColor secondary_;
   QColor tertiary_;
   QColor accent_;
-  QVariantMap fills_;
-  QVariantMap inks_;
+  QColor grey_;
+  QColor fadedText_;
   QFont titleFont_;
   QFont bodyFont_;
   QFont subheadlineFont_;

@@ -16,19 +16,19 @@ constexpr double nearlyHalf = 0.45;
 
 Color speedBarColor(double ratio) {
   if (ratio > nearlyFull) {
-    return Color::green;
+    return Color::Green;
   }
-  return ratio >= nearlyHalf ? Color::amber : Color::orange;
+  return ratio >= nearlyHalf ? Color::Amber : Color::Orange;
 }
 
 Color powerBarColor(double fraction, bool isMaximumKnown) {
   if (!isMaximumKnown) {
-    return Color::grey;
+    return Color::Grey;
   }
   if (fraction > 1) {
-    return Color::red;
+    return Color::Red;
   }
-  return fraction > nearlyFull ? Color::orange : Color::green;
+  return fraction > nearlyFull ? Color::Orange : Color::Green;
 }
 
 std::string labelledWatts(std::int64_t milliamperes, std::string_view label) {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "views/colors.h"
+#include "views/shown_labels.h"
+#include "views/view_enums.h"
 
 #include <cstdint>
 #include <optional>
@@ -11,6 +12,13 @@ namespace tamberline {
 
 /// A thin bar: both fractions lie between 0 and 1.
 struct TriBar {
+  Q_GADGET
+  QML_VALUE_TYPE(triBar)
+  Q_PROPERTY(double usedFraction MEMBER usedFraction CONSTANT)
+  Q_PROPERTY(double cableFraction MEMBER cableFraction CONSTANT)
+  Q_PROPERTY(bool showsCableLayer READ showsCableLayer CONSTANT)
+
+public:
   double usedFraction = 0;
   double cableFraction = 0;
 
@@ -24,13 +32,27 @@ TriBar triBar(double usedFraction, double cableFraction);
 
 /// A negotiated speed against a maximum.
 struct SpeedBarRow {
+  Q_GADGET
+  QML_VALUE_TYPE(speedBarRow)
+  Q_PROPERTY(tamberline::TriBar bar READ bar CONSTANT)
+  Q_PROPERTY(tamberline::views::Color color MEMBER color CONSTANT)
+  Q_PROPERTY(QString speedLabel READ shownSpeedLabel CONSTANT)
+  Q_PROPERTY(QString portMaxLabel READ shownPortMaxLabel CONSTANT)
+  Q_PROPERTY(QString tooltip READ tooltipLabel CONSTANT)
+
+public:
   double usedGbps = 0;
   double portMaxGbps = 0;
   double ratio = 0; // 0 to 1
-  Color color = Color::orange;
+  Color color = Color::Orange;
   std::string speedLabel = {};
   std::string portMaxLabel = {};
   std::string tooltip = {};
+
+  TriBar bar() const { return triBar(ratio, 0); }
+  QString shownSpeedLabel() const { return shownLabel(speedLabel); }
+  QString shownPortMaxLabel() const { return shownLabel(portMaxLabel); }
+  QString tooltipLabel() const { return shownTooltip(tooltip); }
 
   friend bool operator==(const SpeedBarRow&, const SpeedBarRow&) = default;
 };
@@ -40,15 +62,30 @@ SpeedBarRow speedBarRow(double usedGbps, double portMaxGbps, std::string speedLa
 
 /// A rated draw against a port's budget. Texts that are not shown are absent.
 struct PowerBarRow {
+  Q_GADGET
+  QML_VALUE_TYPE(powerBarRow)
+  Q_PROPERTY(tamberline::TriBar bar MEMBER bar CONSTANT)
+  Q_PROPERTY(tamberline::views::Color color MEMBER color CONSTANT)
+  Q_PROPERTY(QString used READ usedLabel CONSTANT)
+  Q_PROPERTY(QString allocated READ allocatedLabel CONSTANT)
+  Q_PROPERTY(QString portMax READ portMaxLabel CONSTANT)
+  Q_PROPERTY(QString tooltip READ tooltipLabel CONSTANT)
+
+public:
   std::int64_t usedMa = 0;
   std::int64_t allocatedMa = 0;
   std::int64_t portMaxMa = 0;
   std::string used = {};
   std::optional<std::string> allocated = {};
   std::optional<std::string> portMax = {};
-  Color color = Color::green; // orange: all but used up; red: beyond it; grey: unknown
+  Color color = Color::Green; // orange: all but used up; red: beyond it; grey: unknown
   TriBar bar = {};
   std::string tooltip = {};
+
+  QString usedLabel() const { return shownLabel(used); }
+  QString allocatedLabel() const { return labelOrEmpty(allocated); }
+  QString portMaxLabel() const { return labelOrEmpty(portMax); }
+  QString tooltipLabel() const { return shownTooltip(tooltip); }
 
   friend bool operator==(const PowerBarRow&, const PowerBarRow&) = default;
 };

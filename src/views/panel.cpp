@@ -15,10 +15,10 @@ std::string_view placeOf(const ChargerInfo& charger) {
 ChargerCard chargerCard(const TreeNode& node, const ChargerInfo& charger) {
   return ChargerCard{
       .id = node.id,
-      .icon = charger.isCharging ? "bolt.fill" : "powerplug.fill",
-      .title = std::string(Loc::powerAdapter()),
-      .port = std::string(placeOf(charger)),
-      .portTooltip = std::string(Loc::hintAdapterPort()),
+      .header = {.icon = charger.isCharging ? "bolt.fill" : "powerplug.fill",
+                 .title = std::string(Loc::powerAdapter()),
+                 .port = std::string(placeOf(charger)),
+                 .portTooltip = std::string(Loc::hintAdapterPort())},
       .row = chargerRow(charger),
   };
 }
@@ -50,15 +50,15 @@ void appendCard(const TreeNode& node, const PortFacts& facts, std::vector<Card>&
 
 Panel describePanel(const PanelInputs& inputs) {
   if (inputs.errorMessage) {
-    return {Panel::State::error, inputs.errorMessage, {}};
+    return {Panel::State::Error, inputs.errorMessage, {}};
   }
   if (inputs.portTree.empty() && inputs.isScanning) {
-    return {Panel::State::scanning, std::string(Loc::scanningPorts()), {}};
+    return {Panel::State::Scanning, std::string(Loc::scanningPorts()), {}};
   }
   if (inputs.portTree.empty()) {
-    return {Panel::State::empty, std::string(Loc::noPorts()), {}};
+    return {Panel::State::Empty, std::string(Loc::noPorts()), {}};
   }
-  Panel panel{.state = Panel::State::cards, .message = std::nullopt, .cards = {}};
+  Panel panel{.state = Panel::State::Cards, .message = std::nullopt, .cards = {}};
   for (const TreeNode& node : inputs.portTree) {
     appendCard(node, inputs.portFacts, panel.cards);
   }

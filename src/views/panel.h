@@ -2,9 +2,10 @@
 
 #include "tree/tree_node.h"
 #include "views/port_card.h"
+#include "views/shown_labels.h"
 #include "views/tree_rows.h"
+#include "views/view_enums.h"
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <variant>
@@ -28,13 +29,32 @@ struct StandaloneUSBCard {
   std::optional<std::string> nothingAttached = {}; // absent where there are rows
 };
 
-/// An adapter that is not on a USB-C port.
-struct ChargerCard {
-  std::string id = {};
+struct ChargerCardHeader {
+  Q_GADGET
+  QML_VALUE_TYPE(chargerCardHeader)
+  Q_PROPERTY(QString icon READ iconName CONSTANT)
+  Q_PROPERTY(QString title READ titleLabel CONSTANT)
+  Q_PROPERTY(QString port READ portLabel CONSTANT)
+  Q_PROPERTY(QString portTooltip READ portTooltipLabel CONSTANT)
+
+public:
   std::string icon = {};
   std::string title = {};
   std::string port = {};
   std::string portTooltip = {};
+
+  QString iconName() const { return shownSymbol(icon); }
+  QString titleLabel() const { return shownLabel(title); }
+  QString portLabel() const { return shownLabel(port); }
+  QString portTooltipLabel() const { return shownTooltip(portTooltip); }
+
+  friend bool operator==(const ChargerCardHeader&, const ChargerCardHeader&) = default;
+};
+
+/// An adapter that is not on a USB-C port.
+struct ChargerCard {
+  std::string id = {};
+  ChargerCardHeader header = {};
   ChargerRow row = {};
 };
 
@@ -42,9 +62,9 @@ using Card = std::variant<PortCard, StandaloneUSBCard, ChargerCard>;
 
 /// The list of the panel: cards, or one message in their place.
 struct Panel {
-  enum class State : std::uint8_t { error, scanning, empty, cards };
+  using State = views::PanelState;
 
-  State state = State::empty;
+  State state = State::Empty;
   std::optional<std::string> message = {}; // absent when there are cards
   std::vector<Card> cards = {};
 };

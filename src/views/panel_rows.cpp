@@ -3,8 +3,6 @@
 #include "base/look_up.h"
 #include "base/overloaded.h"
 
-#include <tuple>
-#include <type_traits>
 #include <utility>
 
 namespace tamberline {
@@ -12,11 +10,11 @@ namespace {
 
 PanelRow::Kind kindOf(const ExpandableRow& row) {
   return std::visit(Overloaded{
-                        [](const TBDeviceRow&) { return PanelRow::Kind::tbDevice; },
-                        [](const USBBusHeaderRow&) { return PanelRow::Kind::usbBus; },
-                        [](const USBDeviceDetailRow&) { return PanelRow::Kind::usbDevice; },
-                        [](const ChargerRow&) { return PanelRow::Kind::charger; },
-                        [](const ChargingOnlyRow&) { return PanelRow::Kind::chargingOnly; },
+                        [](const TBDeviceRow&) { return PanelRow::Kind::TbDevice; },
+                        [](const USBBusHeaderRow&) { return PanelRow::Kind::UsbBus; },
+                        [](const USBDeviceDetailRow&) { return PanelRow::Kind::UsbDevice; },
+                        [](const ChargerRow&) { return PanelRow::Kind::Charger; },
+                        [](const ChargingOnlyRow&) { return PanelRow::Kind::ChargingOnly; },
                     },
                     row.content);
 }
@@ -27,37 +25,28 @@ public:
   explicit RowWriter(const RowStates& states) : states_(states) {}
 
   void write(const PortCard& card) {
-    PanelRow header{.kind = PanelRow::Kind::portHeader, .id = card.id, .source = &card};
+    PanelRow header{.kind = PanelRow::Kind::PortHeader, .id = card.id, .content = card.header};
     header.canExpand = true;
     header.isExpanded = states_.expansion.isExpanded(card.id, /*startsExpanded=*/false,
                                                      states_.expandedOverrideIDs);
     const bool isOpen = header.isExpanded;
     begin(std::move(header));
-    if (isOpen && (card.measuredPower || card.agreedPower || card.portPowerBar)) {
-      append({.kind = PanelRow::Kind::portPower, .id = card.id + "//power", .source = &card});
-    }
     if (isOpen) {
-      write(card.rows);
-    }
-    if (isOpen && card.partner) {
-      append({.kind = PanelRow::Kind::partner, .id = card.id + "//partner", .source = &card});
-    }
-    if (isOpen) {
-      writeNothingAttached(card);
+      writeBody(card);
     }
     end();
   }
 
   void write(const StandaloneUSBCard& card) {
-    begin({.kind = PanelRow::Kind::busHeader, .id = card.id, .source = &card});
+    begin({.kind = PanelRow::Kind::BusHeader, .id = card.id, .content = card.header});
     write(card.rows);
     writeNothingAttached(card);
     end();
   }
 
   void write(const ChargerCard& card) {
-    begin({.kind = PanelRow::Kind::chargerHeader, .id = card.id, .source = &card});
-    append({.kind = PanelRow::Kind::chargerBody, .id = card.id + "//adapter", .source = &card});
+    begin({.kind = PanelRow::Kind::ChargerHeader, .id = card.id, .content = card.header});
+    append({.kind = PanelRow::Kind::ChargerBody, .id = card.id + "//adapter", .content = card.row});
     end();
   }
 
@@ -71,15 +60,29 @@ private:
 
   void end() { rows_.back().isLastOfCard = true; }
 
+  void writeBody(const PortCard& card) {
+    if (!card.power.isEmpty()) {
+      append({.kind = PanelRow::Kind::PortPower, .id = card.id + "//power", .content = card.power});
+    }
+    write(card.rows);
+    if (card.partner) {
+      append(
+          {.kind = PanelRow::Kind::Partner, .id = card.id + "//partner", .content = *card.partner});
+    }
+    writeNothingAttached(card);
+  }
+
   template <typename Card>
   void writeNothingAttached(const Card& card) {
     if (card.nothingAttached) {
-      append({.kind = PanelRow::Kind::nothingAttached, .id = card.id + "//empty", .source = &card});
+      append({.kind = PanelRow::Kind::NothingAttached,
+              .id = card.id + "//empty",
+              .content = NothingAttachedRow{*card.nothingAttached}});
     }
   }
 
   void append(PanelRow row) {
-    row.pulse = lookUp(states_.pulses, row.id).value_or(Pulse::none);
+    row.pulse = lookUp(states_.pulses, row.id).value_or(Pulse::None);
     rows_.push_back(std::move(row));
   }
 
@@ -93,70 +96,27 @@ private:
   }
 
   PanelRow describe(const ExpandableRow& row) const {
-    PanelRow described{.kind = kindOf(row), .id = row.id, .source = &row};
+    PanelRow described{.kind = kindOf(row), .id = row.id, .content = contentOf(row)};
+    described.place = {row.depth, row.isLast, row.startsExpanded, row.tint};
     described.canExpand = !row.children.empty();
     described.isExpanded =
         described.canExpand &&
         states_.expansion.isExpanded(row.id, row.startsExpanded, states_.expandedOverrideIDs);
-    if (const auto* device = std::get_if<USBDeviceDetailRow>(&row.content)) {
-      described.volumeTools = toolsOfDrive(
-          device->volumes, {states_.benchmarks, states_.ejectStates, states_.testProgress});
-    }
     return described;
+  }
+
+  PanelRow::Content contentOf(const ExpandableRow& row) const {
+    PanelRow::Content content =
+        std::visit([](const auto& described) { return PanelRow::Content(described); }, row.content);
+    if (auto* device = std::get_if<USBDeviceDetailRow>(&content)) {
+      addTools({states_.benchmarks, states_.ejectStates, states_.testProgress}, device->volumes);
+    }
+    return content;
   }
 
   const RowStates& states_;
   std::vector<PanelRow> rows_;
 };
-
-bool headersLookTheSame(const PortCard& left, const PortCard& right) {
-  const auto shown = [](const PortCard& card) {
-    return std::tie(card.inUse, card.dotTooltip, card.title, card.titleNote, card.itemCount,
-                    card.itemCountTooltip, card.badges);
-  };
-  return shown(left) == shown(right);
-}
-
-bool bodiesLookTheSame(const PortCard& left, const PortCard& right) {
-  const auto shown = [](const PortCard& card) {
-    return std::tie(card.measuredPower, card.agreedPower, card.portPowerBar, card.partner,
-                    card.nothingAttached);
-  };
-  return shown(left) == shown(right);
-}
-
-bool contentsLookTheSame(const ExpandableRow& left, const ExpandableRow& right) {
-  return left.depth == right.depth && left.isLast == right.isLast && left.tint == right.tint &&
-         left.content == right.content;
-}
-
-bool contentsLookTheSame(const StandaloneUSBCard& left, const StandaloneUSBCard& right) {
-  return left.header == right.header && left.nothingAttached == right.nothingAttached;
-}
-
-bool contentsLookTheSame(const ChargerCard& left, const ChargerCard& right) {
-  const auto shown = [](const ChargerCard& card) {
-    return std::tie(card.icon, card.title, card.port, card.portTooltip, card.row);
-  };
-  return shown(left) == shown(right);
-}
-
-bool contentsLookTheSame(const PanelRow& left, const PanelRow& right) {
-  return std::visit(
-      [&]<typename Source>(const Source* source) {
-        const Source* other = std::get<const Source*>(right.source);
-        if (source == other) {
-          return true;
-        }
-        if constexpr (std::is_same_v<Source, PortCard>) {
-          return left.kind == PanelRow::Kind::portHeader ? headersLookTheSame(*source, *other)
-                                                         : bodiesLookTheSame(*source, *other);
-        } else {
-          return contentsLookTheSame(*source, *other);
-        }
-      },
-      left.source);
-}
 
 } // namespace
 
@@ -166,14 +126,6 @@ std::vector<PanelRow> panelRows(const Panel& panel, const RowStates& states) {
     std::visit([&](const auto& shown) { writer.write(shown); }, card);
   }
   return writer.take();
-}
-
-bool lookTheSame(const PanelRow& left, const PanelRow& right) {
-  const auto state = [](const PanelRow& row) {
-    return std::tie(row.kind, row.isFirstOfCard, row.isLastOfCard, row.canExpand, row.isExpanded,
-                    row.pulse, row.volumeTools);
-  };
-  return state(left) == state(right) && contentsLookTheSame(left, right);
 }
 
 } // namespace tamberline

@@ -3,10 +3,11 @@
 #include "model/volume_states.h"
 #include "views/panel.h"
 #include "views/row_expansion.h"
+#include "views/view_enums.h"
 #include "views/volume_row.h"
 
-#include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <variant>
@@ -14,41 +15,51 @@
 
 namespace tamberline {
 
-/// How the highlight of a row that a search led to moves: it throbs, then fades.
-enum class Pulse : std::uint8_t { none, throbbing, fading };
+/// Says that a card has nothing to show below its header.
+struct NothingAttachedRow {
+  Q_GADGET
+  QML_VALUE_TYPE(nothingAttachedRow)
+  Q_PROPERTY(QString text READ textLabel CONSTANT)
 
-/// One line of the panel's list: a card's header, a part of its body, or a row of its tree.
+public:
+  std::string text = {};
+
+  QString textLabel() const { return shownLabel(text); }
+
+  friend bool operator==(const NothingAttachedRow&, const NothingAttachedRow&) = default;
+};
+
+/// One line of the panel's list: a card's header, a part of its body, or a row of its tree. Rows
+/// that are equal look the same.
 struct PanelRow {
-  enum class Kind : std::uint8_t {
-    portHeader,
-    portPower,
-    nothingAttached,
-    partner,
-    busHeader,
-    chargerHeader,
-    chargerBody,
-    tbDevice,
-    usbBus,
-    usbDevice,
-    charger,
-    chargingOnly,
+  using Kind = views::RowKind;
+
+  using Content =
+      std::variant<PortHeader, PortPower, NothingAttachedRow, PartnerNotice, ChargerCardHeader,
+                   ChargerRow, TBDeviceRow, USBBusHeaderRow, USBDeviceDetailRow, ChargingOnlyRow>;
+
+  /// Where a row of the tree stands.
+  struct TreePlace {
+    int depth = 0;
+    bool isLast = false;
+    bool startsExpanded = false;
+    Tint tint = {};
+
+    friend bool operator==(const TreePlace&, const TreePlace&) = default;
   };
 
-  /// Points into the panel that the row was made from.
-  using Source = std::variant<const PortCard*, const StandaloneUSBCard*, const ChargerCard*,
-                              const ExpandableRow*>;
-
-  Kind kind = Kind::portHeader;
+  Kind kind = Kind::PortHeader;
   /// A node's stable identifier, or one with a mark that no node has for the parts of a body.
   std::string id = {};
-  Source source = {};
+  Content content = {};
+  std::optional<TreePlace> place = {};
   bool isFirstOfCard = false;
   bool isLastOfCard = false;
   bool canExpand = false;
   bool isExpanded = false;
-  Pulse pulse = Pulse::none;
-  /// One for each volume of a USB device.
-  std::vector<VolumeTools> volumeTools = {};
+  Pulse pulse = Pulse::None;
+
+  friend bool operator==(const PanelRow&, const PanelRow&) = default;
 };
 
 /// What the rows show beside the panel's description.
@@ -62,10 +73,7 @@ struct RowStates {
   std::map<std::string, int> testProgress = {};
 };
 
-/// The lines of the open cards and rows. They point into `panel`, which must outlive them.
+/// The lines of the open cards and rows.
 std::vector<PanelRow> panelRows(const Panel& panel, const RowStates& states);
-
-/// Whether two rows look the same, wherever they stand.
-bool lookTheSame(const PanelRow& left, const PanelRow& right);
 
 } // namespace tamberline

@@ -1,5 +1,6 @@
 #include "views/port_card.h"
 
+#include "base/look_up.h"
 #include "base/text.h"
 #include "i18n/loc.h"
 
@@ -7,12 +8,6 @@
 
 namespace tamberline {
 namespace {
-
-template <typename Value>
-std::optional<Value> lookUp(const std::map<std::int64_t, Value>& table, std::int64_t key) {
-  const auto found = table.find(key);
-  return found == table.end() ? std::nullopt : std::optional(found->second);
-}
 
 /// Whole watts without decimals, others with one: "15 W", "4.5 W".
 std::string capacityText(std::int64_t limitMa) {
@@ -36,11 +31,11 @@ void appendControllerBadges(const HPMPort& port, std::vector<PortBadge>& badges)
   if (port.hasVideo) {
     badges.push_back(
         {PortBadge::Kind::video,
-         {std::string(Loc::video()), std::nullopt, Color::purple, std::string(Loc::hintVideo())}});
+         {std::string(Loc::video()), std::nullopt, Color::Purple, std::string(Loc::hintVideo())}});
   }
   if (const auto label = port.cableLabel()) {
     badges.push_back({PortBadge::Kind::cable,
-                      {*label, std::nullopt, Color::secondary, std::string(Loc::hintCable())}});
+                      {*label, std::nullopt, Color::Secondary, std::string(Loc::hintCable())}});
   }
 }
 
@@ -55,7 +50,7 @@ std::vector<PortBadge> portBadges(const TreeNode& node, const ThunderboltBus& bu
   }
   if (const auto watts = chargerWatts(node)) {
     badges.push_back({PortBadge::Kind::charger,
-                      {std::to_string(*watts) + "W", "bolt.fill", Color::green,
+                      {std::to_string(*watts) + "W", "bolt.fill", Color::Green,
                        std::string(Loc::hintChargerWatts())}});
   } else if (const HPMPort* port = usbcController(facts.hpmPorts, bus.busNumber)) {
     appendControllerBadges(*port, badges);
@@ -63,7 +58,7 @@ std::vector<PortBadge> portBadges(const TreeNode& node, const ThunderboltBus& bu
   if (std::string speed = bus.port.badgeText(); !speed.empty()) {
     badges.push_back(
         {PortBadge::Kind::speed,
-         {std::move(speed), std::nullopt, Color::accent, std::string(Loc::hintSpeedBadge())}});
+         {std::move(speed), std::nullopt, Color::Accent, std::string(Loc::hintSpeedBadge())}});
   }
   return badges;
 }
@@ -149,33 +144,53 @@ std::optional<PowerBarRow> portPowerBar(std::int64_t usedMa, std::optional<std::
   return row;
 }
 
-} // namespace
-
-PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFacts& facts) {
+PortHeader portHeader(const TreeNode& node, const ThunderboltBus& bus, const PortFacts& facts) {
   const bool inUse = bus.port.isConnected() || node.hasChildren();
-  const std::int64_t itemCount = node.attachedItemCount();
-  PortCard card{
-      .id = node.id,
+  PortHeader header{
       .inUse = inUse,
       .dotTooltip = std::string(inUse ? Loc::hintDotInUse() : Loc::nothingAttached()),
       .title = bus.displayName(),
       .titleNote = titleNote(bus),
       .badges = portBadges(node, bus, facts),
-      .portPowerBar = portPowerBar(node.aggregatedUSBPower().usedMa,
-                                   lookUp(facts.portCurrentLimitMa, bus.busNumber)),
+  };
+  if (const std::int64_t itemCount = node.attachedItemCount(); itemCount > 0) {
+    header.itemCount = Loc::items(itemCount);
+    header.itemCountTooltip = Loc::hintItemCount();
+  }
+  return header;
+}
+
+PortPower portPower(const TreeNode& node, std::int64_t busNumber, const PortFacts& facts) {
+  PortPower power{.ratedBar = portPowerBar(node.aggregatedUSBPower().usedMa,
+                                           lookUp(facts.portCurrentLimitMa, busNumber))};
+  if (const auto measured = lookUp(facts.portPowerOut, busNumber)) {
+    power.measured = measuredPower(*measured);
+  }
+  const HPMPort* controller = usbcController(facts.hpmPorts, busNumber);
+  if (controller != nullptr && controller->agreedPower) {
+    power.agreed = agreedPowerRow(*controller->agreedPower);
+  }
+  return power;
+}
+
+} // namespace
+
+QVariantList PortHeader::badgeList() const {
+  QVariantList list;
+  for (const PortBadge& badge : badges) {
+    list.push_back(QVariant::fromValue(badge.badge));
+  }
+  return list;
+}
+
+PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFacts& facts) {
+  PortCard card{
+      .id = node.id,
+      .header = portHeader(node, bus, facts),
+      .power = portPower(node, bus.busNumber, facts),
       .rows = expandableRows(node.children, 0),
   };
-  if (const auto power = lookUp(facts.portPowerOut, bus.busNumber)) {
-    card.measuredPower = measuredPower(*power);
-  }
-  if (itemCount > 0) {
-    card.itemCount = Loc::items(itemCount);
-    card.itemCountTooltip = Loc::hintItemCount();
-  }
   const HPMPort* controller = usbcController(facts.hpmPorts, bus.busNumber);
-  if (controller != nullptr && controller->agreedPower) {
-    card.agreedPower = agreedPowerRow(*controller->agreedPower);
-  }
   if (!node.hasChildren()) {
     card.partner = controller == nullptr ? std::nullopt : partnerNotice(*controller);
   }

@@ -24,9 +24,9 @@ std::string batteryIcon(const BatteryInfo& battery) {
 
 Color levelColor(const BatteryInfo& battery) {
   if (battery.isCharging || battery.isFullyCharged) {
-    return Color::green;
+    return Color::Green;
   }
-  return battery.stateOfCharge < 21 ? Color::red : Color::primary;
+  return battery.stateOfCharge < 21 ? Color::Red : Color::Primary;
 }
 
 std::string healthText(const BatteryInfo& battery) {
@@ -87,7 +87,7 @@ PowerCard powerCard(const ChargerInfo& charger, const std::optional<BatteryInfo>
       .port = std::nullopt,
       .portTooltip = std::string(Loc::hintAdapterPort()),
       .bar = deliveryBar(charger),
-      .barColor = charger.isCharging ? Color::green : Color::blue,
+      .barColor = charger.isCharging ? Color::Green : Color::Blue,
       .barTooltip = std::string(Loc::hintAdapter()),
       .delivery = deliveryText(charger, battery),
       .ratedMax = std::nullopt,

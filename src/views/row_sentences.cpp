@@ -1,6 +1,5 @@
 #include "views/row_sentences.h"
 
-#include "base/overloaded.h"
 #include "i18n/loc.h"
 
 #include <optional>
@@ -49,39 +48,33 @@ private:
   std::string text_;
 };
 
-void tell(const PortCard& card, PanelRow::Kind kind, Sentence& sentence) {
-  switch (kind) {
-  case PanelRow::Kind::portPower:
-    sentence << card.measuredPower << card.agreedPower << card.portPowerBar;
-    return;
-  case PanelRow::Kind::partner:
-    if (card.partner) {
-      sentence << card.partner->title << card.partner->detail;
-    }
-    return;
-  case PanelRow::Kind::nothingAttached:
-    sentence << card.nothingAttached;
-    return;
-  default:
-    sentence << card.title << card.itemCount;
-    if (!card.itemCount) {
-      sentence << card.dotTooltip;
-    }
-    for (const PortBadge& badge : card.badges) {
-      sentence << badge.badge;
-    }
+void appendTo(Sentence& sentence, const PortHeader& header) {
+  sentence << header.title << header.itemCount;
+  if (!header.itemCount) {
+    sentence << header.dotTooltip;
+  }
+  for (const PortBadge& badge : header.badges) {
+    sentence << badge.badge;
   }
 }
 
-void tell(const StandaloneUSBCard& card, PanelRow::Kind kind, Sentence& sentence) {
-  if (kind == PanelRow::Kind::nothingAttached) {
-    sentence << card.nothingAttached;
-  } else {
-    sentence << card.header.name << card.header.ratedDraw;
-  }
+void appendTo(Sentence& sentence, const PortPower& power) {
+  sentence << power.measured << power.agreed << power.ratedBar;
 }
 
-void tell(const ChargerRow& row, Sentence& sentence) {
+void appendTo(Sentence& sentence, const NothingAttachedRow& row) {
+  sentence << row.text;
+}
+
+void appendTo(Sentence& sentence, const PartnerNotice& partner) {
+  sentence << partner.title << partner.detail;
+}
+
+void appendTo(Sentence& sentence, const ChargerCardHeader& header) {
+  sentence << header.title << header.port;
+}
+
+void appendTo(Sentence& sentence, const ChargerRow& row) {
   sentence << row.shownName();
   if (row.isCharging) {
     sentence << Loc::charging();
@@ -89,30 +82,31 @@ void tell(const ChargerRow& row, Sentence& sentence) {
   sentence << row.rated;
 }
 
-void tell(const ChargerCard& card, PanelRow::Kind kind, Sentence& sentence) {
-  if (kind == PanelRow::Kind::chargerBody) {
-    tell(card.row, sentence);
-  } else {
-    sentence << card.title << card.port;
-  }
+void appendTo(Sentence& sentence, const TBDeviceRow& device) {
+  sentence << device.name << device.modeBadge << device.warningBadge << device.speedBar
+           << device.ratedDraw;
 }
 
-void tell(const VolumeRow& volume, const VolumeTools& tools, Sentence& sentence) {
+void appendTo(Sentence& sentence, const USBBusHeaderRow& bus) {
+  sentence << bus.name << bus.ratedDraw;
+}
+
+void appendTo(Sentence& sentence, const VolumeRow& volume) {
   sentence << volume.label + " " + volume.name;
-  if (tools.showsTestProgress) {
-    sentence << tools.testProgress;
+  if (volume.tools.showsTestProgress) {
+    sentence << volume.tools.testProgress;
   } else {
-    for (const ColoredText& text : tools.testTexts) {
+    for (const ColoredText& text : volume.tools.testTexts) {
       sentence << text.text;
     }
   }
-  if (tools.showsEjectProgress) {
+  if (volume.tools.showsEjectProgress) {
     sentence << Loc::ejecting();
   }
-  sentence << tools.ejectFailure;
+  sentence << volume.tools.ejectFailure;
 }
 
-void tell(const USBDeviceDetailRow& device, const PanelRow& row, Sentence& sentence) {
+void appendTo(Sentence& sentence, const USBDeviceDetailRow& device) {
   sentence << device.name << device.speedText << device.speedBar;
   if (device.speedNote) {
     sentence << device.speedNote->note;
@@ -121,38 +115,20 @@ void tell(const USBDeviceDetailRow& device, const PanelRow& row, Sentence& sente
     sentence << device.hubTotal->text;
   }
   sentence << device.powerBar;
-  for (std::size_t i = 0; i < device.volumes.size(); ++i) {
-    tell(device.volumes[i], row.volumeTools.at(i), sentence);
+  for (const VolumeRow& volume : device.volumes) {
+    appendTo(sentence, volume);
   }
 }
 
-void tell(const ExpandableRow& source, const PanelRow& row, Sentence& sentence) {
-  std::visit(Overloaded{
-                 [&](const TBDeviceRow& device) {
-                   sentence << device.name << device.modeBadge << device.warningBadge
-                            << device.speedBar << device.ratedDraw;
-                 },
-                 [&](const USBBusHeaderRow& bus) { sentence << bus.name << bus.ratedDraw; },
-                 [&](const USBDeviceDetailRow& device) { tell(device, row, sentence); },
-                 [&](const ChargerRow& charger) { tell(charger, sentence); },
-                 [&](const ChargingOnlyRow& charging) {
-                   sentence << charging.title << charging.badge << charging.detail;
-                 },
-             },
-             source.content);
+void appendTo(Sentence& sentence, const ChargingOnlyRow& charging) {
+  sentence << charging.title << charging.badge << charging.detail;
 }
 
 } // namespace
 
 std::string rowSentence(const PanelRow& row) {
   Sentence sentence;
-  std::visit(Overloaded{
-                 [&](const PortCard* card) { tell(*card, row.kind, sentence); },
-                 [&](const StandaloneUSBCard* card) { tell(*card, row.kind, sentence); },
-                 [&](const ChargerCard* card) { tell(*card, row.kind, sentence); },
-                 [&](const ExpandableRow* source) { tell(*source, row, sentence); },
-             },
-             row.source);
+  std::visit([&](const auto& content) { appendTo(sentence, content); }, row.content);
   if (row.canExpand) {
     sentence << (row.isExpanded ? Loc::expanded() : Loc::collapsed());
   }

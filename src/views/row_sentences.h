@@ -6,7 +6,7 @@
 
 namespace tamberline {
 
-/// Everything a row shows as one sentence, for who listens instead of looking: the name first, then
+/// Everything a row shows as one sentence, for screen readers: the name first, then
 /// speed against maximum and why it is slow, power, volumes, and whether the row is open.
 std::string rowSentence(const PanelRow& row);
 

@@ -43,7 +43,7 @@ std::optional<Badge> modeBadge(const ThunderboltDevice& device) {
   if (label.empty()) {
     return std::nullopt;
   }
-  return Badge{std::move(label), std::nullopt, Color::accent, std::string(Loc::hintTBMode())};
+  return Badge{std::move(label), std::nullopt, Color::Accent, std::string(Loc::hintTBMode())};
 }
 
 std::optional<SpeedBarRow> thunderboltSpeedBar(const ThunderboltDevice& device) {
@@ -68,7 +68,7 @@ std::optional<Badge> warningBadge(const ThunderboltDevice& device) {
   if (device.isAuthorized.value_or(true)) {
     return std::nullopt;
   }
-  return Badge{std::string(Loc::notAuthorized()), std::nullopt, Color::orange,
+  return Badge{std::string(Loc::notAuthorized()), std::nullopt, Color::Orange,
                std::string(Loc::hintNotAuthorized())};
 }
 
@@ -86,9 +86,9 @@ TBDeviceRow tbDeviceRow(const ThunderboltDevice& device, const AggregatedPower& 
 
 Color speedTextColor(double fraction) {
   if (fraction >= greenFraction) {
-    return Color::green;
+    return Color::Green;
   }
-  return fraction >= amberFraction ? Color::amber : Color::orange;
+  return fraction >= amberFraction ? Color::Amber : Color::Orange;
 }
 
 std::optional<SpeedNote> slowLinkNote(const TreeNode::USBDeviceEntry& entry) {
@@ -167,7 +167,7 @@ ChargingOnlyRow chargingOnlyRow() {
   return ChargingOnlyRow{
       .title = std::string(Loc::chargingOnly()),
       .detail = std::string(Loc::chargingOnlyDetail()),
-      .badge = {std::string(Loc::noData()), std::nullopt, Color::orange,
+      .badge = {std::string(Loc::noData()), std::nullopt, Color::Orange,
                 std::string(Loc::hintNoData())},
   };
 }
@@ -199,19 +199,19 @@ Tint tintOf(const TreeNode& node) {
       Overloaded{
           [](const TreeNode::TBPort&) { return Tint{}; },
           [](const TreeNode::TBDevice&) {
-            return Tint{Color::accent, 0.05};
+            return Tint{Color::Accent, 0.05};
           },
           [](const TreeNode::USBBusEntry&) {
-            return Tint{Color::grey, 0.06};
+            return Tint{Color::Grey, 0.06};
           },
           [&](const TreeNode::USBDeviceEntry&) {
-            return node.hasChildren() ? Tint{Color::grey, 0.06} : Tint{Color::textBackground, 0.5};
+            return node.hasChildren() ? Tint{Color::Grey, 0.06} : Tint{Color::TextBackground, 0.5};
           },
           [](const TreeNode::Charger&) {
-            return Tint{Color::yellow, 0.07};
+            return Tint{Color::Yellow, 0.07};
           },
           [](const TreeNode::ChargingOnly&) {
-            return Tint{Color::yellow, 0.07};
+            return Tint{Color::Yellow, 0.07};
           },
       },
       node.kind);
@@ -243,6 +243,14 @@ USBBusHeaderRow usbBusHeaderRow(const USBBus& bus, const AggregatedPower& power)
     row.note = bus.hostController;
   }
   return row;
+}
+
+NameLabel TBDeviceRow::nameText() const {
+  return nameLabel(name, link ? std::optional(link->text) : std::nullopt);
+}
+
+Color USBDeviceDetailRow::shownSpeedColor() const {
+  return speedColor == Color::Amber ? Color::SpeedTextAmber : speedColor;
 }
 
 std::string ChargerRow::shownName() const {

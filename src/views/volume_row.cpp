@@ -30,8 +30,8 @@ std::string progressText(const std::string& phase, std::optional<int> percent) {
   return percent ? phase + " " + Loc::percent(*percent) : phase;
 }
 
-bool isBusy(const VolumeTools& tools) {
-  return tools.showsTestProgress || tools.showsEjectProgress;
+bool isBusy(const VolumeRow& volume) {
+  return volume.tools.showsTestProgress || volume.tools.showsEjectProgress;
 }
 
 void describeTest(const BenchmarkPhase& phase, std::optional<int> percent, VolumeTools& tools) {
@@ -45,15 +45,15 @@ void describeTest(const BenchmarkPhase& phase, std::optional<int> percent, Volum
                    tools.testProgress = progressText(running.phase, percent);
                    tools.stopTooltip =
                        tools.testProgress + " · " + std::string(Loc::hintStopTest());
-                   tools.testTexts = {{running.phase, Color::secondary}};
+                   tools.testTexts = {{running.phase, Color::Secondary}};
                  },
                  [&](const BenchmarkPhase::Done& done) {
-                   tools.testTexts = {{"W " + fixedText(done.writeMBps, 0), Color::blue},
-                                      {"R " + fixedText(done.readMBps, 0) + " MB/s", Color::green}};
+                   tools.testTexts = {{"W " + fixedText(done.writeMBps, 0), Color::Blue},
+                                      {"R " + fixedText(done.readMBps, 0) + " MB/s", Color::Green}};
                    tools.testButton = retestButton();
                  },
                  [&](const BenchmarkPhase::Failed& failed) {
-                   tools.testTexts = {{failed.message, Color::orange}};
+                   tools.testTexts = {{failed.message, Color::Orange}};
                    tools.testButton = retestButton();
                  },
              },
@@ -63,7 +63,8 @@ void describeTest(const BenchmarkPhase& phase, std::optional<int> percent, Volum
 } // namespace
 
 VolumeRow volumeRow(const USBVolume& volume) {
-  return {std::string(Loc::volume()), volume.name, volume.mountPoint};
+  return {
+      .label = std::string(Loc::volume()), .name = volume.name, .mountPoint = volume.mountPoint};
 }
 
 VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectState>& eject,
@@ -79,30 +80,26 @@ VolumeTools volumeTools(const BenchmarkPhase& phase, const std::optional<EjectSt
     tools.ejectFailure = inOneLine(std::get<EjectState::Failed>(eject->state).message);
     tools.ejectButton->symbol = "exclamationmark.circle";
     tools.ejectButton->tooltip = *tools.ejectFailure;
-    tools.ejectButton->color = Color::orange;
+    tools.ejectButton->color = Color::Orange;
   }
   tools.ejectButton->isEnabled = !phase.isRunning();
   return tools;
 }
 
-std::vector<VolumeTools> toolsOfDrive(const std::vector<VolumeRow>& volumes,
-                                      const VolumeStates& states) {
-  std::vector<VolumeTools> all;
-  all.reserve(volumes.size());
-  for (const VolumeRow& volume : volumes) {
-    all.push_back(
+void addTools(const VolumeStates& states, std::vector<VolumeRow>& volumes) {
+  for (VolumeRow& volume : volumes) {
+    volume.tools =
         volumeTools(lookUp(states.benchmarks, volume.mountPoint).value_or(BenchmarkPhase{}),
                     lookUp(states.ejectStates, volume.mountPoint),
-                    lookUp(states.testProgress, volume.mountPoint)));
+                    lookUp(states.testProgress, volume.mountPoint));
   }
-  if (std::any_of(all.begin(), all.end(), isBusy)) {
-    for (VolumeTools& tools : all) {
-      if (tools.ejectButton) {
-        tools.ejectButton->isEnabled = false;
+  if (std::any_of(volumes.begin(), volumes.end(), isBusy)) {
+    for (VolumeRow& volume : volumes) {
+      if (volume.tools.ejectButton) {
+        volume.tools.ejectButton->isEnabled = false;
       }
     }
   }
-  return all;
 }
 
 } // namespace tamberline

@@ -1,5 +1,6 @@
 #include "app/look.h"
 #include "panel/color_math.h"
+#include "panel/status_colors.h"
 #include "panel/theme.h"
 
 #include <QApplication>
@@ -34,10 +35,9 @@ TEST_F(LookTest, HasTextAndInksThatCanBeReadOnACard) {
     SCOPED_TRACE("on " + card.name().toStdString());
     EXPECT_GE(contrastRatio(theme.property("text").value<QColor>(), card), 4.5);
     EXPECT_GE(contrastRatio(theme.property("secondary").value<QColor>(), card), 4.5);
-    const QVariantMap inks = theme.property("inks").toMap();
-    EXPECT_FALSE(inks.isEmpty());
-    for (auto ink = inks.cbegin(); ink != inks.cend(); ++ink) {
-      EXPECT_GE(contrastRatio(ink.value().value<QColor>(), card), 4.5) << ink.key().toStdString();
+    const ColorSet inks = StatusColors(theme).inks();
+    for (std::size_t index = 0; index < ColorSet::size; ++index) {
+      EXPECT_GE(contrastRatio(inks.of(static_cast<Color>(index)), card), 4.5) << index;
     }
   }
 }

@@ -58,16 +58,16 @@ TEST(LineWrapping, BreaksAWordThatIsTooLongBetweenGraphemes) {
 
 TEST(LineWrapping, KeepsTheStyleOfEachPiece) {
   const std::vector<TextLine> lines =
-      wrapLine({{"a b", Color::red, true}, {" "}, {"c", Color::blue}}, 1, 3);
+      wrapLine({{"a b", Color::Red, true}, {" "}, {"c", Color::Blue}}, 1, 3);
   ASSERT_EQ(lines.size(), 2U);
   ASSERT_EQ(lines[0].size(), 1U);
-  EXPECT_EQ(lines[0][0].color, Color::red);
+  EXPECT_EQ(lines[0][0].color, Color::Red);
   ASSERT_EQ(lines[1].size(), 3U);
   EXPECT_EQ(lines[1][0].text, "b");
-  EXPECT_EQ(lines[1][0].color, Color::red);
+  EXPECT_EQ(lines[1][0].color, Color::Red);
   EXPECT_TRUE(lines[1][0].isBold);
   EXPECT_EQ(lines[1][2].text, "c");
-  EXPECT_EQ(lines[1][2].color, Color::blue);
+  EXPECT_EQ(lines[1][2].color, Color::Blue);
   EXPECT_FALSE(lines[1][2].isBold);
 }
 

@@ -55,7 +55,7 @@ TEST(TextTree, KeepsTheGuideLinesBesideFurtherLines) {
 }
 
 TEST(TextTree, JoinsTheSpansOfALine) {
-  const TextTree tree{{{{"a", Color::red}, {"b", Color::primary, true}, {"c"}}}, {}};
+  const TextTree tree{{{{"a", Color::Red}, {"b", Color::Primary, true}, {"c"}}}, {}};
 
   EXPECT_EQ(renderTextTrees({tree}, false), "abc\n");
   EXPECT_EQ(renderTextTrees({tree}, true), "\x1b[31ma\x1b[0m\x1b[1mb\x1b[0mc\n");
@@ -67,21 +67,21 @@ TEST(TextTree, StylesASpanByItsColour) {
     bool isBold;
     const char* rendered;
   } rows[] = {
-      {Color::green, false, "\x1b[32mx\x1b[0m\n"},
-      {Color::amber, false, "\x1b[33mx\x1b[0m\n"},
-      {Color::orange, false, "\x1b[38;5;208mx\x1b[0m\n"},
-      {Color::red, false, "\x1b[31mx\x1b[0m\n"},
-      {Color::blue, false, "\x1b[34mx\x1b[0m\n"},
-      {Color::purple, false, "\x1b[35mx\x1b[0m\n"},
-      {Color::yellow, false, "\x1b[33mx\x1b[0m\n"},
-      {Color::grey, false, "\x1b[90mx\x1b[0m\n"},
-      {Color::accent, false, "\x1b[36mx\x1b[0m\n"},
-      {Color::secondary, false, "\x1b[2mx\x1b[0m\n"},
-      {Color::primary, false, "x\n"},
-      {Color::textBackground, false, "x\n"},
-      {Color::clear, false, "x\n"},
-      {Color::primary, true, "\x1b[1mx\x1b[0m\n"},
-      {Color::red, true, "\x1b[1;31mx\x1b[0m\n"},
+      {Color::Green, false, "\x1b[32mx\x1b[0m\n"},
+      {Color::Amber, false, "\x1b[33mx\x1b[0m\n"},
+      {Color::Orange, false, "\x1b[38;5;208mx\x1b[0m\n"},
+      {Color::Red, false, "\x1b[31mx\x1b[0m\n"},
+      {Color::Blue, false, "\x1b[34mx\x1b[0m\n"},
+      {Color::Purple, false, "\x1b[35mx\x1b[0m\n"},
+      {Color::Yellow, false, "\x1b[33mx\x1b[0m\n"},
+      {Color::Grey, false, "\x1b[90mx\x1b[0m\n"},
+      {Color::Accent, false, "\x1b[36mx\x1b[0m\n"},
+      {Color::Secondary, false, "\x1b[2mx\x1b[0m\n"},
+      {Color::Primary, false, "x\n"},
+      {Color::TextBackground, false, "x\n"},
+      {Color::Clear, false, "x\n"},
+      {Color::Primary, true, "\x1b[1mx\x1b[0m\n"},
+      {Color::Red, true, "\x1b[1;31mx\x1b[0m\n"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(nameOf(row.color));
@@ -92,7 +92,7 @@ TEST(TextTree, StylesASpanByItsColour) {
 }
 
 TEST(TextTree, StylesNothingWhereThereIsNoText) {
-  const TextTree tree{{{{"", Color::red, true}}}, {}};
+  const TextTree tree{{{{"", Color::Red, true}}}, {}};
 
   EXPECT_EQ(renderTextTrees({tree}, true), "\n");
 }

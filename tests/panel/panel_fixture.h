@@ -6,7 +6,9 @@
 #include "tree/search_entries.h"
 
 #include <QAbstractItemModelTester>
+#include <QMetaProperty>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -52,32 +54,48 @@ protected:
     scan();
   }
 
-  std::string at(int row, const char* role) {
-    PanelListModel& rows = *panel->rows();
-    return rows.data(rows.index(row), rows.roleNames().key(role)).toString().toStdString();
+  std::string sentenceAt(int row) {
+    const PanelListModel& rows = *panel->rows();
+    return rows.data(rows.index(row), PanelListModel::SentenceRole).toString().toStdString();
   }
 
+  /// The name in the row's content, or its title.
   std::string nameAt(int row) {
     PanelListModel& rows = *panel->rows();
-    const QVariantMap content = rows.data(rows.index(row), PanelListModel::ContentRole).toMap();
-    const QVariant name = content.value(content.contains("name") ? "name" : "title");
-    return name.toMap().value("text").toString().toStdString();
+    const QVariant content = rows.data(rows.index(row), PanelListModel::ContentRole);
+    const QMetaObject& type = *content.metaType().metaObject();
+    const int name = std::max(type.indexOfProperty("name"), type.indexOfProperty("title"));
+    return type.property(name)
+        .readOnGadget(content.constData())
+        .value<NameLabel>()
+        .text.toStdString();
   }
 
   /// The names of the rows, the tree indented, with what is special.
   std::string list() {
     std::string text;
-    for (int row = 0; row < panel->rows()->rowCount(); ++row) {
-      const bool isTree = at(row, "kind") != "portHeader" && at(row, "kind") != "nothingAttached";
-      text += std::string(isTree ? 2 * (1 + std::stoul(at(row, "depth"))) : 0, ' ');
-      text += at(row, "kind") == "nothingAttached" ? "(empty)" : nameAt(row);
-      if (at(row, "canExpand") == "true") {
-        text += at(row, "isExpanded") == "true" ? ", open" : ", closed";
+    for (int index = 0; index < panel->rows()->rowCount(); ++index) {
+      const PanelRow& row = *panel->rows()->rowAt(index);
+      text +=
+          row.place ? std::string(2 * (1 + static_cast<std::size_t>(row.place->depth)), ' ') : "";
+      text += row.kind == PanelRow::Kind::NothingAttached ? "(empty)" : nameAt(index);
+      if (row.canExpand) {
+        text += row.isExpanded ? ", open" : ", closed";
       }
-      text += at(row, "pulse") == "none" ? "" : ", " + at(row, "pulse");
+      text += row.pulse == Pulse::None ? "" : ", " + pulseName(row.pulse);
       text += "\n";
     }
     return text;
+  }
+
+  static std::string pulseName(Pulse pulse) {
+    return QVariant::fromValue(pulse).toString().toStdString();
+  }
+
+  /// Empty when no row has the name.
+  std::string pulseOf(const std::string& name) {
+    const PanelRow* row = panel->rows()->rowAt(indexOf(name));
+    return row == nullptr ? "" : pulseName(row->pulse);
   }
 
   /// Where the row with the name stands; -1 when it is not shown.

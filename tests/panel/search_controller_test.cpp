@@ -123,7 +123,7 @@ TEST_F(SearchControllerTest, OpensTheWayAtOnceThenHighlightsThenScrolls) {
   EXPECT_EQ(highlighted(), std::nullopt);
   queue->advance(1ms);
   EXPECT_EQ(highlighted(), id);
-  EXPECT_EQ(at(indexOf("Keys"), "pulse"), "throbbing");
+  EXPECT_EQ(pulseOf("Keys"), "Throbbing");
   queue->advance(149ms);
   EXPECT_EQ(scrolledTo, "");
   queue->advance(1ms);
@@ -156,7 +156,7 @@ TEST_F(SearchControllerTest, TakesTheHighlightBackBeforeItGivesItAgain) {
   queue->advance(30ms);
   EXPECT_EQ(written, (std::vector<std::optional<std::string>>{std::nullopt, idOf("Keys")}));
   queue->advance(4999ms);
-  EXPECT_EQ(at(indexOf("Keys"), "pulse"), "throbbing") << "from the beginning";
+  EXPECT_EQ(pulseOf("Keys"), "Throbbing") << "from the beginning";
 }
 
 TEST_F(SearchControllerTest, LetsANewJumpTakeThePlaceOfOneThatIsUnderWay) {

@@ -32,8 +32,7 @@ protected:
 };
 
 TEST_F(PanelCards, BeginClosedBelowTheAdapter) {
-  const QString first = rows().index(0).data(PanelListModel::KindRole).toString();
-  EXPECT_EQ(first.toStdString(), "chargerHeader");
+  EXPECT_EQ(rows().rowAt(0)->kind, PanelRow::Kind::ChargerHeader);
   EXPECT_TRUE(isClosed("Thunderbolt Port 1"));
   EXPECT_TRUE(isClosed("Thunderbolt Port 2"));
   EXPECT_TRUE(isClosed("Thunderbolt Port 3"));

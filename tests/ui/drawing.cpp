@@ -5,12 +5,15 @@
 #include "panel/symbol.h"
 #include "ui/drawn_items.h"
 #include "ui/visible_items.h"
+#include "views/view_enums.h"
 
 #include <QQuickWindow>
-#include <QVariantMap>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace tamberline {
@@ -46,6 +49,18 @@ std::string percent(double share) {
 
 /// Centres that differ by less stand in one line.
 constexpr double sameLine = 6;
+
+/// The first in the alphabet, where several look the same.
+std::optional<std::string> nameIn(const ColorSet& colors, const QColor& wanted) {
+  std::set<std::string> names;
+  for (std::size_t index = 0; index < ColorSet::size; ++index) {
+    const auto color = static_cast<Color>(index);
+    if (colors.of(color).rgba() == wanted.rgba()) {
+      names.emplace(nameOf(color));
+    }
+  }
+  return names.empty() ? std::nullopt : std::optional(*names.begin());
+}
 
 } // namespace
 
@@ -256,8 +271,9 @@ private:
   std::vector<Ground> grounds_;
 };
 
-Drawing::Drawing(QQuickWindow& window, const Theme& theme)
-    : theme_(theme), picture_(window.grabWindow().convertToFormat(QImage::Format_RGB32)) {}
+Drawing::Drawing(QQuickWindow& window, PanelContext& context)
+    : theme_(*context.theme()), statusColors_(*context.statusColors()),
+      picture_(window.grabWindow().convertToFormat(QImage::Format_RGB32)) {}
 
 std::string Drawing::of(const QQuickItem& part) const {
   return Collector(*this, part).text();
@@ -274,17 +290,11 @@ std::string Drawing::colorName(const QColor& wanted) const {
       return name;
     }
   }
-  const QVariantMap inks = theme_.inks().toMap();
-  const QVariantMap fills = theme_.fills().toMap();
-  for (auto ink = inks.cbegin(); ink != inks.cend(); ++ink) {
-    if (ink.value().value<QColor>().rgba() == wanted.rgba()) {
-      return ink.key().toStdString();
-    }
+  if (const auto ink = nameIn(statusColors_.inks(), wanted)) {
+    return *ink;
   }
-  for (auto fill = fills.cbegin(); fill != fills.cend(); ++fill) {
-    if (fill.value().value<QColor>().rgba() == wanted.rgba()) {
-      return "fill " + fill.key().toStdString();
-    }
+  if (const auto fill = nameIn(statusColors_.fills(), wanted)) {
+    return "fill " + *fill;
   }
   return wanted.name(QColor::HexArgb).toStdString();
 }

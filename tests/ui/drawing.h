@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/theme.h"
+#include "panel/panel_context.h"
 
 #include <QImage>
 #include <QQuickItem>
@@ -12,13 +12,13 @@ namespace tamberline {
 /// A size of the text at which nothing wraps, whatever the version of the font.
 inline constexpr double unwrappedScale = 0.6;
 
-/// Says what is drawn of parts of a window: texts, symbols, bars and backgrounds as the eye meets
-/// them, not as they are named for who listens.
+/// Says what is drawn of parts of a window: texts, symbols, bars and backgrounds as they look, not
+/// as screen readers name them.
 class Drawing {
 public:
-  /// Of the window as it is now, in the colours of `theme`. The window stays as it is while this is
-  /// used.
-  Drawing(QQuickWindow& window, const Theme& theme);
+  /// Of the window as it is now, in the colours of its context. The window stays as it is while
+  /// this is used.
+  Drawing(QQuickWindow& window, PanelContext& context);
 
   /// The part's lines from top to bottom, in each what it shows from left to right:
   ///
@@ -44,6 +44,7 @@ private:
   bool leavesTrace(const QRectF& place) const;
 
   const Theme& theme_;
+  const StatusColors& statusColors_;
   QImage picture_;
 };
 

@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 class DrawnChrome : public PanelFixture {
 protected:
   std::string drawn(const char* type) {
-    return "\n" + Drawing(window(), *context().theme()).of(drawnItem(*window().rootObject(), type));
+    return "\n" + Drawing(window(), context()).of(drawnItem(*window().rootObject(), type));
   }
 };
 
@@ -66,7 +66,7 @@ TEST_F(DrawnChrome, OfTheSecondSuggestion) {
   openPanel();
   typeText("lumen 27");
   const QQuickItem& second = *drawnItems(*window().rootObject(), "SuggestionRow").at(1);
-  EXPECT_EQ(Drawing(window(), *context().theme()).of(second).find("accent"), std::string::npos);
+  EXPECT_EQ(Drawing(window(), context()).of(second).find("accent"), std::string::npos);
 }
 
 TEST_F(DrawnChrome, OfAnError) {

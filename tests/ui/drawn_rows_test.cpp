@@ -27,7 +27,7 @@ protected:
   std::string drawnAt(int index) {
     QMetaObject::invokeMethod(listView(), "positionViewAtIndex", Q_ARG(int, index), Q_ARG(int, 4));
     settle();
-    return "\n" + Drawing(window(), *context().theme()).of(*rowItem(index));
+    return "\n" + Drawing(window(), context()).of(*rowItem(index));
   }
 };
 
@@ -207,7 +207,7 @@ TEST_F(DrawnRows, TurnTheirChevronWhenTheyOpen) {
 TEST_F(DrawnRows, StandOnTheBackgroundOfTheirCard) {
   useSample("bare");
   openPanel();
-  const Drawing drawing(window(), *context().theme());
+  const Drawing drawing(window(), context());
   const QRectF card = placeInWindow(*rowItem(0)).adjusted(12, 0, -12, -10);
   const auto colorAt = [&](double x, double y) {
     return drawing.colorName(drawing.picture().pixelColor(qFloor(x), qFloor(y)));

@@ -258,8 +258,7 @@ TEST_F(PanelKeyboard, GoesFromTheFieldToTheSuggestionsAndJumps) {
   typeKey(Qt::Key_Return);
   advance(30ms);
   EXPECT_EQ(searchText(), "");
-  EXPECT_EQ(rows().index(indexOfRowNamed(name)).data(PanelListModel::PulseRole).toString(),
-            "throbbing");
+  EXPECT_EQ(rows().rowAt(indexOfRowNamed(name))->pulse, Pulse::Throbbing);
 }
 
 TEST_F(PanelKeyboard, GoesFromTheEmptyFieldToTheList) {

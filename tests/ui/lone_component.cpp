@@ -1,5 +1,6 @@
 #include "ui/lone_component.h"
 
+#include "panel/qml_modules.h"
 #include "support/fake_tools.h"
 #include "support/simulated_event_source.h"
 
@@ -7,9 +8,6 @@
 #include <QEvent>
 #include <QQmlEngine>
 #include <QUrl>
-
-// Registers the types of the QML module.
-extern void qml_register_types_Tamberline();
 
 namespace tamberline {
 
@@ -22,9 +20,8 @@ void LoneComponent::showComponent(const QString& name, const QVariantMap& proper
            .events = std::make_shared<SimulatedEventSource>()}),
       .queue = queue,
       .fontScale = fontScale});
-  qml_register_types_Tamberline();
   view = std::make_unique<QQuickView>();
-  view->engine()->addImportPath(QStringLiteral(":/qml"));
+  useQmlModules(*view->engine());
   context->attachTo(*view->engine());
   view->setResizeMode(QQuickView::SizeRootObjectToView);
   view->setInitialProperties(properties);

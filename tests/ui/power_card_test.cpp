@@ -1,8 +1,8 @@
-#include "panel/row_variants.h"
 #include "ui/accessible_objects.h"
 #include "ui/drawing.h"
 #include "ui/layout_check.h"
 #include "ui/lone_component.h"
+#include "views/power_card.h"
 
 namespace tamberline {
 namespace {
@@ -12,12 +12,12 @@ class PowerCardOnItsOwn : public LoneComponent {
 protected:
   void show(const ChargerInfo& charger, const std::optional<BatteryInfo>& battery,
             double fontScale = 1) {
-    showComponent("PowerCard", {{"card", powerCardVariant(powerCard(charger, battery))}}, 376,
+    showComponent("PowerCard", {{"card", QVariant::fromValue(powerCard(charger, battery))}}, 376,
                   fontScale);
     expectNoFaults();
   }
 
-  std::string drawn() { return "\n" + Drawing(*view, *context->theme()).of(item()); }
+  std::string drawn() { return "\n" + Drawing(*view, *context).of(item()); }
 
   void expectNoFaults() {
     for (const std::string& fault : layoutFaults(*view)) {
@@ -37,9 +37,7 @@ protected:
         .value<QColor>();
   }
 
-  QColor ink(Color color) {
-    return context->theme()->property("inks").toMap().value(colorName(color)).value<QColor>();
-  }
+  QColor ink(Color color) { return context->statusColors()->inks().of(color); }
 
   ChargerInfo adapter{.name = "96W USB-C Power Adapter",
                       .ratedWatts = 96,
@@ -67,10 +65,10 @@ TEST_F(PowerCardOnItsOwn, ShowsTheLevelOfTheBatteryInItsColor) {
   };
   adapter.isCharging = false;
   for (const Row& row :
-       {Row{{.stateOfCharge = 5}, "5%", Color::red}, Row{{.stateOfCharge = 20}, "20%", Color::red},
-        Row{{.stateOfCharge = 46}, "46%", Color::primary},
-        Row{{.stateOfCharge = 82, .isCharging = true}, "82%", Color::green},
-        Row{{.stateOfCharge = 100, .isFullyCharged = true}, "100%", Color::green}}) {
+       {Row{{.stateOfCharge = 5}, "5%", Color::Red}, Row{{.stateOfCharge = 20}, "20%", Color::Red},
+        Row{{.stateOfCharge = 46}, "46%", Color::Primary},
+        Row{{.stateOfCharge = 82, .isCharging = true}, "82%", Color::Green},
+        Row{{.stateOfCharge = 100, .isFullyCharged = true}, "100%", Color::Green}}) {
     show(adapter, row.battery);
     EXPECT_TRUE(isTextShown("Battery"));
     ASSERT_TRUE(isTextShown(row.level)) << row.level;

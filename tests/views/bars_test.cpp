@@ -40,12 +40,12 @@ TEST(SpeedBar, IsColouredByItsRatio) {
     double ratio;
     Color color;
   } rows[] = {
-      {5, 5, 1, Color::green},          {0.9201, 1, 0.9201, Color::green},
-      {0.92, 1, 0.92, Color::amber},    {4.6, 5, 0.92, Color::amber},
-      {0.45, 1, 0.45, Color::amber},    {0.4499, 1, 0.4499, Color::orange},
-      {0.48, 10, 0.048, Color::orange}, {80, 40, 1, Color::green},
-      {0, 5, 0, Color::orange},         {5, 0, 0, Color::orange},
-      {5, -1, 0, Color::orange},        {-5, 10, 0, Color::orange},
+      {5, 5, 1, Color::Green},          {0.9201, 1, 0.9201, Color::Green},
+      {0.92, 1, 0.92, Color::Amber},    {4.6, 5, 0.92, Color::Amber},
+      {0.45, 1, 0.45, Color::Amber},    {0.4499, 1, 0.4499, Color::Orange},
+      {0.48, 10, 0.048, Color::Orange}, {80, 40, 1, Color::Green},
+      {0, 5, 0, Color::Orange},         {5, 0, 0, Color::Orange},
+      {5, -1, 0, Color::Orange},        {-5, 10, 0, Color::Orange},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(testing::Message() << row.usedGbps << " of " << row.portMaxGbps);
@@ -121,10 +121,10 @@ TEST(PowerBar, IsColouredByHowMuchOfTheBudgetIsUsed) {
     std::int64_t portMaxMa;
     Color color;
   } rows[] = {
-      {0, 900, Color::green},     {500, 900, Color::green},    {920, 1000, Color::green},
-      {921, 1000, Color::orange}, {1000, 1000, Color::orange}, {1001, 1000, Color::red},
-      {9000, 900, Color::red},    {500, 0, Color::grey},       {0, 0, Color::grey},
-      {1, 1, Color::grey},        {2, 2, Color::orange},
+      {0, 900, Color::Green},     {500, 900, Color::Green},    {920, 1000, Color::Green},
+      {921, 1000, Color::Orange}, {1000, 1000, Color::Orange}, {1001, 1000, Color::Red},
+      {9000, 900, Color::Red},    {500, 0, Color::Grey},       {0, 0, Color::Grey},
+      {1, 1, Color::Grey},        {2, 2, Color::Orange},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(testing::Message() << row.usedMa << " of " << row.portMaxMa);
@@ -156,13 +156,13 @@ TEST(ColorNames, AreTheirOwn) {
     Color color;
     const char* name;
   } rows[] = {
-      {Color::green, "green"},     {Color::amber, "amber"},
-      {Color::orange, "orange"},   {Color::red, "red"},
-      {Color::blue, "blue"},       {Color::purple, "purple"},
-      {Color::yellow, "yellow"},   {Color::grey, "grey"},
-      {Color::accent, "accent"},   {Color::secondary, "secondary"},
-      {Color::primary, "primary"}, {Color::textBackground, "textBackground"},
-      {Color::clear, "clear"},
+      {Color::Green, "green"},     {Color::Amber, "amber"},
+      {Color::Orange, "orange"},   {Color::Red, "red"},
+      {Color::Blue, "blue"},       {Color::Purple, "purple"},
+      {Color::Yellow, "yellow"},   {Color::Grey, "grey"},
+      {Color::Accent, "accent"},   {Color::Secondary, "secondary"},
+      {Color::Primary, "primary"}, {Color::TextBackground, "textBackground"},
+      {Color::Clear, "clear"},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(nameOf(row.color), row.name);

@@ -20,8 +20,7 @@ std::string pulseText(Pulse pulse) {
 }
 
 std::string indentOf(const PanelRow& row) {
-  const auto* tree = std::get_if<const ExpandableRow*>(&row.source);
-  return tree == nullptr ? "" : std::string(2 * static_cast<std::size_t>((*tree)->depth + 1), ' ');
+  return row.place ? std::string(2 * static_cast<std::size_t>(row.place->depth + 1), ' ') : "";
 }
 
 } // namespace

@@ -39,16 +39,16 @@ TEST(Panel, ShowsAMessageWhereItHasNoCards) {
     Panel::State state;
     std::optional<std::string> message;
   } rows[] = {
-      {"nothing found", {}, Panel::State::empty, "No ports detected"},
-      {"first scan", {.isScanning = true}, Panel::State::scanning, "Scanning ports…"},
-      {"failed", {.errorMessage = "broken"}, Panel::State::error, "broken"},
+      {"nothing found", {}, Panel::State::Empty, "No ports detected"},
+      {"first scan", {.isScanning = true}, Panel::State::Scanning, "Scanning ports…"},
+      {"failed", {.errorMessage = "broken"}, Panel::State::Error, "broken"},
       {"scanning after a failure",
        {.isScanning = true, .errorMessage = "broken"},
-       Panel::State::error,
+       Panel::State::Error,
        "broken"},
       {"failed with a tree",
        {.portTree = tree, .errorMessage = "broken"},
-       Panel::State::error,
+       Panel::State::Error,
        "broken"},
   };
   for (const auto& row : rows) {
@@ -63,7 +63,7 @@ TEST(Panel, ShowsAMessageWhereItHasNoCards) {
 TEST(Panel, KeepsItsCardsDuringARescan) {
   const Panel panel = describePanel({.portTree = {portNode(1)}, .isScanning = true});
 
-  EXPECT_EQ(panel.state, Panel::State::cards);
+  EXPECT_EQ(panel.state, Panel::State::Cards);
   EXPECT_EQ(panel.message, std::nullopt);
   EXPECT_EQ(panel.cards.size(), 1U);
 }
@@ -74,8 +74,8 @@ TEST(Panel, HasOneCardPerTopLevelNodeInOrder) {
 
   ASSERT_EQ(panel.cards.size(), 4U);
   EXPECT_TRUE(std::holds_alternative<ChargerCard>(panel.cards[0]));
-  EXPECT_EQ(std::get<PortCard>(panel.cards[1]).title, "Thunderbolt Port 1");
-  EXPECT_EQ(std::get<PortCard>(panel.cards[2]).title, "Thunderbolt Port 2");
+  EXPECT_EQ(std::get<PortCard>(panel.cards[1]).header.title, "Thunderbolt Port 1");
+  EXPECT_EQ(std::get<PortCard>(panel.cards[2]).header.title, "Thunderbolt Port 2");
   EXPECT_TRUE(std::holds_alternative<StandaloneUSBCard>(panel.cards[3]));
 }
 
@@ -83,7 +83,7 @@ TEST(Panel, HandsItsFactsToThePortCards) {
   const Panel panel =
       describePanel({.portTree = {portNode(1)}, .portFacts = {.portCurrentLimitMa = {{1, 3000}}}});
 
-  EXPECT_EQ(std::get<PortCard>(panel.cards.at(0)).badges.at(0).badge.text, "15 W");
+  EXPECT_EQ(std::get<PortCard>(panel.cards.at(0)).header.badges.at(0).badge.text, "15 W");
 }
 
 TEST(BusCard, ShowsHeaderAndDevices) {
@@ -113,20 +113,20 @@ TEST(ChargerCard, ShowsTheAdapterAndItsPort) {
   const auto card = onlyCardOf<ChargerCard>(node);
 
   EXPECT_EQ(card.id, "/charger");
-  EXPECT_EQ(card.icon, "powerplug.fill");
-  EXPECT_EQ(card.title, "Power Adapter");
-  EXPECT_EQ(card.port, "MagSafe");
-  EXPECT_EQ(card.portTooltip, "Physical port the power adapter is plugged into");
+  EXPECT_EQ(card.header.icon, "powerplug.fill");
+  EXPECT_EQ(card.header.title, "Power Adapter");
+  EXPECT_EQ(card.header.port, "MagSafe");
+  EXPECT_EQ(card.header.portTooltip, "Physical port the power adapter is plugged into");
   EXPECT_EQ(card.row.name, "Adapter");
   EXPECT_EQ(card.row.rated, "140 W rated");
 }
 
 TEST(ChargerCard, ShowsTheBoltWhileCharging) {
-  EXPECT_EQ(onlyCardOf<ChargerCard>(chargerNode({.isCharging = true})).icon, "bolt.fill");
+  EXPECT_EQ(onlyCardOf<ChargerCard>(chargerNode({.isCharging = true})).header.icon, "bolt.fill");
 }
 
 TEST(ChargerCard, NamesAUSBCPort) {
-  EXPECT_EQ(onlyCardOf<ChargerCard>(chargerNode({.connectsViaUSBC = true})).port,
+  EXPECT_EQ(onlyCardOf<ChargerCard>(chargerNode({.connectsViaUSBC = true})).header.port,
             "USB-C / Thunderbolt");
 }
 
@@ -134,7 +134,7 @@ TEST(ChargerCard, NamesTheSocketOfAnAdapterThatIsOnNoPort) {
   const auto portOf = [](const ChargerInfo& charger) {
     return std::get<ChargerCard>(
                describePanel({.portTree = {TreeNode(TreeNode::Charger{charger})}}).cards.at(0))
-        .port;
+        .header.port;
   };
   EXPECT_EQ(portOf({.isOnNoKnownPort = true}), "Power socket");
   EXPECT_EQ(portOf({.connectsViaUSBC = true, .isOnNoKnownPort = true}), "USB-C / Thunderbolt");
@@ -145,7 +145,7 @@ TEST(Panel, SpeaksTheLanguageOfTheRun) {
 
   EXPECT_EQ(describePanel({}).message, "Keine Ports erkannt");
   EXPECT_EQ(describePanel({.isScanning = true}).message, "Ports werden gescannt…");
-  EXPECT_EQ(onlyCardOf<ChargerCard>(chargerNode({})).title, "Netzteil");
+  EXPECT_EQ(onlyCardOf<ChargerCard>(chargerNode({})).header.title, "Netzteil");
 }
 
 } // namespace

@@ -31,13 +31,13 @@ PortFacts withLimit(std::int64_t limitMa) {
 }
 
 MeasuredPower measured(const PortPowerOut& power) {
-  return cardOf({}, {.portPowerOut = {{2, power}}}).measuredPower.value();
+  return cardOf({}, {.portPowerOut = {{2, power}}}).power.measured.value();
 }
 
 /// One badge a line: its text, and what else tells it from others.
 std::string badgesText(const PortCard& card) {
   std::string text;
-  for (const PortBadge& badge : card.badges) {
+  for (const PortBadge& badge : card.header.badges) {
     text += badge.badge.text + " | " + badge.badge.icon.value_or("no icon") + " | " +
             std::string(badge.badge.color ? nameOf(*badge.badge.color) : "no color") + " | " +
             badge.badge.tooltip + "\n";
@@ -47,7 +47,7 @@ std::string badgesText(const PortCard& card) {
 
 std::vector<PortBadge::Kind> badgeKinds(const PortCard& card) {
   std::vector<PortBadge::Kind> kinds;
-  for (const PortBadge& badge : card.badges) {
+  for (const PortBadge& badge : card.header.badges) {
     kinds.push_back(badge.kind);
   }
   return kinds;
@@ -62,40 +62,42 @@ TEST(PortCard, NamesItsPort) {
   const PortCard card = portCard(node, bus, {});
 
   EXPECT_EQ(card.id, "/port2");
-  EXPECT_EQ(card.title, "Thunderbolt Port 2");
+  EXPECT_EQ(card.header.title, "Thunderbolt Port 2");
 }
 
 TEST(PortCard, OfAnEmptyPortSaysThatNothingIsAttached) {
   const PortCard card = cardOf({});
 
-  EXPECT_FALSE(card.inUse);
-  EXPECT_EQ(card.dotTooltip, "Nothing attached");
-  EXPECT_EQ(card.itemCount, std::nullopt);
+  EXPECT_FALSE(card.header.inUse);
+  EXPECT_EQ(card.header.dotTooltip, "Nothing attached");
+  EXPECT_EQ(card.header.itemCount, std::nullopt);
   EXPECT_EQ(card.nothingAttached, "Nothing attached");
   EXPECT_EQ(badgesText(card), "");
-  EXPECT_FALSE(card.measuredPower.has_value());
-  EXPECT_FALSE(card.portPowerBar.has_value());
+  EXPECT_FALSE(card.power.measured.has_value());
+  EXPECT_FALSE(card.power.ratedBar.has_value());
   EXPECT_TRUE(card.rows.empty());
 }
 
 TEST(PortCard, IsInUseWhenConnectedOrWhenAnythingHangsThere) {
   const ThunderboltPort connected = {"receptacle_connected", "", ""};
 
-  EXPECT_TRUE(cardOf({}, {}, connected).inUse);
-  EXPECT_EQ(cardOf({}, {}, connected).dotTooltip, "In use — a device is attached or powered");
+  EXPECT_TRUE(cardOf({}, {}, connected).header.inUse);
+  EXPECT_EQ(cardOf({}, {}, connected).header.dotTooltip,
+            "In use — a device is attached or powered");
   EXPECT_EQ(cardOf({}, {}, connected).nothingAttached, "Nothing attached");
-  EXPECT_TRUE(cardOf({TreeNode(TreeNode::ChargingOnly{})}).inUse);
+  EXPECT_TRUE(cardOf({TreeNode(TreeNode::ChargingOnly{})}).header.inUse);
 }
 
 TEST(PortCard, CountsWhatIsAttached) {
-  EXPECT_EQ(cardOf({usbNode(0)}).itemCount, "1 item");
-  EXPECT_EQ(cardOf({usbNode(0), chargerNode(1)}).itemCount, "2 items");
-  EXPECT_EQ(cardOf({usbNode(0)}).itemCountTooltip, "Number of devices attached to this port");
+  EXPECT_EQ(cardOf({usbNode(0)}).header.itemCount, "1 item");
+  EXPECT_EQ(cardOf({usbNode(0), chargerNode(1)}).header.itemCount, "2 items");
+  EXPECT_EQ(cardOf({usbNode(0)}).header.itemCountTooltip,
+            "Number of devices attached to this port");
   EXPECT_EQ(cardOf({usbNode(0)}).nothingAttached, std::nullopt);
 }
 
 TEST(PortCard, DoesNotCountABusWithoutDevices) {
-  EXPECT_EQ(cardOf({TreeNode(TreeNode::USBBusEntry{addOnBus("USB31Bus", {})})}).itemCount,
+  EXPECT_EQ(cardOf({TreeNode(TreeNode::USBBusEntry{addOnBus("USB31Bus", {})})}).header.itemCount,
             std::nullopt);
 }
 
@@ -116,7 +118,7 @@ std::optional<std::string> titleNoteOf(const std::vector<std::optional<std::int6
     bus.receptacles.push_back({number, {}});
   }
   bus.port.link = link;
-  return portCard(TreeNode(TreeNode::TBPort{bus}), bus, {}).titleNote;
+  return portCard(TreeNode(TreeNode::TBPort{bus}), bus, {}).header.titleNote;
 }
 
 TEST(PortTitle, SaysWhichSocketsThePortIsWhereItsNumberDoesNot) {
@@ -165,7 +167,7 @@ TEST(CapacityBadge, HasADecimalOnlyWhereNeeded) {
   } rows[] = {{900, "4.5 W"}, {500, "2.5 W"}, {1000, "5 W"}, {2000, "10 W"}, {4000, "20 W"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.limitMa);
-    EXPECT_EQ(cardOf({}, withLimit(row.limitMa)).badges.at(0).badge.text, row.text);
+    EXPECT_EQ(cardOf({}, withLimit(row.limitMa)).header.badges.at(0).badge.text, row.text);
   }
 }
 
@@ -183,7 +185,8 @@ TEST(ChargerBadge, ShowsWhatTheAdapterDelivers) {
 }
 
 TEST(ChargerBadge, ComesFromTheFirstAdapterOnThePortItself) {
-  EXPECT_EQ(cardOf({usbNode(0), chargerNode(58), chargerNode(12)}).badges.at(0).badge.text, "58W");
+  EXPECT_EQ(cardOf({usbNode(0), chargerNode(58), chargerNode(12)}).header.badges.at(0).badge.text,
+            "58W");
   EXPECT_EQ(badgesText(cardOf({chargerNode(std::nullopt), chargerNode(12)})), "");
   EXPECT_EQ(badgesText(cardOf({TreeNode(TreeNode::TBDevice{}, {chargerNode(58)})})), "");
 }
@@ -225,7 +228,8 @@ TEST(ControllerBadges, ComeFromTheFirstControllerOfTheNumberThatIsNotMagSafe) {
 
   EXPECT_EQ(badgeKinds(cardOf({}, {.hpmPorts = {magSafe, first, second}})),
             Kinds{PortBadge::Kind::cable});
-  EXPECT_EQ(cardOf({}, {.hpmPorts = {magSafe, first}}).badges.at(0).badge.text, "active cable");
+  EXPECT_EQ(cardOf({}, {.hpmPorts = {magSafe, first}}).header.badges.at(0).badge.text,
+            "active cable");
   EXPECT_EQ(badgesText(cardOf({}, {.hpmPorts = {magSafe}})), "");
 }
 
@@ -284,38 +288,39 @@ TEST(MeasuredPower, DrawsAtMostAFullBar) {
 }
 
 TEST(MeasuredPower, IsThatOfThePortsOwnNumber) {
-  EXPECT_FALSE(cardOf({}, {.portPowerOut = {{1, {}}, {3, {}}}}).measuredPower.has_value());
+  EXPECT_FALSE(cardOf({}, {.portPowerOut = {{1, {}}, {3, {}}}}).power.measured.has_value());
 }
 
 TEST(PortPowerBar, AddsUpEverythingOnThePort) {
   const PortCard card = cardOf({usbNode(500), usbNode(250)}, withLimit(3000));
 
-  ASSERT_TRUE(card.portPowerBar.has_value());
-  EXPECT_EQ(card.portPowerBar->usedMa, 750);
-  EXPECT_EQ(card.portPowerBar->allocatedMa, 750);
-  EXPECT_EQ(card.portPowerBar->portMaxMa, 3000);
-  EXPECT_EQ(card.portPowerBar->used, "3.8 W port total");
-  EXPECT_EQ(card.portPowerBar->allocated, std::nullopt);
-  EXPECT_EQ(card.portPowerBar->portMax, "15.0 W port max");
-  EXPECT_EQ(card.portPowerBar->bar.usedFraction, 0.25);
-  EXPECT_EQ(card.portPowerBar->tooltip, "Total rated draw of everything on this port vs the port's "
-                                        "power capacity");
+  ASSERT_TRUE(card.power.ratedBar.has_value());
+  EXPECT_EQ(card.power.ratedBar->usedMa, 750);
+  EXPECT_EQ(card.power.ratedBar->allocatedMa, 750);
+  EXPECT_EQ(card.power.ratedBar->portMaxMa, 3000);
+  EXPECT_EQ(card.power.ratedBar->used, "3.8 W port total");
+  EXPECT_EQ(card.power.ratedBar->allocated, std::nullopt);
+  EXPECT_EQ(card.power.ratedBar->portMax, "15.0 W port max");
+  EXPECT_EQ(card.power.ratedBar->bar.usedFraction, 0.25);
+  EXPECT_EQ(card.power.ratedBar->tooltip,
+            "Total rated draw of everything on this port vs the port's "
+            "power capacity");
 }
 
 TEST(PortPowerBar, NeedsADrawAndALimit) {
-  EXPECT_FALSE(cardOf({usbNode(0)}, withLimit(3000)).portPowerBar.has_value());
-  EXPECT_TRUE(cardOf({usbNode(1)}, withLimit(3000)).portPowerBar.has_value());
-  EXPECT_FALSE(cardOf({usbNode(500)}).portPowerBar.has_value());
+  EXPECT_FALSE(cardOf({usbNode(0)}, withLimit(3000)).power.ratedBar.has_value());
+  EXPECT_TRUE(cardOf({usbNode(1)}, withLimit(3000)).power.ratedBar.has_value());
+  EXPECT_FALSE(cardOf({usbNode(500)}).power.ratedBar.has_value());
   EXPECT_FALSE(
-      cardOf({usbNode(500)}, {.portCurrentLimitMa = {{1, 3000}}}).portPowerBar.has_value());
+      cardOf({usbNode(500)}, {.portCurrentLimitMa = {{1, 3000}}}).power.ratedBar.has_value());
 }
 
 TEST(PortPowerBar, IsFullForALimitOfZero) {
   const PortCard card = cardOf({usbNode(500)}, withLimit(0));
 
-  ASSERT_TRUE(card.portPowerBar.has_value());
-  EXPECT_EQ(card.portPowerBar->bar.usedFraction, 1);
-  EXPECT_EQ(card.portPowerBar->portMax, "0.0 W port max");
+  ASSERT_TRUE(card.power.ratedBar.has_value());
+  EXPECT_EQ(card.power.ratedBar->bar.usedFraction, 1);
+  EXPECT_EQ(card.power.ratedBar->portMax, "0.0 W port max");
 }
 
 TEST(PortCard, SpeaksTheLanguageOfTheRun) {
@@ -324,25 +329,25 @@ TEST(PortCard, SpeaksTheLanguageOfTheRun) {
   facts.portPowerOut = {{2, {.usedWatts = 1, .allocatedWatts = 2}}};
   const PortCard card = cardOf({usbNode(500), usbNode(0)}, facts);
 
-  EXPECT_EQ(card.title, "Thunderbolt-Port 2");
-  EXPECT_EQ(card.itemCount, "2 Geräte");
-  EXPECT_EQ(card.badges.at(0).badge.tooltip, "Port-Leistungskapazität: 3000 mA bei 5 V");
-  EXPECT_EQ(card.portPowerBar->used, "2.5 W Port gesamt");
-  EXPECT_EQ(card.measuredPower->used, "1.0 W genutzt");
-  EXPECT_EQ(card.measuredPower->allocated, "2.0 W zugewiesen");
+  EXPECT_EQ(card.header.title, "Thunderbolt-Port 2");
+  EXPECT_EQ(card.header.itemCount, "2 Geräte");
+  EXPECT_EQ(card.header.badges.at(0).badge.tooltip, "Port-Leistungskapazität: 3000 mA bei 5 V");
+  EXPECT_EQ(card.power.ratedBar->used, "2.5 W Port gesamt");
+  EXPECT_EQ(card.power.measured->used, "1.0 W genutzt");
+  EXPECT_EQ(card.power.measured->allocated, "2.0 W zugewiesen");
 }
 
 TEST(PortCard, ShowsWhatBothEndsAgreedOnWithoutCallingItMeasured) {
   const PortCard card =
       cardOf({}, {.hpmPorts = {{.portNumber = 2, .agreedPower = AgreedPower{20, 3.25}}}});
-  ASSERT_TRUE(card.agreedPower);
-  EXPECT_EQ(card.agreedPower->watts, "65.0 W agreed");
-  EXPECT_EQ(card.agreedPower->voltageCurrent, "20.0 V · 3.25 A");
-  EXPECT_EQ(card.agreedPower->tooltip, "What both ends of the cable agreed on: a voltage, and the "
-                                       "max power at it. How much flows now is not measured.");
-  EXPECT_FALSE(card.measuredPower);
-  EXPECT_TRUE(card.badges.empty());
-  EXPECT_FALSE(cardOf({}, {.hpmPorts = {{.portNumber = 2}}}).agreedPower);
+  ASSERT_TRUE(card.power.agreed);
+  EXPECT_EQ(card.power.agreed->watts, "65.0 W agreed");
+  EXPECT_EQ(card.power.agreed->voltageCurrent, "20.0 V · 3.25 A");
+  EXPECT_EQ(card.power.agreed->tooltip, "What both ends of the cable agreed on: a voltage, and the "
+                                        "max power at it. How much flows now is not measured.");
+  EXPECT_FALSE(card.power.measured);
+  EXPECT_TRUE(card.header.badges.empty());
+  EXPECT_FALSE(cardOf({}, {.hpmPorts = {{.portNumber = 2}}}).power.agreed);
 }
 
 TEST(PortCard, SaysWhatIsAttachedThatIsNoDevice) {

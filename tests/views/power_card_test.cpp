@@ -118,12 +118,12 @@ TEST(BatteryIcon, StopsAtThreeQuartersUnlessTheBatteryCallsItselfFull) {
     const char* icon;
     Color color;
   } rows[] = {
-      {0, "battery.0percent", Color::red},        {15, "battery.0percent", Color::red},
-      {16, "battery.25percent", Color::red},      {20, "battery.25percent", Color::red},
-      {21, "battery.25percent", Color::primary},  {35, "battery.25percent", Color::primary},
-      {36, "battery.50percent", Color::primary},  {60, "battery.50percent", Color::primary},
-      {61, "battery.75percent", Color::primary},  {99, "battery.75percent", Color::primary},
-      {100, "battery.75percent", Color::primary},
+      {0, "battery.0percent", Color::Red},        {15, "battery.0percent", Color::Red},
+      {16, "battery.25percent", Color::Red},      {20, "battery.25percent", Color::Red},
+      {21, "battery.25percent", Color::Primary},  {35, "battery.25percent", Color::Primary},
+      {36, "battery.50percent", Color::Primary},  {60, "battery.50percent", Color::Primary},
+      {61, "battery.75percent", Color::Primary},  {99, "battery.75percent", Color::Primary},
+      {100, "battery.75percent", Color::Primary},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.level);

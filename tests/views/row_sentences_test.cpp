@@ -11,7 +11,7 @@ namespace {
 
 /// The sentences of the rows of one card, all of its tree open, one a line.
 std::string sentencesOf(const Card& card) {
-  const Panel panel{.state = Panel::State::cards, .cards = {card}};
+  const Panel panel{.state = Panel::State::Cards, .cards = {card}};
   SampleStates states;
   states.overrides = {"port", "row"};
   std::string text;
@@ -36,16 +36,16 @@ TEST(RowSentence, NamesAnAdapterThatHasNoName) {
 std::string everything() {
   const PortCard port{
       .id = "port",
-      .dotTooltip = "In use",
-      .title = "Thunderbolt Port 1",
-      .itemCount = "3 items",
-      .badges = {{PortBadge::Kind::capacity, {.text = "15 W"}},
-                 {PortBadge::Kind::speed, {.text = "40 Gb/s"}}},
-      .measuredPower = MeasuredPower{.used = "3.8 W used",
-                                     .allocated = "15.0 W allocated",
-                                     .voltageCurrent = "5.0 V · 0.75 A"},
-      .portPowerBar =
-          powerBarRow({.usedMa = 500, .allocatedMa = 900, .portMaxMa = 3000, .usedLabel = "rated"}),
+      .header = {.dotTooltip = "In use",
+                 .title = "Thunderbolt Port 1",
+                 .itemCount = "3 items",
+                 .badges = {{PortBadge::Kind::capacity, {.text = "15 W"}},
+                            {PortBadge::Kind::speed, {.text = "40 Gb/s"}}}},
+      .power = {.measured = MeasuredPower{.used = "3.8 W used",
+                                          .allocated = "15.0 W allocated",
+                                          .voltageCurrent = "5.0 V · 0.75 A"},
+                .ratedBar = powerBarRow(
+                    {.usedMa = 500, .allocatedMa = 900, .portMaxMa = 3000, .usedLabel = "rated"})},
       .rows = {{.id = "row",
                 .content = TBDeviceRow{.name = "Harbour Dock",
                                        .modeBadge = Badge{.text = "USB4 40G"},
@@ -58,8 +58,7 @@ std::string everything() {
   const StandaloneUSBCard bus{
       .id = "port", .header = {"USB 2.0 Bus", "1.0W rated"}, .nothingAttached = "No devices"};
   const ChargerCard charger{.id = "port",
-                            .title = "Power Adapter",
-                            .port = "MagSafe",
+                            .header = {.title = "Power Adapter", .port = "MagSafe"},
                             .row = {"96W Adapter", "96 W rated", true}};
   return sentencesOf(port) + sentencesOf(bus) + sentencesOf(charger);
 }
@@ -93,9 +92,7 @@ TEST(RowSentences, SpeakTheLanguageOfTheRun) {
 }
 
 TEST(RowSentences, SayWhetherTheRowIsOpen) {
-  const USBBusHeaderRow bus{.name = "Bus"};
-  const ExpandableRow source{.id = "row", .content = bus};
-  PanelRow row{.kind = PanelRow::Kind::usbBus, .id = "row", .source = &source};
+  PanelRow row{.kind = PanelRow::Kind::UsbBus, .content = USBBusHeaderRow{.name = "Bus"}};
   EXPECT_EQ(rowSentence(row), "Bus");
   row.canExpand = true;
   EXPECT_EQ(rowSentence(row), "Bus, collapsed");
@@ -104,9 +101,9 @@ TEST(RowSentences, SayWhetherTheRowIsOpen) {
 }
 
 TEST(RowSentences, SayOfAPortWithoutItemsWhatItsDotMeans) {
-  EXPECT_EQ(
-      sentencesOf(PortCard{.id = "port", .dotTooltip = "Nothing attached", .title = "Port 2"}),
-      "Port 2, Nothing attached, expanded\n");
+  EXPECT_EQ(sentencesOf(PortCard{.id = "port",
+                                 .header = {.dotTooltip = "Nothing attached", .title = "Port 2"}}),
+            "Port 2, Nothing attached, expanded\n");
 }
 
 TEST(RowSentences, SayOfADeviceItsSpeedItsPowerAndItsVolumes) {

@@ -109,7 +109,7 @@ TEST(ThunderboltRow, ShowsIconNameAndMode) {
   EXPECT_EQ(row.name, "Harbour Dock");
   ASSERT_TRUE(row.modeBadge.has_value());
   EXPECT_EQ(row.modeBadge->text, "USB4 40G");
-  EXPECT_EQ(row.modeBadge->color, Color::accent);
+  EXPECT_EQ(row.modeBadge->color, Color::Accent);
   EXPECT_EQ(row.modeBadge->icon, std::nullopt);
   EXPECT_EQ(row.modeBadge->tooltip, "Thunderbolt / USB4 connection mode this device negotiated");
 }
@@ -178,7 +178,7 @@ TEST(ThunderboltRow, WarnsOfADeviceThatIsNotAuthorised) {
   device.isAuthorized = false;
   ASSERT_TRUE(rowOf().warningBadge);
   EXPECT_EQ(rowOf().warningBadge->text, "not authorised");
-  EXPECT_EQ(rowOf().warningBadge->color, Color::orange);
+  EXPECT_EQ(rowOf().warningBadge->color, Color::Orange);
   EXPECT_TRUE(rowOf().warningBadge->tooltip.starts_with("The computer has not allowed"));
 }
 
@@ -255,11 +255,11 @@ TEST(USBRow, ColoursTheSpeedByItsShareOfTheMaximum) {
     double busMaxGbps;
     Color color;
   } rows[] = {
-      {"super_speed_plus", 10, Color::green},    {"super_speed_plus", 5, Color::green},
-      {"high_speed", 0.48 / 0.92, Color::green}, {"high_speed", 0.5218, Color::amber},
-      {"super_speed", 10, Color::amber},         {"super_speed_plus", 10 / 0.45, Color::amber},
-      {"super_speed_plus", 22.3, Color::orange}, {"high_speed", 10, Color::orange},
-      {"unheard_of", 10, Color::orange},         {"super_speed", 0, Color::orange},
+      {"super_speed_plus", 10, Color::Green},    {"super_speed_plus", 5, Color::Green},
+      {"high_speed", 0.48 / 0.92, Color::Green}, {"high_speed", 0.5218, Color::Amber},
+      {"super_speed", 10, Color::Amber},         {"super_speed_plus", 10 / 0.45, Color::Amber},
+      {"super_speed_plus", 22.3, Color::Orange}, {"high_speed", 10, Color::Orange},
+      {"unheard_of", 10, Color::Orange},         {"super_speed", 0, Color::Orange},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(testing::Message() << row.speed << " of " << row.busMaxGbps);
@@ -404,7 +404,7 @@ TEST(ChargingOnlyRow, SaysWhatIsMissing) {
   EXPECT_EQ(row.detail,
             "Powered, but no data connection — unlock or switch the device to data mode");
   EXPECT_EQ(row.badge.text, "no data");
-  EXPECT_EQ(row.badge.color, Color::orange);
+  EXPECT_EQ(row.badge.color, Color::Orange);
   EXPECT_EQ(row.badge.icon, std::nullopt);
   EXPECT_EQ(row.badge.tooltip,
             "Drawing power but presenting no USB data — a powered-off camera, locked phone, etc. "

@@ -64,7 +64,7 @@ TEST(VolumeTest, ShowsItsPhaseWhileItRuns) {
   const VolumeTools tools = volumeTools(writing, std::nullopt);
 
   EXPECT_TRUE(tools.showsTestProgress);
-  EXPECT_EQ(tools.testTexts, (Texts{{"Writing…", Color::secondary}}));
+  EXPECT_EQ(tools.testTexts, (Texts{{"Writing…", Color::Secondary}}));
   EXPECT_EQ(tools.testButton, std::nullopt);
 }
 
@@ -72,7 +72,7 @@ TEST(VolumeTest, TellsBesideItsPhaseHowFarItIsAndThatItCanBeStopped) {
   EXPECT_EQ(volumeTools(writing, std::nullopt).testProgress, "Writing…");
   EXPECT_EQ(volumeTools(writing, std::nullopt).stopTooltip, "Writing… · Stop the test");
   const VolumeTools tools = volumeTools(writing, std::nullopt, 40);
-  EXPECT_EQ(tools.testTexts, (Texts{{"Writing…", Color::secondary}}));
+  EXPECT_EQ(tools.testTexts, (Texts{{"Writing…", Color::Secondary}}));
   EXPECT_EQ(tools.testProgress, "Writing… 40%");
   EXPECT_EQ(tools.stopTooltip, "Writing… 40% · Stop the test");
   EXPECT_EQ(volumeTools(done(1, 1), std::nullopt, 40).testProgress, "");
@@ -84,7 +84,7 @@ TEST(VolumeTest, ShowsBothSpeedsWhenDone) {
   const VolumeTools tools = volumeTools(done(412.4, 1021.7), std::nullopt);
 
   EXPECT_FALSE(tools.showsTestProgress);
-  EXPECT_EQ(tools.testTexts, (Texts{{"W 412", Color::blue}, {"R 1022 MB/s", Color::green}}));
+  EXPECT_EQ(tools.testTexts, (Texts{{"W 412", Color::Blue}, {"R 1022 MB/s", Color::Green}}));
   EXPECT_EQ(tools.testButton, retest);
 }
 
@@ -92,7 +92,7 @@ TEST(VolumeTest, ShowsWhyItFailed) {
   const VolumeTools tools = volumeTools(failed, std::nullopt);
 
   EXPECT_FALSE(tools.showsTestProgress);
-  EXPECT_EQ(tools.testTexts, (Texts{{"Volume is read-only", Color::orange}}));
+  EXPECT_EQ(tools.testTexts, (Texts{{"Volume is read-only", Color::Orange}}));
   EXPECT_EQ(tools.testButton, retest);
 }
 
@@ -121,7 +121,7 @@ TEST(VolumeEjection, OffersAnotherAttemptWithTheReasonOfTheFailure) {
   EXPECT_FALSE(tools.showsEjectProgress);
   EXPECT_EQ(tools.ejectButton,
             (SymbolButton{
-                .symbol = "exclamationmark.circle", .tooltip = "in use", .color = Color::orange}));
+                .symbol = "exclamationmark.circle", .tooltip = "in use", .color = Color::Orange}));
 }
 
 TEST(VolumeEjection, TellsAReasonOfSeveralLinesInOne) {
@@ -138,12 +138,11 @@ TEST(VolumeEjection, OffersNoSecondAttemptWhileATestRuns) {
   EXPECT_EQ(volumeTools(writing, ejectFailed).ejectButton,
             (SymbolButton{.symbol = "exclamationmark.circle",
                           .tooltip = "in use",
-                          .color = Color::orange,
+                          .color = Color::Orange,
                           .isEnabled = false}));
 }
 
 TEST(ToolsOfDrive, OfferNoEjectionWhileAnyVolumeOfItIsTestedOrEjected) {
-  const std::vector<VolumeRow> volumes = {volumeRow({"Data", "/V"}), volumeRow({"More", "/W"})};
   struct Row {
     const char* what;
     std::map<std::string, BenchmarkPhase> benchmarks;
@@ -160,21 +159,20 @@ TEST(ToolsOfDrive, OfferNoEjectionWhileAnyVolumeOfItIsTestedOrEjected) {
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);
-    const std::vector<VolumeTools> tools =
-        toolsOfDrive(volumes, {row.benchmarks, row.ejectStates, {}});
-    ASSERT_EQ(tools.size(), 2U);
-    EXPECT_EQ(tools[0].ejectButton->isEnabled, row.canEject);
-    EXPECT_TRUE(tools[0].testButton->isEnabled);
+    std::vector<VolumeRow> volumes = {volumeRow({"Data", "/V"}), volumeRow({"More", "/W"})};
+    addTools({row.benchmarks, row.ejectStates, {}}, volumes);
+    EXPECT_EQ(volumes[0].tools.ejectButton->isEnabled, row.canEject);
+    EXPECT_TRUE(volumes[0].tools.testButton->isEnabled);
   }
 }
 
 TEST(ToolsOfDrive, TellHowFarEachTestIs) {
-  const std::vector<VolumeRow> volumes = {volumeRow({"Data", "/V"}), volumeRow({"More", "/W"})};
+  std::vector<VolumeRow> volumes = {volumeRow({"Data", "/V"}), volumeRow({"More", "/W"})};
   const std::map<std::string, BenchmarkPhase> benchmarks = {{"/V", writing}, {"/W", writing}};
   const std::map<std::string, int> progress = {{"/W", 15}};
-  const std::vector<VolumeTools> tools = toolsOfDrive(volumes, {benchmarks, {}, progress});
-  EXPECT_EQ(tools.at(0).testProgress, "Writing…");
-  EXPECT_EQ(tools.at(1).testProgress, "Writing… 15%");
+  addTools({benchmarks, {}, progress}, volumes);
+  EXPECT_EQ(volumes[0].tools.testProgress, "Writing…");
+  EXPECT_EQ(volumes[1].tools.testProgress, "Writing… 15%");
 }
 
 } // namespace

@@ -26,7 +26,7 @@ std::string render(const PortScanner& scanner, const InspectOptions& options,
 
 std::string timeLine(const TextStyle& style) {
   const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
-  const TextLine line = {{"──── " + time.toStdString() + " ────", Color::grey}};
+  const TextLine line = {{"──── " + time.toStdString() + " ────", Color::Grey}};
   return renderTextTrees({{{line}, {}}}, style.useColors);
 }
 

@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // What both ends of a port's connection agreed on.
 LineLayout {
     id: row
 
-    required property var power
+    required property agreedPowerRow power
 
     spacing: 4
 

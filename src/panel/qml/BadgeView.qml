@@ -1,24 +1,25 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // A small label; coloured, on a faint background of its colour, where it has a colour.
 Rectangle {
     id: badgeView
 
-    required property var badge
+    required property badge badge
 
     color: "transparent"
     implicitHeight: line.implicitHeight + 4
     implicitWidth: line.implicitWidth + line.x * 2
     radius: 4
-    visible: badge.isShown
+    visible: badge.text !== ""
 
     Hint {
         text: label.hint
     }
     Rectangle {
         anchors.fill: parent
-        color: Theme.fills[badgeView.badge.color]
+        color: StatusColors.fills.of(badgeView.badge.color)
         opacity: 0.12
         radius: parent.radius
         visible: badgeView.badge.hasBackground
@@ -32,7 +33,7 @@ Rectangle {
         x: badgeView.badge.hasBackground ? 6 : 0
 
         Symbol {
-            color: Theme.inks[badgeView.badge.color]
+            color: StatusColors.inks.of(badgeView.badge.color)
             implicitHeight: Theme.smallSymbolSize
             implicitWidth: Theme.smallSymbolSize
             name: badgeView.badge.icon
@@ -41,7 +42,7 @@ Rectangle {
         TextLine {
             id: label
 
-            color: Theme.inks[badgeView.badge.color]
+            color: StatusColors.inks.of(badgeView.badge.color)
             font: badgeView.badge.hasBackground ? Theme.badgeFont : Theme.caption2Font
             showsHint: false
             text: badgeView.badge.text

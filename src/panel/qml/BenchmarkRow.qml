@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // A mounted volume: its name, its speed test, and the way to eject it.
 LineLayout {
     id: row
 
-    required property var volume
+    required property volumeRow volume
 
     leastElasticWidth: Theme.leastNameWidth
     lineSpacing: 2
@@ -25,46 +26,46 @@ LineLayout {
     }
     SpinnerButton {
         enabled: Panel.canTestVolumes
-        hint: row.volume.stopTooltip
-        label: row.volume.testProgress
-        visible: row.volume.showsTestProgress
+        hint: row.volume.tools.stopTooltip
+        label: row.volume.tools.testProgress
+        visible: row.volume.tools.showsTestProgress
         LineLayout.isTrailing: true
         onTriggered: Panel.stopBenchmark(row.volume.mountPoint)
     }
     Repeater {
         model: ValueListModel {
-            values: row.volume.testTexts
+            values: row.volume.tools.testTexts
         }
 
         TextLine {
-            required property var value
+            required property coloredText value
 
-            color: Theme.inks[value.color]
+            color: StatusColors.inks.of(value.color)
             text: value.text
             LineLayout.isTrailing: true
         }
     }
     SymbolButton {
-        enabled: row.volume.testButton.isEnabled && Panel.canTestVolumes
-        hint: row.volume.testButton.tooltip
+        enabled: row.volume.tools.testButton.isEnabled && Panel.canTestVolumes
+        hint: row.volume.tools.testButton.tooltip
         size: Theme.symbolSize
-        symbol: row.volume.testButton.symbol
-        visible: row.volume.testButton.isShown
+        symbol: row.volume.tools.testButton.symbol
+        visible: row.volume.tools.testButton.symbol !== ""
         LineLayout.isTrailing: true
         onTriggered: Panel.runBenchmark(row.volume.mountPoint)
     }
     Spinner {
         label: Panel.texts.ejecting
-        visible: row.volume.showsEjectProgress
+        visible: row.volume.tools.showsEjectProgress
         LineLayout.isTrailing: true
     }
     SymbolButton {
-        color: Theme.inks[row.volume.ejectButton.color]
-        enabled: row.volume.ejectButton.isEnabled && Panel.canEject
-        hint: row.volume.ejectButton.tooltip
+        color: StatusColors.inks.of(row.volume.tools.ejectButton.color)
+        enabled: row.volume.tools.ejectButton.isEnabled && Panel.canEject
+        hint: row.volume.tools.ejectButton.tooltip
         size: Theme.symbolSize
-        symbol: row.volume.ejectButton.symbol
-        visible: row.volume.ejectButton.isShown
+        symbol: row.volume.tools.ejectButton.symbol
+        visible: row.volume.tools.ejectButton.symbol !== ""
         LineLayout.isTrailing: true
         onTriggered: Panel.eject(row.volume.mountPoint)
     }

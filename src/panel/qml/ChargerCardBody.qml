@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // The adapter on its card.
 CardSegment {
     id: segment
 
-    required property var content
+    required property chargerRow content
 
     topPadding: 4
 
@@ -16,14 +17,14 @@ CardSegment {
 
         Rectangle {
             anchors.fill: parent
-            color: Theme.fills.yellow
+            color: StatusColors.fills.of(Views.Yellow)
             opacity: 0.07
             radius: 6
         }
         ChargerRow {
             id: row
 
-            content: segment.content.row
+            content: segment.content
             width: parent.width - 16
             x: 8
             y: 6

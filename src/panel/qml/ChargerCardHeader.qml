@@ -1,12 +1,13 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // The header of the card of an adapter that is on no USB-C port.
 CardSegment {
     id: segment
 
-    required property var content
-    required property string pulse
+    required property chargerCardHeader content
+    required property int pulse
 
     Item {
         height: line.height
@@ -25,7 +26,7 @@ CardSegment {
             width: parent.width
 
             SymbolIcon {
-                color: Theme.fills.yellow
+                color: StatusColors.fills.of(Views.Yellow)
                 name: segment.content.icon
             }
             TextLine {

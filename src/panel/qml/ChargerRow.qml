@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // The power adapter in one line.
 LineLayout {
     id: row
 
-    required property var content
+    required property chargerRow content
 
     alignsBaselines: true
     leastElasticWidth: Theme.leastNameWidth
@@ -13,7 +14,7 @@ LineLayout {
     spacing: 6
 
     Symbol {
-        color: Theme.fills.yellow
+        color: StatusColors.fills.of(Views.Yellow)
         implicitHeight: Theme.smallSymbolSize
         implicitWidth: Theme.smallSymbolSize
         name: "bolt.horizontal"
@@ -28,12 +29,12 @@ LineLayout {
         LineLayout.isTrailing: true
 
         SymbolIcon {
-            color: Theme.inks.green
+            color: StatusColors.inks.of(Views.Green)
             name: "arrow.up.circle.fill"
             visible: row.content.isCharging
         }
         TextLine {
-            color: row.content.isCharging ? Theme.inks.green : Theme.secondary
+            color: row.content.isCharging ? StatusColors.inks.of(Views.Green) : Theme.secondary
             text: row.content.rated
         }
     }

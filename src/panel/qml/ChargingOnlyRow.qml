@@ -1,18 +1,19 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // A port that draws power without data.
 Item {
     id: row
 
-    required property var content
+    required property chargingOnlyRow content
 
     implicitHeight: Math.max(symbol.height, lines.height)
 
     SymbolIcon {
         id: symbol
 
-        color: Theme.fills.yellow
+        color: StatusColors.fills.of(Views.Yellow)
         name: "bolt.fill"
     }
     Stack {

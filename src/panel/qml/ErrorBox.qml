@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // Why there is nothing to show.
 Item {
@@ -20,7 +21,7 @@ Item {
 
         Rectangle {
             anchors.fill: parent
-            color: Theme.fills.orange
+            color: StatusColors.fills.of(Views.Orange)
             opacity: 0.12
             radius: 10
         }
@@ -28,7 +29,7 @@ Item {
             id: symbol
 
             anchors.verticalCenter: parent.verticalCenter
-            color: Theme.inks.orange
+            color: StatusColors.inks.of(Views.Orange)
             x: 12
             name: "exclamationmark.triangle"
         }

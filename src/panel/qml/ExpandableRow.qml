@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // One node of the tree below a card's header: indented, tinted, and a button where it has children.
 CardSegment {
@@ -8,10 +9,8 @@ CardSegment {
     required property int depth
     required property bool isLast
     required property bool isExpanded
-    required property string tint
-    required property real tintOpacity
-    required property string pulse
-    required property var content
+    required property tint tint
+    required property int pulse
     default property alias rowContent: slot.data
 
     HierarchyRow {
@@ -26,8 +25,8 @@ CardSegment {
 
             Rectangle {
                 anchors.fill: parent
-                color: Theme.fills[row.tint]
-                opacity: row.tintOpacity
+                color: StatusColors.fills.of(row.tint.color)
+                opacity: row.tint.opacity
                 radius: 6
             }
             PulseOverlay {

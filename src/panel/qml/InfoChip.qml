@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // A label and a value on a rounded background.
 Rectangle {
     id: infoChip
 
-    required property var chip
+    required property infoChip chip
 
     color: Theme.field
     implicitHeight: line.implicitHeight + 4

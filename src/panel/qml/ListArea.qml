@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // The scrolling part of the panel: cards, or what there is to say without them.
 Item {
@@ -13,7 +14,7 @@ Item {
         id: list
 
         height: Math.max(area.height, Sizing.greatestListAreaHeight)
-        visible: Panel.state === "cards"
+        visible: Panel.state === Views.Cards
         visibleHeight: area.height
         width: parent.width
         onContentYChanged: Popover.close()
@@ -26,7 +27,7 @@ Item {
         id: errorBox
 
         message: Panel.message
-        visible: Panel.state === "error"
+        visible: Panel.state === Views.Error
         width: parent.width
     }
     ListHeightKey {
@@ -36,8 +37,8 @@ Item {
         id: notice
 
         message: Panel.message
-        symbol: Panel.state === "empty" ? "cable.connector" : ""
-        visible: Panel.state === "empty" || Panel.state === "scanning"
+        symbol: Panel.state === Views.Empty ? "cable.connector" : ""
+        visible: Panel.state === Views.Empty || Panel.state === Views.Scanning
         width: parent.width
     }
     ListHeightKey {

@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // The live measured power of a port.
 Stack {
     id: row
 
-    required property var power
+    required property measuredPower power
 
     spacing: 3
 
@@ -14,7 +15,7 @@ Stack {
         width: parent.width
 
         Symbol {
-            color: Theme.inks.blue
+            color: StatusColors.inks.of(Views.Blue)
             implicitHeight: Theme.smallSymbolSize
             implicitWidth: Theme.smallSymbolSize
             name: "bolt.fill"
@@ -43,7 +44,7 @@ Stack {
     }
     TriBar {
         bar: row.power.bar
-        color: Theme.fills.blue
+        color: StatusColors.fills.of(Views.Blue)
         width: parent.width
 
         Hint {

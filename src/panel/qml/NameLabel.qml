@@ -1,9 +1,10 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // The name of a device, which may come cut already; the whole of it in the tooltip then too.
 TextLine {
-    required property var name
+    required property nameLabel name
 
     font: Theme.captionFont
     text: name.text

@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // What the card of a bus without devices shows, and an open one of an empty port.
 CardSegment {
     id: segment
 
-    required property var content
+    required property nothingAttachedRow content
 
     topPadding: 6
 
@@ -19,7 +20,7 @@ CardSegment {
         TextLine {
             anchors.verticalCenter: parent.verticalCenter
             color: Theme.secondary
-            text: segment.content.nothingAttached
+            text: segment.content.text
         }
     }
 }

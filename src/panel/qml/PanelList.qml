@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 import Qt.labs.qmlmodels
 
 // The cards of the ports. As high as it can ever become, so that it always knows the height of what
@@ -36,52 +37,54 @@ ListView {
         role: "kind"
 
         DelegateChoice {
-            roleValue: "portHeader"
+            roleValue: Views.PortHeader
 
             PortCard {
             }
         }
         DelegateChoice {
-            roleValue: "portPower"
+            roleValue: Views.PortPower
 
             PortPower {
             }
         }
         DelegateChoice {
-            roleValue: "nothingAttached"
+            roleValue: Views.NothingAttached
 
             NothingAttached {
             }
         }
         DelegateChoice {
-            roleValue: "partner"
+            roleValue: Views.Partner
 
             PartnerNotice {
             }
         }
         DelegateChoice {
-            roleValue: "busHeader"
+            roleValue: Views.BusHeader
 
             StandaloneBusHeader {
             }
         }
         DelegateChoice {
-            roleValue: "chargerHeader"
+            roleValue: Views.ChargerHeader
 
             ChargerCardHeader {
             }
         }
         DelegateChoice {
-            roleValue: "chargerBody"
+            roleValue: Views.ChargerBody
 
             ChargerCardBody {
             }
         }
         DelegateChoice {
-            roleValue: "tbDevice"
+            roleValue: Views.TbDevice
 
             ExpandableRow {
                 id: tbRow
+
+                required property tbDeviceRow content
 
                 TBDeviceRow {
                     canExpand: tbRow.canExpand
@@ -92,10 +95,12 @@ ListView {
             }
         }
         DelegateChoice {
-            roleValue: "usbBus"
+            roleValue: Views.UsbBus
 
             ExpandableRow {
                 id: busRow
+
+                required property usbBusHeaderRow content
 
                 USBBusHeaderRow {
                     canExpand: busRow.canExpand
@@ -106,10 +111,12 @@ ListView {
             }
         }
         DelegateChoice {
-            roleValue: "usbDevice"
+            roleValue: Views.UsbDevice
 
             ExpandableRow {
                 id: deviceRow
+
+                required property usbDeviceDetailRow content
 
                 USBDeviceDetailRow {
                     canExpand: deviceRow.canExpand
@@ -120,10 +127,12 @@ ListView {
             }
         }
         DelegateChoice {
-            roleValue: "charger"
+            roleValue: Views.Charger
 
             ExpandableRow {
                 id: chargerRow
+
+                required property chargerRow content
 
                 ChargerRow {
                     content: chargerRow.content
@@ -132,10 +141,12 @@ ListView {
             }
         }
         DelegateChoice {
-            roleValue: "chargingOnly"
+            roleValue: Views.ChargingOnly
 
             ExpandableRow {
                 id: chargingRow
+
+                required property chargingOnlyRow content
 
                 ChargingOnlyRow {
                     content: chargingRow.content

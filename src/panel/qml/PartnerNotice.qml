@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // Something on a port that is neither a device nor an adapter in use.
 CardSegment {
     id: segment
 
-    required property var content
+    required property partnerNotice content
 
     topPadding: 6
 
@@ -17,7 +18,7 @@ CardSegment {
             id: symbol
 
             color: Theme.secondary
-            name: segment.content.partner.icon
+            name: segment.content.icon
         }
         Stack {
             id: lines
@@ -28,12 +29,12 @@ CardSegment {
             spacing: 2
 
             Paragraph {
-                text: segment.content.partner.title
+                text: segment.content.title
                 width: parent.width
             }
             Paragraph {
                 color: Theme.secondary
-                text: segment.content.partner.detail
+                text: segment.content.detail
                 width: parent.width
             }
         }

@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // The header of a port's card, which opens and closes it.
 CardSegment {
     id: card
 
-    required property var content
+    required property portHeader content
     required property bool isExpanded
 
     Stack {
@@ -20,7 +21,7 @@ CardSegment {
             width: parent.width
 
             Dot {
-                color: card.content.inUse ? Theme.fills.green : Theme.fills.grey
+                color: card.content.inUse ? StatusColors.fills.of(Views.Green) : StatusColors.fills.of(Views.Grey)
                 implicitHeight: 9
                 implicitWidth: 9
                 opacity: card.content.inUse ? 1 : 0.35
@@ -47,7 +48,7 @@ CardSegment {
                 }
                 Rectangle {
                     anchors.fill: parent
-                    color: Theme.fills.grey
+                    color: StatusColors.fills.of(Views.Grey)
                     opacity: 0.15
                     radius: 5
                 }
@@ -65,7 +66,7 @@ CardSegment {
                 model: card.content.badges
 
                 BadgeView {
-                    required property var modelData
+                    required property badge modelData
 
                     badge: modelData
                     LineLayout.isTrailing: true

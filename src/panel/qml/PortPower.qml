@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // The power on a port: what is measured or agreed on, and the rated draw of everything on it.
 CardSegment {
     id: segment
 
-    required property var content
+    required property portPower content
 
     Stack {
         bottomPadding: 4
@@ -13,30 +14,30 @@ CardSegment {
         width: parent.width
 
         Loader {
-            active: segment.content.measuredPower.isShown
+            active: segment.content.hasMeasured
             visible: active
             width: parent.width
 
             sourceComponent: MeasuredPowerRow {
-                power: segment.content.measuredPower // qmllint disable unqualified
+                power: segment.content.measured // qmllint disable unqualified
             }
         }
         Loader {
-            active: segment.content.agreedPower.isShown
+            active: segment.content.hasAgreed
             visible: active
             width: parent.width
 
             sourceComponent: AgreedPowerRow {
-                power: segment.content.agreedPower // qmllint disable unqualified
+                power: segment.content.agreed // qmllint disable unqualified
             }
         }
         Loader {
-            active: segment.content.portPowerBar.isShown
+            active: segment.content.hasRatedBar
             visible: active
             width: parent.width
 
             sourceComponent: PowerBarRow {
-                powerBar: segment.content.portPowerBar // qmllint disable unqualified
+                powerBar: segment.content.ratedBar // qmllint disable unqualified
             }
         }
     }

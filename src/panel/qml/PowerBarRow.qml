@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // A rated draw against a port's budget.
 Stack {
     id: row
 
-    required property var powerBar
+    required property powerBarRow powerBar
 
     spacing: 3
 
@@ -37,7 +38,7 @@ Stack {
     }
     TriBar {
         bar: row.powerBar.bar
-        color: Theme.fills[row.powerBar.color]
+        color: StatusColors.fills.of(row.powerBar.color)
         width: parent.width
 
         Hint {

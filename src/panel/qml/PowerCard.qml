@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // The adapter and the battery on a card of their own.
 Rectangle {
     id: powerCard
 
-    required property var card
+    required property powerCard card
 
     border.color: Theme.separator
     border.width: 1
@@ -28,7 +29,7 @@ Rectangle {
             width: parent.width
 
             SymbolIcon {
-                color: Theme.fills.yellow
+                color: StatusColors.fills.of(Views.Yellow)
                 name: "bolt.fill"
             }
             NameLabel {
@@ -48,8 +49,8 @@ Rectangle {
         }
         TriBar {
             bar: powerCard.card.bar
-            color: Theme.fills[powerCard.card.barColor]
-            visible: powerCard.card.bar.isShown
+            color: StatusColors.fills.of(powerCard.card.barColor)
+            visible: powerCard.card.hasBar
             width: parent.width
 
             Hint {
@@ -76,18 +77,18 @@ Rectangle {
         LineLayout {
             lineSpacing: 4
             spacing: 6
-            visible: powerCard.card.battery.isShown
+            visible: powerCard.card.hasBattery
             width: parent.width
 
             SymbolIcon {
-                color: Theme.inks[powerCard.card.battery.levelColor]
+                color: StatusColors.inks.of(powerCard.card.battery.levelColor)
                 name: powerCard.card.battery.icon
             }
             TextLine {
                 text: powerCard.card.battery.label
             }
             TextLine {
-                color: Theme.inks[powerCard.card.battery.levelColor]
+                color: StatusColors.inks.of(powerCard.card.battery.levelColor)
                 text: powerCard.card.battery.level
             }
             InfoChip {

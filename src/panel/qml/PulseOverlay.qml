@@ -1,13 +1,14 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // Throbs over the row that a search led to, and fades. A row that is made for its highlight throbs
 // from the start.
 Rectangle {
     id: overlay
 
-    required property string phase
-    readonly property bool isThrobbing: phase === "throbbing"
+    required property int phase
+    readonly property bool isThrobbing: phase === Views.Throbbing
 
     color: Theme.accent
     opacity: 0

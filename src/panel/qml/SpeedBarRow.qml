@@ -1,17 +1,18 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // A negotiated speed against a maximum.
 Stack {
     id: row
 
-    required property var speedBar
+    required property speedBarRow speedBar
 
     spacing: 3
 
     TriBar {
         bar: row.speedBar.bar
-        color: Theme.fills[row.speedBar.color]
+        color: StatusColors.fills.of(row.speedBar.color)
         width: parent.width
 
         Hint {
@@ -23,7 +24,7 @@ Stack {
         width: parent.width
 
         TextLine {
-            color: Theme.inks[row.speedBar.color]
+            color: StatusColors.inks.of(row.speedBar.color)
             text: row.speedBar.speedLabel
             tooltip: row.speedBar.tooltip
         }

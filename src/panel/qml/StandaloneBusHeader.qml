@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // The header of the card of a bus that no port brought.
 CardSegment {
     id: segment
 
-    required property var content
+    required property usbBusHeaderRow content
 
     Stack {
         bottomPadding: 4

@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // A Thunderbolt device.
 Stack {
     id: row
 
-    required property var content
+    required property tbDeviceRow content
     required property bool canExpand
     required property bool isExpanded
 
@@ -18,7 +19,7 @@ Stack {
         width: parent.width
 
         SymbolIcon {
-            color: Theme.inks.accent
+            color: StatusColors.inks.of(Views.Accent)
             name: row.content.icon
             opacity: 0.8
         }
@@ -43,7 +44,7 @@ Stack {
         }
     }
     Loader {
-        active: row.content.speedBar.isShown
+        active: row.content.hasSpeedBar
         visible: active
         width: parent.width
 

@@ -1,10 +1,11 @@
 import QtQuick
+import Tamberline.Views
 
 // A thin bar: the track, what is allocated, what is used.
 Item {
     id: triBar
 
-    required property var bar
+    required property triBar bar
     required property color color
 
     implicitHeight: 6

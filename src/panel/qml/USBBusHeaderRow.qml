@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // A USB bus.
 LineLayout {
     id: row
 
-    required property var content
+    required property usbBusHeaderRow content
     required property bool canExpand
     required property bool isExpanded
 

@@ -1,11 +1,12 @@
 import QtQuick
 import Tamberline
+import Tamberline.Views
 
 // A USB device with its speed, its power and its volumes.
 Stack {
     id: row
 
-    required property var content
+    required property usbDeviceDetailRow content
     required property bool canExpand
     required property bool isExpanded
 
@@ -18,7 +19,7 @@ Stack {
         width: parent.width
 
         SymbolIcon {
-            color: Theme.inks.accent
+            color: StatusColors.inks.of(Views.Accent)
             name: row.content.icon
             opacity: 0.8
         }
@@ -26,7 +27,7 @@ Stack {
             name: row.content.name
         }
         TextLine {
-            color: Theme.inks[row.content.speedColor]
+            color: StatusColors.inks.of(row.content.speedColor)
             text: row.content.speedText
             tooltip: row.content.speedTooltip
             LineLayout.isTrailing: true
@@ -34,11 +35,11 @@ Stack {
         SymbolButton {
             id: explain
 
-            color: Theme.inks.orange
+            color: StatusColors.inks.of(Views.Orange)
             hint: row.content.speedNote.title
             size: Theme.symbolSize
             symbol: "arrow.up.circle"
-            visible: row.content.speedNote.isShown
+            visible: row.content.speedNote.title !== ""
             LineLayout.isTrailing: true
             onTriggered: Popover.toggle(explain, row.content.speedNote.title, row.content.speedNote.note)
         }
@@ -55,7 +56,7 @@ Stack {
         }
     }
     Loader {
-        active: row.content.speedBar.isShown
+        active: row.content.hasSpeedBar
         visible: active
         width: parent.width
 
@@ -64,7 +65,7 @@ Stack {
         }
     }
     Loader {
-        active: row.content.powerBar.isShown
+        active: row.content.hasPowerBar
         visible: active
         width: parent.width
 
@@ -78,7 +79,7 @@ Stack {
         }
 
         BenchmarkRow {
-            required property var value
+            required property volumeRow value
 
             volume: value
             width: row.width // qmllint disable unqualified

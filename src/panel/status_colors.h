@@ -1,0 +1,48 @@
+#pragma once
+
+#include "panel/color_set.h"
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+class QJSEngine;
+class QQmlEngine;
+
+namespace tamberline {
+
+class Theme;
+
+/// What the colours of the description look like: some are the theme's, others ours in a light and
+/// a dark shade. Follows the theme. Main thread only.
+class StatusColors final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_SINGLETON
+
+  /// For areas.
+  Q_PROPERTY(tamberline::ColorSet fills READ fills NOTIFY changed)
+  /// For text and symbols: the same hues, but readable wherever text stands.
+  Q_PROPERTY(tamberline::ColorSet inks READ inks NOTIFY changed)
+
+public:
+  /// `theme` must outlive this.
+  explicit StatusColors(const Theme& theme);
+
+  /// The one that PanelContext holds for the engine.
+  static StatusColors* create(QQmlEngine* engine, QJSEngine* scriptEngine);
+
+  const ColorSet& fills() const { return fills_; }
+  const ColorSet& inks() const { return inks_; }
+
+signals:
+  void changed();
+
+private:
+  void readTheme();
+
+  const Theme& theme_;
+  ColorSet fills_;
+  ColorSet inks_;
+};
+
+} // namespace tamberline
