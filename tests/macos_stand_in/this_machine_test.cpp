@@ -1,8 +1,8 @@
 #include "macos_stand_in/fake_mac.h"
+#include "platform/macos/disk_utility_ejector.h"
 #include "platform/macos/mac_tool_runner.h"
 #include "platform/posix/posix_volume_files.h"
 #include "platform/this_machine.h"
-#include "storage/disk_utility_ejector.h"
 #include "support/hand_driven_queue.h"
 
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 #include "platform/this_machine.h"
 
+#include "platform/macos/disk_utility_ejector.h"
 #include "platform/macos/io_registry_events.h"
 #include "platform/macos/mac_tool_runner.h"
 #include "platform/macos/mount_table.h"
 #include "platform/posix/child_process_runner.h"
 #include "platform/posix/posix_volume_files.h"
-#include "storage/disk_utility_ejector.h"
 
 #include <utility>
 

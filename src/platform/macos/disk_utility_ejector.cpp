@@ -1,4 +1,4 @@
-#include "storage/disk_utility_ejector.h"
+#include "platform/macos/disk_utility_ejector.h"
 
 #include <utility>
 
