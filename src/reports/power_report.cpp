@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "reports/json_values.h"
+#include "reports/report_decoding.h"
 
 #include <nlohmann/json.hpp>
 
@@ -57,7 +58,7 @@ ChargerInfo parseCharger(const json& entry) {
 } // namespace
 
 PowerReading parsePower(const json& report) {
-  const json& entries = objectsMember(report, "SPPowerDataType");
+  const json& entries = objectsMember(report, powerSectionKey);
   PowerReading reading;
   if (const json* battery = firstEntryNamed(entries, "spbattery_information")) {
     reading.battery = parseBattery(*battery);

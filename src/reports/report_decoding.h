@@ -8,6 +8,12 @@
 
 namespace tamberline {
 
+/// The sections of the hardware report. Each is a report of its own: an object with this one key and
+/// the section's entries under it.
+constexpr const char* thunderboltSectionKey = "SPThunderboltDataType";
+constexpr const char* usbSectionKey = "SPUSBDataType";
+constexpr const char* powerSectionKey = "SPPowerDataType";
+
 /// What a report can be at most. No real one comes near: the largest has some hundred devices. The
 /// parsers and the port tree recurse, and what is made of an object of two bytes, from its record
 /// to its row, takes thousands.

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "reports/json_values.h"
+#include "reports/report_decoding.h"
 #include "reports/true_link_report.h"
 #include "reports/usb_report.h"
 
@@ -108,7 +109,7 @@ ThunderboltDevice parseDevice(const json& item, std::string name) {
 
 std::vector<ThunderboltBus> parseThunderbolt(const json& report) {
   std::vector<ThunderboltBus> buses;
-  for (const json& entry : objectsMember(report, "SPThunderboltDataType")) {
+  for (const json& entry : objectsMember(report, thunderboltSectionKey)) {
     buses.push_back(parseBus(entry, static_cast<std::int64_t>(buses.size()) + 1));
   }
   return buses;

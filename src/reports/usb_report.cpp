@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "reports/json_values.h"
+#include "reports/report_decoding.h"
 
 #include <nlohmann/json.hpp>
 
@@ -64,7 +65,7 @@ USBDevice parseDevice(const json& item, std::string name, const ContainerIDs& co
 
 std::vector<USBBus> parseUSB(const json& report, const ContainerIDs& containerIDs) {
   std::vector<USBBus> buses;
-  for (const json& entry : objectsMember(report, "SPUSBDataType")) {
+  for (const json& entry : objectsMember(report, usbSectionKey)) {
     buses.push_back(USBBus{
         .rawName = textMember(entry, "_name", "USBBus"),
         .hostController = textMember(entry, "host_controller", ""),

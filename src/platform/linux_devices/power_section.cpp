@@ -1,5 +1,6 @@
 #include "platform/linux_devices/adapters.h"
 #include "platform/linux_devices/report_sections.h"
+#include "reports/report_decoding.h"
 
 #include <nlohmann/json.hpp>
 
@@ -101,7 +102,7 @@ json powerSection(const Machine& machine) {
                   [](const PowerSupply& supply) { return supply.isAdapter(); })) {
     entries.push_back(chargerEntry(machine));
   }
-  return {{"SPPowerDataType", std::move(entries)}};
+  return {{powerSectionKey, std::move(entries)}};
 }
 
 } // namespace tamberline::sysfs

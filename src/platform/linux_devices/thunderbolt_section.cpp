@@ -1,6 +1,7 @@
 #include "base/text.h"
 #include "platform/linux_devices/physical_ports.h"
 #include "platform/linux_devices/report_sections.h"
+#include "reports/report_decoding.h"
 
 #include <nlohmann/json.hpp>
 
@@ -171,7 +172,7 @@ json thunderboltSection(const Machine& machine) {
   for (const auto& [number, port] : physicalPortsOf(machine).ports) {
     entries.push_back(section.port(number, port));
   }
-  return {{"SPThunderboltDataType", std::move(entries)}};
+  return {{thunderboltSectionKey, std::move(entries)}};
 }
 
 } // namespace tamberline::sysfs

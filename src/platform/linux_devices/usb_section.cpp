@@ -2,6 +2,7 @@
 #include "platform/linux_devices/physical_ports.h"
 #include "platform/linux_devices/report_sections.h"
 #include "platform/linux_devices/usb_locations.h"
+#include "reports/report_decoding.h"
 
 #include <nlohmann/json.hpp>
 
@@ -201,7 +202,7 @@ json volumeEntries(const std::vector<Volume>& volumes) {
 }
 
 json usbSection(const Machine& machine) {
-  return {{"SPUSBDataType", UsbSection(machine).buses()}};
+  return {{usbSectionKey, UsbSection(machine).buses()}};
 }
 
 } // namespace tamberline::sysfs

@@ -332,7 +332,7 @@ json usbReportFrom(const json& hostReport, VolumesByLocation volumes,
   for (const json& entry : objectsMember(hostReport, "SPUSBHostDataType")) {
     translation.appendBuses(entry, buses);
   }
-  return {{"SPUSBDataType", std::move(buses)}};
+  return {{usbSectionKey, std::move(buses)}};
 }
 
 bool needsThunderboltPorts(const json& hostReport) {
