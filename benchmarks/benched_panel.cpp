@@ -19,7 +19,7 @@ constexpr std::chrono::milliseconds restTime{300};
 
 BenchedPanel::BenchedPanel(const std::filesystem::path& reports)
     : scanner_(PortScanner::create(
-          {.acquisition = {.tools = std::make_shared<SavedReportsRunner>(reports),
+          {.acquisition = {.machine = std::make_shared<SavedReportsRunner>(reports),
                            .queue = scope_.queue()},
            .events = std::make_shared<SilentEventSource>()})),
       shell_({.scanner = scanner_, .queue = scope_.queue()}, {}) {

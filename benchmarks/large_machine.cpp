@@ -28,13 +28,13 @@ public:
     }
   }
 
-  std::map<std::string, std::string> files() const {
+  std::map<Question, std::string> answers() const {
     return {
-        {"SPUSBDataType.json", "{\"SPUSBDataType\": [" + bus("USB31Bus", fastHubs_) + "," +
-                                   bus("USB20Bus", slowHubs_) + "]}"},
-        {"SPThunderboltDataType.json", thunderboltReport()},
-        {"SPPowerDataType.json", "{\"SPPowerDataType\": []}"},
-        {"IOUSBHostDevice.plist", propertyList("<array>\n" + entries_ + "</array>\n")},
+        {Question::usb, "{\"SPUSBDataType\": [" + bus("USB31Bus", fastHubs_) + "," +
+                            bus("USB20Bus", slowHubs_) + "]}"},
+        {Question::thunderbolt, thunderboltReport()},
+        {Question::power, "{\"SPPowerDataType\": []}"},
+        {Question::usbHostDevices, propertyList("<array>\n" + entries_ + "</array>\n")},
     };
   }
 
@@ -102,8 +102,8 @@ std::string portEntry(char digit, const std::string& encodedNumber) {
 
 } // namespace
 
-std::map<std::string, std::string> makeLargeMachine(std::size_t deviceCount) {
-  return LargeMachine(deviceCount).files();
+std::map<Question, std::string> makeLargeMachine(std::size_t deviceCount) {
+  return LargeMachine(deviceCount).answers();
 }
 
 std::string makeDeviceTree(std::size_t byteCount) {

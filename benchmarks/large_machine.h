@@ -1,14 +1,16 @@
 #pragma once
 
+#include "acquisition/machine_source.h"
+
 #include <cstddef>
 #include <map>
 #include <string>
 
 namespace tamberline {
 
-/// Saved reports of an invented machine, by file name: hubs of seven devices nested three deep,
+/// The answers of an invented machine: hubs of seven devices nested three deep,
 /// each hub in two halves that share a container identifier; all of them behind one dock.
-std::map<std::string, std::string> makeLargeMachine(std::size_t deviceCount);
+std::map<Question, std::string> makeLargeMachine(std::size_t deviceCount);
 
 /// A dump of a device tree of about so many bytes, with the current limits of four ports in it.
 std::string makeDeviceTree(std::size_t byteCount);

@@ -5,6 +5,7 @@
 #include "large_machine.h"
 #include "panel/list_changes.h"
 #include "platform/desktop.h"
+#include "platform/saved/saved_reports_runner.h"
 #include "views/panel_inputs.h"
 #include "views/panel_rows.h"
 
@@ -34,8 +35,9 @@ std::filesystem::path deskSample() {
 std::filesystem::path largeMachine() {
   static const QTemporaryDir folder;
   static const bool isSaved = [] {
-    for (const auto& [fileName, content] : makeLargeMachine(devicesOfLargeMachine)) {
-      std::ofstream(std::filesystem::path(folder.path().toStdString()) / fileName) << content;
+    for (const auto& [question, content] : makeLargeMachine(devicesOfLargeMachine)) {
+      std::ofstream(std::filesystem::path(folder.path().toStdString()) / savedFileName(question))
+          << content;
     }
     return true;
   }();

@@ -1,7 +1,6 @@
 // The main thread's share of one scan: everything between the bytes that the tools printed and the
 // tree with its identifiers.
 
-#include "acquisition/tool_commands.h"
 #include "large_machine.h"
 #include "platform/saved/saved_reports_runner.h"
 #include "registry/battery_controller_ports.h"
@@ -25,75 +24,68 @@
 namespace tamberline {
 namespace {
 
-using Files = std::map<std::string, std::string>;
+using Answers = std::map<Question, std::string>;
 
-nlohmann::json reportIn(const Files& files, const std::string& fileName) {
-  const auto found = files.find(fileName);
-  return found == files.end() ? nlohmann::json::object()
-                              : decodeReport(found->second).value_or(nlohmann::json::object());
+nlohmann::json reportIn(const Answers& answers, Question question) {
+  const auto found = answers.find(question);
+  return found == answers.end() ? nlohmann::json::object()
+                                : decodeReport(found->second).value_or(nlohmann::json::object());
 }
 
 template <typename Result>
-Result dumpIn(const Files& files, const std::string& fileName,
-              Result (*read)(const PropertyList& dump)) {
-  const auto found = files.find(fileName);
+Result dumpIn(const Answers& answers, Question question, Result (*read)(const PropertyList& dump)) {
+  const auto found = answers.find(question);
   const auto dump =
-      found == files.end() ? std::nullopt : PropertyList::decode(std::string(found->second));
+      found == answers.end() ? std::nullopt : PropertyList::decode(std::string(found->second));
   return dump ? read(*dump) : Result{};
 }
 
-std::vector<TreeNode> workOfOneScan(const Files& files) {
+std::vector<TreeNode> workOfOneScan(const Answers& answers) {
   PortTreeInputs inputs;
-  inputs.thunderboltBuses = parseThunderbolt(reportIn(files, "SPThunderboltDataType.json"));
-  inputs.usbBuses =
-      mergeContainerHubs(parseUSB(reportIn(files, "SPUSBDataType.json"),
-                                  dumpIn(files, "IOUSBHostDevice.plist", containerIDsIn)));
-  inputs.charger = parsePower(reportIn(files, "SPPowerDataType.json")).charger;
-  benchmark::DoNotOptimize(dumpIn(files, "IOPMPowerSource.plist", fedDetailsIn));
-  inputs.hpmPorts = dumpIn(files, "AppleHPMDevice.plist", portControllersIn);
-  benchmark::DoNotOptimize(dumpIn(files, "AppleSmartBattery.plist", portPowerOutIn));
-  inputs.portCurrentLimitMa = dumpIn(files, "IODeviceTree.plist", portCurrentLimitsIn);
+  inputs.thunderboltBuses = parseThunderbolt(reportIn(answers, Question::thunderbolt));
+  inputs.usbBuses = mergeContainerHubs(parseUSB(
+      reportIn(answers, Question::usb), dumpIn(answers, Question::usbHostDevices, containerIDsIn)));
+  inputs.charger = parsePower(reportIn(answers, Question::power)).charger;
+  benchmark::DoNotOptimize(dumpIn(answers, Question::powerSource, fedDetailsIn));
+  inputs.hpmPorts = dumpIn(answers, Question::portControllers, portControllersIn);
+  benchmark::DoNotOptimize(dumpIn(answers, Question::portPower, portPowerOutIn));
+  inputs.portCurrentLimitMa = dumpIn(answers, Question::deviceTree, portCurrentLimitsIn);
   return assignStableIDs(buildPortTree(inputs), "");
 }
 
-Files readSample(const std::string& machine) {
-  SavedReportsRunner runner(std::string(SAMPLES_FOLDER) + "/" + machine);
-  Files files;
-  const auto read = [&](const std::string& fileName, const ToolCommand& command) {
-    files[fileName] = runner.run(command.executable, command.arguments).standardOutput;
-  };
-  for (const std::string section : {"SPThunderboltDataType", "SPUSBDataType", "SPPowerDataType"}) {
-    read(section + ".json", reportCommand(section));
+Answers readSample(const std::string& machine) {
+  SavedReportsRunner reports(std::string(SAMPLES_FOLDER) + "/" + machine);
+  Answers answers;
+  for (const Question question :
+       {Question::thunderbolt, Question::usb, Question::power, Question::portControllers,
+        Question::portPower, Question::deviceTree, Question::usbHostDevices,
+        Question::powerSource}) {
+    answers[question] = reports.answer(question);
   }
-  read("AppleHPMDevice.plist", registryCommand(RegistryDump::portControllers));
-  read("AppleSmartBattery.plist", registryCommand(RegistryDump::portPower));
-  read("IODeviceTree.plist", registryCommand(RegistryDump::deviceTree));
-  read("IOUSBHostDevice.plist", registryCommand(RegistryDump::usbHostDevices));
-  read("IOPMPowerSource.plist", registryCommand(RegistryDump::powerSource));
-  return files;
+  return answers;
 }
 
 void deskSample(benchmark::State& state) {
-  const Files files = readSample("desk");
+  const Answers answers = readSample("desk");
   for (auto iteration : state) {
-    benchmark::DoNotOptimize(workOfOneScan(files));
+    benchmark::DoNotOptimize(workOfOneScan(answers));
   }
 }
 BENCHMARK(deskSample)->Unit(benchmark::kMillisecond);
 
 void usbDevices(benchmark::State& state) {
-  const Files files = makeLargeMachine(static_cast<std::size_t>(state.range(0)));
+  const Answers answers = makeLargeMachine(static_cast<std::size_t>(state.range(0)));
   for (auto iteration : state) {
-    benchmark::DoNotOptimize(workOfOneScan(files));
+    benchmark::DoNotOptimize(workOfOneScan(answers));
   }
 }
 BENCHMARK(usbDevices)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
 void deviceTree(benchmark::State& state) {
-  const Files files = {
-      {"IODeviceTree.plist", makeDeviceTree(static_cast<std::size_t>(state.range(0)))}};
+  const Answers answers = {
+      {Question::deviceTree, makeDeviceTree(static_cast<std::size_t>(state.range(0)))}};
   for (auto iteration : state) {
-    benchmark::DoNotOptimize(workOfOneScan(files));
+    benchmark::DoNotOptimize(workOfOneScan(answers));
   }
   state.SetBytesProcessed(state.iterations() * state.range(0));
 }

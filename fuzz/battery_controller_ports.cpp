@@ -6,8 +6,7 @@ namespace tamberline {
 
 void tryInput(std::string_view input) {
   std::int64_t lastIndex = -1;
-  for (const FedPortState& port :
-       probedDump(fetchFedDetails, "IOPMPowerSource.plist", input).ports) {
+  for (const FedPortState& port : probedDump(fetchFedDetails, Question::powerSource, input).ports) {
     require(port.index > lastIndex, "ports count upwards");
     lastIndex = port.index;
     requireSoundDocument(describe(port));

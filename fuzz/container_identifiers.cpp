@@ -4,7 +4,7 @@
 namespace tamberline {
 
 void tryInput(std::string_view input) {
-  const ContainerIDs identifiers = probedDump(fetchContainerIDs, "IOUSBHostDevice.plist", input);
+  const ContainerIDs identifiers = probedDump(fetchContainerIDs, Question::usbHostDevices, input);
   for (const std::int64_t locationID : {0x01100000LL, 0xFFFFFFFFLL, -1LL}) {
     const std::optional<std::string> found = identifiers.find(locationID);
     require(!found || identifiers.size() > 0, "nothing is found where nothing is");

@@ -22,36 +22,26 @@ HardwareNames namesOfAVendor(std::string_view vendorId, std::string_view /*produ
                             : HardwareNames();
 }
 
-/// Hands on what others answer, which a scan must be able to read.
-class ReadableTools final : public ToolRunner {
+/// Hands on what another source answers, which a scan must be able to read.
+class ReadableAnswers final : public MachineSource {
 public:
-  explicit ReadableTools(std::shared_ptr<ToolRunner> tools) : tools_(std::move(tools)) {}
+  explicit ReadableAnswers(std::shared_ptr<MachineSource> source) : source_(std::move(source)) {}
 
-  ToolOutput run(const std::string& executable,
-                 const std::vector<std::string>& arguments) override {
-    return readable(tools_->run(executable, arguments));
-  }
-
-  ToolOutput runWithErrors(const std::string& executable,
-                           const std::vector<std::string>& arguments) override {
-    return readable(tools_->runWithErrors(executable, arguments));
+  std::string answer(Question question) override {
+    std::string answer = source_->answer(question);
+    require(decodeReport(answer) || PropertyList::decode(answer),
+            "what is answered can be decoded");
+    return answer;
   }
 
 private:
-  static ToolOutput readable(ToolOutput output) {
-    require(output.exitStatus != 0 || decodeReport(output.standardOutput) ||
-                PropertyList::decode(output.standardOutput),
-            "what is answered can be decoded");
-    return output;
-  }
-
-  std::shared_ptr<ToolRunner> tools_;
+  std::shared_ptr<MachineSource> source_;
 };
 
-std::shared_ptr<ToolRunner> toolsFor(const std::filesystem::path& folder) {
+std::shared_ptr<MachineSource> machineIn(const std::filesystem::path& folder) {
   const MachinePaths paths{
       .sysfs = folder / "sys", .mountTable = folder / "mountinfo", .udevData = folder / "udev"};
-  return std::make_shared<ReadableTools>(std::make_shared<KernelToolRunner>(
+  return std::make_shared<ReadableAnswers>(std::make_shared<KernelToolRunner>(
       [paths, texts = std::make_shared<sysfs::UsbTextKeeper>(std::chrono::seconds(60))] {
         return sysfs::readMachine(paths, namesOfAVendor, *texts);
       }));
@@ -61,7 +51,7 @@ std::shared_ptr<ToolRunner> toolsFor(const std::filesystem::path& folder) {
 
 void tryInput(std::string_view input) {
   const TreeFolder folder(describedTree(input));
-  requireSoundScans(toolsFor(folder.path()));
+  requireSoundScans(machineIn(folder.path()));
 }
 
 } // namespace tamberline

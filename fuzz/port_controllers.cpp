@@ -5,7 +5,7 @@
 namespace tamberline {
 
 void tryInput(std::string_view input) {
-  for (const HPMPort& port : probedDump(fetchHPMPorts, "AppleHPMDevice.plist", input)) {
+  for (const HPMPort& port : probedDump(fetchHPMPorts, Question::portControllers, input)) {
     requireSoundDocument(describe(port));
   }
 }

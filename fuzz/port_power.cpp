@@ -5,8 +5,7 @@
 namespace tamberline {
 
 void tryInput(std::string_view input) {
-  for (const auto& [port, power] :
-       probedDump(fetchPortPowerOut, "AppleSmartBattery.plist", input)) {
+  for (const auto& [port, power] : probedDump(fetchPortPowerOut, Question::portPower, input)) {
     requireSoundDocument(describe(power));
   }
 }

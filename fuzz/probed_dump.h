@@ -20,15 +20,14 @@ QCoro::Task<> storeResult(QCoro::Task<Result> probe,
   result->emplace(co_await probe);
 }
 
-/// What a probe finds when the registry tool prints `dump`; `fileName` is that of the saved file
-/// that would hold it.
+/// What a probe finds when `dump` is the answer to its question.
 template <typename Result>
-Result probedDump(QCoro::Task<Result> (*fetch)(Acquisition), const char* fileName,
+Result probedDump(QCoro::Task<Result> (*fetch)(Acquisition), Question question,
                   std::string_view dump) {
   const auto tools = std::make_shared<FakeTools>();
   const auto queue = std::make_shared<HandDrivenQueue>();
   const auto result = std::make_shared<std::optional<Result>>();
-  tools->answer(fileName, std::string(dump));
+  tools->answer(question, std::string(dump));
   storeResult(fetch({tools, queue}), result);
   queue->settle();
   require(result->has_value(), "a probe ends");

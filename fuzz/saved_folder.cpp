@@ -11,17 +11,17 @@
 namespace tamberline {
 namespace {
 
-constexpr std::array fileNames = {
-    "AppleHPMDevice.plist",       "AppleSmartBattery.plist", "IODeviceTree.plist",
-    "IOPMPowerSource.plist",      "IOUSBHostDevice.plist",   "SPPowerDataType.json",
-    "SPThunderboltDataType.json", "SPUSBDataType.json",      "SPUSBHostDataType.json",
+constexpr std::array questions = {
+    Question::portControllers, Question::portPower, Question::deviceTree,  Question::powerSource,
+    Question::usbHostDevices,  Question::power,     Question::thunderbolt, Question::usb,
+    Question::newerUsb,
 };
 
-std::shared_ptr<ToolRunner> toolsThatPrint(std::string_view input) {
+std::shared_ptr<MachineSource> machineWith(std::string_view input) {
   const auto tools = std::make_shared<FakeTools>();
-  std::vector<std::string> files = partsOf(input, fileNames.size());
-  for (std::size_t index = 0; index < fileNames.size(); ++index) {
-    tools->answer(fileNames[index], std::move(files[index]));
+  std::vector<std::string> files = partsOf(input, questions.size());
+  for (std::size_t index = 0; index < questions.size(); ++index) {
+    tools->answer(questions[index], std::move(files[index]));
   }
   return std::make_shared<MacToolRunner>(tools, [] {
     return std::vector<Mount>{{"/dev/disk4s1", "/Volumes/Fieldwork"}};
@@ -31,7 +31,7 @@ std::shared_ptr<ToolRunner> toolsThatPrint(std::string_view input) {
 } // namespace
 
 void tryInput(std::string_view input) {
-  requireSoundScans(toolsThatPrint(input));
+  requireSoundScans(machineWith(input));
 }
 
 } // namespace tamberline

@@ -37,10 +37,10 @@ void requireHarmlessText(const std::string& text) {
 
 } // namespace
 
-void requireSoundScans(std::shared_ptr<ToolRunner> tools) {
+void requireSoundScans(std::shared_ptr<MachineSource> machine) {
   const auto queue = std::make_shared<HandDrivenQueue>();
   const auto scanner =
-      PortScanner::create({.acquisition = {.tools = std::move(tools), .queue = queue},
+      PortScanner::create({.acquisition = {.machine = std::move(machine), .queue = queue},
                            .events = std::make_shared<SilentEventSource>()});
   const nlohmann::ordered_json document = scan(*scanner, *queue);
   requireSoundDocument(document);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "acquisition/tool_runner.h"
+#include "acquisition/machine_source.h"
 #include "async/main_queue.h"
 
 #include <memory>
@@ -10,7 +10,7 @@ namespace tamberline {
 /// What every acquisition needs of the outside world. Background tasks may outlive the caller, so
 /// both are shared.
 struct Acquisition {
-  std::shared_ptr<ToolRunner> tools;
+  std::shared_ptr<MachineSource> machine;
   std::shared_ptr<MainQueue> queue;
 };
 

@@ -1,6 +1,5 @@
 #include "acquisition/fetch_json.h"
 
-#include "acquisition/tool_commands.h"
 #include "async/awaitables.h"
 #include "reports/report_decoding.h"
 
@@ -12,28 +11,41 @@ namespace {
 
 constexpr std::chrono::milliseconds pauseBetweenAttempts{150};
 
-/// One run of the tool; absent when it gave no report.
+/// Absent when the answer is no report.
 QCoro::Task<std::optional<nlohmann::json>> attemptReport(Acquisition acquisition,
-                                                         std::string type) {
-  InBackground<ToolOutput> toolRun(acquisition.queue,
-                                   [tools = acquisition.tools, command = reportCommand(type)] {
-                                     return tools->run(command.executable, command.arguments);
-                                   });
-  const ToolOutput output = co_await toolRun;
-  co_return decodeReport(output.standardOutput);
+                                                         Question section) {
+  InBackground<std::string> asking(acquisition.queue, [machine = acquisition.machine, section] {
+    return machine->answer(section);
+  });
+  const std::string answer = co_await asking;
+  co_return decodeReport(answer);
+}
+
+/// By which the error names the section.
+std::string nameOf(Question section) {
+  switch (section) {
+  case Question::thunderbolt:
+    return thunderboltSectionKey;
+  case Question::usb:
+    return usbSectionKey;
+  case Question::power:
+    return powerSectionKey;
+  default:
+    return {};
+  }
 }
 
 } // namespace
 
-QCoro::Task<FetchedReport> fetchJSON(Acquisition acquisition, std::string type,
+QCoro::Task<FetchedReport> fetchJSON(Acquisition acquisition, Question section,
                                      std::shared_ptr<const CancelRequest> cancelRequest) {
-  auto firstAttempt = attemptReport(acquisition, type);
+  auto firstAttempt = attemptReport(acquisition, section);
   std::optional<nlohmann::json> report = co_await firstAttempt;
   if (!report && !cancelRequest->isCancelled) {
     Delay pause(acquisition.queue, pauseBetweenAttempts);
     co_await pause;
     if (!cancelRequest->isCancelled) {
-      auto secondAttempt = attemptReport(acquisition, type);
+      auto secondAttempt = attemptReport(acquisition, section);
       report = co_await secondAttempt;
     }
   }
@@ -41,8 +53,8 @@ QCoro::Task<FetchedReport> fetchJSON(Acquisition acquisition, std::string type,
   if (report) {
     fetched.content = std::move(*report);
   } else {
-    fetched.error =
-        ReportError{.domain = "Tamberline", .code = 1, .description = "Could not parse " + type};
+    fetched.error = ReportError{
+        .domain = "Tamberline", .code = 1, .description = "Could not parse " + nameOf(section)};
   }
   co_return fetched;
 }

@@ -23,15 +23,15 @@ struct FetchedReport {
   std::optional<ReportError> error;
 };
 
-/// Set on the main thread to tell running fetches that nobody wants their result any more: a tool
-/// that runs is not ended, but none is started again.
+/// Set on the main thread to tell running fetches that nobody wants their result any more: a
+/// question that was asked is not taken back, but it is not asked again.
 struct CancelRequest {
   bool isCancelled = false;
 };
 
-/// Runs the hardware report tool for one section ("SPUSBDataType", say) in the background, with a
-/// second attempt 150 ms after a first one that gave no JSON object. Main thread only.
-QCoro::Task<FetchedReport> fetchJSON(Acquisition acquisition, std::string type,
+/// Asks for one section of the hardware report in the background, and a second time 150 ms after a
+/// first answer that was no JSON object. Main thread only.
+QCoro::Task<FetchedReport> fetchJSON(Acquisition acquisition, Question section,
                                      std::shared_ptr<const CancelRequest> cancelRequest);
 
 } // namespace tamberline

@@ -1,6 +1,5 @@
 #include "acquisition/registry_probes.h"
 
-#include "acquisition/tool_commands.h"
 #include "async/awaitables.h"
 #include "registry/container_id_entries.h"
 #include "registry/port_controllers.h"
@@ -16,37 +15,36 @@ namespace {
 
 /// One dump, read by `read`; a default result when there is nothing to read.
 template <typename Result>
-QCoro::Task<Result> probe(Acquisition acquisition, RegistryDump kind,
+QCoro::Task<Result> probe(Acquisition acquisition, Question question,
                           Result (*read)(const PropertyList& dump)) {
-  InBackground<ToolOutput> toolRun(acquisition.queue,
-                                   [tools = acquisition.tools, command = registryCommand(kind)] {
-                                     return tools->run(command.executable, command.arguments);
-                                   });
-  ToolOutput output = co_await toolRun;
-  const std::optional<PropertyList> dump = PropertyList::decode(std::move(output.standardOutput));
+  InBackground<std::string> asking(acquisition.queue, [machine = acquisition.machine, question] {
+    return machine->answer(question);
+  });
+  std::string answer = co_await asking;
+  const std::optional<PropertyList> dump = PropertyList::decode(std::move(answer));
   co_return dump ? read(*dump) : Result{};
 }
 
 } // namespace
 
 QCoro::Task<std::vector<HPMPort>> fetchHPMPorts(Acquisition acquisition) {
-  return probe(std::move(acquisition), RegistryDump::portControllers, portControllersIn);
+  return probe(std::move(acquisition), Question::portControllers, portControllersIn);
 }
 
 QCoro::Task<std::map<std::int64_t, PortPowerOut>> fetchPortPowerOut(Acquisition acquisition) {
-  return probe(std::move(acquisition), RegistryDump::portPower, portPowerOutIn);
+  return probe(std::move(acquisition), Question::portPower, portPowerOutIn);
 }
 
 QCoro::Task<std::map<std::int64_t, std::int64_t>> fetchPortCurrentLimits(Acquisition acquisition) {
-  return probe(std::move(acquisition), RegistryDump::deviceTree, portCurrentLimitsIn);
+  return probe(std::move(acquisition), Question::deviceTree, portCurrentLimitsIn);
 }
 
 QCoro::Task<ContainerIDs> fetchContainerIDs(Acquisition acquisition) {
-  return probe(std::move(acquisition), RegistryDump::usbHostDevices, containerIDsIn);
+  return probe(std::move(acquisition), Question::usbHostDevices, containerIDsIn);
 }
 
 QCoro::Task<FedDetails> fetchFedDetails(Acquisition acquisition) {
-  return probe(std::move(acquisition), RegistryDump::powerSource, fedDetailsIn);
+  return probe(std::move(acquisition), Question::powerSource, fedDetailsIn);
 }
 
 } // namespace tamberline

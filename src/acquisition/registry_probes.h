@@ -1,5 +1,5 @@
-// The registry probes: each runs the registry tool in the background and reads its dump on the main
-// thread. They never fail; a missing tool and any unexpected output give an empty result. Main
+// The registry probes: each asks for a part of the registry in the background and reads the dump on
+// the main thread. They never fail; no answer and any unexpected one give an empty result. Main
 // thread only.
 #pragma once
 

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::chrono::milliseconds lagOfSomeReports{2000};
 
-/// What the four tools of a scan's first step gave.
+/// What a scan's first four questions gave.
 struct FirstResults {
   FetchedReport thunderbolt;
   FetchedReport usb;
@@ -30,9 +30,9 @@ struct FirstResults {
 
 QCoro::Task<FirstResults> fetchFirstResults(Acquisition acquisition) {
   const auto cancelRequest = std::make_shared<CancelRequest>();
-  auto thunderbolt = fetchJSON(acquisition, "SPThunderboltDataType", cancelRequest);
-  auto usb = fetchJSON(acquisition, "SPUSBDataType", cancelRequest);
-  auto power = fetchJSON(acquisition, "SPPowerDataType", cancelRequest);
+  auto thunderbolt = fetchJSON(acquisition, Question::thunderbolt, cancelRequest);
+  auto usb = fetchJSON(acquisition, Question::usb, cancelRequest);
+  auto power = fetchJSON(acquisition, Question::power, cancelRequest);
   auto containerIDs = fetchContainerIDs(acquisition);
 
   FirstResults results;

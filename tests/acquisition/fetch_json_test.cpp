@@ -21,9 +21,7 @@ protected:
   /// What still waits in the queue goes with it.
   void TearDown() override { queue->end(); }
 
-  void start(const std::string& type) {
-    store(fetchJSON({tools, queue}, type, cancelRequest), result);
-  }
+  void start(Question section) { store(fetchJSON({tools, queue}, section, cancelRequest), result); }
 
   std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
@@ -32,17 +30,16 @@ protected:
       std::make_shared<std::optional<FetchedReport>>();
 };
 
-TEST_F(FetchJson, RunsTheReportToolForTheSectionWithJsonOutput) {
-  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": []})");
-  start("SPUSBDataType");
+TEST_F(FetchJson, AsksForTheSection) {
+  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
+  start(Question::usb);
   queue->settle();
-  EXPECT_EQ(tools->commandLines(),
-            std::vector<std::string>{"/usr/sbin/system_profiler SPUSBDataType -json"});
+  EXPECT_EQ(tools->questions(), std::vector<Question>{Question::usb});
 }
 
 TEST_F(FetchJson, ReturnsTheWholeTopLevelObject) {
-  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": [], "other": 1})");
-  start("SPUSBDataType");
+  tools->answer(Question::usb, R"({"SPUSBDataType": [], "other": 1})");
+  start(Question::usb);
   queue->settle();
   ASSERT_TRUE(result->has_value());
   EXPECT_FALSE((*result)->error.has_value());
@@ -50,29 +47,29 @@ TEST_F(FetchJson, ReturnsTheWholeTopLevelObject) {
 }
 
 TEST_F(FetchJson, ReturnsAnObjectWithoutTheSectionAsItIs) {
-  tools->answer("SPUSBDataType.json", "{}");
-  start("SPUSBDataType");
+  tools->answer(Question::usb, "{}");
+  start(Question::usb);
   queue->settle();
   ASSERT_TRUE(result->has_value());
   EXPECT_FALSE((*result)->error.has_value());
 }
 
-TEST_F(FetchJson, DoesNotBlockTheMainThreadWhileTheToolRuns) {
-  tools->answer("SPUSBDataType.json", "{}");
-  start("SPUSBDataType");
+TEST_F(FetchJson, DoesNotBlockTheMainThreadUntilTheAnswer) {
+  tools->answer(Question::usb, "{}");
+  start(Question::usb);
   EXPECT_EQ(queue->backgroundCount(), 1U);
   EXPECT_FALSE(result->has_value());
 }
 
 TEST_F(FetchJson, TriesAgainAfter150Milliseconds) {
-  tools->answerOnce("SPUSBDataType.json", "");
-  tools->answer("SPUSBDataType.json", R"({"second": true})");
-  start("SPUSBDataType");
+  tools->answerOnce(Question::usb, "");
+  tools->answer(Question::usb, R"({"second": true})");
+  start(Question::usb);
   queue->advance(149ms);
-  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U);
+  EXPECT_EQ(tools->askCount(Question::usb), 1U);
   EXPECT_FALSE(result->has_value());
   queue->advance(1ms);
-  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 2U);
+  EXPECT_EQ(tools->askCount(Question::usb), 2U);
   ASSERT_TRUE(result->has_value());
   EXPECT_EQ((*result)->content, nlohmann::json::parse(R"({"second": true})"));
 }
@@ -81,35 +78,52 @@ TEST_F(FetchJson, GivesUpAfterTwoAttemptsNamingTheSection) {
   for (const std::string output : {"", "no JSON", "[]", "7", "{\"SPUSBDataType\": ["}) {
     SCOPED_TRACE(output);
     result->reset();
-    const std::size_t runsBefore = tools->runCount("SPUSBDataType.json");
-    tools->answer("SPUSBDataType.json", output);
-    start("SPUSBDataType");
+    const std::size_t runsBefore = tools->askCount(Question::usb);
+    tools->answer(Question::usb, output);
+    start(Question::usb);
     queue->advance(10s);
     ASSERT_TRUE(result->has_value());
     ASSERT_TRUE((*result)->error.has_value());
     EXPECT_EQ((*result)->error->domain, "Tamberline");
     EXPECT_EQ((*result)->error->code, 1);
     EXPECT_EQ((*result)->error->description, "Could not parse SPUSBDataType");
-    EXPECT_EQ(tools->runCount("SPUSBDataType.json") - runsBefore, 2U);
+    EXPECT_EQ(tools->askCount(Question::usb) - runsBefore, 2U);
   }
 }
 
-TEST_F(FetchJson, StartsNoToolOnceNobodyWantsTheResult) {
-  start("SPUSBDataType");
+TEST_F(FetchJson, NamesEachSectionInItsError) {
+  const struct {
+    Question section;
+    const char* description;
+  } rows[] = {{Question::thunderbolt, "Could not parse SPThunderboltDataType"},
+              {Question::usb, "Could not parse SPUSBDataType"},
+              {Question::power, "Could not parse SPPowerDataType"}};
+  for (const auto& row : rows) {
+    result->reset();
+    start(row.section);
+    queue->advance(10s);
+    ASSERT_TRUE(result->has_value());
+    ASSERT_TRUE((*result)->error.has_value());
+    EXPECT_EQ((*result)->error->description, row.description);
+  }
+}
+
+TEST_F(FetchJson, AsksNothingOnceNobodyWantsTheResult) {
+  start(Question::usb);
   cancelRequest->isCancelled = true;
   queue->advance(10s);
   ASSERT_TRUE(result->has_value());
-  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U);
+  EXPECT_EQ(tools->askCount(Question::usb), 1U);
 }
 
 TEST_F(FetchJson, StartsNoSecondAttemptWhenCancelledBetweenTheTwo) {
-  start("SPUSBDataType");
+  start(Question::usb);
   queue->advance(100ms);
   cancelRequest->isCancelled = true;
   queue->advance(10s);
   ASSERT_TRUE(result->has_value());
   EXPECT_TRUE((*result)->error.has_value());
-  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U);
+  EXPECT_EQ(tools->askCount(Question::usb), 1U);
 }
 
 } // namespace

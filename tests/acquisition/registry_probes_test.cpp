@@ -18,11 +18,11 @@ protected:
     result->emplace(co_await probe);
   }
 
-  /// What the probe finds when the tool prints `output` for it.
+  /// What the probe finds when `output` is the answer.
   template <typename Result>
-  Result probe(QCoro::Task<Result> (*fetch)(Acquisition), const std::string& fileName,
+  Result probe(QCoro::Task<Result> (*fetch)(Acquisition), Question question,
                const std::string& output) {
-    tools->answer(fileName, output);
+    tools->answer(question, output);
     const auto result = std::make_shared<std::optional<Result>>();
     store(fetch({tools, queue}), result);
     queue->settle();
@@ -34,23 +34,20 @@ protected:
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
 };
 
-TEST_F(RegistryProbes, RunTheRegistryToolWithTheArgumentsOfEachProbe) {
-  probe(fetchHPMPorts, "AppleHPMDevice.plist", "");
-  probe(fetchPortPowerOut, "AppleSmartBattery.plist", "");
-  probe(fetchPortCurrentLimits, "IODeviceTree.plist", "");
-  probe(fetchContainerIDs, "IOUSBHostDevice.plist", "");
-  probe(fetchFedDetails, "IOPMPowerSource.plist", "");
-  EXPECT_EQ(tools->commandLines(), (std::vector<std::string>{
-                                       "/usr/sbin/ioreg -a -r -c AppleHPMDevice -l",
-                                       "/usr/sbin/ioreg -a -r -c AppleSmartBattery -l",
-                                       "/usr/sbin/ioreg -a -l -p IODeviceTree",
-                                       "/usr/sbin/ioreg -a -r -c IOUSBHostDevice -l",
-                                       "/usr/sbin/ioreg -c IOPMPowerSource -r -a",
-                                   }));
+TEST_F(RegistryProbes, AskForTheirPartOfTheRegistry) {
+  probe(fetchHPMPorts, Question::portControllers, "");
+  probe(fetchPortPowerOut, Question::portPower, "");
+  probe(fetchPortCurrentLimits, Question::deviceTree, "");
+  probe(fetchContainerIDs, Question::usbHostDevices, "");
+  probe(fetchFedDetails, Question::powerSource, "");
+  EXPECT_EQ(
+      tools->questions(),
+      (std::vector<Question>{Question::portControllers, Question::portPower, Question::deviceTree,
+                             Question::usbHostDevices, Question::powerSource}));
 }
 
-TEST_F(RegistryProbes, ReadTheDumpThatTheToolPrints) {
-  const auto ports = probe(fetchHPMPorts, "AppleHPMDevice.plist",
+TEST_F(RegistryProbes, ReadTheDump) {
+  const auto ports = probe(fetchHPMPorts, Question::portControllers,
                            propertyList("<array><dict><key>PortNumber</key><integer>2</integer>"
                                         "<key>PortDescription</key><string>Port-USB-C@2</string>"
                                         "</dict></array>"));
@@ -58,15 +55,15 @@ TEST_F(RegistryProbes, ReadTheDumpThatTheToolPrints) {
   EXPECT_EQ(ports.front().portNumber, 2);
 }
 
-TEST_F(RegistryProbes, FindNothingInOutputThatIsNoDump) {
+TEST_F(RegistryProbes, FindNothingInAnAnswerThatIsNoDump) {
   for (const std::string output : {"", "garbage", "<plist>", "<plist><dict/></plist>"}) {
     SCOPED_TRACE(output);
-    EXPECT_TRUE(probe(fetchHPMPorts, "AppleHPMDevice.plist", output).empty());
-    EXPECT_TRUE(probe(fetchPortPowerOut, "AppleSmartBattery.plist", output).empty());
-    EXPECT_TRUE(probe(fetchPortCurrentLimits, "IODeviceTree.plist", output).empty());
-    EXPECT_EQ(probe(fetchContainerIDs, "IOUSBHostDevice.plist", output).size(), 0U);
-    EXPECT_TRUE(probe(fetchFedDetails, "IOPMPowerSource.plist", output).ports.empty());
-    EXPECT_EQ(probe(fetchFedDetails, "IOPMPowerSource.plist", output).bestAdapterIndex, 0);
+    EXPECT_TRUE(probe(fetchHPMPorts, Question::portControllers, output).empty());
+    EXPECT_TRUE(probe(fetchPortPowerOut, Question::portPower, output).empty());
+    EXPECT_TRUE(probe(fetchPortCurrentLimits, Question::deviceTree, output).empty());
+    EXPECT_EQ(probe(fetchContainerIDs, Question::usbHostDevices, output).size(), 0U);
+    EXPECT_TRUE(probe(fetchFedDetails, Question::powerSource, output).ports.empty());
+    EXPECT_EQ(probe(fetchFedDetails, Question::powerSource, output).bestAdapterIndex, 0);
   }
 }
 

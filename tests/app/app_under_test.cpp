@@ -45,7 +45,7 @@ int runOn(const QString& folder, std::int64_t sizeMB) {
   const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
   const MainQueueScope scope;
   TamberlineApp app(
-      {.acquisition = {.tools = std::make_shared<FakeTools>(), .queue = scope.queue()},
+      {.acquisition = {.machine = std::make_shared<FakeTools>(), .queue = scope.queue()},
        .events = std::make_shared<SimulatedEventSource>(),
        .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>(),
                                                 Benchmark::Setting{.sizeMB = sizeMB})},

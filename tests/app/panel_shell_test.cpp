@@ -77,7 +77,7 @@ protected:
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
   std::shared_ptr<PortScanner> scanner =
-      PortScanner::create({.acquisition = {.tools = tools, .queue = queue},
+      PortScanner::create({.acquisition = {.machine = tools, .queue = queue},
                            .events = std::make_shared<SimulatedEventSource>()});
   /// What bars leave free, at first everything.
   QRect freePlace = QGuiApplication::primaryScreen()->geometry();
@@ -101,12 +101,12 @@ TEST_F(PanelShellTest, MakesTheWindowWhenItIsFirstWantedAndKeepsIt) {
 
 TEST_F(PanelShellTest, ScansWhenThePanelIsFirstSeenAndNotAgain) {
   makeShell(PanelWindow::Kind::attached);
-  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 0U);
+  EXPECT_EQ(tools->askCount(Question::usb), 0U);
   openPanel();
-  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U);
+  EXPECT_EQ(tools->askCount(Question::usb), 1U);
   shell->close();
   openPanel();
-  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U);
+  EXPECT_EQ(tools->askCount(Question::usb), 1U);
 }
 
 TEST_F(PanelShellTest, ClickOnTheIconOpensAndAnotherCloses) {
@@ -266,7 +266,7 @@ TEST_F(PanelShellTest, BecomesAnOrdinaryWindowWhenTheTrayHasGone) {
   openPanel();
   EXPECT_TRUE(shell->isOpen());
   EXPECT_FALSE(shell->window()->flags().testFlag(Qt::FramelessWindowHint));
-  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U); // nothing is scanned anew for that
+  EXPECT_EQ(tools->askCount(Question::usb), 1U); // nothing is scanned anew for that
 }
 
 TEST_F(PanelShellTest, StaysTheWindowThatItIsWhileItIsOpen) {

@@ -61,7 +61,7 @@ protected:
   std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
   std::shared_ptr<FakeVolumeFiles> files = std::make_shared<FakeVolumeFiles>();
   ScannerOutside outside() {
-    return {.acquisition = {.tools = tools, .queue = queue},
+    return {.acquisition = {.machine = tools, .queue = queue},
             .events = std::make_shared<SimulatedEventSource>(),
             .benchmark = std::make_shared<Benchmark>(files)};
   }
@@ -92,7 +92,7 @@ TEST_F(TamberlineAppTest, ScansWithToolsThatAreMissingAndGoesOn) {
   app->start();
   queue->settle();
   queue->advance(std::chrono::seconds(1));
-  EXPECT_EQ(tools->runCount("SPThunderboltDataType.json"), 2U); // two attempts
+  EXPECT_EQ(tools->askCount(Question::thunderbolt), 2U); // two attempts
   EXPECT_EQ(visiblePanels().size(), 1U);
 }
 

@@ -111,13 +111,13 @@ Document Scan::run() {
 }
 
 void answerWithDesk(FakeTools& tools) {
-  tools.answer("SPThunderboltDataType.json", thunderboltReport);
-  tools.answer("SPUSBDataType.json", usbReport);
-  tools.answer("SPPowerDataType.json", powerReport);
-  tools.answer("AppleHPMDevice.plist", portControllers());
-  tools.answer("AppleSmartBattery.plist", propertyList(powerOut));
-  tools.answer("IODeviceTree.plist", propertyList(currentLimit));
-  tools.answer("IOPMPowerSource.plist", propertyList(batteryController));
+  tools.answer(Question::thunderbolt, thunderboltReport);
+  tools.answer(Question::usb, usbReport);
+  tools.answer(Question::power, powerReport);
+  tools.answer(Question::portControllers, portControllers());
+  tools.answer(Question::portPower, propertyList(powerOut));
+  tools.answer(Question::deviceTree, propertyList(currentLimit));
+  tools.answer(Question::powerSource, propertyList(batteryController));
 }
 
 Document deskDocument() {
@@ -128,10 +128,10 @@ Document deskDocument() {
 
 Document cornerDocument() {
   Scan scan;
-  scan.tools->answer("SPUSBDataType.json", usbReport);
-  scan.tools->answer("SPPowerDataType.json", powerReport);
+  scan.tools->answer(Question::usb, usbReport);
+  scan.tools->answer(Question::power, powerReport);
   scan.tools->answer(
-      "AppleHPMDevice.plist",
+      Question::portControllers,
       propertyList("<array>" + controller("1", "MagSafe 3", activeConnection) + "</array>"));
   return scan.run();
 }

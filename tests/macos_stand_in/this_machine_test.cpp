@@ -15,7 +15,7 @@ TEST(ThisMac, HasEverythingThatAMacHas) {
   const auto queue = std::make_shared<HandDrivenQueue>();
   const ScannerOutside mac = thisMachine(queue);
   EXPECT_EQ(mac.acquisition.queue, queue);
-  EXPECT_NE(std::dynamic_pointer_cast<MacToolRunner>(mac.acquisition.tools), nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<MacToolRunner>(mac.acquisition.machine), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<DiskUtilityEjector>(mac.ejector), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<PosixVolumeFiles>(mac.volumes), nullptr);
   ASSERT_NE(mac.benchmark, nullptr);

@@ -1,4 +1,3 @@
-#include "acquisition/tool_commands.h"
 #include "platform/macos/mac_tool_runner.h"
 #include "platform/saved/saved_reports_runner.h"
 #include "reports/report_decoding.h"
@@ -31,50 +30,41 @@ const std::string registryDump =
                  "<key>IORegistryEntryChildren</key><array><dict>"
                  "<key>BSD Name</key><string>disk4s1</string></dict></array></dict></array>");
 
-const std::string usbRun = "/usr/sbin/system_profiler SPUSBDataType -json";
-const std::string usbHostRun = "/usr/sbin/system_profiler SPUSBHostDataType -json";
-const std::string thunderboltRun = "/usr/sbin/system_profiler SPThunderboltDataType -json";
-const std::string registryRun = "/usr/sbin/ioreg -a -r -c IOUSBHostDevice -l";
-
-class MacTools : public testing::Test {
+class MacOfAnyRelease : public testing::Test {
 protected:
-  ToolOutput runUSB() {
-    const ToolCommand command = reportCommand("SPUSBDataType");
-    return runner.run(command.executable, command.arguments);
-  }
+  std::string usbReport() { return mac.answer(Question::usb); }
 
   std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
   std::atomic<int> mountTableReadings = 0;
-  MacToolRunner runner{tools, [this] {
-                         ++mountTableReadings;
-                         return std::vector<Mount>{{"/dev/disk4s1", "/Volumes/Data"}};
-                       }};
+  MacToolRunner mac{tools, [this] {
+                      ++mountTableReadings;
+                      return std::vector<Mount>{{"/dev/disk4s1", "/Volumes/Data"}};
+                    }};
 };
 
-TEST_F(MacTools, AnswerWithTheNewerSectionWhereTheOlderIsEmpty) {
-  tools->answer("SPUSBDataType.json", emptyReport);
-  tools->answer("SPUSBHostDataType.json", hostReport);
-  tools->answer("IOUSBHostDevice.plist", registryDump);
-  const ToolOutput output = runUSB();
-  EXPECT_EQ(output.exitStatus, 0);
-  const auto report = decodeReport(output.standardOutput);
+TEST_F(MacOfAnyRelease, AnswersWithTheNewerSectionWhereTheOlderIsEmpty) {
+  tools->answer(Question::usb, emptyReport);
+  tools->answer(Question::newerUsb, hostReport);
+  tools->answer(Question::usbHostDevices, registryDump);
+  const auto report = decodeReport(usbReport());
   ASSERT_TRUE(report);
   const auto buses = parseUSB(*report, {});
   EXPECT_EQ(busText(buses), "USB31Bus\n"
                             "  Stick high_speed\n");
   EXPECT_EQ(buses.at(0).devices[0].volumes, (std::vector<USBVolume>{{"Data", "/Volumes/Data"}}));
-  EXPECT_EQ(tools->commandLines(),
-            (std::vector<std::string>{usbRun, usbHostRun, thunderboltRun, registryRun}));
+  EXPECT_EQ(tools->questions(),
+            (std::vector<Question>{Question::usb, Question::newerUsb, Question::thunderbolt,
+                                   Question::usbHostDevices}));
 }
 
-TEST_F(MacTools, AnswerWithoutVolumesWhereTheRegistryTellsNone) {
-  tools->answer("SPUSBDataType.json", emptyReport);
-  tools->answer("SPUSBHostDataType.json", hostReport);
+TEST_F(MacOfAnyRelease, AnswersWithoutVolumesWhereTheRegistryTellsNone) {
+  tools->answer(Question::usb, emptyReport);
+  tools->answer(Question::newerUsb, hostReport);
   for (const std::string& dump :
        {std::string(), std::string("no list"), propertyList("<array/>")}) {
     SCOPED_TRACE(dump);
-    tools->answer("IOUSBHostDevice.plist", dump);
-    const auto report = decodeReport(runUSB().standardOutput);
+    tools->answer(Question::usbHostDevices, dump);
+    const auto report = decodeReport(usbReport());
     ASSERT_TRUE(report);
     EXPECT_EQ(busText(parseUSB(*report, {})), "USB31Bus\n"
                                               "  Stick high_speed\n");
@@ -82,9 +72,9 @@ TEST_F(MacTools, AnswerWithoutVolumesWhereTheRegistryTellsNone) {
   }
 }
 
-TEST_F(MacTools, AskForThePortsWithThunderboltWhereADeviceNeedsThem) {
-  tools->answer("SPUSBDataType.json", emptyReport);
-  tools->answer("SPUSBHostDataType.json",
+TEST_F(MacOfAnyRelease, AsksForThePortsWithThunderboltWhereADeviceNeedsThem) {
+  tools->answer(Question::usb, emptyReport);
+  tools->answer(Question::newerUsb,
                 R"json({"SPUSBHostDataType": [{"Driver": "AppleT8132USBXHCI", "_items": [
     {"_name": "Stick", "USBKeyLocationID": "0x00100000"},
     {"_name": "Disk", "USBKeyLocationID": "0x01100000"}]}]})json");
@@ -100,8 +90,8 @@ TEST_F(MacTools, AskForThePortsWithThunderboltWhereADeviceNeedsThem) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.thunderbolt);
-    tools->answer("SPThunderboltDataType.json", row.thunderbolt);
-    const auto report = decodeReport(runUSB().standardOutput);
+    tools->answer(Question::thunderbolt, row.thunderbolt);
+    const auto report = decodeReport(usbReport());
     ASSERT_TRUE(report);
     std::string onPorts;
     std::size_t deviceCount = 0;
@@ -116,8 +106,8 @@ TEST_F(MacTools, AskForThePortsWithThunderboltWhereADeviceNeedsThem) {
   }
 }
 
-TEST_F(MacTools, KeepTheOlderSectionWhereItIsNotAnEmptyArray) {
-  tools->answer("SPUSBHostDataType.json", hostReport);
+TEST_F(MacOfAnyRelease, KeepsTheOlderSectionWhereItIsNotAnEmptyArray) {
+  tools->answer(Question::newerUsb, hostReport);
   for (const std::string output : {
            R"({"SPUSBDataType": [{}]})",
            R"({"SPUSBDataType": [1]})",
@@ -133,15 +123,15 @@ TEST_F(MacTools, KeepTheOlderSectionWhereItIsNotAnEmptyArray) {
            "",
        }) {
     SCOPED_TRACE(output);
-    tools->answer("SPUSBDataType.json", output);
-    EXPECT_EQ(runUSB().standardOutput, output);
+    tools->answer(Question::usb, output);
+    EXPECT_EQ(usbReport(), output);
   }
-  EXPECT_EQ(tools->commandLines(), std::vector<std::string>(12, usbRun));
+  EXPECT_EQ(tools->questions(), std::vector<Question>(12, Question::usb));
   EXPECT_EQ(mountTableReadings, 0);
 }
 
-TEST_F(MacTools, KeepTheEmptySectionWhereTheNewerOneGivesNothing) {
-  tools->answer("SPUSBDataType.json", emptyReport);
+TEST_F(MacOfAnyRelease, KeepsTheEmptySectionWhereTheNewerOneGivesNothing) {
+  tools->answer(Question::usb, emptyReport);
   for (const std::string output : {
            R"({"SPUSBHostDataType": []})",
            R"({"SPUSBHostDataType": [1]})",
@@ -153,85 +143,48 @@ TEST_F(MacTools, KeepTheEmptySectionWhereTheNewerOneGivesNothing) {
            "",
        }) {
     SCOPED_TRACE(output);
-    tools->answer("SPUSBHostDataType.json", output);
-    EXPECT_EQ(runUSB().standardOutput, emptyReport);
+    tools->answer(Question::newerUsb, output);
+    EXPECT_EQ(usbReport(), emptyReport);
   }
-  EXPECT_EQ(tools->runCount("SPUSBHostDataType.json"), 8U);
-  EXPECT_EQ(tools->runCount("IOUSBHostDevice.plist"), 0U);
+  EXPECT_EQ(tools->askCount(Question::newerUsb), 8U);
+  EXPECT_EQ(tools->askCount(Question::usbHostDevices), 0U);
   EXPECT_EQ(mountTableReadings, 0);
 }
 
-TEST_F(MacTools, HandOnANewerSectionThatIsTooLargeSoThatItIsSaid) {
+TEST_F(MacOfAnyRelease, HandsOnANewerSectionThatIsTooLargeSoThatItIsSaid) {
   std::string tooLarge = R"({"SPUSBHostDataType": [{}]})";
   tooLarge.resize(longestReport + 1, ' ');
-  tools->answer("SPUSBDataType.json", emptyReport);
-  tools->answer("SPUSBHostDataType.json", tooLarge);
-  EXPECT_EQ(runUSB().standardOutput.size(), tooLarge.size());
-  EXPECT_FALSE(decodeReport(runUSB().standardOutput));
+  tools->answer(Question::usb, emptyReport);
+  tools->answer(Question::newerUsb, tooLarge);
+  EXPECT_EQ(usbReport().size(), tooLarge.size());
+  EXPECT_FALSE(decodeReport(usbReport()));
 }
 
-TEST_F(MacTools, PassEveryOtherCommandLineThrough) {
-  tools->answer("unknown command line", emptyReport);
-  tools->answer("SPPowerDataType.json", emptyReport);
-  tools->answer("SPUSBHostDataType.json", hostReport);
-  const ToolCommand commands[] = {
-      reportCommand("SPPowerDataType"),
-      {"/usr/sbin/system_profiler", {"SPUSBDataType"}},
-      {"/usr/sbin/system_profiler", {"SPUSBDataType", "-json", "-detailLevel"}},
-      {"/usr/sbin/system_profiler", {"-json", "SPUSBDataType"}},
-      {"system_profiler", {"SPUSBDataType", "-json"}},
-  };
-  for (const ToolCommand& command : commands) {
-    SCOPED_TRACE(command.executable);
-    EXPECT_EQ(runner.run(command.executable, command.arguments).standardOutput, emptyReport);
+TEST_F(MacOfAnyRelease, PassesEveryOtherAnswerThrough) {
+  std::vector<Question> others(questionsOfAScan.begin(), questionsOfAScan.end());
+  std::erase(others, Question::usb);
+  others.push_back(Question::newerUsb);
+  for (const Question question : others) {
+    SCOPED_TRACE(nameOf(question));
+    tools->answer(question, emptyReport);
+    EXPECT_EQ(mac.answer(question), emptyReport);
   }
-  const ToolCommand host = reportCommand("SPUSBHostDataType");
-  EXPECT_EQ(runner.run(host.executable, host.arguments).standardOutput, hostReport);
-  EXPECT_EQ(tools->commandLines().size(), 6U);
+  EXPECT_EQ(tools->questions(), others);
 }
 
-/// Tools that cannot be started, and that tell the two ways of running apart.
-class MissingTools final : public ToolRunner {
-public:
-  ToolOutput run(const std::string& /*executable*/,
-                 const std::vector<std::string>& /*arguments*/) override {
-    return {};
-  }
-  ToolOutput runWithErrors(const std::string& executable,
-                           const std::vector<std::string>& arguments) override {
-    return {"with errors: " + executable + " " + arguments.at(0), 3};
-  }
-};
-
-TEST_F(MacTools, HandOnThatAToolIsMissing) {
-  MacToolRunner missing(std::make_shared<MissingTools>(), [] { return std::vector<Mount>(); });
-  const ToolOutput output = missing.run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"});
-  EXPECT_EQ(output.standardOutput, "");
-  EXPECT_EQ(output.exitStatus, std::nullopt);
+TEST_F(MacOfAnyRelease, AnswersNothingWhereTheReportsDoNot) {
+  EXPECT_EQ(usbReport(), "");
+  EXPECT_EQ(tools->questions(), std::vector<Question>{Question::usb});
 }
 
-TEST_F(MacTools, PassRunsWithErrorsThrough) {
-  MacToolRunner missing(std::make_shared<MissingTools>(), [] { return std::vector<Mount>(); });
-  const ToolOutput output =
-      missing.runWithErrors("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"});
-  EXPECT_EQ(output.standardOutput, "with errors: /usr/sbin/system_profiler SPUSBDataType");
-  EXPECT_EQ(output.exitStatus, 3);
-  tools->answer("SPUSBDataType.json", emptyReport);
-  tools->answer("SPUSBHostDataType.json", hostReport);
-  EXPECT_EQ(
-      runner.runWithErrors("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}).standardOutput,
-      emptyReport);
-}
-
-TEST(MacToolsOnASample, GiveItsDevicesTheVolumesOfAMountTable) {
-  MacToolRunner runner(std::make_shared<SavedReportsRunner>(SAMPLES_FOLDER "/studio"), [] {
+TEST(MacOfASample, GivesItsDevicesTheVolumesOfAMountTable) {
+  MacToolRunner mac(std::make_shared<SavedReportsRunner>(SAMPLES_FOLDER "/studio"), [] {
     return std::vector<Mount>{{"/dev/disk3s1s1", "/"},
                               {"/dev/disk5s1", "/Volumes/Sessions"},
                               {"/dev/disk5s2", "/Volumes/Samples 24:25"},
                               {"/dev/disk6s1", "/Volumes/Handover"}};
   });
-  const auto report = decodeReport(
-      runner.run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}).standardOutput);
+  const auto report = decodeReport(mac.answer(Question::usb));
   ASSERT_TRUE(report);
   const auto buses = parseUSB(*report, {});
   const USBDevice& hub = buses.at(0).devices[0];
@@ -245,15 +198,15 @@ TEST(MacToolsOnASample, GiveItsDevicesTheVolumesOfAMountTable) {
             (std::vector<USBVolume>{{"Handover", "/Volumes/Handover"}}));
 }
 
-TEST_F(MacTools, AnswerSeveralAtOnce) {
-  tools->answer("SPUSBDataType.json", emptyReport);
-  tools->answer("SPUSBHostDataType.json", hostReport);
-  tools->answer("IOUSBHostDevice.plist", registryDump);
-  const std::string expected = runUSB().standardOutput;
+TEST_F(MacOfAnyRelease, AnswersSeveralAtOnce) {
+  tools->answer(Question::usb, emptyReport);
+  tools->answer(Question::newerUsb, hostReport);
+  tools->answer(Question::usbHostDevices, registryDump);
+  const std::string expected = usbReport();
   std::vector<std::string> answers(4);
   std::vector<std::thread> threads;
   for (std::string& answer : answers) {
-    threads.emplace_back([&] { answer = runUSB().standardOutput; });
+    threads.emplace_back([&] { answer = usbReport(); });
   }
   for (std::thread& thread : threads) {
     thread.join();

@@ -16,60 +16,52 @@ namespace {
 
 class SavedReports : public testing::Test {
 protected:
-  SavedReportsRunner runner() const { return SavedReportsRunner(folder.path()); }
+  std::string answer(Question question) const {
+    return SavedReportsRunner(folder.path()).answer(question);
+  }
 
   TemporaryFolder folder;
 };
 
-TEST_F(SavedReports, StandForEachToolByTheirNames) {
+TEST_F(SavedReports, HoldTheAnswersByTheirNames) {
   const struct {
+    Question question;
     std::string fileName;
-    std::string executable;
-    std::vector<std::string> arguments;
-  } table[] = {
-      {"SPThunderboltDataType.json",
-       "/usr/sbin/system_profiler",
-       {"SPThunderboltDataType", "-json"}},
-      {"SPUSBDataType.json", "/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}},
-      {"SPUSBHostDataType.json", "/usr/sbin/system_profiler", {"SPUSBHostDataType", "-json"}},
-      {"SPPowerDataType.json", "/usr/sbin/system_profiler", {"SPPowerDataType", "-json"}},
-      {"AppleHPMDevice.plist", "/usr/sbin/ioreg", {"-a", "-r", "-c", "AppleHPMDevice", "-l"}},
-      {"AppleSmartBattery.plist", "/usr/sbin/ioreg", {"-a", "-r", "-c", "AppleSmartBattery", "-l"}},
-      {"IODeviceTree.plist", "/usr/sbin/ioreg", {"-a", "-l", "-p", "IODeviceTree"}},
-      {"IOUSBHostDevice.plist", "/usr/sbin/ioreg", {"-a", "-r", "-c", "IOUSBHostDevice", "-l"}},
-      {"IOPMPowerSource.plist", "/usr/sbin/ioreg", {"-c", "IOPMPowerSource", "-r", "-a"}},
+  } rows[] = {
+      {Question::thunderbolt, "SPThunderboltDataType.json"},
+      {Question::usb, "SPUSBDataType.json"},
+      {Question::power, "SPPowerDataType.json"},
+      {Question::newerUsb, "SPUSBHostDataType.json"},
+      {Question::portControllers, "AppleHPMDevice.plist"},
+      {Question::portPower, "AppleSmartBattery.plist"},
+      {Question::deviceTree, "IODeviceTree.plist"},
+      {Question::usbHostDevices, "IOUSBHostDevice.plist"},
+      {Question::powerSource, "IOPMPowerSource.plist"},
   };
-  for (const auto& row : table) {
+  for (const auto& row : rows) {
     folder.save(row.fileName, "content of " + row.fileName);
   }
-  SavedReportsRunner runner = this->runner();
-  for (const auto& row : table) {
-    EXPECT_EQ(runner.run(row.executable, row.arguments).standardOutput,
-              "content of " + row.fileName);
+  for (const auto& row : rows) {
+    EXPECT_EQ(answer(row.question), "content of " + row.fileName);
   }
 }
 
 TEST_F(SavedReports, AreHandedOnByteForByte) {
   const std::string bytes("\r\n\0\xff", 4);
   folder.save("SPUSBDataType.json", bytes);
-  EXPECT_EQ(runner().run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}).standardOutput,
-            bytes);
+  EXPECT_EQ(answer(Question::usb), bytes);
 }
 
 TEST_F(SavedReports, AreEmptyWhereAFileIsMissingOrNoFile) {
   std::filesystem::create_directories(folder.path() / "SPPowerDataType.json");
-  SavedReportsRunner runner = this->runner();
-  for (const std::string section : {"SPUSBDataType", "SPPowerDataType"}) {
-    EXPECT_EQ(runner.run("/usr/sbin/system_profiler", {section, "-json"}).standardOutput, "");
-  }
+  EXPECT_EQ(answer(Question::usb), "");
+  EXPECT_EQ(answer(Question::power), "");
 }
 
 TEST_F(SavedReports, AreEmptyWhereAFileIsLargerThanAnyReport) {
   folder.save("SPUSBDataType.json", "");
   std::filesystem::resize_file(folder.path() / "SPUSBDataType.json", 1'000'000'000'000);
-  const ToolOutput output = runner().run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"});
-  EXPECT_EQ(output.standardOutput, "");
-  EXPECT_EQ(output.exitStatus, std::nullopt);
+  EXPECT_EQ(answer(Question::usb), "");
 }
 
 /// A thread that puts a pipe nobody writes to and a file in each other's place until it goes.
@@ -99,37 +91,25 @@ TEST_F(SavedReports, DoNotWaitForAPipeThatTakesTheirPlace) {
   folder.save("SPUSBDataType.json", "content");
   ASSERT_EQ(mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
   const Exchange exchange(folder.path());
-  SavedReportsRunner runner = this->runner();
   for (int run = 0; run < 5'000; ++run) {
-    const std::string output =
-        runner.run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}).standardOutput;
-    EXPECT_TRUE(output.empty() || output == "content") << output;
+    const std::string content = answer(Question::usb);
+    EXPECT_TRUE(content.empty() || content == "content") << content;
   }
-}
-
-TEST_F(SavedReports, KnowNoOtherCommandLines) {
-  folder.save("SPUSBDataType.json", "content");
-  SavedReportsRunner runner = this->runner();
-  EXPECT_EQ(runner.run("/usr/sbin/system_profiler", {"SPUSBDataType"}).exitStatus, std::nullopt);
-  EXPECT_EQ(runner.run("/usr/sbin/system_profiler", {"../secret", "-json"}).standardOutput, "");
-  EXPECT_EQ(runner.run("/bin/cat", {"SPUSBDataType", "-json"}).standardOutput, "");
 }
 
 TEST_F(SavedReports, OfEveryReleaseAreAnsweredAlike) {
   const std::string emptySection = R"({"SPUSBDataType": []})";
-  const std::shared_ptr<ToolRunner> tools = savedMachineTools(folder.path());
-  const auto usbReport = [&] {
-    return tools->run("/usr/sbin/system_profiler", {"SPUSBDataType", "-json"}).standardOutput;
-  };
-  EXPECT_EQ(usbReport(), "");
+  const std::shared_ptr<MachineSource> machine = savedMachine(folder.path());
+  EXPECT_EQ(machine->answer(Question::usb), "");
   folder.save("SPUSBDataType.json", emptySection);
-  EXPECT_EQ(usbReport(), emptySection);
+  EXPECT_EQ(machine->answer(Question::usb), emptySection);
   folder.save("SPUSBHostDataType.json",
               R"({"SPUSBHostDataType": [{"_name": "USB 2.0 Bus", "Driver": "x"}]})");
-  EXPECT_EQ(usbReport(), R"({"SPUSBDataType":[{"_name":"USB20Bus","host_controller":"x"}]})");
+  EXPECT_EQ(machine->answer(Question::usb),
+            R"({"SPUSBDataType":[{"_name":"USB20Bus","host_controller":"x"}]})");
   const std::string olderSection = R"({"SPUSBDataType": [{"_name": "USB31Bus"}]})";
   folder.save("SPUSBDataType.json", olderSection);
-  EXPECT_EQ(usbReport(), olderSection);
+  EXPECT_EQ(machine->answer(Question::usb), olderSection);
 }
 
 TEST(SilentEventSource, TellsNothing) {

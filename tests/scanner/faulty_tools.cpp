@@ -1,6 +1,9 @@
 #include "scanner/faulty_tools.h"
 
+#include "platform/macos/mac_tools.h"
+
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 namespace tamberline {
@@ -48,6 +51,15 @@ ToolOutput withFault(ToolFault fault, std::string report, std::size_t hugeSize) 
   return {};
 }
 
+Question questionOf(const ToolCommand& command) {
+  for (const Question question : questionsOfAScan) {
+    if (commandFor(question) == command) {
+      return question;
+    }
+  }
+  throw std::runtime_error("no run of a scan: " + command.executable);
+}
+
 } // namespace
 
 std::string nameOf(ToolFault fault) {
@@ -60,11 +72,11 @@ std::string nameOf(ToolFault fault) {
 
 ToolOutput FaultyTools::run(const std::string& executable,
                             const std::vector<std::string>& arguments) {
-  ToolOutput output = tools_.run(executable, arguments);
-  const auto found = faults_.find(savedFileNameFor(executable, arguments));
-  return found == faults_.end()
-             ? output
-             : withFault(found->second, std::move(output.standardOutput), hugeSize_);
+  const Question question = questionOf({executable, arguments});
+  std::string report = tools_.answer(question);
+  const auto found = faults_.find(question);
+  const ToolFault fault = found == faults_.end() ? ToolFault::none : found->second;
+  return withFault(fault, std::move(report), hugeSize_);
 }
 
 ToolOutput FaultyTools::runWithErrors(const std::string& executable,
@@ -72,9 +84,9 @@ ToolOutput FaultyTools::runWithErrors(const std::string& executable,
   return run(executable, arguments);
 }
 
-void FaultyTools::setMachine(const SavedMachine& machine) {
-  for (const auto& [fileName, content] : machine) {
-    tools_.answer(fileName, content);
+void FaultyTools::setAnswers(const Answers& answers) {
+  for (const auto& [question, answer] : answers) {
+    tools_.answer(question, answer);
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "acquisition/tool_runner.h"
 #include "support/fake_tools.h"
 
 #include <array>
@@ -32,36 +33,28 @@ inline constexpr std::array<ToolFault, 10> allToolFaults = {
     ToolFault::diesAfterItsReport,
 };
 
-/// The eight runs of a scan by the names of their saved files: the three reports first, the others
-/// in the order in which a scan asks for them.
-inline constexpr std::array<const char*, 8> allToolRuns = {
-    "SPThunderboltDataType.json", "SPUSBDataType.json",    "SPPowerDataType.json",
-    "IOUSBHostDevice.plist",      "IOPMPowerSource.plist", "AppleHPMDevice.plist",
-    "AppleSmartBattery.plist",    "IODeviceTree.plist",
-};
-
 /// Such as "prints half", for messages.
 std::string nameOf(ToolFault fault);
 
-/// By saved file; a run that is not named goes well.
-using ToolFaults = std::map<std::string, ToolFault>;
+/// By what the run is to answer; a run that is not named goes well.
+using ToolFaults = std::map<Question, ToolFault>;
 
-/// A machine by its saved files.
-using SavedMachine = std::map<std::string, std::string>;
+/// What the tools of a machine print.
+using Answers = std::map<Question, std::string>;
 
-/// The tools of a machine, some of which go wrong.
+/// The tools of a Mac, some of which go wrong.
 class FaultyTools final : public ToolRunner {
 public:
   ToolOutput run(const std::string& executable, const std::vector<std::string>& arguments) override;
   ToolOutput runWithErrors(const std::string& executable,
                            const std::vector<std::string>& arguments) override;
 
-  void setMachine(const SavedMachine& machine);
+  void setAnswers(const Answers& answers);
   void setFaults(ToolFaults faults) { faults_ = std::move(faults); }
   /// How much a tool prints that prints too much.
   void setHugeSize(std::size_t bytes) { hugeSize_ = bytes; }
 
-  std::size_t runCount(const std::string& fileName) const { return tools_.runCount(fileName); }
+  std::size_t runCount(Question question) const { return tools_.askCount(question); }
 
 private:
   FakeTools tools_;

@@ -36,23 +36,23 @@ protected:
 
   void answerWithAFullMachine() {
     answerWithOnePort();
-    tools->answer("SPPowerDataType.json", R"({"SPPowerDataType": [
+    tools->answer(Question::power, R"({"SPPowerDataType": [
         {"_name": "spbattery_information"},
         {"_name": "sppower_ac_charger_information", "sppower_ac_charger_name": "96W Adapter",
          "sppower_battery_charger_connected": "TRUE"}]})");
-    tools->answer("AppleHPMDevice.plist",
+    tools->answer(Question::portControllers,
                   propertyList("<array><dict><key>PortNumber</key><integer>1</integer>"
                                "<key>PortDescription</key><string>Port-USB-C@1</string>"
                                "<key>ConnectionActive</key><true/></dict></array>"));
-    tools->answer("AppleSmartBattery.plist",
+    tools->answer(Question::portPower,
                   propertyList("<array><dict><key>PowerOutDetails</key><array><dict>"
                                "<key>PortIndex</key><integer>1</integer></dict></array>"
                                "</dict></array>"));
-    tools->answer("IODeviceTree.plist",
+    tools->answer(Question::deviceTree,
                   propertyList("<dict><key>IORegistryEntryName</key><string>port-usb-c-1</string>"
                                "<key>port-number</key><data>AQAAAA==</data>"
                                "<key>acc_bm3-current-limit</key><data>uAsAAA==</data></dict>"));
-    tools->answer("IOPMPowerSource.plist",
+    tools->answer(Question::powerSource,
                   propertyList("<array><dict><key>FedDetails</key><array><dict/></array>"
                                "<key>BestAdapterIndex</key><integer>3</integer></dict></array>"));
   }
@@ -74,35 +74,27 @@ TEST_F(PortScannerTest, KnowsNothingBeforeTheFirstScan) {
   EXPECT_EQ(scanner->collapseAllEpoch.get(), 0);
   EXPECT_EQ(scanner->bestAdapterIndex.get(), 0);
   EXPECT_EQ(events->startCount, 0);
-  EXPECT_TRUE(tools->commandLines().empty());
+  EXPECT_TRUE(tools->questions().empty());
 }
 
-TEST_F(PortScannerTest, StartsFourToolsAtOnce) {
+TEST_F(PortScannerTest, AsksFourQuestionsAtOnce) {
   scanner->scan();
   EXPECT_TRUE(scanner->isScanning.get());
   EXPECT_EQ(queue->backgroundCount(), 4U);
   queue->settle();
-  const std::vector<std::string> commandLines = tools->commandLines();
-  const std::vector<std::string> firstFour(commandLines.begin(), commandLines.begin() + 4);
-  EXPECT_EQ(firstFour, (std::vector<std::string>{
-                           "/usr/sbin/system_profiler SPThunderboltDataType -json",
-                           "/usr/sbin/system_profiler SPUSBDataType -json",
-                           "/usr/sbin/system_profiler SPPowerDataType -json",
-                           "/usr/sbin/ioreg -a -r -c IOUSBHostDevice -l",
-                       }));
+  const std::vector<Question> questions = tools->questions();
+  const std::vector<Question> firstFour(questions.begin(), questions.begin() + 4);
+  EXPECT_EQ(firstFour, (std::vector<Question>{Question::thunderbolt, Question::usb, Question::power,
+                                              Question::usbHostDevices}));
 }
 
-TEST_F(PortScannerTest, RunsTheRegistryProbesOneAfterAnother) {
+TEST_F(PortScannerTest, AsksTheOtherFourOneAfterAnother) {
   scanner->scan();
   queue->settle();
-  const std::vector<std::string> commandLines = tools->commandLines();
-  const std::vector<std::string> probes(commandLines.begin() + 4, commandLines.end());
-  EXPECT_EQ(probes, (std::vector<std::string>{
-                        "/usr/sbin/ioreg -c IOPMPowerSource -r -a",
-                        "/usr/sbin/ioreg -a -r -c AppleHPMDevice -l",
-                        "/usr/sbin/ioreg -a -r -c AppleSmartBattery -l",
-                        "/usr/sbin/ioreg -a -l -p IODeviceTree",
-                    }));
+  const std::vector<Question> questions = tools->questions();
+  const std::vector<Question> probes(questions.begin() + 4, questions.end());
+  EXPECT_EQ(probes, (std::vector<Question>{Question::powerSource, Question::portControllers,
+                                           Question::portPower, Question::deviceTree}));
 }
 
 TEST_F(PortScannerTest, PublishesEachFieldInItsTurnAndTheTreeLast) {
@@ -116,12 +108,12 @@ TEST_F(PortScannerTest, PublishesEachFieldInItsTurnAndTheTreeLast) {
 }
 
 TEST_F(PortScannerTest, TakesTheErrorBackLast) {
-  tools->answer("SPUSBDataType.json", "");
+  tools->answer(Question::usb, "");
   scan();
   queue->advance(1s); // the second attempt fails too
   ASSERT_TRUE(scanner->errorMessage.get().has_value());
   answerWithOnePort();
-  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": []})");
+  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
   noteAllFields();
   scan();
   EXPECT_EQ(published,
@@ -179,7 +171,7 @@ TEST_F(PortScannerTest, DropsAScanThatIsAskedForWhileOneRuns) {
   EXPECT_TRUE(second.isReady());
   EXPECT_EQ(queue->backgroundCount(), 4U);
   queue->settle();
-  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U);
+  EXPECT_EQ(tools->askCount(Question::usb), 1U);
 }
 
 TEST_F(PortScannerTest, HopsToTheMainThreadWhenCalledElsewhere) {
@@ -194,7 +186,7 @@ TEST_F(PortScannerTest, HopsToTheMainThreadWhenCalledElsewhere) {
 }
 
 TEST_F(PortScannerTest, SaysWhichReportIsMissingWhenNothingWasShownYet) {
-  tools->answer("SPUSBDataType.json", "not JSON");
+  tools->answer(Question::usb, "not JSON");
   scan();
   EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPUSBDataType");
   EXPECT_TRUE(scanner->portTree.get().empty());
@@ -204,24 +196,24 @@ TEST_F(PortScannerTest, SaysWhichReportIsMissingWhenNothingWasShownYet) {
 }
 
 TEST_F(PortScannerTest, NamesTheFirstOfSeveralMissingReports) {
-  tools->answer("SPPowerDataType.json", "");
-  tools->answer("SPUSBDataType.json", "");
+  tools->answer(Question::power, "");
+  tools->answer(Question::usb, "");
   scan();
   EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPUSBDataType");
-  tools->answer("SPThunderboltDataType.json", "");
+  tools->answer(Question::thunderbolt, "");
   scan();
   EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPThunderboltDataType");
 }
 
 TEST_F(PortScannerTest, PublishesNothingOfAScanThatFailed) {
-  tools->answer("SPPowerDataType.json", "");
+  tools->answer(Question::power, "");
   noteAllFields();
   scan();
   EXPECT_EQ(published, (std::vector<std::string>{"isScanning", "errorMessage", "isScanning"}));
 }
 
 TEST_F(PortScannerTest, WaitsForTheToolsThatStillRunWhenOneFailed) {
-  tools->answer("SPThunderboltDataType.json", "");
+  tools->answer(Question::thunderbolt, "");
   scanner->scan();
   queue->finishOneBackgroundWork();
   queue->advance(0ms);
@@ -232,7 +224,7 @@ TEST_F(PortScannerTest, WaitsForTheToolsThatStillRunWhenOneFailed) {
 }
 
 TEST_F(PortScannerTest, AsksForNoSecondAttemptOnceTheScanHasFailed) {
-  for (const char* section : {"SPThunderboltDataType.json", "SPUSBDataType.json"}) {
+  for (const Question section : {Question::thunderbolt, Question::usb}) {
     tools->answer(section, "no report");
   }
   scanner->scan();
@@ -241,8 +233,8 @@ TEST_F(PortScannerTest, AsksForNoSecondAttemptOnceTheScanHasFailed) {
   queue->finishNewestBackgroundWork(); // its second attempt, with which the scan has failed
   queue->settle();
   queue->advance(1s);
-  EXPECT_EQ(tools->runCount("SPThunderboltDataType.json"), 2U);
-  EXPECT_EQ(tools->runCount("SPUSBDataType.json"), 1U);
+  EXPECT_EQ(tools->askCount(Question::thunderbolt), 2U);
+  EXPECT_EQ(tools->askCount(Question::usb), 1U);
   EXPECT_FALSE(scanner->isScanning.get());
 }
 
@@ -251,8 +243,8 @@ TEST_F(PortScannerTest, KeepsWhatItShowsWhenALaterScanFails) {
   scan();
   const auto firstTime = scanner->lastScanned.get();
   now += 60s;
-  tools->answer("SPUSBDataType.json", "");
-  tools->answer("SPThunderboltDataType.json", "");
+  tools->answer(Question::usb, "");
+  tools->answer(Question::thunderbolt, "");
   scan();
   EXPECT_FALSE(scanner->errorMessage.get().has_value());
   EXPECT_EQ(treeText(scanner->portTree.get()), "port 1\n");
@@ -260,7 +252,7 @@ TEST_F(PortScannerTest, KeepsWhatItShowsWhenALaterScanFails) {
 }
 
 TEST_F(PortScannerTest, ClearsTheErrorWithTheFirstScanThatSucceeds) {
-  tools->answer("SPUSBDataType.json", "");
+  tools->answer(Question::usb, "");
   scan();
   answerWithEmptyReports(*tools);
   scan();
@@ -269,7 +261,7 @@ TEST_F(PortScannerTest, ClearsTheErrorWithTheFirstScanThatSucceeds) {
 
 TEST_F(PortScannerTest, RecoversWithinTheScanWhenTheSecondAttemptWorks) {
   answerWithOnePort();
-  tools->answerOnce("SPUSBDataType.json", "half a rep");
+  tools->answerOnce(Question::usb, "half a rep");
   scan();
   EXPECT_FALSE(scanner->errorMessage.get().has_value());
   EXPECT_EQ(scanner->portTree.get().size(), 1U);
@@ -278,19 +270,19 @@ TEST_F(PortScannerTest, RecoversWithinTheScanWhenTheSecondAttemptWorks) {
 TEST_F(PortScannerTest, ReadsTheCurrentLimitsOnlyUntilItHasSome) {
   scan();
   scan();
-  EXPECT_EQ(tools->runCount("IODeviceTree.plist"), 2U);
+  EXPECT_EQ(tools->askCount(Question::deviceTree), 2U);
   answerWithAFullMachine();
   scan();
-  tools->answer("IODeviceTree.plist", "");
+  tools->answer(Question::deviceTree, "");
   scan();
-  EXPECT_EQ(tools->runCount("IODeviceTree.plist"), 3U);
+  EXPECT_EQ(tools->askCount(Question::deviceTree), 3U);
   EXPECT_EQ(scanner->portCurrentLimitMa.get().at(1), 3000);
 }
 
 TEST_F(PortScannerTest, KeepsChargerAndBatteryThatALaterReportDoesNotMention) {
   answerWithAFullMachine();
   scan();
-  tools->answer("SPPowerDataType.json", R"({"SPPowerDataType": []})");
+  tools->answer(Question::power, R"({"SPPowerDataType": []})");
   scan();
   ASSERT_TRUE(scanner->charger.get().has_value());
   EXPECT_EQ(scanner->charger.get()->name, "96W Adapter");
@@ -306,12 +298,12 @@ TEST_F(PortScannerTest, GivesTheSameIdentifiersInEveryScan) {
 }
 
 TEST_F(PortScannerTest, MergesTheHalvesOfAHub) {
-  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": [
+  tools->answer(Question::usb, R"({"SPUSBDataType": [
       {"_name": "USB31Bus", "_items": [{"_name": "Fast", "device_speed": "super_speed",
         "location_id": "0x00100000 / 1"}]},
       {"_name": "USB20Bus", "_items": [{"_name": "Slow", "device_speed": "high_speed",
         "location_id": "0x00200000 / 2", "_items": [{"_name": "Stick"}]}]}]})");
-  tools->answer("IOUSBHostDevice.plist",
+  tools->answer(Question::usbHostDevices,
                 propertyList("<array>"
                              "<dict><key>locationID</key><integer>1048576</integer>"
                              "<key>kUSBContainerID</key><string>box</string></dict>"
@@ -332,8 +324,8 @@ void answerWithTwinPorts(FakeTools& tools, int count) {
     buses += std::string(index == 0 ? "" : ",") + R"({"_name": "bus_0"})";
     devices += std::string(index == 0 ? "" : ",") + R"({"_name": "x", "location_id": "0x1"})";
   }
-  tools.answer("SPThunderboltDataType.json", R"({"SPThunderboltDataType": [)" + buses + "]}");
-  tools.answer("SPUSBDataType.json",
+  tools.answer(Question::thunderbolt, R"({"SPThunderboltDataType": [)" + buses + "]}");
+  tools.answer(Question::usb,
                R"({"SPUSBDataType": [{"host_controller": "AppleT6020USBXHCI", "_items": [)" +
                    devices + "]}]}");
 }

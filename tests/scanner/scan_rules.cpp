@@ -14,6 +14,7 @@
 #include "tree/port_tree.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace tamberline {
 namespace {
@@ -24,8 +25,8 @@ bool givesItsReport(ToolFault fault) {
          fault == ToolFault::printsHugeReport || fault == ToolFault::diesAfterItsReport;
 }
 
-bool isRead(const ToolFaults& faults, const std::string& fileName) {
-  const auto found = faults.find(fileName);
+bool isRead(const ToolFaults& faults, Question question) {
+  const auto found = faults.find(question);
   return found == faults.end() || givesItsReport(found->second);
 }
 
@@ -60,11 +61,11 @@ std::string identifiedTree(const std::vector<TreeNode>& nodes) {
 }
 
 template <typename Result>
-Result readDump(const SavedMachine& files, const std::string& fileName,
+Result readDump(const Answers& answers, Question question,
                 Result (*read)(const PropertyList& dump)) {
-  const std::optional<PropertyList> dump = PropertyList::decode(files.at(fileName));
+  const std::optional<PropertyList> dump = PropertyList::decode(answers.at(question));
   if (!dump) {
-    throw std::runtime_error("no property list: " + fileName);
+    throw std::runtime_error("no property list: " + nameOf(question));
   }
   return read(*dump);
 }
@@ -110,20 +111,24 @@ std::string difference(const ShownState& expected, const ShownState& actual) {
   return text;
 }
 
-ReadMachine::ReadMachine(const SavedMachine& files)
-    : thunderbolt(nlohmann::json::parse(files.at("SPThunderboltDataType.json"))),
-      usb(nlohmann::json::parse(files.at("SPUSBDataType.json"))),
-      power(nlohmann::json::parse(files.at("SPPowerDataType.json"))),
-      containerIDs(readDump(files, "IOUSBHostDevice.plist", containerIDsIn)),
-      fedDetails(readDump(files, "IOPMPowerSource.plist", fedDetailsIn)),
-      hpmPorts(readDump(files, "AppleHPMDevice.plist", portControllersIn)),
-      portPowerOut(readDump(files, "AppleSmartBattery.plist", portPowerOutIn)),
-      portCurrentLimitMa(readDump(files, "IODeviceTree.plist", portCurrentLimitsIn)) {}
+ReadMachine::ReadMachine(const Answers& answers)
+    : thunderbolt(nlohmann::json::parse(answers.at(Question::thunderbolt))),
+      usb(nlohmann::json::parse(answers.at(Question::usb))),
+      power(nlohmann::json::parse(answers.at(Question::power))),
+      containerIDs(readDump(answers, Question::usbHostDevices, containerIDsIn)),
+      fedDetails(readDump(answers, Question::powerSource, fedDetailsIn)),
+      hpmPorts(readDump(answers, Question::portControllers, portControllersIn)),
+      portPowerOut(readDump(answers, Question::portPower, portPowerOutIn)),
+      portCurrentLimitMa(readDump(answers, Question::deviceTree, portCurrentLimitsIn)) {}
 
 void ScanRules::scan(const ReadMachine& machine, const ToolFaults& faults,
                      std::chrono::system_clock::time_point now) {
-  for (const std::string section : {"SPThunderboltDataType", "SPUSBDataType", "SPPowerDataType"}) {
-    if (!isRead(faults, section + ".json")) {
+  static const std::pair<Question, std::string> sections[] = {
+      {Question::thunderbolt, "SPThunderboltDataType"},
+      {Question::usb, "SPUSBDataType"},
+      {Question::power, "SPPowerDataType"}};
+  for (const auto& [question, section] : sections) {
+    if (!isRead(faults, question)) {
       if (state_.portTree.empty()) {
         state_.errorMessage = "Could not parse " + section;
       }
@@ -138,7 +143,7 @@ void ScanRules::scan(const ReadMachine& machine, const ToolFaults& faults,
 }
 
 void ScanRules::takeReports(const ReadMachine& machine, const ToolFaults& faults) {
-  const bool areBoxesKnown = isRead(faults, "IOUSBHostDevice.plist");
+  const bool areBoxesKnown = isRead(faults, Question::usbHostDevices);
   thunderboltBuses_ = parseThunderbolt(machine.thunderbolt);
   usbBuses_ = mergeContainerHubs(
       parseUSB(machine.usb, areBoxesKnown ? machine.containerIDs : ContainerIDs()));
@@ -150,19 +155,18 @@ void ScanRules::takeReports(const ReadMachine& machine, const ToolFaults& faults
 }
 
 void ScanRules::takeProbes(const ReadMachine& machine, const ToolFaults& faults) {
-  const FedDetails fed =
-      isRead(faults, "IOPMPowerSource.plist") ? machine.fedDetails : FedDetails();
+  const FedDetails fed = isRead(faults, Question::powerSource) ? machine.fedDetails : FedDetails();
   state_.fedPortStates = fed.ports;
   state_.bestAdapterIndex = fed.bestAdapterIndex;
   state_.hpmPorts = {};
-  if (isRead(faults, "AppleHPMDevice.plist")) {
+  if (isRead(faults, Question::portControllers)) {
     state_.hpmPorts = machine.hpmPorts;
   }
   state_.portPowerOut = {};
-  if (isRead(faults, "AppleSmartBattery.plist")) {
+  if (isRead(faults, Question::portPower)) {
     state_.portPowerOut = machine.portPowerOut;
   }
-  if (state_.portCurrentLimitMa.empty() && isRead(faults, "IODeviceTree.plist")) {
+  if (state_.portCurrentLimitMa.empty() && isRead(faults, Question::deviceTree)) {
     state_.portCurrentLimitMa = machine.portCurrentLimitMa;
   }
 }

@@ -46,7 +46,7 @@ std::string difference(const ShownState& expected, const ShownState& actual);
 /// A machine whose tools all go well, read once.
 class ReadMachine {
 public:
-  explicit ReadMachine(const SavedMachine& files);
+  explicit ReadMachine(const Answers& answers);
 
   nlohmann::json thunderbolt;
   nlohmann::json usb;

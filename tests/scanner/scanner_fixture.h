@@ -25,7 +25,7 @@ protected:
   void TearDown() override { queue->end(); }
 
   std::shared_ptr<PortScanner> makeScanner() {
-    return PortScanner::create({.acquisition = {.tools = tools, .queue = queue},
+    return PortScanner::create({.acquisition = {.machine = tools, .queue = queue},
                                 .events = events,
                                 .now = [this] { return now; }});
   }
@@ -37,7 +37,7 @@ protected:
   }
 
   void answerWithOnePort(const std::string& busName = "thunderbolt_bus_0") {
-    tools->answer("SPThunderboltDataType.json",
+    tools->answer(Question::thunderbolt,
                   R"({"SPThunderboltDataType": [{"_name": ")" + busName + R"("}]})");
   }
 

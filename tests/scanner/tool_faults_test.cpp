@@ -1,4 +1,6 @@
 #include "inspect/document.h"
+#include "platform/macos/mac_tools.h"
+#include "platform/saved/saved_reports_runner.h"
 #include "scanner/scan_rules.h"
 #include "support/build_kind.h"
 #include "support/hand_driven_queue.h"
@@ -7,8 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <sstream>
 #include <utility>
 
 namespace tamberline {
@@ -16,27 +16,26 @@ namespace {
 
 using namespace std::chrono_literals;
 
-SavedMachine sample(const std::string& name) {
-  SavedMachine machine;
-  for (const char* fileName : allToolRuns) {
-    std::ostringstream content;
-    content << std::ifstream(SAMPLES_FOLDER "/" + name + "/" + fileName).rdbuf();
-    machine[fileName] = content.str();
+Answers sample(const std::string& name) {
+  SavedReportsRunner reports(SAMPLES_FOLDER "/" + name);
+  Answers answers;
+  for (const Question question : questionsOfAScan) {
+    answers[question] = reports.answer(question);
   }
-  return machine;
+  return answers;
 }
 
 /// Docks, chains, hubs in two halves, disks, an adapter.
-const SavedMachine& deskMachine() {
-  static const SavedMachine machine = sample("desk");
+const Answers& deskMachine() {
+  static const Answers machine = sample("desk");
   return machine;
 }
 
 /// Everything else plugged into the same computer: its ports keep their limits.
-const SavedMachine& changedMachine() {
-  static const SavedMachine machine = [] {
-    SavedMachine changed = sample("road");
-    changed["IODeviceTree.plist"] = deskMachine().at("IODeviceTree.plist");
+const Answers& changedMachine() {
+  static const Answers machine = [] {
+    Answers changed = sample("road");
+    changed[Question::deviceTree] = deskMachine().at(Question::deviceTree);
     return changed;
   }();
   return machine;
@@ -54,8 +53,8 @@ const ReadMachine& readChangedMachine() {
 
 std::string text(const ToolFaults& faults) {
   std::string text;
-  for (const auto& [fileName, fault] : faults) {
-    text += fileName + " " + nameOf(fault) + "; ";
+  for (const auto& [question, fault] : faults) {
+    text += nameOf(question) + " " + nameOf(fault) + "; ";
   }
   return text;
 }
@@ -69,9 +68,9 @@ public:
   WatchedScanner(const WatchedScanner&) = delete;
   WatchedScanner& operator=(const WatchedScanner&) = delete;
 
-  void startScan(const SavedMachine& machine, const ToolFaults& faults) {
+  void startScan(const Answers& machine, const ToolFaults& faults) {
     now += 1min;
-    tools->setMachine(machine);
+    tools->setAnswers(machine);
     tools->setFaults(faults);
     scanner->scan();
   }
@@ -93,13 +92,13 @@ public:
   std::shared_ptr<SimulatedEventSource> events = std::make_shared<SimulatedEventSource>();
   std::chrono::system_clock::time_point now{1'000'000s};
   std::shared_ptr<PortScanner> scanner = PortScanner::create(
-      {.acquisition = {.tools = tools, .queue = queue}, .events = events, .now = [this] {
-         return now;
-       }});
+      {.acquisition = {.machine = std::make_shared<MacTools>(tools), .queue = queue},
+       .events = events,
+       .now = [this] { return now; }});
   ScanRules rules;
 };
 
-nlohmann::ordered_json freshDocument(const SavedMachine& machine, const ReadMachine& read) {
+nlohmann::ordered_json freshDocument(const Answers& machine, const ReadMachine& read) {
   WatchedScanner watched;
   watched.startScan(machine, {});
   watched.endScan(read, {});
@@ -150,23 +149,20 @@ void expectTheRulesAndFullRecovery(const ToolFaults& faults) {
   EXPECT_TRUE(inspectionDocument(*later.scanner) == documentOfChangedMachine()) << text(faults);
 }
 
-using PairOfRuns = std::pair<const char*, const char*>;
+using PairOfRuns = std::pair<Question, Question>;
 
 std::vector<PairOfRuns> allPairs() {
   std::vector<PairOfRuns> pairs;
-  for (std::size_t first = 0; first < allToolRuns.size(); ++first) {
-    for (std::size_t second = first + 1; second < allToolRuns.size(); ++second) {
-      pairs.emplace_back(allToolRuns.at(first), allToolRuns.at(second));
+  for (std::size_t first = 0; first < questionsOfAScan.size(); ++first) {
+    for (std::size_t second = first + 1; second < questionsOfAScan.size(); ++second) {
+      pairs.emplace_back(questionsOfAScan.at(first), questionsOfAScan.at(second));
     }
   }
   return pairs;
 }
 
 std::string nameOfPair(const testing::TestParamInfo<PairOfRuns>& info) {
-  const auto stem = [](const std::string& fileName) {
-    return fileName.substr(0, fileName.find('.'));
-  };
-  return stem(info.param.first) + "_" + stem(info.param.second);
+  return nameOf(info.param.first) + "_" + nameOf(info.param.second);
 }
 
 class PairsOfFaults : public testing::TestWithParam<PairOfRuns> {
@@ -205,9 +201,9 @@ TEST_P(PairsOfFaults, LeaveWhatTheRulesAllowInALaterScanAndNothingInTheNext) {
 INSTANTIATE_TEST_SUITE_P(OfAllRuns, PairsOfFaults, testing::ValuesIn(allPairs()), nameOfPair);
 
 TEST(SingleFaults, LeaveWhatTheRulesAllow) {
-  for (const char* fileName : allToolRuns) {
+  for (const Question question : questionsOfAScan) {
     for (const ToolFault fault : allToolFaults) {
-      expectTheRulesAndFullRecovery({{fileName, fault}});
+      expectTheRulesAndFullRecovery({{question, fault}});
     }
   }
 }
@@ -215,14 +211,14 @@ TEST(SingleFaults, LeaveWhatTheRulesAllow) {
 TEST(AllRunsAtOnce, MayFailInTheSameWay) {
   for (const ToolFault fault : allToolFaults) {
     ToolFaults faults;
-    for (const char* fileName : allToolRuns) {
-      faults[fileName] = fault;
+    for (const Question question : questionsOfAScan) {
+      faults[question] = fault;
     }
     expectTheRulesAndFullRecovery(faults);
   }
 }
 
-class HugeOutput : public testing::TestWithParam<const char*> {};
+class HugeOutput : public testing::TestWithParam<Question> {};
 
 /// Thirty megabytes, little less than what is read at most; ten where that takes long.
 TEST_P(HugeOutput, IsTakenLikeAnyOther) {
@@ -237,22 +233,21 @@ TEST_P(HugeOutput, IsTakenLikeAnyOther) {
   }
 }
 
-std::string nameOfRun(const testing::TestParamInfo<const char*>& info) {
-  const std::string fileName = info.param;
-  return fileName.substr(0, fileName.find('.'));
+std::string nameOfRun(const testing::TestParamInfo<Question>& info) {
+  return nameOf(info.param);
 }
 
-INSTANTIATE_TEST_SUITE_P(OfEachRun, HugeOutput, testing::ValuesIn(allToolRuns), nameOfRun);
+INSTANTIATE_TEST_SUITE_P(OfEachRun, HugeOutput, testing::ValuesIn(questionsOfAScan), nameOfRun);
 
 /// A scan in which one run takes an hour while another one may go wrong.
-class SlowRuns : public testing::TestWithParam<const char*> {
+class SlowRuns : public testing::TestWithParam<Question> {
 protected:
   /// Lets everything end that comes before the slow run; false when the scan ended without it.
   static bool reachSlowRun(WatchedScanner& watched) {
     constexpr std::size_t runsAtOnce = 4;
-    const std::string slow = GetParam();
+    const Question slow = GetParam();
     std::size_t index = 0;
-    while (allToolRuns.at(index) != slow) {
+    while (questionsOfAScan.at(index) != slow) {
       ++index;
     }
     for (std::size_t run = 0; run < std::min(index, runsAtOnce); ++run) {
@@ -280,7 +275,7 @@ protected:
   }
 
   static void expectTheRules(const ToolFaults& faults) {
-    const ToolFaults withoutLimits = {{"IODeviceTree.plist", ToolFault::isMissing}};
+    const ToolFaults withoutLimits = {{Question::deviceTree, ToolFault::isMissing}};
     WatchedScanner watched;
     watched.startScan(deskMachine(), withoutLimits); // so that the next scan asks for them again
     watched.endScan(readDesk(), withoutLimits);
@@ -301,14 +296,14 @@ private:
       const std::string busesBefore = watched.rules.state().thunderboltBuses;
       return shownBy(*watched.scanner).thunderboltBuses != busesBefore;
     }
-    return watched.tools->runCount(allToolRuns.at(index - 1)) > scansBefore;
+    return watched.tools->runCount(questionsOfAScan.at(index - 1)) > scansBefore;
   }
 };
 
 TEST_P(SlowRuns, HoldTheirScanUpAndNothingElseWhateverHappensToTheOtherRuns) {
   expectTheRules({});
-  for (const char* other : allToolRuns) {
-    if (std::string(other) != GetParam()) {
+  for (const Question other : questionsOfAScan) {
+    if (other != GetParam()) {
       for (const ToolFault fault : allToolFaults) {
         expectTheRules({{other, fault}});
       }
@@ -316,7 +311,7 @@ TEST_P(SlowRuns, HoldTheirScanUpAndNothingElseWhateverHappensToTheOtherRuns) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(OfEachRun, SlowRuns, testing::ValuesIn(allToolRuns), nameOfRun);
+INSTANTIATE_TEST_SUITE_P(OfEachRun, SlowRuns, testing::ValuesIn(questionsOfAScan), nameOfRun);
 
 } // namespace
 } // namespace tamberline

@@ -16,7 +16,7 @@ protected:
     queue->settle();
   }
 
-  std::size_t scanCount() const { return tools->runCount("SPUSBDataType.json"); }
+  std::size_t scanCount() const { return tools->askCount(Question::usb); }
 };
 
 constexpr const char* reportWithVolume = R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
@@ -37,7 +37,7 @@ TEST_F(VolumeEjection, IsOverBeforeTheScanBegins) {
 }
 
 TEST_F(VolumeEjection, TakesTheDeviceAwayWithTheScan) {
-  tools->answer("SPUSBDataType.json", reportWithVolume);
+  tools->answer(Question::usb, reportWithVolume);
   scan();
   ASSERT_FALSE(scanner->usbBuses.get().empty());
   answerWithEmptyReports(*tools);

@@ -1,94 +1,64 @@
 #include "support/fake_tools.h"
 
-#include "base/never_destroyed.h"
-
+#include <ostream>
 #include <utility>
 
 namespace tamberline {
-namespace {
 
-std::string joinedWords(const std::string& executable, const std::vector<std::string>& arguments) {
-  std::string line = executable;
-  for (const std::string& argument : arguments) {
-    line += " " + argument;
-  }
-  return line;
+std::string nameOf(Question question) {
+  static constexpr std::array<const char*, 9> names = {
+      "thunderbolt",    "usb",         "power",   "portControllers", "portPower", "deviceTree",
+      "usbHostDevices", "powerSource", "newerUsb"};
+  return names.at(static_cast<std::size_t>(question));
 }
 
-std::string fileNameFor(const std::string& commandLine) {
-  static const NeverDestroyed<std::map<std::string, std::string>> names({
-      {"/usr/sbin/system_profiler SPThunderboltDataType -json", "SPThunderboltDataType.json"},
-      {"/usr/sbin/system_profiler SPUSBDataType -json", "SPUSBDataType.json"},
-      {"/usr/sbin/system_profiler SPUSBHostDataType -json", "SPUSBHostDataType.json"},
-      {"/usr/sbin/system_profiler SPPowerDataType -json", "SPPowerDataType.json"},
-      {"/usr/sbin/ioreg -a -r -c AppleHPMDevice -l", "AppleHPMDevice.plist"},
-      {"/usr/sbin/ioreg -a -r -c AppleSmartBattery -l", "AppleSmartBattery.plist"},
-      {"/usr/sbin/ioreg -a -l -p IODeviceTree", "IODeviceTree.plist"},
-      {"/usr/sbin/ioreg -a -r -c IOUSBHostDevice -l", "IOUSBHostDevice.plist"},
-      {"/usr/sbin/ioreg -c IOPMPowerSource -r -a", "IOPMPowerSource.plist"},
-  });
-  const auto found = (*names).find(commandLine);
-  return found == (*names).end() ? "unknown command line" : found->second;
+void PrintTo(Question question, std::ostream* stream) {
+  *stream << nameOf(question);
 }
 
-} // namespace
-
-ToolOutput FakeTools::run(const std::string& executable,
-                          const std::vector<std::string>& arguments) {
+std::string FakeTools::answer(Question question) {
   const std::lock_guard lock(mutex_);
-  const std::string commandLine = joinedWords(executable, arguments);
-  const std::string fileName = fileNameFor(commandLine);
-  commandLines_.push_back(commandLine);
-  ++runCounts_[fileName];
-  std::deque<std::string>& forOnce = answersForOnce_[fileName];
+  questions_.push_back(question);
+  ++askCounts_[question];
+  std::deque<std::string>& forOnce = answersForOnce_[question];
   if (forOnce.empty()) {
-    return {answers_[fileName], 0};
+    return answers_[question];
   }
-  std::string output = std::move(forOnce.front());
+  std::string answer = std::move(forOnce.front());
   forOnce.pop_front();
-  return {std::move(output), 0};
+  return answer;
 }
 
-ToolOutput FakeTools::runWithErrors(const std::string& executable,
-                                    const std::vector<std::string>& arguments) {
-  return run(executable, arguments);
-}
-
-void FakeTools::answer(const std::string& fileName, std::string output) {
+void FakeTools::answer(Question question, std::string answer) {
   const std::lock_guard lock(mutex_);
-  answers_[fileName] = std::move(output);
+  answers_[question] = std::move(answer);
 }
 
-void FakeTools::answerOnce(const std::string& fileName, std::string output) {
+void FakeTools::answerOnce(Question question, std::string answer) {
   const std::lock_guard lock(mutex_);
-  answersForOnce_[fileName].push_back(std::move(output));
+  answersForOnce_[question].push_back(std::move(answer));
 }
 
-void FakeTools::forgetCommandLines() {
+std::vector<Question> FakeTools::questions() const {
   const std::lock_guard lock(mutex_);
-  commandLines_.clear();
+  return questions_;
 }
 
-std::vector<std::string> FakeTools::commandLines() const {
+void FakeTools::forgetQuestions() {
   const std::lock_guard lock(mutex_);
-  return commandLines_;
+  questions_.clear();
 }
 
-std::size_t FakeTools::runCount(const std::string& fileName) const {
+std::size_t FakeTools::askCount(Question question) const {
   const std::lock_guard lock(mutex_);
-  const auto found = runCounts_.find(fileName);
-  return found == runCounts_.end() ? 0 : found->second;
-}
-
-std::string savedFileNameFor(const std::string& executable,
-                             const std::vector<std::string>& arguments) {
-  return fileNameFor(joinedWords(executable, arguments));
+  const auto found = askCounts_.find(question);
+  return found == askCounts_.end() ? 0 : found->second;
 }
 
 void answerWithEmptyReports(FakeTools& tools) {
-  for (const std::string section : {"SPThunderboltDataType", "SPUSBDataType", "SPPowerDataType"}) {
-    tools.answer(section + ".json", "{\"" + section + "\": []}");
-  }
+  tools.answer(Question::thunderbolt, R"({"SPThunderboltDataType": []})");
+  tools.answer(Question::usb, R"({"SPUSBDataType": []})");
+  tools.answer(Question::power, R"({"SPPowerDataType": []})");
 }
 
 } // namespace tamberline

@@ -1,8 +1,11 @@
 #pragma once
 
-#include "acquisition/tool_runner.h"
+#include "acquisition/machine_source.h"
 
+#include <array>
+#include <cstddef>
 #include <deque>
+#include <iosfwd>
 #include <map>
 #include <mutex>
 #include <string>
@@ -10,37 +13,43 @@
 
 namespace tamberline {
 
-/// Tools that answer what a test tells them to, by the name of the saved file that would stand for
-/// them ("SPUSBDataType.json", "IODeviceTree.plist"). A tool that was told nothing prints nothing.
-class FakeTools final : public ToolRunner {
+/// The eight questions of a scan: the three reports first, the others in the order in which a scan
+/// asks them.
+inline constexpr std::array<Question, 8> questionsOfAScan = {
+    Question::thunderbolt,    Question::usb,         Question::power,
+    Question::usbHostDevices, Question::powerSource, Question::portControllers,
+    Question::portPower,      Question::deviceTree,
+};
+
+/// Such as "portPower", for messages.
+std::string nameOf(Question question);
+void PrintTo(Question question, std::ostream* stream);
+
+/// A machine that answers what a test tells it to; nothing until then.
+class FakeTools final : public MachineSource {
 public:
-  ToolOutput run(const std::string& executable, const std::vector<std::string>& arguments) override;
-  ToolOutput runWithErrors(const std::string& executable,
-                           const std::vector<std::string>& arguments) override;
+  std::string answer(Question question) override;
 
   /// The answer from now on.
-  void answer(const std::string& fileName, std::string output);
+  void answer(Question question, std::string answer);
 
-  /// Answers for the next runs, one each, before the lasting one counts again.
-  void answerOnce(const std::string& fileName, std::string output);
+  /// Answers for the next time the question is asked, one each, before the lasting one counts
+  /// again.
+  void answerOnce(Question question, std::string answer);
 
-  /// The command lines so far, in the order in which they ran.
-  std::vector<std::string> commandLines() const;
+  /// The questions so far, in the order in which they were asked.
+  std::vector<Question> questions() const;
   /// For tests that run for long and look at the memory they take.
-  void forgetCommandLines();
-  std::size_t runCount(const std::string& fileName) const;
+  void forgetQuestions();
+  std::size_t askCount(Question question) const;
 
 private:
   mutable std::mutex mutex_;
-  std::map<std::string, std::string> answers_;
-  std::map<std::string, std::deque<std::string>> answersForOnce_;
-  std::vector<std::string> commandLines_;
-  std::map<std::string, std::size_t> runCounts_;
+  std::map<Question, std::string> answers_;
+  std::map<Question, std::deque<std::string>> answersForOnce_;
+  std::vector<Question> questions_;
+  std::map<Question, std::size_t> askCounts_;
 };
-
-/// The name of the saved file that would stand for what a command line prints.
-std::string savedFileNameFor(const std::string& executable,
-                             const std::vector<std::string>& arguments);
 
 /// Empty sections, so that a scan succeeds and finds nothing.
 void answerWithEmptyReports(FakeTools& tools);

@@ -57,11 +57,11 @@ std::vector<std::string> hostileNames() {
 }
 
 void answerWithThunderboltEntries(FakeTools& tools, const std::vector<json>& entries) {
-  tools.answer("SPThunderboltDataType.json", section("SPThunderboltDataType", entries));
+  tools.answer(Question::thunderbolt, section("SPThunderboltDataType", entries));
 }
 
 void answerWithUSBEntries(FakeTools& tools, const std::vector<json>& entries) {
-  tools.answer("SPUSBDataType.json", section("SPUSBDataType", entries));
+  tools.answer(Question::usb, section("SPUSBDataType", entries));
 }
 
 void answerWithContainers(FakeTools& tools, const Containers& containers) {
@@ -70,7 +70,7 @@ void answerWithContainers(FakeTools& tools, const Containers& containers) {
     entries += "<dict><key>locationID</key><integer>" + std::to_string(location) +
                "</integer><key>kUSBContainerID</key><string>" + identifier + "</string></dict>";
   }
-  tools.answer("IOUSBHostDevice.plist", propertyList("<array>" + entries + "</array>"));
+  tools.answer(Question::usbHostDevices, propertyList("<array>" + entries + "</array>"));
 }
 
 json portEntry(int index) {
@@ -119,8 +119,8 @@ void answerWithNameEverywhere(FakeTools& tools, const std::string& name) {
                         {"sppower_ac_charger_name", name},
                         {"sppower_ac_charger_manufacturer", name},
                         {"sppower_battery_charger_connected", "TRUE"}};
-  tools.answer("SPPowerDataType.json", section("SPPowerDataType", {adapter}));
-  tools.answer("AppleHPMDevice.plist",
+  tools.answer(Question::power, section("SPPowerDataType", {adapter}));
+  tools.answer(Question::portControllers,
                propertyList("<array><dict><key>PortNumber</key><integer>1</integer>"
                             "<key>PortDescription</key><string>Port</string>"
                             "<key>ConnectionActive</key><true/></dict></array>"));

@@ -27,14 +27,13 @@ public:
       usb.push_back(usbBus(portCount));
     }
     addSplitHub(usb);
-    machine_.files["SPThunderboltDataType.json"] =
-        json{{"SPThunderboltDataType", thunderbolt}}.dump();
-    machine_.files["SPUSBDataType.json"] = json{{"SPUSBDataType", usb}}.dump();
-    machine_.files["SPPowerDataType.json"] = powerReport();
-    machine_.files["AppleHPMDevice.plist"] = portControllers(portCount);
-    machine_.files["AppleSmartBattery.plist"] = portPower(portCount);
-    machine_.files["IODeviceTree.plist"] = currentLimits(portCount);
-    machine_.files["IOUSBHostDevice.plist"] =
+    machine_.answers[Question::thunderbolt] = json{{"SPThunderboltDataType", thunderbolt}}.dump();
+    machine_.answers[Question::usb] = json{{"SPUSBDataType", usb}}.dump();
+    machine_.answers[Question::power] = powerReport();
+    machine_.answers[Question::portControllers] = portControllers(portCount);
+    machine_.answers[Question::portPower] = portPower(portCount);
+    machine_.answers[Question::deviceTree] = currentLimits(portCount);
+    machine_.answers[Question::usbHostDevices] =
         propertyList("<array>" + containerEntries_ + "</array>");
     return machine_;
   }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "acquisition/machine_source.h"
+
 #include <cstdint>
 #include <map>
 #include <set>
@@ -7,11 +9,10 @@
 
 namespace tamberline {
 
-/// Saved reports of a machine that never was: plausible in shape, with duplicates, odd names,
+/// What is answered for a machine that never was: plausible in shape, with duplicates, odd names,
 /// missing and mistyped values strewn in. Every device has a name of its own.
 struct RandomMachine {
-  /// By the names of the files in a folder of saved reports.
-  std::map<std::string, std::string> files;
+  std::map<Question, std::string> answers;
 
   /// Names of the devices that must stand in the tree exactly once.
   std::set<std::string> shownDevices;

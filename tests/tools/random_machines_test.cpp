@@ -25,8 +25,8 @@ constexpr std::uint32_t machineCount = isSlow ? 200 : 1'000;
 /// A scanner that scanned one random machine.
 struct ScannedMachine {
   explicit ScannedMachine(std::uint32_t seed) : machine(makeRandomMachine(seed)) {
-    for (const auto& [fileName, content] : machine.files) {
-      tools->answer(fileName, content);
+    for (const auto& [question, answer] : machine.answers) {
+      tools->answer(question, answer);
     }
     scan();
   }
@@ -42,7 +42,7 @@ struct ScannedMachine {
   std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<PortScanner> scanner =
-      PortScanner::create({.acquisition = {.tools = tools, .queue = queue},
+      PortScanner::create({.acquisition = {.machine = tools, .queue = queue},
                            .events = std::make_shared<SimulatedEventSource>()});
 };
 

@@ -70,7 +70,7 @@ TEST_F(DrawnChrome, OfTheSecondSuggestion) {
 }
 
 TEST_F(DrawnChrome, OfAnError) {
-  tools->answer("SPThunderboltDataType.json", "");
+  tools->answer(Question::thunderbolt, "");
   openPanel();
   EXPECT_EQ(drawn("ErrorBox"), R"(
 on fill orange 0.12 r10: <exclamationmark.triangle> (orange)  Could not parse SPThunderboltDataType

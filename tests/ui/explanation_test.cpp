@@ -103,7 +103,7 @@ TEST_F(PanelExplanation, ClosesWhenItsRowGoes) {
 TEST_F(PanelExplanation, ClosesWhenTheDeviceGoes) {
   press(why);
   answerWithPorts(*tools, 1);
-  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": []})");
+  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
   rescan();
   EXPECT_FALSE(isOpen());
 }
@@ -176,7 +176,7 @@ TEST_F(PanelTooltips, GoWithTheItemThatTheyExplain) {
   advance(600ms);
   ASSERT_NE(bubble(), nullptr);
   answerWithPorts(*tools, 1);
-  tools->answer("SPUSBDataType.json", R"({"SPUSBDataType": []})");
+  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
   rescan();
   EXPECT_EQ(bubble(), nullptr);
 }

@@ -140,7 +140,7 @@ TEST_P(PanelLayoutInLanguages, HasRoomForTheExplanation) {
 
 TEST_P(PanelLayoutInLanguages, HasRoomForWhatStandsInPlaceOfCards) {
   inEachLook([this](const std::string& look) { expectNoFaults(look + ", empty"); });
-  tools->answer("SPThunderboltDataType.json", "");
+  tools->answer(Question::thunderbolt, "");
   scanner = anotherScanner();
   inEachLook([this](const std::string& look) { expectNoFaults(look + ", error"); });
 }

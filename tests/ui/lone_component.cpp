@@ -16,7 +16,7 @@ void LoneComponent::showComponent(const QString& name, const QVariantMap& proper
   view.reset();
   context = std::make_unique<PanelContext>(PanelContext::Outside{
       .scanner = PortScanner::create(
-          {.acquisition = {.tools = std::make_shared<FakeTools>(), .queue = queue},
+          {.acquisition = {.machine = std::make_shared<FakeTools>(), .queue = queue},
            .events = std::make_shared<SimulatedEventSource>()}),
       .queue = queue,
       .fontScale = fontScale});

@@ -105,7 +105,7 @@ void answerWithPorts(FakeTools& tools, int count) {
   for (int index = 0; index < count; ++index) {
     ports.push_back(port(index));
   }
-  tools.answer("SPThunderboltDataType.json", section("SPThunderboltDataType", ports));
+  tools.answer(Question::thunderbolt, section("SPThunderboltDataType", ports));
 }
 
 void answerWithDevices(FakeTools& tools, const std::vector<ReportedDevice>& devices) {
@@ -117,7 +117,7 @@ void answerWithDevices(FakeTools& tools, const std::vector<ReportedDevice>& devi
                       (device.members.empty() ? "" : ", " + device.members) + "}");
   }
   answerWithPorts(tools, 1);
-  tools.answer("SPUSBDataType.json", section("SPUSBDataType", {ownBus(joined(entries))}));
+  tools.answer(Question::usb, section("SPUSBDataType", {ownBus(joined(entries))}));
 }
 
 void answerWithDisk(FakeTools& tools) {
@@ -127,12 +127,12 @@ void answerWithDisk(FakeTools& tools) {
 }
 
 void answerWithLongNames(FakeTools& tools) {
-  tools.answer("SPThunderboltDataType.json", longThunderboltReport);
-  tools.answer("SPUSBDataType.json", longUSBReport);
-  tools.answer("SPPowerDataType.json", longPowerReport);
-  tools.answer("AppleHPMDevice.plist", longPortControllers());
-  tools.answer("AppleSmartBattery.plist", propertyList(longPowerOut));
-  tools.answer("IODeviceTree.plist", propertyList(longCurrentLimit));
+  tools.answer(Question::thunderbolt, longThunderboltReport);
+  tools.answer(Question::usb, longUSBReport);
+  tools.answer(Question::power, longPowerReport);
+  tools.answer(Question::portControllers, longPortControllers());
+  tools.answer(Question::portPower, propertyList(longPowerOut));
+  tools.answer(Question::deviceTree, propertyList(longCurrentLimit));
 }
 
 } // namespace tamberline

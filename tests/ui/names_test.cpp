@@ -64,7 +64,7 @@ protected:
 };
 
 TEST_P(ControlNamesInLanguages, AreThereWithoutCards) {
-  tools->answer("SPThunderboltDataType.json", "");
+  tools->answer(Question::thunderbolt, "");
   openPanelWhileScanning({});
   draw();
   EXPECT_GT(expectNames(), 4);

@@ -36,8 +36,8 @@ PanelFixture::~PanelFixture() {
   EXPECT_EQ(warnings.text(), "");
 }
 
-std::shared_ptr<PortScanner> PanelFixture::scannerOver(std::shared_ptr<ToolRunner> runner) {
-  return PortScanner::create({.acquisition = {.tools = std::move(runner), .queue = queue},
+std::shared_ptr<PortScanner> PanelFixture::scannerOver(std::shared_ptr<MachineSource> machine) {
+  return PortScanner::create({.acquisition = {.machine = std::move(machine), .queue = queue},
                               .events = events,
                               .benchmark = std::make_shared<Benchmark>(files),
                               .ejector = ejector,
@@ -64,7 +64,7 @@ PanelActions PanelFixture::actions(const Setting& setting) {
 }
 
 void PanelFixture::useSample(const std::string& name) {
-  scanner = scannerOver(savedMachineTools(SAMPLES_FOLDER "/" + name));
+  scanner = scannerOver(savedMachine(SAMPLES_FOLDER "/" + name));
 }
 
 void PanelFixture::openPanelWhileScanning(Setting setting) {

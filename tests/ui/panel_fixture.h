@@ -111,7 +111,7 @@ protected:
   int quitCount = 0;
 
 private:
-  std::shared_ptr<PortScanner> scannerOver(std::shared_ptr<ToolRunner> runner);
+  std::shared_ptr<PortScanner> scannerOver(std::shared_ptr<MachineSource> machine);
   PanelActions actions(const Setting& setting);
 };
 

@@ -58,7 +58,7 @@ protected:
     }
     answerWithDevices(*tools, devices);
     if (inOneOf(20)) {
-      tools->answerOnce("SPUSBDataType.json", "half a rep");
+      tools->answerOnce(Question::usb, "half a rep");
     }
   }
 
@@ -85,7 +85,7 @@ protected:
     settle();
   }
 
-  std::size_t scanCount() const { return tools->runCount("SPPowerDataType.json"); }
+  std::size_t scanCount() const { return tools->askCount(Question::power); }
 
   /// Until there were as many scans, and then a while without any.
   void runRound(std::size_t untilScanCount) {
@@ -94,12 +94,12 @@ protected:
       events->changeRegistry();
       advance(std::chrono::milliseconds(400 + 150)); // one scan, and 2 s later another
       useThePanel();
-      tools->forgetCommandLines();
+      tools->forgetQuestions();
     }
     answerWithDisk(*tools);
     rescan();
     advance(std::chrono::seconds(10));
-    tools->forgetCommandLines();
+    tools->forgetQuestions();
     moveMouse({20, 20});
     qmlEngine(listView())->collectGarbage(); // else what waits for it would count
     settle();

@@ -49,7 +49,7 @@ TEST_F(PanelStates, TellThatThereAreNoPorts) {
 }
 
 TEST_F(PanelStates, TellWhyTheFirstScanFailedUntilOneSucceeds) {
-  tools->answer("SPThunderboltDataType.json", "");
+  tools->answer(Question::thunderbolt, "");
   openPanel();
   ASSERT_TRUE(scanner->errorMessage.get());
   const QString message = QString::fromStdString(*scanner->errorMessage.get());
@@ -64,7 +64,7 @@ TEST_F(PanelStates, TellWhyTheFirstScanFailedUntilOneSucceeds) {
 TEST_F(PanelStates, KeepTheCardsWhenALaterScanFails) {
   answerWithPorts(*tools, 1);
   openPanel();
-  tools->answer("SPThunderboltDataType.json", "");
+  tools->answer(Question::thunderbolt, "");
   rescan();
   EXPECT_TRUE(isShown(QAccessible::List, "Ports and devices"));
   EXPECT_FALSE(findAccessibleStarting(window(), QAccessible::AlertMessage, ""));

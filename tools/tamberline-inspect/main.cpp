@@ -26,7 +26,7 @@ constexpr int exitFailure = 1;
 constexpr int exitUsage = 2;
 
 struct Source {
-  std::shared_ptr<ToolRunner> tools;
+  std::shared_ptr<MachineSource> machine;
   std::shared_ptr<PortEventSource> events;
 };
 
@@ -36,7 +36,7 @@ Source sourceOf(const InspectOptions& options) {
     if (options.watches) {
       events = std::make_shared<FolderEventSource>(*options.reportsFolder);
     }
-    return {savedMachineTools(*options.reportsFolder), events};
+    return {savedMachine(*options.reportsFolder), events};
   }
   return {toolsOfThisMachine(), options.watches ? eventsOfThisMachine() : events};
 }
@@ -54,7 +54,7 @@ std::shared_ptr<PortScanner> scannerOf(const InspectOptions& options,
                                        std::shared_ptr<MainQueue> queue) {
   Source source = sourceOf(options);
   return PortScanner::create(
-      {.acquisition = {.tools = std::move(source.tools), .queue = std::move(queue)},
+      {.acquisition = {.machine = std::move(source.machine), .queue = std::move(queue)},
        .events = std::move(source.events)});
 }
 

@@ -50,7 +50,7 @@ Clock clockOf(const ReplayOptions& options) {
 std::shared_ptr<PortScanner> scannerOf(const ReplayOptions& options,
                                        const std::shared_ptr<MainQueue>& queue, const Clock& now) {
   return PortScanner::create(
-      {.acquisition = {.tools = savedMachineTools(options.reportsFolder), .queue = queue},
+      {.acquisition = {.machine = savedMachine(options.reportsFolder), .queue = queue},
        .events = std::make_shared<FolderEventSource>(options.reportsFolder),
        .now = now});
 }

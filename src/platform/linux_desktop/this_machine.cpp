@@ -10,7 +10,7 @@ namespace tamberline {
 
 ScannerOutside thisMachine(std::shared_ptr<MainQueue> queue) {
   const auto volumes = std::make_shared<PosixVolumeFiles>();
-  return {.acquisition = {.tools = toolsOfThisMachine(), .queue = std::move(queue)},
+  return {.acquisition = {.machine = toolsOfThisMachine(), .queue = std::move(queue)},
           .events = eventsOfThisMachine(),
           .benchmark = std::make_shared<Benchmark>(volumes),
           .ejector = std::make_shared<UDisksEjector>(),

@@ -1,13 +1,11 @@
 #include "platform/linux_devices/kernel_tool_runner.h"
 
-#include "base/never_destroyed.h"
 #include "platform/linux_devices/property_list_text.h"
 #include "platform/linux_devices/registry_dumps.h"
 #include "platform/linux_devices/report_sections.h"
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <utility>
 
 namespace tamberline {
@@ -15,32 +13,32 @@ namespace {
 
 using nlohmann::json;
 
-using Describe = json (*)(const sysfs::Machine& machine);
-
-struct Answer {
-  ToolCommand command;
-  Describe describe;
-  std::string (*asText)(const json& content);
-};
-
 std::string asReport(const json& content) {
   return content.dump(-1, ' ', /*ensure_ascii=*/false, json::error_handler_t::replace);
 }
 
-const std::vector<Answer>& answers() {
-  static const NeverDestroyed<std::vector<Answer>> all({
-      {reportCommand("SPThunderboltDataType"), sysfs::thunderboltSection, asReport},
-      {reportCommand("SPUSBDataType"), sysfs::usbSection, asReport},
-      {reportCommand("SPPowerDataType"), sysfs::powerSection, asReport},
-      {registryCommand(RegistryDump::portControllers), sysfs::portControllerDump,
-       sysfs::asPropertyList},
-      {registryCommand(RegistryDump::portPower), sysfs::portPowerDump, sysfs::asPropertyList},
-      {registryCommand(RegistryDump::deviceTree), sysfs::deviceTreeDump, sysfs::asPropertyList},
-      {registryCommand(RegistryDump::usbHostDevices), sysfs::usbHostDeviceDump,
-       sysfs::asPropertyList},
-      {registryCommand(RegistryDump::powerSource), sysfs::powerSourceDump, sysfs::asPropertyList},
-  });
-  return *all;
+std::string answerOf(const sysfs::Machine& machine, Question question) {
+  switch (question) {
+  case Question::thunderbolt:
+    return asReport(sysfs::thunderboltSection(machine));
+  case Question::usb:
+    return asReport(sysfs::usbSection(machine));
+  case Question::power:
+    return asReport(sysfs::powerSection(machine));
+  case Question::portControllers:
+    return sysfs::asPropertyList(sysfs::portControllerDump(machine));
+  case Question::portPower:
+    return sysfs::asPropertyList(sysfs::portPowerDump(machine));
+  case Question::deviceTree:
+    return sysfs::asPropertyList(sysfs::deviceTreeDump(machine));
+  case Question::usbHostDevices:
+    return sysfs::asPropertyList(sysfs::usbHostDeviceDump(machine));
+  case Question::powerSource:
+    return sysfs::asPropertyList(sysfs::powerSourceDump(machine));
+  case Question::newerUsb:
+    break;
+  }
+  return {};
 }
 
 } // namespace
@@ -48,31 +46,18 @@ const std::vector<Answer>& answers() {
 KernelToolRunner::KernelToolRunner(MachineReader readMachine)
     : readMachine_(std::move(readMachine)) {}
 
-ToolOutput KernelToolRunner::run(const std::string& executable,
-                                 const std::vector<std::string>& arguments) {
-  const ToolCommand command{executable, arguments};
-  const auto answer = std::find_if(answers().begin(), answers().end(),
-                                   [&](const Answer& known) { return known.command == command; });
-  if (answer == answers().end()) {
-    return {};
-  }
-  const std::shared_ptr<const sysfs::Machine> machine = machineFor(command);
-  return {answer->asText(answer->describe(*machine)), 0};
+std::string KernelToolRunner::answer(Question question) {
+  const std::shared_ptr<const sysfs::Machine> machine = machineFor(question);
+  return answerOf(*machine, question);
 }
 
-ToolOutput KernelToolRunner::runWithErrors(const std::string& executable,
-                                           const std::vector<std::string>& arguments) {
-  return run(executable, arguments);
-}
-
-std::shared_ptr<const sysfs::Machine> KernelToolRunner::machineFor(const ToolCommand& command) {
+std::shared_ptr<const sysfs::Machine> KernelToolRunner::machineFor(Question question) {
   const std::scoped_lock lock(mutex_);
-  const bool wasAsked = std::find(answered_.begin(), answered_.end(), command) != answered_.end();
-  if (machine_ == nullptr || wasAsked) {
+  if (machine_ == nullptr || answered_.contains(question)) {
     machine_ = std::make_shared<const sysfs::Machine>(readMachine_());
     answered_.clear();
   }
-  answered_.push_back(command);
+  answered_.insert(question);
   return machine_;
 }
 

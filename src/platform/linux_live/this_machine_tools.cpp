@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-std::shared_ptr<ToolRunner> toolsOfThisMachine() {
+std::shared_ptr<MachineSource> toolsOfThisMachine() {
   return std::make_shared<KernelToolRunner>(
       [names = udevHardwareNames(), texts = std::make_shared<sysfs::UsbTextKeeper>()] {
         return sysfs::readMachine(MachinePaths(), names, *texts);

@@ -2,13 +2,15 @@
 
 #include "platform/macos/io_registry_events.h"
 #include "platform/macos/mac_tool_runner.h"
+#include "platform/macos/mac_tools.h"
 #include "platform/macos/mount_table.h"
 #include "platform/posix/child_process_runner.h"
 
 namespace tamberline {
 
-std::shared_ptr<ToolRunner> toolsOfThisMachine() {
-  return std::make_shared<MacToolRunner>(std::make_shared<ChildProcessRunner>(), mountTable);
+std::shared_ptr<MachineSource> toolsOfThisMachine() {
+  return std::make_shared<MacToolRunner>(
+      std::make_shared<MacTools>(std::make_shared<ChildProcessRunner>()), mountTable);
 }
 
 std::shared_ptr<PortEventSource> eventsOfThisMachine() {

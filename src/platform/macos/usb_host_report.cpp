@@ -329,14 +329,14 @@ json usbReportFrom(const json& hostReport, VolumesByLocation volumes,
                    const ThunderboltPorts& ports) {
   Translation translation(std::move(volumes), ports);
   json buses = json::array();
-  for (const json& entry : objectsMember(hostReport, "SPUSBHostDataType")) {
+  for (const json& entry : objectsMember(hostReport, usbHostSectionKey)) {
     translation.appendBuses(entry, buses);
   }
   return {{usbSectionKey, std::move(buses)}};
 }
 
 bool needsThunderboltPorts(const json& hostReport) {
-  const json& entries = objectsMember(hostReport, "SPUSBHostDataType");
+  const json& entries = objectsMember(hostReport, usbHostSectionKey);
   return std::any_of(entries.begin(), entries.end(), [](const json& entry) {
     return isOwn(textMember(entry, "Driver", "")) && !objectsMember(entry, "_items").empty();
   });

@@ -9,12 +9,14 @@
 
 namespace tamberline {
 
+/// The section in which the system keeps its USB devices since release 26.
+constexpr const char* usbHostSectionKey = "SPUSBHostDataType";
+
 /// The ports of the computer with Thunderbolt, counted from 0.
 using ThunderboltPorts = std::set<std::int64_t>;
 
-/// The report of the section "SPUSBHostDataType", in which the system keeps its USB devices since
-/// release 26, in the shape of the section that it left empty: what parseUSB reads. `volumes` go to
-/// the first device at their location.
+/// The newer section's report in the shape of the section that the system left empty: what parseUSB
+/// reads. `volumes` go to the first device at their location.
 ///
 /// No device is lost. The port tree looks for the devices of the computers' own controllers on the
 /// ports with Thunderbolt alone, and knows these controllers by their names, though not all of

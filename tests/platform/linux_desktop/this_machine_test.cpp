@@ -14,7 +14,7 @@ TEST(ThisLinuxMachine, HasEverythingThatALinuxMachineHas) {
   const auto queue = std::make_shared<HandDrivenQueue>();
   const ScannerOutside machine = thisMachine(queue);
   EXPECT_EQ(machine.acquisition.queue, queue);
-  EXPECT_NE(std::dynamic_pointer_cast<KernelToolRunner>(machine.acquisition.tools), nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<KernelToolRunner>(machine.acquisition.machine), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<UdevEventSource>(machine.events), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<UDisksEjector>(machine.ejector), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<PosixVolumeFiles>(machine.volumes), nullptr);
