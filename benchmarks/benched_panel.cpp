@@ -1,6 +1,6 @@
 #include "benched_panel.h"
 
-#include "platform/saved/saved_reports_runner.h"
+#include "platform/saved/saved_reports.h"
 #include "scanner/silent_event_source.h"
 
 #include <QCoreApplication>
@@ -18,10 +18,10 @@ constexpr std::chrono::milliseconds restTime{300};
 } // namespace
 
 BenchedPanel::BenchedPanel(const std::filesystem::path& reports)
-    : scanner_(PortScanner::create(
-          {.acquisition = {.machine = std::make_shared<SavedReportsRunner>(reports),
-                           .queue = scope_.queue()},
-           .events = std::make_shared<SilentEventSource>()})),
+    : scanner_(
+          PortScanner::create({.acquisition = {.machine = std::make_shared<SavedReports>(reports),
+                                               .queue = scope_.queue()},
+                               .events = std::make_shared<SilentEventSource>()})),
       shell_({.scanner = scanner_, .queue = scope_.queue()}, {}) {
   shell_.open();
   QObject::connect(shell_.window(), &QQuickWindow::frameSwapped, shell_.window(),

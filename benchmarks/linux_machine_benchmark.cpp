@@ -1,6 +1,6 @@
 // What a scan reads of a Linux machine, and writes for its parsers. Run it in a recorded machine
 // (umockdev-run) where this one has no devices.
-#include "platform/this_machine_tools.h"
+#include "platform/this_machine_source.h"
 
 #include <benchmark/benchmark.h>
 
@@ -15,7 +15,7 @@ void answersOfOneScan(benchmark::State& state) {
                                            Question::power,       Question::usbHostDevices,
                                            Question::powerSource, Question::portControllers,
                                            Question::portPower,   Question::deviceTree};
-  const std::shared_ptr<MachineSource> machine = toolsOfThisMachine();
+  const std::shared_ptr<MachineSource> machine = sourceOfThisMachine();
   for (auto iteration : state) {
     for (const Question question : questions) {
       benchmark::DoNotOptimize(machine->answer(question));

@@ -5,7 +5,7 @@
 #include "large_machine.h"
 #include "panel/list_changes.h"
 #include "platform/desktop.h"
-#include "platform/saved/saved_reports_runner.h"
+#include "platform/saved/saved_reports.h"
 #include "views/panel_inputs.h"
 #include "views/panel_rows.h"
 

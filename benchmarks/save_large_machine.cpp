@@ -1,7 +1,7 @@
 // save_large_machine DIR COUNT: writes the saved reports of a machine with COUNT USB devices.
 
 #include "large_machine.h"
-#include "platform/saved/saved_reports_runner.h"
+#include "platform/saved/saved_reports.h"
 
 #include <cstdio>
 #include <cstdlib>

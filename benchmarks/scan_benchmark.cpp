@@ -2,7 +2,7 @@
 // tree with its identifiers.
 
 #include "large_machine.h"
-#include "platform/saved/saved_reports_runner.h"
+#include "platform/saved/saved_reports.h"
 #include "registry/battery_controller_ports.h"
 #include "registry/container_id_entries.h"
 #include "registry/port_controllers.h"
@@ -54,7 +54,7 @@ std::vector<TreeNode> workOfOneScan(const Answers& answers) {
 }
 
 Answers readSample(const std::string& machine) {
-  SavedReportsRunner reports(std::string(SAMPLES_FOLDER) + "/" + machine);
+  SavedReports reports(std::string(SAMPLES_FOLDER) + "/" + machine);
   Answers answers;
   for (const Question question :
        {Question::thunderbolt, Question::usb, Question::power, Question::portControllers,

@@ -1,7 +1,8 @@
 // The way from a description of the folders in which the kernel describes a machine ("sys"), of its
 // mount table ("mountinfo") and of udev's notes ("udev") to the document and the panel.
+#include "platform/linux_devices/linux_machine.h"
+
 #include "fuzz_target.h"
-#include "platform/linux_devices/kernel_tool_runner.h"
 #include "platform/linux_devices/machine_reader.h"
 #include "registry/property_list.h"
 #include "reports/report_decoding.h"
@@ -41,7 +42,7 @@ private:
 std::shared_ptr<MachineSource> machineIn(const std::filesystem::path& folder) {
   const MachinePaths paths{
       .sysfs = folder / "sys", .mountTable = folder / "mountinfo", .udevData = folder / "udev"};
-  return std::make_shared<ReadableAnswers>(std::make_shared<KernelToolRunner>(
+  return std::make_shared<ReadableAnswers>(std::make_shared<LinuxMachine>(
       [paths, texts = std::make_shared<sysfs::UsbTextKeeper>(std::chrono::seconds(60))] {
         return sysfs::readMachine(paths, namesOfAVendor, *texts);
       }));

@@ -2,7 +2,7 @@
 
 #include "acquisition/registry_probes.h"
 #include "fuzz_target.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/hand_driven_queue.h"
 
 #include <QCoro/QCoroTask>
@@ -24,11 +24,11 @@ QCoro::Task<> storeResult(QCoro::Task<Result> probe,
 template <typename Result>
 Result probedDump(QCoro::Task<Result> (*fetch)(Acquisition), Question question,
                   std::string_view dump) {
-  const auto tools = std::make_shared<FakeTools>();
+  const auto machine = std::make_shared<FakeMachine>();
   const auto queue = std::make_shared<HandDrivenQueue>();
   const auto result = std::make_shared<std::optional<Result>>();
-  tools->answer(question, std::string(dump));
-  storeResult(fetch({tools, queue}), result);
+  machine->answer(question, std::string(dump));
+  storeResult(fetch({machine, queue}), result);
   queue->settle();
   require(result->has_value(), "a probe ends");
   return **result;

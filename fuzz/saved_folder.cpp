@@ -1,9 +1,9 @@
 // The way from the files of a folder of saved reports, in the order of their names, to the document
 // and the panel.
 #include "fuzz_target.h"
-#include "platform/macos/mac_tool_runner.h"
+#include "platform/macos/mac_machine.h"
 #include "scan_checks.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 
 #include <array>
 #include <utility>
@@ -18,12 +18,12 @@ constexpr std::array questions = {
 };
 
 std::shared_ptr<MachineSource> machineWith(std::string_view input) {
-  const auto tools = std::make_shared<FakeTools>();
+  const auto machine = std::make_shared<FakeMachine>();
   std::vector<std::string> files = partsOf(input, questions.size());
   for (std::size_t index = 0; index < questions.size(); ++index) {
-    tools->answer(questions[index], std::move(files[index]));
+    machine->answer(questions[index], std::move(files[index]));
   }
-  return std::make_shared<MacToolRunner>(tools, [] {
+  return std::make_shared<MacMachine>(machine, [] {
     return std::vector<Mount>{{"/dev/disk4s1", "/Volumes/Fieldwork"}};
   });
 }

@@ -1,5 +1,5 @@
 #include "acquisition/fetch_json.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/hand_driven_queue.h"
 
 #include <gtest/gtest.h>
@@ -21,9 +21,11 @@ protected:
   /// What still waits in the queue goes with it.
   void TearDown() override { queue->end(); }
 
-  void start(Question section) { store(fetchJSON({tools, queue}, section, cancelRequest), result); }
+  void start(Question section) {
+    store(fetchJSON({machine, queue}, section, cancelRequest), result);
+  }
 
-  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<CancelRequest> cancelRequest = std::make_shared<CancelRequest>();
   std::shared_ptr<std::optional<FetchedReport>> result =
@@ -31,14 +33,14 @@ protected:
 };
 
 TEST_F(FetchJson, AsksForTheSection) {
-  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
+  machine->answer(Question::usb, R"({"SPUSBDataType": []})");
   start(Question::usb);
   queue->settle();
-  EXPECT_EQ(tools->questions(), std::vector<Question>{Question::usb});
+  EXPECT_EQ(machine->questions(), std::vector<Question>{Question::usb});
 }
 
 TEST_F(FetchJson, ReturnsTheWholeTopLevelObject) {
-  tools->answer(Question::usb, R"({"SPUSBDataType": [], "other": 1})");
+  machine->answer(Question::usb, R"({"SPUSBDataType": [], "other": 1})");
   start(Question::usb);
   queue->settle();
   ASSERT_TRUE(result->has_value());
@@ -47,7 +49,7 @@ TEST_F(FetchJson, ReturnsTheWholeTopLevelObject) {
 }
 
 TEST_F(FetchJson, ReturnsAnObjectWithoutTheSectionAsItIs) {
-  tools->answer(Question::usb, "{}");
+  machine->answer(Question::usb, "{}");
   start(Question::usb);
   queue->settle();
   ASSERT_TRUE(result->has_value());
@@ -55,21 +57,21 @@ TEST_F(FetchJson, ReturnsAnObjectWithoutTheSectionAsItIs) {
 }
 
 TEST_F(FetchJson, DoesNotBlockTheMainThreadUntilTheAnswer) {
-  tools->answer(Question::usb, "{}");
+  machine->answer(Question::usb, "{}");
   start(Question::usb);
   EXPECT_EQ(queue->backgroundCount(), 1U);
   EXPECT_FALSE(result->has_value());
 }
 
 TEST_F(FetchJson, TriesAgainAfter150Milliseconds) {
-  tools->answerOnce(Question::usb, "");
-  tools->answer(Question::usb, R"({"second": true})");
+  machine->answerOnce(Question::usb, "");
+  machine->answer(Question::usb, R"({"second": true})");
   start(Question::usb);
   queue->advance(149ms);
-  EXPECT_EQ(tools->askCount(Question::usb), 1U);
+  EXPECT_EQ(machine->askCount(Question::usb), 1U);
   EXPECT_FALSE(result->has_value());
   queue->advance(1ms);
-  EXPECT_EQ(tools->askCount(Question::usb), 2U);
+  EXPECT_EQ(machine->askCount(Question::usb), 2U);
   ASSERT_TRUE(result->has_value());
   EXPECT_EQ((*result)->content, nlohmann::json::parse(R"({"second": true})"));
 }
@@ -78,8 +80,8 @@ TEST_F(FetchJson, GivesUpAfterTwoAttemptsNamingTheSection) {
   for (const std::string output : {"", "no JSON", "[]", "7", "{\"SPUSBDataType\": ["}) {
     SCOPED_TRACE(output);
     result->reset();
-    const std::size_t runsBefore = tools->askCount(Question::usb);
-    tools->answer(Question::usb, output);
+    const std::size_t runsBefore = machine->askCount(Question::usb);
+    machine->answer(Question::usb, output);
     start(Question::usb);
     queue->advance(10s);
     ASSERT_TRUE(result->has_value());
@@ -87,7 +89,7 @@ TEST_F(FetchJson, GivesUpAfterTwoAttemptsNamingTheSection) {
     EXPECT_EQ((*result)->error->domain, "Tamberline");
     EXPECT_EQ((*result)->error->code, 1);
     EXPECT_EQ((*result)->error->description, "Could not parse SPUSBDataType");
-    EXPECT_EQ(tools->askCount(Question::usb) - runsBefore, 2U);
+    EXPECT_EQ(machine->askCount(Question::usb) - runsBefore, 2U);
   }
 }
 
@@ -113,7 +115,7 @@ TEST_F(FetchJson, AsksNothingOnceNobodyWantsTheResult) {
   cancelRequest->isCancelled = true;
   queue->advance(10s);
   ASSERT_TRUE(result->has_value());
-  EXPECT_EQ(tools->askCount(Question::usb), 1U);
+  EXPECT_EQ(machine->askCount(Question::usb), 1U);
 }
 
 TEST_F(FetchJson, StartsNoSecondAttemptWhenCancelledBetweenTheTwo) {
@@ -123,7 +125,7 @@ TEST_F(FetchJson, StartsNoSecondAttemptWhenCancelledBetweenTheTwo) {
   queue->advance(10s);
   ASSERT_TRUE(result->has_value());
   EXPECT_TRUE((*result)->error.has_value());
-  EXPECT_EQ(tools->askCount(Question::usb), 1U);
+  EXPECT_EQ(machine->askCount(Question::usb), 1U);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 #include "acquisition/registry_probes.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/hand_driven_queue.h"
 #include "support/property_list_text.h"
 
@@ -22,15 +22,15 @@ protected:
   template <typename Result>
   Result probe(QCoro::Task<Result> (*fetch)(Acquisition), Question question,
                const std::string& output) {
-    tools->answer(question, output);
+    machine->answer(question, output);
     const auto result = std::make_shared<std::optional<Result>>();
-    store(fetch({tools, queue}), result);
+    store(fetch({machine, queue}), result);
     queue->settle();
     EXPECT_TRUE(result->has_value());
     return result->value_or(Result{});
   }
 
-  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
 };
 
@@ -41,7 +41,7 @@ TEST_F(RegistryProbes, AskForTheirPartOfTheRegistry) {
   probe(fetchContainerIDs, Question::usbHostDevices, "");
   probe(fetchFedDetails, Question::powerSource, "");
   EXPECT_EQ(
-      tools->questions(),
+      machine->questions(),
       (std::vector<Question>{Question::portControllers, Question::portPower, Question::deviceTree,
                              Question::usbHostDevices, Question::powerSource}));
 }

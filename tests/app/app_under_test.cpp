@@ -7,7 +7,7 @@
 #include "panel/panel_window.h"
 #include "platform/posix/posix_volume_files.h"
 #include "platform/posix/termination_signals.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/simulated_event_source.h"
 
 #include <QApplication>
@@ -45,7 +45,7 @@ int runOn(const QString& folder, std::int64_t sizeMB) {
   const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
   const MainQueueScope scope;
   TamberlineApp app(
-      {.acquisition = {.machine = std::make_shared<FakeTools>(), .queue = scope.queue()},
+      {.acquisition = {.machine = std::make_shared<FakeMachine>(), .queue = scope.queue()},
        .events = std::make_shared<SimulatedEventSource>(),
        .benchmark = std::make_shared<Benchmark>(std::make_shared<PosixVolumeFiles>(),
                                                 Benchmark::Setting{.sizeMB = sizeMB})},

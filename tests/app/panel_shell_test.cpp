@@ -1,6 +1,6 @@
 #include "app/panel_shell.h"
 #include "support/fake_desktop.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/hand_driven_queue.h"
 #include "support/simulated_event_source.h"
 
@@ -22,7 +22,7 @@ class PanelShellTest : public testing::Test {
 protected:
   void SetUp() override {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    answerWithEmptyReports(*tools);
+    answerWithEmptyReports(*machine);
   }
 
   void TearDown() override {
@@ -75,9 +75,9 @@ protected:
   }
 
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
-  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
   std::shared_ptr<PortScanner> scanner =
-      PortScanner::create({.acquisition = {.machine = tools, .queue = queue},
+      PortScanner::create({.acquisition = {.machine = machine, .queue = queue},
                            .events = std::make_shared<SimulatedEventSource>()});
   /// What bars leave free, at first everything.
   QRect freePlace = QGuiApplication::primaryScreen()->geometry();
@@ -101,12 +101,12 @@ TEST_F(PanelShellTest, MakesTheWindowWhenItIsFirstWantedAndKeepsIt) {
 
 TEST_F(PanelShellTest, ScansWhenThePanelIsFirstSeenAndNotAgain) {
   makeShell(PanelWindow::Kind::attached);
-  EXPECT_EQ(tools->askCount(Question::usb), 0U);
+  EXPECT_EQ(machine->askCount(Question::usb), 0U);
   openPanel();
-  EXPECT_EQ(tools->askCount(Question::usb), 1U);
+  EXPECT_EQ(machine->askCount(Question::usb), 1U);
   shell->close();
   openPanel();
-  EXPECT_EQ(tools->askCount(Question::usb), 1U);
+  EXPECT_EQ(machine->askCount(Question::usb), 1U);
 }
 
 TEST_F(PanelShellTest, ClickOnTheIconOpensAndAnotherCloses) {
@@ -266,7 +266,7 @@ TEST_F(PanelShellTest, BecomesAnOrdinaryWindowWhenTheTrayHasGone) {
   openPanel();
   EXPECT_TRUE(shell->isOpen());
   EXPECT_FALSE(shell->window()->flags().testFlag(Qt::FramelessWindowHint));
-  EXPECT_EQ(tools->askCount(Question::usb), 1U); // nothing is scanned anew for that
+  EXPECT_EQ(machine->askCount(Question::usb), 1U); // nothing is scanned anew for that
 }
 
 TEST_F(PanelShellTest, StaysTheWindowThatItIsWhileItIsOpen) {

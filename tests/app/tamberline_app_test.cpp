@@ -2,7 +2,7 @@
 #include "panel/panel_window.h"
 #include "support/fake_desktop.h"
 #include "support/fake_ejector.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/fake_volume_files.h"
 #include "support/hand_driven_queue.h"
 #include "support/simulated_event_source.h"
@@ -58,10 +58,10 @@ protected:
   }
 
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
-  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
   std::shared_ptr<FakeVolumeFiles> files = std::make_shared<FakeVolumeFiles>();
   ScannerOutside outside() {
-    return {.acquisition = {.machine = tools, .queue = queue},
+    return {.acquisition = {.machine = machine, .queue = queue},
             .events = std::make_shared<SimulatedEventSource>(),
             .benchmark = std::make_shared<Benchmark>(files)};
   }
@@ -92,7 +92,7 @@ TEST_F(TamberlineAppTest, ScansWithToolsThatAreMissingAndGoesOn) {
   app->start();
   queue->settle();
   queue->advance(std::chrono::seconds(1));
-  EXPECT_EQ(tools->askCount(Question::thunderbolt), 2U); // two attempts
+  EXPECT_EQ(machine->askCount(Question::thunderbolt), 2U); // two attempts
   EXPECT_EQ(visiblePanels().size(), 1U);
 }
 

@@ -22,7 +22,7 @@ TEST(Document, OfAScanThatFoundNothingHasEmptyMembers) {
 
 TEST(Document, OfAFailedScanSaysWhatFailed) {
   Scan scan;
-  scan.tools->answer(Question::usb, "no JSON");
+  scan.machine->answer(Question::usb, "no JSON");
   const Document document = scan.run();
 
   EXPECT_EQ(document["errorMessage"], "Could not parse SPUSBDataType");
@@ -33,18 +33,18 @@ TEST(Document, OfAFailedScanSaysWhatFailed) {
 
 TEST(Document, OfASuccessAfterAFailureHasNoError) {
   Scan scan;
-  scan.tools->answer(Question::usb, "no JSON");
+  scan.machine->answer(Question::usb, "no JSON");
   scan.run();
-  answerWithDesk(*scan.tools);
+  answerWithDesk(*scan.machine);
 
   EXPECT_EQ(jsonText(scan.run()), jsonText(deskDocument()));
 }
 
 TEST(Document, OfAFailureAfterASuccessKeepsWhatWasShown) {
   Scan scan;
-  answerWithDesk(*scan.tools);
+  answerWithDesk(*scan.machine);
   scan.run();
-  scan.tools->answer(Question::usb, "no JSON");
+  scan.machine->answer(Question::usb, "no JSON");
 
   EXPECT_EQ(jsonText(scan.run()), jsonText(deskDocument()));
 }
@@ -155,10 +155,10 @@ TEST(Document, HasNullForWhatADeviceDoesNotReport) {
 
 TEST(Document, DescribesUSBBusesAfterMergingTheHalvesOfAHub) {
   Scan scan;
-  scan.tools->answer(Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
+  scan.machine->answer(Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
     {"_name": "Hub 2", "device_speed": "high_speed", "location_id": "0x01000000"},
     {"_name": "Hub 3", "device_speed": "super_speed", "location_id": "0x02000000"}]}]})");
-  scan.tools->answer(Question::usbHostDevices, propertyList(R"(<array>
+  scan.machine->answer(Question::usbHostDevices, propertyList(R"(<array>
     <dict><key>locationID</key><integer>16777216</integer>
           <key>kUSBContainerID</key><string>box</string></dict>
     <dict><key>locationID</key><integer>33554432</integer>
@@ -180,8 +180,8 @@ TEST(Document, DescribesTheAdapterAsReported) {
 
 TEST(Document, HasNullForWhatAnAdapterDoesNotReport) {
   Scan scan;
-  scan.tools->answer(Question::power,
-                     R"({"SPPowerDataType": [{"_name": "sppower_ac_charger_information"}]})");
+  scan.machine->answer(Question::power,
+                       R"({"SPPowerDataType": [{"_name": "sppower_ac_charger_information"}]})");
   const Document charger = scan.run()["charger"];
 
   EXPECT_TRUE(charger.at("ratedWatts").is_null());
@@ -253,7 +253,7 @@ TEST(DocumentTexts, SpeakTheLanguageOfTheRun) {
 TEST(DocumentTexts, KeepTheErrorAndTheNamesOfColoursInEnglish) {
   const LanguageScope german(AppLanguage::de);
   Scan scan;
-  scan.tools->answer(Question::power, "no JSON");
+  scan.machine->answer(Question::power, "no JSON");
 
   EXPECT_EQ(scan.run()["errorMessage"], "Could not parse SPPowerDataType");
   EXPECT_EQ(at(deskDocument(), "/panel/cards/1/rows/0/speedColor"), "amber");
@@ -261,7 +261,7 @@ TEST(DocumentTexts, KeepTheErrorAndTheNamesOfColoursInEnglish) {
 
 TEST(DocumentTexts, KeepHostileNamesUnchanged) {
   Scan scan;
-  scan.tools->answer(Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
+  scan.machine->answer(Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
     {"_name": "\u001b[31m<b>\u202e\"", "device_speed": ""}]}]})");
   const Document document = scan.run();
   const std::string name = "\x1b[31m<b>\u202E\"";

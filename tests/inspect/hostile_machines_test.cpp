@@ -53,7 +53,7 @@ TEST(HostileNames, StandInTheDocumentAsTheyAre) {
   for (const std::string& name : hostileNames()) {
     SCOPED_TRACE(start(name));
     Scan scan;
-    answerWithNameEverywhere(*scan.tools, name);
+    answerWithNameEverywhere(*scan.machine, name);
     const Document document = scan.run();
     EXPECT_EQ(deviceCounts(document)[name], 3) << "one by Thunderbolt, two by USB";
     EXPECT_EQ(at(document, "/usbBuses/0/devices/0/volumes/0/name"), name);
@@ -67,7 +67,7 @@ TEST(HostileNames, DisturbNobodyWhoReadsThemInATerminal) {
   for (const std::string& name : hostileNames()) {
     SCOPED_TRACE(start(name));
     Scan scan;
-    answerWithNameEverywhere(*scan.tools, name);
+    answerWithNameEverywhere(*scan.machine, name);
     scan.run();
     const std::string text =
         panelText(describePanel(panelInputs(*scan.scanner)), /*useColors=*/false);
@@ -83,7 +83,7 @@ TEST(HostileNames, DisturbNobodyWhoReadsThemInATerminal) {
 
 TEST(HostileMachines, MayHave255Ports) {
   Scan scan;
-  answerWithManyPorts(*scan.tools, 255);
+  answerWithManyPorts(*scan.machine, 255);
   const Document document = scan.run();
   ASSERT_EQ(document["portTree"].size(), 255U);
   for (std::size_t index = 0; index < 255; ++index) {
@@ -98,7 +98,7 @@ TEST(HostileMachines, MayHave255Ports) {
 TEST(HostileMachines, MayHaveFiveThousandDevicesAndLoseNone) {
   constexpr int deviceCount = 5'000;
   Scan scan;
-  answerWithManyDevices(*scan.tools, deviceCount);
+  answerWithManyDevices(*scan.machine, deviceCount);
   const Document document = scan.run();
   const std::map<std::string, int> counts = deviceCounts(document);
   EXPECT_EQ(counts.size(), static_cast<std::size_t>(deviceCount));
@@ -109,7 +109,7 @@ TEST(HostileMachines, MayHaveFiveThousandDevicesAndLoseNone) {
 
 TEST(HostileMachines, MayHoldAHubThatStandsBehindItself) {
   Scan scan;
-  answerWithHubThatHoldsItself(*scan.tools);
+  answerWithHubThatHoldsItself(*scan.machine);
   EXPECT_EQ(deviceCounts(scan.run()), (std::map<std::string, int>{{"Outer", 1},
                                                                   {"Middle", 1},
                                                                   {"Inner", 1},
@@ -132,15 +132,15 @@ TEST(HostileMachines, MayHoldHubsThatTakeOverEachOtherWithoutEnd) {
     containers.emplace_back(2 * hub, "box " + std::to_string(hub));
     containers.emplace_back(2 * hub + 1, "box " + std::to_string(hub + 1));
   }
-  answerWithUSBEntries(*scan.tools, buses);
-  answerWithContainers(*scan.tools, containers);
+  answerWithUSBEntries(*scan.machine, buses);
+  answerWithContainers(*scan.machine, containers);
   EXPECT_EQ(deviceCounts(scan.run()).size(), 2U * hubCount);
 }
 
 TEST(Twins, AreToldApartByTheHundredAndInTheNextScanToo) {
   constexpr int twinCount = 300;
   Scan scan;
-  answerWithTwins(*scan.tools, twinCount);
+  answerWithTwins(*scan.machine, twinCount);
   const Document document = scan.run();
   const Document& twins = at(document, "/portTree/0/children");
   ASSERT_EQ(twins.size(), static_cast<std::size_t>(twinCount));
@@ -154,9 +154,9 @@ TEST(Twins, AreToldApartByTheHundredAndInTheNextScanToo) {
 /// A key may spell what is put after the key of a twin, or what leads to a device behind another.
 TEST(Twins, AreNotLostWhenADeviceSpellsTheIdentifierOfAnother) {
   Scan scan;
-  answerWithThunderboltEntries(*scan.tools, {portEntry(0)});
+  answerWithThunderboltEntries(*scan.machine, {portEntry(0)});
   answerWithUSBEntries(
-      *scan.tools,
+      *scan.machine,
       {ownBusEntry({located(deviceEntry("a", {deviceEntry("b")}), 0x00100000),
                     located(deviceEntry("a"), 0x00200000), located(deviceEntry("a#1"), 0x00300000),
                     located(deviceEntry("a/usb:b"), 0x00400000)})});

@@ -27,8 +27,8 @@ TEST(PanelDocument, HasAPortCard) {
 
 TEST(PanelDocument, HasNullForTheAbsentPartsOfAPortCard) {
   Scan scan;
-  scan.tools->answer(Question::thunderbolt,
-                     R"({"SPThunderboltDataType": [{"_name": "thunderboltusb4_bus_0"}]})");
+  scan.machine->answer(Question::thunderbolt,
+                       R"({"SPThunderboltDataType": [{"_name": "thunderboltusb4_bus_0"}]})");
   EXPECT_EQ(jsonText(at(scan.run(), "/panel/cards/0")), normalized(R"({
     "card": "port", "id": "/port1", "inUse": false, "dotTooltip": "Nothing attached",
     "title": "Thunderbolt Port 1", "itemCount": null, "itemCountTooltip": null, "badges": [],
@@ -169,7 +169,7 @@ TEST(PanelDocument, HasABusCard) {
 
 TEST(PanelDocument, SaysThatNothingIsAttachedToABus) {
   Scan scan;
-  scan.tools->answer(Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus"}]})");
+  scan.machine->answer(Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus"}]})");
 
   EXPECT_EQ(at(scan.run(), "/panel/cards/0/nothingAttached"), "Nothing attached");
 }

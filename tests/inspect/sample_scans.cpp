@@ -100,8 +100,8 @@ constexpr const char* batteryController = R"(<array><dict>
 
 Scan::Scan()
     : scanner(PortScanner::create(
-          {.acquisition = {tools, queue}, .events = std::make_shared<SimulatedEventSource>()})) {
-  answerWithEmptyReports(*tools);
+          {.acquisition = {machine, queue}, .events = std::make_shared<SimulatedEventSource>()})) {
+  answerWithEmptyReports(*machine);
 }
 
 Document Scan::run() {
@@ -110,27 +110,27 @@ Document Scan::run() {
   return inspectionDocument(*scanner);
 }
 
-void answerWithDesk(FakeTools& tools) {
-  tools.answer(Question::thunderbolt, thunderboltReport);
-  tools.answer(Question::usb, usbReport);
-  tools.answer(Question::power, powerReport);
-  tools.answer(Question::portControllers, portControllers());
-  tools.answer(Question::portPower, propertyList(powerOut));
-  tools.answer(Question::deviceTree, propertyList(currentLimit));
-  tools.answer(Question::powerSource, propertyList(batteryController));
+void answerWithDesk(FakeMachine& machine) {
+  machine.answer(Question::thunderbolt, thunderboltReport);
+  machine.answer(Question::usb, usbReport);
+  machine.answer(Question::power, powerReport);
+  machine.answer(Question::portControllers, portControllers());
+  machine.answer(Question::portPower, propertyList(powerOut));
+  machine.answer(Question::deviceTree, propertyList(currentLimit));
+  machine.answer(Question::powerSource, propertyList(batteryController));
 }
 
 Document deskDocument() {
   Scan scan;
-  answerWithDesk(*scan.tools);
+  answerWithDesk(*scan.machine);
   return scan.run();
 }
 
 Document cornerDocument() {
   Scan scan;
-  scan.tools->answer(Question::usb, usbReport);
-  scan.tools->answer(Question::power, powerReport);
-  scan.tools->answer(
+  scan.machine->answer(Question::usb, usbReport);
+  scan.machine->answer(Question::power, powerReport);
+  scan.machine->answer(
       Question::portControllers,
       propertyList("<array>" + controller("1", "MagSafe 3", activeConnection) + "</array>"));
   return scan.run();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "inspect/document.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/hand_driven_queue.h"
 
 #include <nlohmann/json.hpp>
@@ -13,21 +13,21 @@ namespace tamberline {
 
 using Document = nlohmann::ordered_json;
 
-/// A scanner whose tools answer what a test tells them to; empty reports until then.
+/// A scanner whose machine answers what a test tells them to; empty reports until then.
 struct Scan {
   Scan();
 
   /// The document after one scan, with time for the second attempt of a report that failed.
   Document run();
 
-  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<PortScanner> scanner;
 };
 
 /// Four ports. Port 1 holds a dock with an add-on bus and a hub on it, port 2 a disk, port 3 an
 /// adapter, port 4 a device that only draws power.
-void answerWithDesk(FakeTools& tools);
+void answerWithDesk(FakeMachine& machine);
 Document deskDocument();
 
 /// An adapter on MagSafe and an add-on bus that no dock brought.

@@ -1,6 +1,6 @@
 #include "macos_stand_in/fake_mac.h"
 #include "platform/macos/disk_utility_ejector.h"
-#include "platform/macos/mac_tool_runner.h"
+#include "platform/macos/mac_machine.h"
 #include "platform/posix/posix_volume_files.h"
 #include "platform/this_machine.h"
 #include "support/hand_driven_queue.h"
@@ -15,7 +15,7 @@ TEST(ThisMac, HasEverythingThatAMacHas) {
   const auto queue = std::make_shared<HandDrivenQueue>();
   const ScannerOutside mac = thisMachine(queue);
   EXPECT_EQ(mac.acquisition.queue, queue);
-  EXPECT_NE(std::dynamic_pointer_cast<MacToolRunner>(mac.acquisition.machine), nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<MacMachine>(mac.acquisition.machine), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<DiskUtilityEjector>(mac.ejector), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<PosixVolumeFiles>(mac.volumes), nullptr);
   ASSERT_NE(mac.benchmark, nullptr);

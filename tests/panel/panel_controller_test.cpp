@@ -51,7 +51,7 @@ TEST_F(PanelControllerTest, ShowsCardsAfterAScanAndDuringTheNext) {
 }
 
 TEST_F(PanelControllerTest, ShowsTheErrorOfTheFirstScanUntilOneSucceeds) {
-  tools->answer(Question::usb, "");
+  machine->answer(Question::usb, "");
   scan();
   EXPECT_EQ(panel->state(), Panel::State::Error);
   EXPECT_EQ(panel->message().toStdString(), scanner->errorMessage.get());
@@ -63,7 +63,7 @@ TEST_F(PanelControllerTest, ShowsTheErrorOfTheFirstScanUntilOneSucceeds) {
 
 TEST_F(PanelControllerTest, KeepsTheCardsWhenALaterScanFails) {
   scanADesk();
-  tools->answer(Question::usb, "");
+  machine->answer(Question::usb, "");
   scan();
   EXPECT_EQ(state(), "Cards: ");
   EXPECT_EQ(panel->rows()->rowCount(), 2);
@@ -99,7 +99,7 @@ TEST_F(PanelControllerTest, TellsWhichRowsARescanChanged) {
                     "        Keys\n"
                     "Thunderbolt Port 2, open\n"
                     "  Quarry SSD\n");
-  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
+  machine->answer(Question::usb, R"({"SPUSBDataType": []})");
   recorder->clear();
   scan();
   EXPECT_EQ(list(), "Thunderbolt Port 1, open\n"
@@ -234,7 +234,7 @@ TEST_F(PanelControllerTest, KeepsRowsOpenOverRescans) {
 
 TEST_F(PanelControllerTest, LeavesADockClosedThatWasSeenBeforeItsDevicesCame) {
   answerWithADesk();
-  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
+  machine->answer(Question::usb, R"({"SPUSBDataType": []})");
   scan();
   toggle("Thunderbolt Port 1");
   EXPECT_EQ(list(), "Thunderbolt Port 1, open\n"
@@ -250,7 +250,7 @@ TEST_F(PanelControllerTest, LeavesADockClosedThatWasSeenBeforeItsDevicesCame) {
 
 TEST_F(PanelControllerTest, OpensADockWhoseDevicesCameBeforeItWasSeen) {
   answerWithADesk();
-  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
+  machine->answer(Question::usb, R"({"SPUSBDataType": []})");
   scan();
   scanADesk();
   toggle("Thunderbolt Port 1");

@@ -30,11 +30,11 @@ protected:
 
   /// Port 1 holds a dock with a bus with a hub with keys on it, port 2 a disk with a volume.
   void answerWithADesk() {
-    tools->answer(Question::thunderbolt, R"({"SPThunderboltDataType": [
+    machine->answer(Question::thunderbolt, R"({"SPThunderboltDataType": [
       {"_name": "thunderboltusb4_bus_0", "_items": [{"_name": "Harbour Dock",
         "vendor_name_key": "Harbour", "switch_uid_key": "0xD0"}]},
       {"_name": "thunderboltusb4_bus_1"}]})");
-    tools->answer(Question::usb, R"({"SPUSBDataType": [
+    machine->answer(Question::usb, R"({"SPUSBDataType": [
       {"_name": "USB31Bus", "host_controller": "AppleT6020USBXHCI", "_items": [
         {"_name": "Quarry SSD", "manufacturer": "Quarry", "serial_num": "S1",
          "location_id": "0x01100000 / 1",
@@ -44,9 +44,9 @@ protected:
   }
 
   void answerWithTwoBarePorts() {
-    tools->answer(Question::thunderbolt, R"({"SPThunderboltDataType": [
+    machine->answer(Question::thunderbolt, R"({"SPThunderboltDataType": [
       {"_name": "thunderboltusb4_bus_0"}, {"_name": "thunderboltusb4_bus_1"}]})");
-    tools->answer(Question::usb, R"({"SPUSBDataType": []})");
+    machine->answer(Question::usb, R"({"SPUSBDataType": []})");
   }
 
   void scanADesk() {

@@ -98,7 +98,7 @@ TEST_F(ScrollProxyTest, DoesNothingWithoutAList) {
 
 TEST_F(ScrollProxyTest, IsWhatASearchScrollsWith) {
   answerWithOnePort();
-  tools->answer(Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus",
+  machine->answer(Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus",
       "_items": [{"_name": "Keys"}]}]})");
   scan();
   SearchController search(scanner, queue, [](const std::string&) { return 20; });

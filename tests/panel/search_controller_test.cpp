@@ -68,7 +68,7 @@ TEST_F(SearchControllerTest, FindsDevicesByNameOrMakerIgnoringCase) {
 }
 
 TEST_F(SearchControllerTest, ShowsNamesWithoutTheBlanksAroundThem) {
-  tools->answer(Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
+  machine->answer(Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
     {"_name": "USB3.1 Hub             ", "manufacturer": " Harbour ", "_items": [
       {"_name": " Keys "}]}]}]})");
   scan();

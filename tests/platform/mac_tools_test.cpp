@@ -1,5 +1,5 @@
 #include "platform/macos/mac_tools.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 
 #include <gtest/gtest.h>
 

@@ -73,7 +73,7 @@ std::string nameOf(ToolFault fault) {
 ToolOutput FaultyTools::run(const std::string& executable,
                             const std::vector<std::string>& arguments) {
   const Question question = questionOf({executable, arguments});
-  std::string report = tools_.answer(question);
+  std::string report = machine_.answer(question);
   const auto found = faults_.find(question);
   const ToolFault fault = found == faults_.end() ? ToolFault::none : found->second;
   return withFault(fault, std::move(report), hugeSize_);
@@ -86,7 +86,7 @@ ToolOutput FaultyTools::runWithErrors(const std::string& executable,
 
 void FaultyTools::setAnswers(const Answers& answers) {
   for (const auto& [question, answer] : answers) {
-    tools_.answer(question, answer);
+    machine_.answer(question, answer);
   }
 }
 

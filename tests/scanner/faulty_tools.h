@@ -1,7 +1,7 @@
 #pragma once
 
-#include "acquisition/tool_runner.h"
-#include "support/fake_tools.h"
+#include "platform/tool_runner.h"
+#include "support/fake_machine.h"
 
 #include <array>
 #include <cstddef>
@@ -54,10 +54,10 @@ public:
   /// How much a tool prints that prints too much.
   void setHugeSize(std::size_t bytes) { hugeSize_ = bytes; }
 
-  std::size_t runCount(Question question) const { return tools_.askCount(question); }
+  std::size_t runCount(Question question) const { return machine_.askCount(question); }
 
 private:
-  FakeTools tools_;
+  FakeMachine machine_;
   ToolFaults faults_; // written only while no tool runs
   std::size_t hugeSize_ = 20'000;
 };

@@ -36,25 +36,25 @@ protected:
 
   void answerWithAFullMachine() {
     answerWithOnePort();
-    tools->answer(Question::power, R"({"SPPowerDataType": [
+    machine->answer(Question::power, R"({"SPPowerDataType": [
         {"_name": "spbattery_information"},
         {"_name": "sppower_ac_charger_information", "sppower_ac_charger_name": "96W Adapter",
          "sppower_battery_charger_connected": "TRUE"}]})");
-    tools->answer(Question::portControllers,
-                  propertyList("<array><dict><key>PortNumber</key><integer>1</integer>"
-                               "<key>PortDescription</key><string>Port-USB-C@1</string>"
-                               "<key>ConnectionActive</key><true/></dict></array>"));
-    tools->answer(Question::portPower,
-                  propertyList("<array><dict><key>PowerOutDetails</key><array><dict>"
-                               "<key>PortIndex</key><integer>1</integer></dict></array>"
-                               "</dict></array>"));
-    tools->answer(Question::deviceTree,
-                  propertyList("<dict><key>IORegistryEntryName</key><string>port-usb-c-1</string>"
-                               "<key>port-number</key><data>AQAAAA==</data>"
-                               "<key>acc_bm3-current-limit</key><data>uAsAAA==</data></dict>"));
-    tools->answer(Question::powerSource,
-                  propertyList("<array><dict><key>FedDetails</key><array><dict/></array>"
-                               "<key>BestAdapterIndex</key><integer>3</integer></dict></array>"));
+    machine->answer(Question::portControllers,
+                    propertyList("<array><dict><key>PortNumber</key><integer>1</integer>"
+                                 "<key>PortDescription</key><string>Port-USB-C@1</string>"
+                                 "<key>ConnectionActive</key><true/></dict></array>"));
+    machine->answer(Question::portPower,
+                    propertyList("<array><dict><key>PowerOutDetails</key><array><dict>"
+                                 "<key>PortIndex</key><integer>1</integer></dict></array>"
+                                 "</dict></array>"));
+    machine->answer(Question::deviceTree,
+                    propertyList("<dict><key>IORegistryEntryName</key><string>port-usb-c-1</string>"
+                                 "<key>port-number</key><data>AQAAAA==</data>"
+                                 "<key>acc_bm3-current-limit</key><data>uAsAAA==</data></dict>"));
+    machine->answer(Question::powerSource,
+                    propertyList("<array><dict><key>FedDetails</key><array><dict/></array>"
+                                 "<key>BestAdapterIndex</key><integer>3</integer></dict></array>"));
   }
 
   std::vector<Observation> observations;
@@ -74,7 +74,7 @@ TEST_F(PortScannerTest, KnowsNothingBeforeTheFirstScan) {
   EXPECT_EQ(scanner->collapseAllEpoch.get(), 0);
   EXPECT_EQ(scanner->bestAdapterIndex.get(), 0);
   EXPECT_EQ(events->startCount, 0);
-  EXPECT_TRUE(tools->questions().empty());
+  EXPECT_TRUE(machine->questions().empty());
 }
 
 TEST_F(PortScannerTest, AsksFourQuestionsAtOnce) {
@@ -82,7 +82,7 @@ TEST_F(PortScannerTest, AsksFourQuestionsAtOnce) {
   EXPECT_TRUE(scanner->isScanning.get());
   EXPECT_EQ(queue->backgroundCount(), 4U);
   queue->settle();
-  const std::vector<Question> questions = tools->questions();
+  const std::vector<Question> questions = machine->questions();
   const std::vector<Question> firstFour(questions.begin(), questions.begin() + 4);
   EXPECT_EQ(firstFour, (std::vector<Question>{Question::thunderbolt, Question::usb, Question::power,
                                               Question::usbHostDevices}));
@@ -91,7 +91,7 @@ TEST_F(PortScannerTest, AsksFourQuestionsAtOnce) {
 TEST_F(PortScannerTest, AsksTheOtherFourOneAfterAnother) {
   scanner->scan();
   queue->settle();
-  const std::vector<Question> questions = tools->questions();
+  const std::vector<Question> questions = machine->questions();
   const std::vector<Question> probes(questions.begin() + 4, questions.end());
   EXPECT_EQ(probes, (std::vector<Question>{Question::powerSource, Question::portControllers,
                                            Question::portPower, Question::deviceTree}));
@@ -108,12 +108,12 @@ TEST_F(PortScannerTest, PublishesEachFieldInItsTurnAndTheTreeLast) {
 }
 
 TEST_F(PortScannerTest, TakesTheErrorBackLast) {
-  tools->answer(Question::usb, "");
+  machine->answer(Question::usb, "");
   scan();
   queue->advance(1s); // the second attempt fails too
   ASSERT_TRUE(scanner->errorMessage.get().has_value());
   answerWithOnePort();
-  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
+  machine->answer(Question::usb, R"({"SPUSBDataType": []})");
   noteAllFields();
   scan();
   EXPECT_EQ(published,
@@ -171,7 +171,7 @@ TEST_F(PortScannerTest, DropsAScanThatIsAskedForWhileOneRuns) {
   EXPECT_TRUE(second.isReady());
   EXPECT_EQ(queue->backgroundCount(), 4U);
   queue->settle();
-  EXPECT_EQ(tools->askCount(Question::usb), 1U);
+  EXPECT_EQ(machine->askCount(Question::usb), 1U);
 }
 
 TEST_F(PortScannerTest, HopsToTheMainThreadWhenCalledElsewhere) {
@@ -186,7 +186,7 @@ TEST_F(PortScannerTest, HopsToTheMainThreadWhenCalledElsewhere) {
 }
 
 TEST_F(PortScannerTest, SaysWhichReportIsMissingWhenNothingWasShownYet) {
-  tools->answer(Question::usb, "not JSON");
+  machine->answer(Question::usb, "not JSON");
   scan();
   EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPUSBDataType");
   EXPECT_TRUE(scanner->portTree.get().empty());
@@ -196,24 +196,24 @@ TEST_F(PortScannerTest, SaysWhichReportIsMissingWhenNothingWasShownYet) {
 }
 
 TEST_F(PortScannerTest, NamesTheFirstOfSeveralMissingReports) {
-  tools->answer(Question::power, "");
-  tools->answer(Question::usb, "");
+  machine->answer(Question::power, "");
+  machine->answer(Question::usb, "");
   scan();
   EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPUSBDataType");
-  tools->answer(Question::thunderbolt, "");
+  machine->answer(Question::thunderbolt, "");
   scan();
   EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPThunderboltDataType");
 }
 
 TEST_F(PortScannerTest, PublishesNothingOfAScanThatFailed) {
-  tools->answer(Question::power, "");
+  machine->answer(Question::power, "");
   noteAllFields();
   scan();
   EXPECT_EQ(published, (std::vector<std::string>{"isScanning", "errorMessage", "isScanning"}));
 }
 
 TEST_F(PortScannerTest, WaitsForTheToolsThatStillRunWhenOneFailed) {
-  tools->answer(Question::thunderbolt, "");
+  machine->answer(Question::thunderbolt, "");
   scanner->scan();
   queue->finishOneBackgroundWork();
   queue->advance(0ms);
@@ -225,7 +225,7 @@ TEST_F(PortScannerTest, WaitsForTheToolsThatStillRunWhenOneFailed) {
 
 TEST_F(PortScannerTest, AsksForNoSecondAttemptOnceTheScanHasFailed) {
   for (const Question section : {Question::thunderbolt, Question::usb}) {
-    tools->answer(section, "no report");
+    machine->answer(section, "no report");
   }
   scanner->scan();
   queue->finishOneBackgroundWork(); // Thunderbolt, before the three others
@@ -233,8 +233,8 @@ TEST_F(PortScannerTest, AsksForNoSecondAttemptOnceTheScanHasFailed) {
   queue->finishNewestBackgroundWork(); // its second attempt, with which the scan has failed
   queue->settle();
   queue->advance(1s);
-  EXPECT_EQ(tools->askCount(Question::thunderbolt), 2U);
-  EXPECT_EQ(tools->askCount(Question::usb), 1U);
+  EXPECT_EQ(machine->askCount(Question::thunderbolt), 2U);
+  EXPECT_EQ(machine->askCount(Question::usb), 1U);
   EXPECT_FALSE(scanner->isScanning.get());
 }
 
@@ -243,8 +243,8 @@ TEST_F(PortScannerTest, KeepsWhatItShowsWhenALaterScanFails) {
   scan();
   const auto firstTime = scanner->lastScanned.get();
   now += 60s;
-  tools->answer(Question::usb, "");
-  tools->answer(Question::thunderbolt, "");
+  machine->answer(Question::usb, "");
+  machine->answer(Question::thunderbolt, "");
   scan();
   EXPECT_FALSE(scanner->errorMessage.get().has_value());
   EXPECT_EQ(treeText(scanner->portTree.get()), "port 1\n");
@@ -252,16 +252,16 @@ TEST_F(PortScannerTest, KeepsWhatItShowsWhenALaterScanFails) {
 }
 
 TEST_F(PortScannerTest, ClearsTheErrorWithTheFirstScanThatSucceeds) {
-  tools->answer(Question::usb, "");
+  machine->answer(Question::usb, "");
   scan();
-  answerWithEmptyReports(*tools);
+  answerWithEmptyReports(*machine);
   scan();
   EXPECT_FALSE(scanner->errorMessage.get().has_value());
 }
 
 TEST_F(PortScannerTest, RecoversWithinTheScanWhenTheSecondAttemptWorks) {
   answerWithOnePort();
-  tools->answerOnce(Question::usb, "half a rep");
+  machine->answerOnce(Question::usb, "half a rep");
   scan();
   EXPECT_FALSE(scanner->errorMessage.get().has_value());
   EXPECT_EQ(scanner->portTree.get().size(), 1U);
@@ -270,19 +270,19 @@ TEST_F(PortScannerTest, RecoversWithinTheScanWhenTheSecondAttemptWorks) {
 TEST_F(PortScannerTest, ReadsTheCurrentLimitsOnlyUntilItHasSome) {
   scan();
   scan();
-  EXPECT_EQ(tools->askCount(Question::deviceTree), 2U);
+  EXPECT_EQ(machine->askCount(Question::deviceTree), 2U);
   answerWithAFullMachine();
   scan();
-  tools->answer(Question::deviceTree, "");
+  machine->answer(Question::deviceTree, "");
   scan();
-  EXPECT_EQ(tools->askCount(Question::deviceTree), 3U);
+  EXPECT_EQ(machine->askCount(Question::deviceTree), 3U);
   EXPECT_EQ(scanner->portCurrentLimitMa.get().at(1), 3000);
 }
 
 TEST_F(PortScannerTest, KeepsChargerAndBatteryThatALaterReportDoesNotMention) {
   answerWithAFullMachine();
   scan();
-  tools->answer(Question::power, R"({"SPPowerDataType": []})");
+  machine->answer(Question::power, R"({"SPPowerDataType": []})");
   scan();
   ASSERT_TRUE(scanner->charger.get().has_value());
   EXPECT_EQ(scanner->charger.get()->name, "96W Adapter");
@@ -298,18 +298,18 @@ TEST_F(PortScannerTest, GivesTheSameIdentifiersInEveryScan) {
 }
 
 TEST_F(PortScannerTest, MergesTheHalvesOfAHub) {
-  tools->answer(Question::usb, R"({"SPUSBDataType": [
+  machine->answer(Question::usb, R"({"SPUSBDataType": [
       {"_name": "USB31Bus", "_items": [{"_name": "Fast", "device_speed": "super_speed",
         "location_id": "0x00100000 / 1"}]},
       {"_name": "USB20Bus", "_items": [{"_name": "Slow", "device_speed": "high_speed",
         "location_id": "0x00200000 / 2", "_items": [{"_name": "Stick"}]}]}]})");
-  tools->answer(Question::usbHostDevices,
-                propertyList("<array>"
-                             "<dict><key>locationID</key><integer>1048576</integer>"
-                             "<key>kUSBContainerID</key><string>box</string></dict>"
-                             "<dict><key>locationID</key><integer>2097152</integer>"
-                             "<key>kUSBContainerID</key><string>box</string></dict>"
-                             "</array>"));
+  machine->answer(Question::usbHostDevices,
+                  propertyList("<array>"
+                               "<dict><key>locationID</key><integer>1048576</integer>"
+                               "<key>kUSBContainerID</key><string>box</string></dict>"
+                               "<dict><key>locationID</key><integer>2097152</integer>"
+                               "<key>kUSBContainerID</key><string>box</string></dict>"
+                               "</array>"));
   scan();
   EXPECT_EQ(busText(scanner->usbBuses.get()), "USB31Bus\n"
                                               "  Fast super_speed\n"
@@ -317,30 +317,30 @@ TEST_F(PortScannerTest, MergesTheHalvesOfAHub) {
 }
 
 /// So many Thunderbolt buses of number 0, and devices on that port.
-void answerWithTwinPorts(FakeTools& tools, int count) {
+void answerWithTwinPorts(FakeMachine& machine, int count) {
   std::string buses;
   std::string devices;
   for (int index = 0; index < count; ++index) {
     buses += std::string(index == 0 ? "" : ",") + R"({"_name": "bus_0"})";
     devices += std::string(index == 0 ? "" : ",") + R"({"_name": "x", "location_id": "0x1"})";
   }
-  tools.answer(Question::thunderbolt, R"({"SPThunderboltDataType": [)" + buses + "]}");
-  tools.answer(Question::usb,
-               R"({"SPUSBDataType": [{"host_controller": "AppleT6020USBXHCI", "_items": [)" +
-                   devices + "]}]}");
+  machine.answer(Question::thunderbolt, R"({"SPThunderboltDataType": [)" + buses + "]}");
+  machine.answer(Question::usb,
+                 R"({"SPUSBDataType": [{"host_controller": "AppleT6020USBXHCI", "_items": [)" +
+                     devices + "]}]}");
 }
 
 TEST_F(PortScannerTest, SaysThatThereAreMoreDevicesThanCanBeShown) {
-  answerWithTwinPorts(*tools, 1'000);
+  answerWithTwinPorts(*machine, 1'000);
   scan();
   EXPECT_EQ(scanner->errorMessage.get(), "More devices are reported than can be shown");
   EXPECT_TRUE(scanner->portTree.get().empty());
   EXPECT_FALSE(scanner->isScanning.get());
-  answerWithTwinPorts(*tools, 10);
+  answerWithTwinPorts(*machine, 10);
   scan();
   EXPECT_EQ(scanner->errorMessage.get(), std::nullopt);
   EXPECT_EQ(scanner->portTree.get().size(), 10U);
-  answerWithTwinPorts(*tools, 1'000);
+  answerWithTwinPorts(*machine, 1'000);
   scan();
   EXPECT_EQ(scanner->portTree.get().size(), 10U) << "what is shown stays";
 }

@@ -7,7 +7,7 @@ using namespace std::chrono_literals;
 
 class Rescan : public ScannerFixture {
 protected:
-  std::size_t scanCount() const { return tools->askCount(Question::usb); }
+  std::size_t scanCount() const { return machine->askCount(Question::usb); }
 };
 
 TEST_F(Rescan, TheMonitorStartsAfterTheFirstScanAndOnlyOnce) {
@@ -36,7 +36,7 @@ TEST_F(Rescan, FollowsAnAttachedDeviceWithTwoScansTwoSecondsApart) {
 
 TEST_F(Rescan, TheTwoSecondsCountFromTheEndOfTheFirstScan) {
   scan();
-  tools->answerOnce(Question::usb, "");
+  machine->answerOnce(Question::usb, "");
   events->changeRegistry();
   queue->advance(400ms + 150ms);
   EXPECT_EQ(scanCount(), 3U);
@@ -66,7 +66,7 @@ TEST_F(Rescan, DropsEventsThatFallIntoARunningScanButNotTheScanTwoSecondsLater) 
   scan();
   events->changeRegistry();
   queue->advance(300ms);
-  tools->answerOnce(Question::usb, ""); // so that the scan is in its pause when they come
+  machine->answerOnce(Question::usb, ""); // so that the scan is in its pause when they come
   scanner->scan();
   queue->advance(100ms);
   EXPECT_TRUE(scanner->isScanning.get());
@@ -91,7 +91,7 @@ TEST_F(Rescan, EverythingGoesWhenTheQueueEndsInTheMiddleOfAScan) {
   const std::weak_ptr<PortScanner> weak = scanner;
   events->changeRegistry();
   queue->advance(300ms);
-  tools->answerOnce(Question::usb, "");
+  machine->answerOnce(Question::usb, "");
   scanner->scan();
   queue->advance(110ms);
   EXPECT_TRUE(scanner->isScanning.get());

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "scanner/port_scanner.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/hand_driven_queue.h"
 #include "support/simulated_event_source.h"
 
@@ -13,11 +13,11 @@
 
 namespace tamberline {
 
-/// A scanner whose tools, clock and events are in the test's hands; every section is empty at
+/// A scanner whose machine, clock and events are in the test's hands; every section is empty at
 /// first.
 class ScannerFixture : public testing::Test {
 protected:
-  ScannerFixture() { answerWithEmptyReports(*tools); }
+  ScannerFixture() { answerWithEmptyReports(*machine); }
 
   void SetUp() override { scanner = makeScanner(); }
 
@@ -25,7 +25,7 @@ protected:
   void TearDown() override { queue->end(); }
 
   std::shared_ptr<PortScanner> makeScanner() {
-    return PortScanner::create({.acquisition = {.machine = tools, .queue = queue},
+    return PortScanner::create({.acquisition = {.machine = machine, .queue = queue},
                                 .events = events,
                                 .now = [this] { return now; }});
   }
@@ -37,11 +37,11 @@ protected:
   }
 
   void answerWithOnePort(const std::string& busName = "thunderbolt_bus_0") {
-    tools->answer(Question::thunderbolt,
-                  R"({"SPThunderboltDataType": [{"_name": ")" + busName + R"("}]})");
+    machine->answer(Question::thunderbolt,
+                    R"({"SPThunderboltDataType": [{"_name": ")" + busName + R"("}]})");
   }
 
-  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<SimulatedEventSource> events = std::make_shared<SimulatedEventSource>();
   std::chrono::system_clock::time_point now{std::chrono::seconds(1'000'000)};

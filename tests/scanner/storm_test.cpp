@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 class Storm : public ScannerFixture {
 protected:
-  std::size_t scanCount() const { return tools->askCount(Question::usb); }
+  std::size_t scanCount() const { return machine->askCount(Question::usb); }
 
   /// 100,000 events, a hundred in each millisecond of a second.
   void letEventsStorm() const {
@@ -130,16 +130,16 @@ protected:
   void plug() {
     auto device = attached.begin() + static_cast<std::ptrdiff_t>(generator() % deviceCount);
     *device = !*device;
-    tools->answer(Question::thunderbolt,
-                  R"({"SPThunderboltDataType": [{"_name": "thunderbolt_bus_0"}]})");
+    machine->answer(Question::thunderbolt,
+                    R"({"SPThunderboltDataType": [{"_name": "thunderbolt_bus_0"}]})");
     std::string entries;
     for (std::size_t number = 0; number < deviceCount; ++number) {
       if (attached.at(number)) {
         entries += (entries.empty() ? "" : ", ") + (R"({"_name": ")" + nameOf(number) + R"("})");
       }
     }
-    tools->answer(Question::usb,
-                  R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [)" + entries + "]}]}");
+    machine->answer(Question::usb,
+                    R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [)" + entries + "]}]}");
     events->changeRegistry();
     due.attachOrDetach(queue->now());
   }

@@ -1,6 +1,6 @@
 #include "inspect/document.h"
 #include "platform/macos/mac_tools.h"
-#include "platform/saved/saved_reports_runner.h"
+#include "platform/saved/saved_reports.h"
 #include "scanner/scan_rules.h"
 #include "support/build_kind.h"
 #include "support/hand_driven_queue.h"
@@ -17,7 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 
 Answers sample(const std::string& name) {
-  SavedReportsRunner reports(SAMPLES_FOLDER "/" + name);
+  SavedReports reports(SAMPLES_FOLDER "/" + name);
   Answers answers;
   for (const Question question : questionsOfAScan) {
     answers[question] = reports.answer(question);

@@ -16,7 +16,7 @@ protected:
     queue->settle();
   }
 
-  std::size_t scanCount() const { return tools->askCount(Question::usb); }
+  std::size_t scanCount() const { return machine->askCount(Question::usb); }
 };
 
 constexpr const char* reportWithVolume = R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [
@@ -37,10 +37,10 @@ TEST_F(VolumeEjection, IsOverBeforeTheScanBegins) {
 }
 
 TEST_F(VolumeEjection, TakesTheDeviceAwayWithTheScan) {
-  tools->answer(Question::usb, reportWithVolume);
+  machine->answer(Question::usb, reportWithVolume);
   scan();
   ASSERT_FALSE(scanner->usbBuses.get().empty());
-  answerWithEmptyReports(*tools);
+  answerWithEmptyReports(*machine);
   eject();
   EXPECT_TRUE(scanner->usbBuses.get().empty());
 }

@@ -30,7 +30,7 @@ void VolumeFixture::scanSticks(const std::vector<std::vector<std::string>>& stic
                     "]}]}");
   }
   // Behind a hub, where devices stand as a rule.
-  tools->answer(
+  machine->answer(
       Question::usb,
       R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [{"_name": "Hub", "_items": [)" +
           joined(items, ",") + "]}]}]}");

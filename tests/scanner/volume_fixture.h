@@ -16,7 +16,7 @@ namespace tamberline {
 class VolumeFixture : public ScannerFixture {
 protected:
   void SetUp() override {
-    scanner = PortScanner::create({.acquisition = {.machine = tools, .queue = queue},
+    scanner = PortScanner::create({.acquisition = {.machine = machine, .queue = queue},
                                    .events = events,
                                    .benchmark = benchmark,
                                    .ejector = ejector,

@@ -169,7 +169,7 @@ TEST_F(VolumeTest, WaitsInVainForAVolumeThatGoesWhenItsDriveIsEjected) {
   scanner->eject("/A");
   scanner->runBenchmark("/B");
   EXPECT_EQ(phaseText(scanner->benchmarks.get().at("/B")), "Waiting for the drive…");
-  answerWithEmptyReports(*tools);
+  answerWithEmptyReports(*machine);
   queue->settle();
   EXPECT_TRUE(scanner->benchmarks.get().empty());
   EXPECT_TRUE(files->steps().empty());

@@ -56,21 +56,21 @@ std::vector<std::string> hostileNames() {
   };
 }
 
-void answerWithThunderboltEntries(FakeTools& tools, const std::vector<json>& entries) {
-  tools.answer(Question::thunderbolt, section("SPThunderboltDataType", entries));
+void answerWithThunderboltEntries(FakeMachine& machine, const std::vector<json>& entries) {
+  machine.answer(Question::thunderbolt, section("SPThunderboltDataType", entries));
 }
 
-void answerWithUSBEntries(FakeTools& tools, const std::vector<json>& entries) {
-  tools.answer(Question::usb, section("SPUSBDataType", entries));
+void answerWithUSBEntries(FakeMachine& machine, const std::vector<json>& entries) {
+  machine.answer(Question::usb, section("SPUSBDataType", entries));
 }
 
-void answerWithContainers(FakeTools& tools, const Containers& containers) {
+void answerWithContainers(FakeMachine& machine, const Containers& containers) {
   std::string entries;
   for (const auto& [location, identifier] : containers) {
     entries += "<dict><key>locationID</key><integer>" + std::to_string(location) +
                "</integer><key>kUSBContainerID</key><string>" + identifier + "</string></dict>";
   }
-  tools.answer(Question::usbHostDevices, propertyList("<array>" + entries + "</array>"));
+  machine.answer(Question::usbHostDevices, propertyList("<array>" + entries + "</array>"));
 }
 
 json portEntry(int index) {
@@ -100,11 +100,11 @@ json located(json device, unsigned location) {
   return device;
 }
 
-void answerWithNameEverywhere(FakeTools& tools, const std::string& name) {
+void answerWithNameEverywhere(FakeMachine& machine, const std::string& name) {
   json port = portEntry(0);
   port["device_name_key"] = name;
   port["_items"] = std::vector<json>{thunderboltDeviceEntry(name), thunderboltDeviceEntry("Dock")};
-  answerWithThunderboltEntries(tools, {port});
+  answerWithThunderboltEntries(machine, {port});
   json device = deviceEntry(name);
   for (const char* key : {"vendor_id", "product_id", "serial_num", "manufacturer", "device_speed",
                           "bus_power", "bus_power_used"}) {
@@ -114,19 +114,19 @@ void answerWithNameEverywhere(FakeTools& tools, const std::string& name) {
   device["Media"] = std::vector<json>{{{"volumes", std::vector<json>{volume}}}};
   json bus = busEntry({device});
   bus["_name"] = name;
-  answerWithUSBEntries(tools, {ownBusEntry({located(device, 0x00100000)}), bus});
+  answerWithUSBEntries(machine, {ownBusEntry({located(device, 0x00100000)}), bus});
   const json adapter = {{"_name", "sppower_ac_charger_information"},
                         {"sppower_ac_charger_name", name},
                         {"sppower_ac_charger_manufacturer", name},
                         {"sppower_battery_charger_connected", "TRUE"}};
-  tools.answer(Question::power, section("SPPowerDataType", {adapter}));
-  tools.answer(Question::portControllers,
-               propertyList("<array><dict><key>PortNumber</key><integer>1</integer>"
-                            "<key>PortDescription</key><string>Port</string>"
-                            "<key>ConnectionActive</key><true/></dict></array>"));
+  machine.answer(Question::power, section("SPPowerDataType", {adapter}));
+  machine.answer(Question::portControllers,
+                 propertyList("<array><dict><key>PortNumber</key><integer>1</integer>"
+                              "<key>PortDescription</key><string>Port</string>"
+                              "<key>ConnectionActive</key><true/></dict></array>"));
 }
 
-void answerWithManyPorts(FakeTools& tools, int count) {
+void answerWithManyPorts(FakeMachine& machine, int count) {
   std::vector<json> ports;
   std::vector<json> devices;
   for (int index = 0; index < count; ++index) {
@@ -134,11 +134,11 @@ void answerWithManyPorts(FakeTools& tools, int count) {
     devices.push_back(located(deviceEntry("Device of port " + std::to_string(index + 1)),
                               static_cast<unsigned>(index) << 24U));
   }
-  answerWithThunderboltEntries(tools, ports);
-  answerWithUSBEntries(tools, {ownBusEntry(devices)});
+  answerWithThunderboltEntries(machine, ports);
+  answerWithUSBEntries(machine, {ownBusEntry(devices)});
 }
 
-void answerWithManyDevices(FakeTools& tools, int count) {
+void answerWithManyDevices(FakeMachine& machine, int count) {
   constexpr int devicesOnHub = 10;
   std::vector<json> hubs;
   for (int device = 0; device < count; device += devicesOnHub) {
@@ -148,21 +148,21 @@ void answerWithManyDevices(FakeTools& tools, int count) {
     }
     hubs.push_back(located(deviceEntry("Hub " + std::to_string(device), children), 0x00100000));
   }
-  answerWithThunderboltEntries(tools, {portEntry(0)});
-  answerWithUSBEntries(tools, {ownBusEntry(hubs)});
+  answerWithThunderboltEntries(machine, {portEntry(0)});
+  answerWithUSBEntries(machine, {ownBusEntry(hubs)});
 }
 
-void answerWithHubThatHoldsItself(FakeTools& tools) {
+void answerWithHubThatHoldsItself(FakeMachine& machine) {
   const json innermost = hubEntry("Inner", "super_speed", 0x00111000, {deviceEntry("Camera")});
   const json middle =
       hubEntry("Middle", "high_speed", 0x00110000, {deviceEntry("Mouse"), innermost});
   const json outer = hubEntry("Outer", "high_speed", 0x00100000, {deviceEntry("Keys"), middle});
-  answerWithThunderboltEntries(tools, {portEntry(0)});
-  answerWithUSBEntries(tools, {ownBusEntry({outer, located(deviceEntry("Disk"), 0x00200000)})});
-  answerWithContainers(tools, {{0x00100000, "box"}, {0x00110000, "box"}, {0x00111000, "box"}});
+  answerWithThunderboltEntries(machine, {portEntry(0)});
+  answerWithUSBEntries(machine, {ownBusEntry({outer, located(deviceEntry("Disk"), 0x00200000)})});
+  answerWithContainers(machine, {{0x00100000, "box"}, {0x00110000, "box"}, {0x00111000, "box"}});
 }
 
-void answerWithTwins(FakeTools& tools, int count) {
+void answerWithTwins(FakeMachine& machine, int count) {
   std::vector<json> twins;
   for (int twin = 0; twin < count; ++twin) {
     json hub = located(deviceEntry("Twin", {deviceEntry("Child")}), 0x00100000);
@@ -171,8 +171,8 @@ void answerWithTwins(FakeTools& tools, int count) {
     hub["serial_num"] = "S";
     twins.push_back(hub);
   }
-  answerWithThunderboltEntries(tools, {portEntry(0)});
-  answerWithUSBEntries(tools, {ownBusEntry(twins)});
+  answerWithThunderboltEntries(machine, {portEntry(0)});
+  answerWithUSBEntries(machine, {ownBusEntry(twins)});
 }
 
 } // namespace tamberline

@@ -1,7 +1,7 @@
 // Machines to which nobody means well.
 #pragma once
 
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 
 #include <nlohmann/json.hpp>
 
@@ -19,9 +19,9 @@ std::vector<std::string> hostileNames();
 using Containers = std::vector<std::pair<unsigned, std::string>>;
 
 /// Reports made of entries.
-void answerWithThunderboltEntries(FakeTools& tools, const std::vector<nlohmann::json>& entries);
-void answerWithUSBEntries(FakeTools& tools, const std::vector<nlohmann::json>& entries);
-void answerWithContainers(FakeTools& tools, const Containers& containers);
+void answerWithThunderboltEntries(FakeMachine& machine, const std::vector<nlohmann::json>& entries);
+void answerWithUSBEntries(FakeMachine& machine, const std::vector<nlohmann::json>& entries);
+void answerWithContainers(FakeMachine& machine, const Containers& containers);
 
 /// A port without anything, 0-based.
 nlohmann::json portEntry(int index);
@@ -38,18 +38,18 @@ nlohmann::json deviceEntry(const std::string& name,
 nlohmann::json located(nlohmann::json device, unsigned location);
 
 /// `name` wherever a name can stand: a dock, its maker, a device on it, its volume, the adapter.
-void answerWithNameEverywhere(FakeTools& tools, const std::string& name);
+void answerWithNameEverywhere(FakeMachine& machine, const std::string& name);
 
 /// Ports with a device each, whose names end in the number of their port.
-void answerWithManyPorts(FakeTools& tools, int count);
+void answerWithManyPorts(FakeMachine& machine, int count);
 
 /// Hubs of ten devices on one port.
-void answerWithManyDevices(FakeTools& tools, int count);
+void answerWithManyDevices(FakeMachine& machine, int count);
 
 /// A hub which has itself behind it, twice, with devices on every level.
-void answerWithHubThatHoldsItself(FakeTools& tools);
+void answerWithHubThatHoldsItself(FakeMachine& machine);
 
 /// As many hubs on one port, equal in everything, with an equal device behind each.
-void answerWithTwins(FakeTools& tools, int count);
+void answerWithTwins(FakeMachine& machine, int count);
 
 } // namespace tamberline

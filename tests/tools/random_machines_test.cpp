@@ -3,7 +3,7 @@
 #include "inspect/panel_text.h"
 #include "random_machine.h"
 #include "support/build_kind.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/hand_driven_queue.h"
 #include "support/simulated_event_source.h"
 #include "views/panel_inputs.h"
@@ -26,7 +26,7 @@ constexpr std::uint32_t machineCount = isSlow ? 200 : 1'000;
 struct ScannedMachine {
   explicit ScannedMachine(std::uint32_t seed) : machine(makeRandomMachine(seed)) {
     for (const auto& [question, answer] : machine.answers) {
-      tools->answer(question, answer);
+      source->answer(question, answer);
     }
     scan();
   }
@@ -39,10 +39,10 @@ struct ScannedMachine {
   Json document() const { return inspectionDocument(*scanner); }
 
   RandomMachine machine;
-  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<FakeMachine> source = std::make_shared<FakeMachine>();
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<PortScanner> scanner =
-      PortScanner::create({.acquisition = {.machine = tools, .queue = queue},
+      PortScanner::create({.acquisition = {.machine = source, .queue = queue},
                            .events = std::make_shared<SimulatedEventSource>()});
 };
 

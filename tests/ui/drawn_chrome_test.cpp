@@ -70,7 +70,7 @@ TEST_F(DrawnChrome, OfTheSecondSuggestion) {
 }
 
 TEST_F(DrawnChrome, OfAnError) {
-  tools->answer(Question::thunderbolt, "");
+  machine->answer(Question::thunderbolt, "");
   openPanel();
   EXPECT_EQ(drawn("ErrorBox"), R"(
 on fill orange 0.12 r10: <exclamationmark.triangle> (orange)  Could not parse SPThunderboltDataType
@@ -96,7 +96,7 @@ Scanning ports… (secondary)
 
 /// Round once a second, as long as it is seen.
 TEST_F(DrawnChrome, TurnsWhileAScanIsUnderWay) {
-  answerWithPorts(*tools, 1);
+  answerWithPorts(*machine, 1);
   openPanel();
   const QQuickItem* spinner =
       find(QAccessible::Button, "Scan again").item()->parentItem()->childItems().at(1);
@@ -115,7 +115,7 @@ TEST_F(DrawnChrome, TurnsWhileAScanIsUnderWay) {
 }
 
 TEST_F(DrawnChrome, TurnsWhileAVolumeIsTestedOrEjected) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   scanner->benchmarks.set({{"/Volumes/Data", {BenchmarkPhase::Running{"Writing…"}}}});
   scanner->ejectStates.set({{"/Volumes/Data", {EjectState::Ejecting{}}}});
   openPanel();

@@ -153,7 +153,7 @@ bar fill green, 6 high, round: 0.10 to 100%, 0.30 to 56%, 0.85 to 11%
 
 /// A volume in the states that its tools go through.
 TEST_F(DrawnRows, OfVolumes) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   openPanel({.fontScale = unwrappedScale});
   expandAll();
   const auto lastLine = [this] {

@@ -15,7 +15,7 @@ constexpr const char* why = "Why isn't this at full speed?";
 class PanelBubbles : public PanelFixture {
 protected:
   void SetUp() override {
-    answerWithDisk(*tools);
+    answerWithDisk(*machine);
     openPanel();
     expandAll();
   }
@@ -102,8 +102,8 @@ TEST_F(PanelExplanation, ClosesWhenItsRowGoes) {
 
 TEST_F(PanelExplanation, ClosesWhenTheDeviceGoes) {
   press(why);
-  answerWithPorts(*tools, 1);
-  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
+  answerWithPorts(*machine, 1);
+  machine->answer(Question::usb, R"({"SPUSBDataType": []})");
   rescan();
   EXPECT_FALSE(isOpen());
 }
@@ -175,8 +175,8 @@ TEST_F(PanelTooltips, GoWithTheItemThatTheyExplain) {
   movePointer(middleOf(QAccessible::StaticText, "480 Mb/s"));
   advance(600ms);
   ASSERT_NE(bubble(), nullptr);
-  answerWithPorts(*tools, 1);
-  tools->answer(Question::usb, R"({"SPUSBDataType": []})");
+  answerWithPorts(*machine, 1);
+  machine->answer(Question::usb, R"({"SPUSBDataType": []})");
   rescan();
   EXPECT_EQ(bubble(), nullptr);
 }

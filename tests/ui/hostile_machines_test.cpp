@@ -38,7 +38,7 @@ protected:
 class HostileNameInPanel : public HostilePanel, public testing::WithParamInterface<std::size_t> {};
 
 TEST_P(HostileNameInPanel, LeavesEveryTextInItsPlace) {
-  answerWithNameEverywhere(*tools, hostileNames().at(GetParam()));
+  answerWithNameEverywhere(*machine, hostileNames().at(GetParam()));
   openPanel();
   expandAll();
   EXPECT_GE(rows().rowCount(), 7);
@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(Everywhere, HostileNameInPanel,
                          testing::Range(std::size_t{0}, hostileNames().size()));
 
 TEST_F(HostilePanel, Shows255Ports) {
-  answerWithManyPorts(*tools, 255);
+  answerWithManyPorts(*machine, 255);
   openPanel();
   EXPECT_EQ(rows().rowCount(), 255);
   EXPECT_TRUE(sentence(254).startsWith("Thunderbolt Port 255")) << sentence(254).toStdString();
@@ -63,7 +63,7 @@ TEST_F(HostilePanel, Shows255Ports) {
 }
 
 TEST_F(HostilePanel, ShowsAndFindsFiveThousandDevices) {
-  answerWithManyDevices(*tools, 5'000);
+  answerWithManyDevices(*machine, 5'000);
   openPanel();
   expandAll();
   EXPECT_EQ(rows().rowCount(), 5'001);
@@ -77,7 +77,7 @@ TEST_F(HostilePanel, ShowsAndFindsFiveThousandDevices) {
 }
 
 TEST_F(HostilePanel, ShowsAHubThatStandsBehindItself) {
-  answerWithHubThatHoldsItself(*tools);
+  answerWithHubThatHoldsItself(*machine);
   openPanel();
   expandAll();
   EXPECT_EQ(rows().rowCount(), 8);
@@ -88,7 +88,7 @@ TEST_F(HostilePanel, ShowsAHubThatStandsBehindItself) {
 }
 
 TEST_F(HostilePanel, OpensOneOfThreeHundredTwinsAlone) {
-  answerWithTwins(*tools, 300);
+  answerWithTwins(*machine, 300);
   openPanel();
   press("Thunderbolt Port 1");
   ASSERT_EQ(rows().rowCount(), 301);
@@ -104,12 +104,12 @@ TEST_F(HostilePanel, OpensOneOfThreeHundredTwinsAlone) {
 }
 
 TEST_F(HostilePanel, KeepsDevicesWhoseIdentifiersCoincide) {
-  answerWithThunderboltEntries(*tools, {portEntry(0)});
+  answerWithThunderboltEntries(*machine, {portEntry(0)});
   const std::vector<nlohmann::json> devices = {
       located(deviceEntry("a", {deviceEntry("Keys")}), 0x00100000),
       located(deviceEntry("a", {deviceEntry("Mouse")}), 0x00200000),
       located(deviceEntry("a#1", {deviceEntry("Camera")}), 0x00300000)};
-  answerWithUSBEntries(*tools, {ownBusEntry(devices)});
+  answerWithUSBEntries(*machine, {ownBusEntry(devices)});
   openPanel();
   expandAll();
   for (int round = 0; round < 3; ++round) {
@@ -122,7 +122,7 @@ TEST_F(HostilePanel, KeepsDevicesWhoseIdentifiersCoincide) {
     expandAll();
     rescan();
   }
-  answerWithUSBEntries(*tools, {ownBusEntry({devices.at(2), devices.at(0)})});
+  answerWithUSBEntries(*machine, {ownBusEntry({devices.at(2), devices.at(0)})});
   rescan();
   EXPECT_EQ(rows().rowCount(), 5);
   expectNoFaults();

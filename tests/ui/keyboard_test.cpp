@@ -92,14 +92,14 @@ protected:
 };
 
 TEST_F(PanelKeyboard, ReachesEveryControlWithTab) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   openPanel();
   expandAll();
   expectTabReachesEveryControl();
 }
 
 TEST_F(PanelKeyboard, ReachesEveryControlWithTabWhileSearching) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   openPanel();
   expandAll();
   typeText("q");
@@ -112,7 +112,7 @@ TEST_F(PanelKeyboard, ReachesEveryControlWithTabWithoutCards) {
 }
 
 TEST_F(PanelKeyboard, SkipsDisabledButtons) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   openPanel({.hasActions = false});
   expandAll();
   typeKey(Qt::Key_Tab);
@@ -134,7 +134,7 @@ TEST_F(PanelKeyboard, PressesTheFocusedButton) {
 }
 
 TEST_F(PanelKeyboard, MovesInTheListWithTheArrows) {
-  answerWithPorts(*tools, 3);
+  answerWithPorts(*machine, 3);
   openPanel();
   focusList();
   EXPECT_EQ(currentRow(), 0);
@@ -149,7 +149,7 @@ TEST_F(PanelKeyboard, MovesInTheListWithTheArrows) {
 }
 
 TEST_F(PanelKeyboard, OpensAndClosesTheCurrentRow) {
-  answerWithPorts(*tools, 3);
+  answerWithPorts(*machine, 3);
   openPanel();
   focusList();
   typeKey(Qt::Key_Down);
@@ -170,18 +170,18 @@ TEST_F(PanelKeyboard, OpensAndClosesTheCurrentRow) {
 }
 
 TEST_F(PanelKeyboard, StaysAtItsRowAcrossARescan) {
-  answerWithPorts(*tools, 3);
+  answerWithPorts(*machine, 3);
   openPanel();
   focusList();
   typeKey(Qt::Key_Down);
-  answerWithPorts(*tools, 4);
+  answerWithPorts(*machine, 4);
   rescan();
   EXPECT_EQ(currentRow(), 1);
   EXPECT_EQ(focused(), rowItem(1));
 }
 
 TEST_F(PanelKeyboard, ScrollsToTheRowThatItMovesTo) {
-  answerWithPorts(*tools, 30);
+  answerWithPorts(*machine, 30);
   openPanel();
   focusList();
   for (int i = 0; i < 29; ++i) {
@@ -228,7 +228,7 @@ TEST_F(PanelKeyboard, ScrollsToAButtonThatItComesTo) {
 }
 
 TEST_F(PanelKeyboard, TypesIntoTheSearchFieldFromAnywhere) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   openPanel();
   typeText("q");
   EXPECT_TRUE(isFieldFocused());
@@ -262,7 +262,7 @@ TEST_F(PanelKeyboard, GoesFromTheFieldToTheSuggestionsAndJumps) {
 }
 
 TEST_F(PanelKeyboard, GoesFromTheEmptyFieldToTheList) {
-  answerWithPorts(*tools, 3);
+  answerWithPorts(*machine, 3);
   openPanel();
   find(QAccessible::EditableText, "Search devices…").item()->forceActiveFocus();
   typeKey(Qt::Key_Down);
@@ -289,7 +289,7 @@ TEST_F(PanelKeyboard, DoesNotLoseTheKeyboardAfterAJump) {
 }
 
 TEST_F(PanelKeyboard, EscapesFromTheLatestFirst) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   openPanel();
   expandAll();
   typeText("quarry");
@@ -306,7 +306,7 @@ TEST_F(PanelKeyboard, EscapesFromTheLatestFirst) {
 }
 
 TEST_F(PanelKeyboard, FindsWithTheUsualKeys) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   openPanel();
   focusList();
   typeKey(Qt::Key_F, Qt::ControlModifier);
@@ -325,7 +325,7 @@ TEST_F(PanelKeyboard, ClosesAndQuitsWithTheUsualKeys) {
 }
 
 TEST_F(PanelKeyboard, ClosesWithTheUsualKeysWhileSearching) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   openPanel();
   typeText("q");
   ASSERT_TRUE(isFieldFocused());

@@ -93,12 +93,12 @@ protected:
 };
 
 TEST_P(PanelLayoutInLanguages, HasRoomForLongNames) {
-  answerWithLongNames(*tools);
+  answerWithLongNames(*machine);
   checkClosedAndOpen();
 }
 
 TEST_P(PanelLayoutInLanguages, HasRoomForWhatVolumesTell) {
-  answerWithLongNames(*tools);
+  answerWithLongNames(*machine);
   scanner->ejectStates.set(
       {{"/Volumes/Fieldwork", {EjectState::Failed{std::string(Loc::ejectFailed())}}},
        {"/Volumes/Sommer", {EjectState::Ejecting{}}}});
@@ -117,7 +117,7 @@ TEST_P(PanelLayoutInLanguages, HasRoomForWhatVolumesTell) {
 }
 
 TEST_P(PanelLayoutInLanguages, HasRoomForSuggestions) {
-  answerWithLongNames(*tools);
+  answerWithLongNames(*machine);
   inEachLook([this](const std::string& look) {
     for (const char* text : {"e", "no such device"}) {
       context().search()->setSearchText(text);
@@ -128,7 +128,7 @@ TEST_P(PanelLayoutInLanguages, HasRoomForSuggestions) {
 }
 
 TEST_P(PanelLayoutInLanguages, HasRoomForTheExplanation) {
-  answerWithLongNames(*tools);
+  answerWithLongNames(*machine);
   inEachLook([this](const std::string& look) {
     expandAll();
     press(QString::fromStdString(std::string(Loc::hintWhySlow())));
@@ -140,7 +140,7 @@ TEST_P(PanelLayoutInLanguages, HasRoomForTheExplanation) {
 
 TEST_P(PanelLayoutInLanguages, HasRoomForWhatStandsInPlaceOfCards) {
   inEachLook([this](const std::string& look) { expectNoFaults(look + ", empty"); });
-  tools->answer(Question::thunderbolt, "");
+  machine->answer(Question::thunderbolt, "");
   scanner = anotherScanner();
   inEachLook([this](const std::string& look) { expectNoFaults(look + ", error"); });
 }

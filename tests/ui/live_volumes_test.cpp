@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 class LiveVolumes : public PanelFixture {
 protected:
   void SetUp() override {
-    answerWithDisk(*tools);
+    answerWithDisk(*machine);
     openPanel({.areVolumesLive = true});
     expandAll();
   }
@@ -71,10 +71,10 @@ TEST_F(LiveVolumes, KeepTheirResultThroughRescansAsLongAsTheyAreThere) {
   press(testName);
   rescan();
   EXPECT_TRUE(isTextShown("Not enough free space"));
-  answerWithDevices(*tools, {});
+  answerWithDevices(*machine, {});
   rescan();
   EXPECT_FALSE(isTextShown("Data"));
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   rescan();
   expandAll();
   EXPECT_TRUE(isTextShown("Data"));
@@ -95,7 +95,7 @@ TEST_F(LiveVolumes, StopTheirTestAndOfferItAgain) {
 TEST_F(LiveVolumes, GoWithTheirDeviceWhenTheyAreEjected) {
   start(ejectName);
   EXPECT_TRUE(isShown(QAccessible::Indicator, "Ejecting…"));
-  answerWithDevices(*tools, {});
+  answerWithDevices(*machine, {});
   settle();
   advance(1s);
   EXPECT_EQ(ejector->mountPoints, std::vector<std::string>{"/Volumes/Data"});

@@ -1,7 +1,7 @@
 #include "ui/lone_component.h"
 
 #include "panel/qml_modules.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/simulated_event_source.h"
 
 #include <QCoreApplication>
@@ -16,7 +16,7 @@ void LoneComponent::showComponent(const QString& name, const QVariantMap& proper
   view.reset();
   context = std::make_unique<PanelContext>(PanelContext::Outside{
       .scanner = PortScanner::create(
-          {.acquisition = {.machine = std::make_shared<FakeTools>(), .queue = queue},
+          {.acquisition = {.machine = std::make_shared<FakeMachine>(), .queue = queue},
            .events = std::make_shared<SimulatedEventSource>()}),
       .queue = queue,
       .fontScale = fontScale});

@@ -100,15 +100,15 @@ constexpr const char* longCurrentLimit = R"(<array><dict>
 
 } // namespace
 
-void answerWithPorts(FakeTools& tools, int count) {
+void answerWithPorts(FakeMachine& machine, int count) {
   std::vector<std::string> ports;
   for (int index = 0; index < count; ++index) {
     ports.push_back(port(index));
   }
-  tools.answer(Question::thunderbolt, section("SPThunderboltDataType", ports));
+  machine.answer(Question::thunderbolt, section("SPThunderboltDataType", ports));
 }
 
-void answerWithDevices(FakeTools& tools, const std::vector<ReportedDevice>& devices) {
+void answerWithDevices(FakeMachine& machine, const std::vector<ReportedDevice>& devices) {
   std::vector<std::string> entries;
   int number = 0;
   for (const ReportedDevice& device : devices) {
@@ -116,23 +116,23 @@ void answerWithDevices(FakeTools& tools, const std::vector<ReportedDevice>& devi
                       fourDigits(++number) + R"( / 1")" +
                       (device.members.empty() ? "" : ", " + device.members) + "}");
   }
-  answerWithPorts(tools, 1);
-  tools.answer(Question::usb, section("SPUSBDataType", {ownBus(joined(entries))}));
+  answerWithPorts(machine, 1);
+  machine.answer(Question::usb, section("SPUSBDataType", {ownBus(joined(entries))}));
 }
 
-void answerWithDisk(FakeTools& tools) {
-  answerWithDevices(tools, {{"Quarry SSD", R"("device_speed": "high_speed", "serial_num": "S1",
+void answerWithDisk(FakeMachine& machine) {
+  answerWithDevices(machine, {{"Quarry SSD", R"("device_speed": "high_speed", "serial_num": "S1",
     "bus_power": "900", "bus_power_used": "450",
     "Media": [{"volumes": [{"_name": "Data", "mount_point": "/Volumes/Data"}]}])"}});
 }
 
-void answerWithLongNames(FakeTools& tools) {
-  tools.answer(Question::thunderbolt, longThunderboltReport);
-  tools.answer(Question::usb, longUSBReport);
-  tools.answer(Question::power, longPowerReport);
-  tools.answer(Question::portControllers, longPortControllers());
-  tools.answer(Question::portPower, propertyList(longPowerOut));
-  tools.answer(Question::deviceTree, propertyList(longCurrentLimit));
+void answerWithLongNames(FakeMachine& machine) {
+  machine.answer(Question::thunderbolt, longThunderboltReport);
+  machine.answer(Question::usb, longUSBReport);
+  machine.answer(Question::power, longPowerReport);
+  machine.answer(Question::portControllers, longPortControllers());
+  machine.answer(Question::portPower, propertyList(longPowerOut));
+  machine.answer(Question::deviceTree, propertyList(longCurrentLimit));
 }
 
 } // namespace tamberline

@@ -1,7 +1,7 @@
-// Machines that no sample shows, as the tools report them.
+// Machines that no sample shows, as they report themselves.
 #pragma once
 
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 
 #include <string>
 #include <vector>
@@ -9,7 +9,7 @@
 namespace tamberline {
 
 /// `count` ports with nothing on them.
-void answerWithPorts(FakeTools& tools, int count);
+void answerWithPorts(FakeMachine& machine, int count);
 
 /// A USB device; `name` and `members` are JSON ("a \"b\"", R"("device_speed": "super_speed")").
 struct ReportedDevice {
@@ -18,13 +18,13 @@ struct ReportedDevice {
 };
 
 /// Port 1 with these devices directly on it.
-void answerWithDevices(FakeTools& tools, const std::vector<ReportedDevice>& devices);
+void answerWithDevices(FakeMachine& machine, const std::vector<ReportedDevice>& devices);
 
 /// One port with a disk called "Quarry SSD" on it, whose one volume is mounted at /Volumes/Data.
-void answerWithDisk(FakeTools& tools);
+void answerWithDisk(FakeMachine& machine);
 
 /// Everything that a card can show, and names of 60 characters: a dock with a hub, and on it a disk
 /// with two volumes; measured power; an adapter; a phone that only charges.
-void answerWithLongNames(FakeTools& tools);
+void answerWithLongNames(FakeMachine& machine);
 
 } // namespace tamberline

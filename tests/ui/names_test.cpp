@@ -64,19 +64,19 @@ protected:
 };
 
 TEST_P(ControlNamesInLanguages, AreThereWithoutCards) {
-  tools->answer(Question::thunderbolt, "");
+  machine->answer(Question::thunderbolt, "");
   openPanelWhileScanning({});
   draw();
   EXPECT_GT(expectNames(), 4);
   advance(150ms);
   EXPECT_GT(expectNames(), 4);
-  answerWithEmptyReports(*tools);
+  answerWithEmptyReports(*machine);
   rescan();
   EXPECT_GT(expectNames(), 4);
 }
 
 TEST_P(ControlNamesInLanguages, AreThereWhileVolumesAreTestedAndEjected) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   openPanel();
   expandAll();
   scanner->benchmarks.set({{"/Volumes/Data", {BenchmarkPhase::Running{"…"}}}});

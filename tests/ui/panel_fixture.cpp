@@ -1,6 +1,6 @@
 #include "ui/panel_fixture.h"
 
-#include "platform/saved/saved_reports_runner.h"
+#include "platform/saved/saved_reports.h"
 #include "ui/visible_items.h"
 
 #include <QCoreApplication>
@@ -26,8 +26,8 @@ void sendMouse(QWindow& window, QEvent::Type type, QPointF position, Qt::MouseBu
 } // namespace
 
 PanelFixture::PanelFixture() {
-  answerWithEmptyReports(*tools);
-  scanner = scannerOver(tools);
+  answerWithEmptyReports(*machine);
+  scanner = scannerOver(machine);
 }
 
 PanelFixture::~PanelFixture() {

@@ -2,7 +2,7 @@
 
 #include "app/panel_shell.h"
 #include "support/fake_ejector.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/fake_volume_files.h"
 #include "support/hand_driven_animations.h"
 #include "support/hand_driven_queue.h"
@@ -21,7 +21,7 @@
 
 namespace tamberline {
 
-/// A panel in a window of its own, over a real scanner whose tools, clock and events are in the
+/// A panel in a window of its own, over a real scanner whose machine, clock and events are in the
 /// test's hands. Whatever QML warns of fails the test.
 class PanelFixture : public testing::Test {
 protected:
@@ -39,10 +39,10 @@ protected:
     bool areVolumesLive = false;
   };
 
-  /// A scanner over the saved reports of samples/`name`, instead of the fake tools.
+  /// A scanner over the saved reports of samples/`name`, instead of the fake machine.
   void useSample(const std::string& name);
-  /// A scanner over the fake tools that knows nothing yet.
-  std::shared_ptr<PortScanner> anotherScanner() { return scannerOver(tools); }
+  /// A scanner over the fake machine that knows nothing yet.
+  std::shared_ptr<PortScanner> anotherScanner() { return scannerOver(machine); }
 
   /// Opens the panel and lets its first scan end.
   void openPanel(Setting setting);
@@ -94,7 +94,7 @@ protected:
 
   QmlWarnings warnings;
   HandDrivenAnimations animations;
-  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<SimulatedEventSource> events = std::make_shared<SimulatedEventSource>();
   std::chrono::system_clock::time_point now{std::chrono::seconds(1'000'000)};

@@ -67,14 +67,14 @@ TEST_F(PanelRescan, KeepsRowsOpenAndTheListWhereItIs) {
 }
 
 TEST_F(PanelRescan, MovesOnlyWhatIsBelowADeviceThatCame) {
-  answerWithDevices(*tools, devices({"Keys", "Mouse"}));
+  answerWithDevices(*machine, devices({"Keys", "Mouse"}));
   openPanel();
   expandAll();
   const QQuickItem* keys = rowItem(indexOfRowNamed("Keys"));
   const QQuickItem* mouse = rowItem(indexOfRowNamed("Mouse"));
   const double topOfMouse = mouse->y();
   const int height = window().height();
-  answerWithDevices(*tools, devices({"Keys", "Camera", "Mouse"}));
+  answerWithDevices(*machine, devices({"Keys", "Camera", "Mouse"}));
   rescan();
   ASSERT_GE(indexOfRowNamed("Camera"), 0);
   EXPECT_EQ(rowItem(indexOfRowNamed("Keys")), keys);
@@ -85,12 +85,12 @@ TEST_F(PanelRescan, MovesOnlyWhatIsBelowADeviceThatCame) {
 }
 
 TEST_F(PanelRescan, ClosesUpWhereADeviceWent) {
-  answerWithDevices(*tools, devices({"Keys", "Camera", "Mouse"}));
+  answerWithDevices(*machine, devices({"Keys", "Camera", "Mouse"}));
   openPanel();
   expandAll();
   const QQuickItem* mouse = rowItem(indexOfRowNamed("Mouse"));
   const int height = window().height();
-  answerWithDevices(*tools, devices({"Keys", "Mouse"}));
+  answerWithDevices(*machine, devices({"Keys", "Mouse"}));
   rescan();
   EXPECT_LT(indexOfRowNamed("Camera"), 0);
   EXPECT_EQ(rowItem(indexOfRowNamed("Mouse")), mouse);
@@ -98,23 +98,23 @@ TEST_F(PanelRescan, ClosesUpWhereADeviceWent) {
 }
 
 TEST_F(PanelRescan, KeepsTheListWhereItIsWhenADeviceComesBelow) {
-  answerWithPorts(*tools, 30);
+  answerWithPorts(*machine, 30);
   openPanel();
   listView()->setProperty("contentY", 300);
   settle();
-  answerWithPorts(*tools, 31);
+  answerWithPorts(*machine, 31);
   rescan();
   EXPECT_EQ(rows().rowCount(), 31);
   EXPECT_EQ(listPosition(), 300);
 }
 
 TEST_F(PanelRescan, RewritesARowInItsPlace) {
-  answerWithDevices(*tools, {{"Keys", R"("serial_num": "1", "bus_power_used": "100")"}});
+  answerWithDevices(*machine, {{"Keys", R"("serial_num": "1", "bus_power_used": "100")"}});
   openPanel();
   expandAll();
   const QQuickItem* keys = rowItem(indexOfRowNamed("Keys"));
   EXPECT_TRUE(isTextShown("0.5 W rated"));
-  answerWithDevices(*tools, {{"Keys", R"("serial_num": "1", "bus_power_used": "200")"}});
+  answerWithDevices(*machine, {{"Keys", R"("serial_num": "1", "bus_power_used": "200")"}});
   rescan();
   EXPECT_EQ(rowItem(indexOfRowNamed("Keys")), keys);
   EXPECT_TRUE(isTextShown("1.0 W rated"));
@@ -122,11 +122,11 @@ TEST_F(PanelRescan, RewritesARowInItsPlace) {
 }
 
 TEST_F(PanelRescan, RefreshesTheSuggestions) {
-  answerWithDevices(*tools, devices({"Keys"}));
+  answerWithDevices(*machine, devices({"Keys"}));
   openPanel();
   typeText("cam");
   EXPECT_TRUE(isTextShown("No matching devices"));
-  answerWithDevices(*tools, devices({"Keys", "Camera"}));
+  answerWithDevices(*machine, devices({"Keys", "Camera"}));
   rescan();
   EXPECT_FALSE(isTextShown("No matching devices"));
   EXPECT_TRUE(findAccessibleStarting(window(), QAccessible::Button, "Camera"));

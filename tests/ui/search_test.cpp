@@ -154,7 +154,7 @@ TEST_F(PanelPulse, ThrobsOverARowThatIsMadeWhenTheListComesToIt) {
   for (int number = 100; number < 160; ++number) {
     devices.push_back({"Device " + std::to_string(number)});
   }
-  answerWithDevices(*tools, devices);
+  answerWithDevices(*machine, devices);
   openPanel();
   jumpTo("Device 159");
   ASSERT_EQ(rowItem(index), nullptr);

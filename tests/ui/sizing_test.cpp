@@ -40,7 +40,7 @@ TEST_F(PanelSizes, ShowTheWholeListWithoutScrolling) {
 }
 
 TEST_F(PanelSizes, StopShortOfTheScreenAndScroll) {
-  answerWithPorts(*tools, 30);
+  answerWithPorts(*machine, 30);
   openPanel();
   EXPECT_EQ(rows().rowCount(), 30);
   EXPECT_NEAR(window().height(), greatestHeight(), 1);
@@ -89,7 +89,7 @@ TEST_F(PanelSizes, LeaveTheSameAirAroundTheSearchWithSuggestionsAndWithout) {
 }
 
 TEST_F(PanelSizes, LeaveAirAroundTheFooter) {
-  answerWithPorts(*tools, 4);
+  answerWithPorts(*machine, 4);
   openPanel();
   const QRectF manual = placeInWindow(*find(QAccessible::Button, "Open the user manual").item());
   const QRectF quit = placeInWindow(*find(QAccessible::Button, "Quit").item());

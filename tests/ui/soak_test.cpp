@@ -56,9 +56,9 @@ protected:
                                      name + R"("}]}])"});
       }
     }
-    answerWithDevices(*tools, devices);
+    answerWithDevices(*machine, devices);
     if (inOneOf(20)) {
-      tools->answerOnce(Question::usb, "half a rep");
+      machine->answerOnce(Question::usb, "half a rep");
     }
   }
 
@@ -85,7 +85,7 @@ protected:
     settle();
   }
 
-  std::size_t scanCount() const { return tools->askCount(Question::power); }
+  std::size_t scanCount() const { return machine->askCount(Question::power); }
 
   /// Until there were as many scans, and then a while without any.
   void runRound(std::size_t untilScanCount) {
@@ -94,12 +94,12 @@ protected:
       events->changeRegistry();
       advance(std::chrono::milliseconds(400 + 150)); // one scan, and 2 s later another
       useThePanel();
-      tools->forgetQuestions();
+      machine->forgetQuestions();
     }
-    answerWithDisk(*tools);
+    answerWithDisk(*machine);
     rescan();
     advance(std::chrono::seconds(10));
-    tools->forgetQuestions();
+    machine->forgetQuestions();
     moveMouse({20, 20});
     qmlEngine(listView())->collectGarbage(); // else what waits for it would count
     settle();

@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 class PanelStates : public PanelFixture {};
 
 TEST_F(PanelStates, TellThatTheFirstScanIsUnderWay) {
-  answerWithPorts(*tools, 1);
+  answerWithPorts(*machine, 1);
   openPanelWhileScanning({});
   queue->runPosted();
   draw();
@@ -26,7 +26,7 @@ TEST_F(PanelStates, TellThatTheFirstScanIsUnderWay) {
 
 TEST_F(PanelStates, TellThatSymbolsCannotBeDrawn) {
   const WithoutIconTheme scope;
-  answerWithPorts(*tools, 1);
+  answerWithPorts(*machine, 1);
   openPanel();
   EXPECT_TRUE(isTextShown(
       "Symbols cannot be drawn: the Breeze icons or Qt’s SVG plugin are not installed."));
@@ -42,19 +42,19 @@ TEST_F(PanelStates, TellThatThereAreNoPorts) {
   openPanel();
   EXPECT_TRUE(isTextShown("No ports detected"));
   EXPECT_FALSE(isShown(QAccessible::List, "Ports and devices"));
-  answerWithPorts(*tools, 2);
+  answerWithPorts(*machine, 2);
   rescan();
   EXPECT_FALSE(isTextShown("No ports detected"));
   EXPECT_TRUE(isShown(QAccessible::List, "Ports and devices"));
 }
 
 TEST_F(PanelStates, TellWhyTheFirstScanFailedUntilOneSucceeds) {
-  tools->answer(Question::thunderbolt, "");
+  machine->answer(Question::thunderbolt, "");
   openPanel();
   ASSERT_TRUE(scanner->errorMessage.get());
   const QString message = QString::fromStdString(*scanner->errorMessage.get());
   EXPECT_TRUE(isShown(QAccessible::AlertMessage, message));
-  answerWithPorts(*tools, 1);
+  answerWithPorts(*machine, 1);
   press("Scan again");
   advance(150ms);
   EXPECT_FALSE(isShown(QAccessible::AlertMessage, message));
@@ -62,16 +62,16 @@ TEST_F(PanelStates, TellWhyTheFirstScanFailedUntilOneSucceeds) {
 }
 
 TEST_F(PanelStates, KeepTheCardsWhenALaterScanFails) {
-  answerWithPorts(*tools, 1);
+  answerWithPorts(*machine, 1);
   openPanel();
-  tools->answer(Question::thunderbolt, "");
+  machine->answer(Question::thunderbolt, "");
   rescan();
   EXPECT_TRUE(isShown(QAccessible::List, "Ports and devices"));
   EXPECT_FALSE(findAccessibleStarting(window(), QAccessible::AlertMessage, ""));
 }
 
 TEST_F(PanelStates, ShowTheIndicatorInPlaceOfTheButtonWhileScanning) {
-  answerWithPorts(*tools, 1);
+  answerWithPorts(*machine, 1);
   openPanel();
   find(QAccessible::Button, "Scan again").press();
   draw();
@@ -83,7 +83,7 @@ TEST_F(PanelStates, ShowTheIndicatorInPlaceOfTheButtonWhileScanning) {
 }
 
 TEST_F(PanelStates, LetThePanelBeUsedWhileAToolTakesAnHour) {
-  answerWithDisk(*tools);
+  answerWithDisk(*machine);
   openPanel();
   find(QAccessible::Button, "Scan again").press();
   queue->advanceWithoutBackground(1h);

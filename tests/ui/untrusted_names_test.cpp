@@ -13,9 +13,9 @@ class UntrustedNames : public PanelFixture {
 protected:
   void openWithDevice(const std::string& name) {
     answerWithDevices(
-        *tools, {{name, R"("device_speed": "high_speed", "manufacturer": ")" + name +
-                            R"(", "bus_power_used": "100", "Media": [{"volumes": [{"_name": ")" +
-                            name + R"(", "mount_point": "/Volumes/x"}]}])"}});
+        *machine, {{name, R"("device_speed": "high_speed", "manufacturer": ")" + name +
+                              R"(", "bus_power_used": "100", "Media": [{"volumes": [{"_name": ")" +
+                              name + R"(", "mount_point": "/Volumes/x"}]}])"}});
     openPanel();
     expandAll();
   }

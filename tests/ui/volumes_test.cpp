@@ -10,7 +10,7 @@ namespace {
 class PanelVolumes : public PanelFixture {
 protected:
   void open(Setting setting = {}) {
-    answerWithDisk(*tools);
+    answerWithDisk(*machine);
     openPanel(setting);
     expandAll();
   }

@@ -4,8 +4,8 @@
 #include "platform/posix/termination_signals.h"
 #include "platform/preferred_languages.h"
 #include "platform/saved/folder_event_source.h"
-#include "platform/saved/saved_reports_runner.h"
-#include "platform/this_machine_tools.h"
+#include "platform/saved/saved_reports.h"
+#include "platform/this_machine_source.h"
 #include "scan_output.h"
 #include "scan_watch.h"
 #include "scanner/port_scanner.h"
@@ -38,7 +38,7 @@ Source sourceOf(const InspectOptions& options) {
     }
     return {savedMachine(*options.reportsFolder), events};
   }
-  return {toolsOfThisMachine(), options.watches ? eventsOfThisMachine() : events};
+  return {sourceOfThisMachine(), options.watches ? eventsOfThisMachine() : events};
 }
 
 /// The program writes UTF-8 whatever the locale says, so Qt's notice about it helps nobody.

@@ -11,7 +11,7 @@
 #include "platform/posix/command_line.h"
 #include "platform/preferred_languages.h"
 #include "platform/saved/folder_event_source.h"
-#include "platform/saved/saved_reports_runner.h"
+#include "platform/saved/saved_reports.h"
 #include "replay_options.h"
 #include "show_panel.h"
 

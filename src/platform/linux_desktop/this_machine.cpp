@@ -2,7 +2,7 @@
 
 #include "platform/linux_volumes/udisks_ejector.h"
 #include "platform/posix/posix_volume_files.h"
-#include "platform/this_machine_tools.h"
+#include "platform/this_machine_source.h"
 
 #include <utility>
 
@@ -10,7 +10,7 @@ namespace tamberline {
 
 ScannerOutside thisMachine(std::shared_ptr<MainQueue> queue) {
   const auto volumes = std::make_shared<PosixVolumeFiles>();
-  return {.acquisition = {.machine = toolsOfThisMachine(), .queue = std::move(queue)},
+  return {.acquisition = {.machine = sourceOfThisMachine(), .queue = std::move(queue)},
           .events = eventsOfThisMachine(),
           .benchmark = std::make_shared<Benchmark>(volumes),
           .ejector = std::make_shared<UDisksEjector>(),

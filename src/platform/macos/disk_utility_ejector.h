@@ -1,6 +1,6 @@
 #pragma once
 
-#include "acquisition/tool_runner.h"
+#include "platform/tool_runner.h"
 #include "storage/volume_ejector.h"
 
 #include <memory>

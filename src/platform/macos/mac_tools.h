@@ -1,7 +1,7 @@
 #pragma once
 
 #include "acquisition/machine_source.h"
-#include "acquisition/tool_runner.h"
+#include "platform/tool_runner.h"
 
 #include <memory>
 #include <string>

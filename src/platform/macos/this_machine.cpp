@@ -3,7 +3,7 @@
 #include "platform/macos/disk_utility_ejector.h"
 #include "platform/posix/child_process_runner.h"
 #include "platform/posix/posix_volume_files.h"
-#include "platform/this_machine_tools.h"
+#include "platform/this_machine_source.h"
 
 #include <utility>
 
@@ -11,7 +11,7 @@ namespace tamberline {
 
 ScannerOutside thisMachine(std::shared_ptr<MainQueue> queue) {
   const auto volumes = std::make_shared<PosixVolumeFiles>();
-  return {.acquisition = {.machine = toolsOfThisMachine(), .queue = std::move(queue)},
+  return {.acquisition = {.machine = sourceOfThisMachine(), .queue = std::move(queue)},
           .events = eventsOfThisMachine(),
           .benchmark = std::make_shared<Benchmark>(volumes),
           .ejector = std::make_shared<DiskUtilityEjector>(std::make_shared<ChildProcessRunner>()),

@@ -108,7 +108,7 @@ std::optional<pid_t> spawn(const std::string& executable, const std::vector<std:
 std::optional<std::string> readToEnd(int descriptor) {
   std::string content;
   std::array<char, 65536> buffer{};
-  while (content.size() <= mostToolOutput) {
+  while (content.size() <= maxToolOutput) {
     const ssize_t count = read(descriptor, buffer.data(), buffer.size());
     if (count > 0) {
       content.append(buffer.data(), static_cast<std::size_t>(count));

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "acquisition/tool_runner.h"
+#include "platform/tool_runner.h"
 
 namespace tamberline {
 
 /// Runs tools as child processes. A child inherits the environment and the working directory, and
 /// no descriptor but the pipe of its output. The process ignores SIGPIPE from the first run on. A
-/// tool that prints more than `mostToolOutput` is ended.
+/// tool that prints more than `maxToolOutput` is ended.
 class ChildProcessRunner final : public ToolRunner {
 public:
   ToolOutput run(const std::string& executable, const std::vector<std::string>& arguments) override;

@@ -1,4 +1,4 @@
-#include "platform/linux_devices/kernel_tool_runner.h"
+#include "platform/linux_devices/linux_machine.h"
 #include "platform/linux_live/udev_event_source.h"
 #include "platform/linux_volumes/udisks_ejector.h"
 #include "platform/posix/posix_volume_files.h"
@@ -14,7 +14,7 @@ TEST(ThisLinuxMachine, HasEverythingThatALinuxMachineHas) {
   const auto queue = std::make_shared<HandDrivenQueue>();
   const ScannerOutside machine = thisMachine(queue);
   EXPECT_EQ(machine.acquisition.queue, queue);
-  EXPECT_NE(std::dynamic_pointer_cast<KernelToolRunner>(machine.acquisition.machine), nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<LinuxMachine>(machine.acquisition.machine), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<UdevEventSource>(machine.events), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<UDisksEjector>(machine.ejector), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<PosixVolumeFiles>(machine.volumes), nullptr);

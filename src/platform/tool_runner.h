@@ -8,7 +8,7 @@
 namespace tamberline {
 
 /// In bytes; far more than any report or dump. Of a tool that prints more, a runner gives nothing.
-constexpr std::size_t mostToolOutput = 256'000'000;
+constexpr std::size_t maxToolOutput = 256'000'000;
 
 struct ToolOutput {
   /// Whatever the tool wrote before it ended, as bytes; empty when it could not be started.

@@ -1,4 +1,4 @@
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 
 #include <ostream>
 #include <utility>
@@ -16,7 +16,7 @@ void PrintTo(Question question, std::ostream* stream) {
   *stream << nameOf(question);
 }
 
-std::string FakeTools::answer(Question question) {
+std::string FakeMachine::answer(Question question) {
   const std::lock_guard lock(mutex_);
   questions_.push_back(question);
   ++askCounts_[question];
@@ -29,36 +29,36 @@ std::string FakeTools::answer(Question question) {
   return answer;
 }
 
-void FakeTools::answer(Question question, std::string answer) {
+void FakeMachine::answer(Question question, std::string answer) {
   const std::lock_guard lock(mutex_);
   answers_[question] = std::move(answer);
 }
 
-void FakeTools::answerOnce(Question question, std::string answer) {
+void FakeMachine::answerOnce(Question question, std::string answer) {
   const std::lock_guard lock(mutex_);
   answersForOnce_[question].push_back(std::move(answer));
 }
 
-std::vector<Question> FakeTools::questions() const {
+std::vector<Question> FakeMachine::questions() const {
   const std::lock_guard lock(mutex_);
   return questions_;
 }
 
-void FakeTools::forgetQuestions() {
+void FakeMachine::forgetQuestions() {
   const std::lock_guard lock(mutex_);
   questions_.clear();
 }
 
-std::size_t FakeTools::askCount(Question question) const {
+std::size_t FakeMachine::askCount(Question question) const {
   const std::lock_guard lock(mutex_);
   const auto found = askCounts_.find(question);
   return found == askCounts_.end() ? 0 : found->second;
 }
 
-void answerWithEmptyReports(FakeTools& tools) {
-  tools.answer(Question::thunderbolt, R"({"SPThunderboltDataType": []})");
-  tools.answer(Question::usb, R"({"SPUSBDataType": []})");
-  tools.answer(Question::power, R"({"SPPowerDataType": []})");
+void answerWithEmptyReports(FakeMachine& machine) {
+  machine.answer(Question::thunderbolt, R"({"SPThunderboltDataType": []})");
+  machine.answer(Question::usb, R"({"SPUSBDataType": []})");
+  machine.answer(Question::power, R"({"SPPowerDataType": []})");
 }
 
 } // namespace tamberline

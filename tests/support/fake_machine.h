@@ -26,7 +26,7 @@ std::string nameOf(Question question);
 void PrintTo(Question question, std::ostream* stream);
 
 /// A machine that answers what a test tells it to; nothing until then.
-class FakeTools final : public MachineSource {
+class FakeMachine final : public MachineSource {
 public:
   std::string answer(Question question) override;
 
@@ -52,6 +52,6 @@ private:
 };
 
 /// Empty sections, so that a scan succeeds and finds nothing.
-void answerWithEmptyReports(FakeTools& tools);
+void answerWithEmptyReports(FakeMachine& machine);
 
 } // namespace tamberline

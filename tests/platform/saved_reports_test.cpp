@@ -1,4 +1,4 @@
-#include "platform/saved/saved_reports_runner.h"
+#include "platform/saved/saved_reports.h"
 #include "scanner/silent_event_source.h"
 #include "support/temporary_folder.h"
 
@@ -14,16 +14,16 @@
 namespace tamberline {
 namespace {
 
-class SavedReports : public testing::Test {
+class SavedReportsTest : public testing::Test {
 protected:
   std::string answer(Question question) const {
-    return SavedReportsRunner(folder.path()).answer(question);
+    return SavedReports(folder.path()).answer(question);
   }
 
   TemporaryFolder folder;
 };
 
-TEST_F(SavedReports, HoldTheAnswersByTheirNames) {
+TEST_F(SavedReportsTest, HoldTheAnswersByTheirNames) {
   const struct {
     Question question;
     std::string fileName;
@@ -46,19 +46,19 @@ TEST_F(SavedReports, HoldTheAnswersByTheirNames) {
   }
 }
 
-TEST_F(SavedReports, AreHandedOnByteForByte) {
+TEST_F(SavedReportsTest, AreHandedOnByteForByte) {
   const std::string bytes("\r\n\0\xff", 4);
   folder.save("SPUSBDataType.json", bytes);
   EXPECT_EQ(answer(Question::usb), bytes);
 }
 
-TEST_F(SavedReports, AreEmptyWhereAFileIsMissingOrNoFile) {
+TEST_F(SavedReportsTest, AreEmptyWhereAFileIsMissingOrNoFile) {
   std::filesystem::create_directories(folder.path() / "SPPowerDataType.json");
   EXPECT_EQ(answer(Question::usb), "");
   EXPECT_EQ(answer(Question::power), "");
 }
 
-TEST_F(SavedReports, AreEmptyWhereAFileIsLargerThanAnyReport) {
+TEST_F(SavedReportsTest, AreEmptyWhereAFileIsLargerThanAnyReport) {
   folder.save("SPUSBDataType.json", "");
   std::filesystem::resize_file(folder.path() / "SPUSBDataType.json", 1'000'000'000'000);
   EXPECT_EQ(answer(Question::usb), "");
@@ -87,7 +87,7 @@ private:
   std::thread thread_;
 };
 
-TEST_F(SavedReports, DoNotWaitForAPipeThatTakesTheirPlace) {
+TEST_F(SavedReportsTest, DoNotWaitForAPipeThatTakesTheirPlace) {
   folder.save("SPUSBDataType.json", "content");
   ASSERT_EQ(mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
   const Exchange exchange(folder.path());
@@ -97,7 +97,7 @@ TEST_F(SavedReports, DoNotWaitForAPipeThatTakesTheirPlace) {
   }
 }
 
-TEST_F(SavedReports, OfEveryReleaseAreAnsweredAlike) {
+TEST_F(SavedReportsTest, OfEveryReleaseAreAnsweredAlike) {
   const std::string emptySection = R"({"SPUSBDataType": []})";
   const std::shared_ptr<MachineSource> machine = savedMachine(folder.path());
   EXPECT_EQ(machine->answer(Question::usb), "");

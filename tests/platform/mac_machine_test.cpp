@@ -1,9 +1,9 @@
-#include "platform/macos/mac_tool_runner.h"
-#include "platform/saved/saved_reports_runner.h"
+#include "platform/macos/mac_machine.h"
+#include "platform/saved/saved_reports.h"
 #include "reports/report_decoding.h"
 #include "reports/usb_report.h"
 #include "support/bus_text.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 #include "support/property_list_text.h"
 
 #include <gtest/gtest.h>
@@ -34,36 +34,36 @@ class MacOfAnyRelease : public testing::Test {
 protected:
   std::string usbReport() { return mac.answer(Question::usb); }
 
-  std::shared_ptr<FakeTools> tools = std::make_shared<FakeTools>();
+  std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
   std::atomic<int> mountTableReadings = 0;
-  MacToolRunner mac{tools, [this] {
-                      ++mountTableReadings;
-                      return std::vector<Mount>{{"/dev/disk4s1", "/Volumes/Data"}};
-                    }};
+  MacMachine mac{machine, [this] {
+                   ++mountTableReadings;
+                   return std::vector<Mount>{{"/dev/disk4s1", "/Volumes/Data"}};
+                 }};
 };
 
 TEST_F(MacOfAnyRelease, AnswersWithTheNewerSectionWhereTheOlderIsEmpty) {
-  tools->answer(Question::usb, emptyReport);
-  tools->answer(Question::newerUsb, hostReport);
-  tools->answer(Question::usbHostDevices, registryDump);
+  machine->answer(Question::usb, emptyReport);
+  machine->answer(Question::newerUsb, hostReport);
+  machine->answer(Question::usbHostDevices, registryDump);
   const auto report = decodeReport(usbReport());
   ASSERT_TRUE(report);
   const auto buses = parseUSB(*report, {});
   EXPECT_EQ(busText(buses), "USB31Bus\n"
                             "  Stick high_speed\n");
   EXPECT_EQ(buses.at(0).devices[0].volumes, (std::vector<USBVolume>{{"Data", "/Volumes/Data"}}));
-  EXPECT_EQ(tools->questions(),
+  EXPECT_EQ(machine->questions(),
             (std::vector<Question>{Question::usb, Question::newerUsb, Question::thunderbolt,
                                    Question::usbHostDevices}));
 }
 
 TEST_F(MacOfAnyRelease, AnswersWithoutVolumesWhereTheRegistryTellsNone) {
-  tools->answer(Question::usb, emptyReport);
-  tools->answer(Question::newerUsb, hostReport);
+  machine->answer(Question::usb, emptyReport);
+  machine->answer(Question::newerUsb, hostReport);
   for (const std::string& dump :
        {std::string(), std::string("no list"), propertyList("<array/>")}) {
     SCOPED_TRACE(dump);
-    tools->answer(Question::usbHostDevices, dump);
+    machine->answer(Question::usbHostDevices, dump);
     const auto report = decodeReport(usbReport());
     ASSERT_TRUE(report);
     EXPECT_EQ(busText(parseUSB(*report, {})), "USB31Bus\n"
@@ -73,9 +73,9 @@ TEST_F(MacOfAnyRelease, AnswersWithoutVolumesWhereTheRegistryTellsNone) {
 }
 
 TEST_F(MacOfAnyRelease, AsksForThePortsWithThunderboltWhereADeviceNeedsThem) {
-  tools->answer(Question::usb, emptyReport);
-  tools->answer(Question::newerUsb,
-                R"json({"SPUSBHostDataType": [{"Driver": "AppleT8132USBXHCI", "_items": [
+  machine->answer(Question::usb, emptyReport);
+  machine->answer(Question::newerUsb,
+                  R"json({"SPUSBHostDataType": [{"Driver": "AppleT8132USBXHCI", "_items": [
     {"_name": "Stick", "USBKeyLocationID": "0x00100000"},
     {"_name": "Disk", "USBKeyLocationID": "0x01100000"}]}]})json");
   const struct {
@@ -90,7 +90,7 @@ TEST_F(MacOfAnyRelease, AsksForThePortsWithThunderboltWhereADeviceNeedsThem) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.thunderbolt);
-    tools->answer(Question::thunderbolt, row.thunderbolt);
+    machine->answer(Question::thunderbolt, row.thunderbolt);
     const auto report = decodeReport(usbReport());
     ASSERT_TRUE(report);
     std::string onPorts;
@@ -107,7 +107,7 @@ TEST_F(MacOfAnyRelease, AsksForThePortsWithThunderboltWhereADeviceNeedsThem) {
 }
 
 TEST_F(MacOfAnyRelease, KeepsTheOlderSectionWhereItIsNotAnEmptyArray) {
-  tools->answer(Question::newerUsb, hostReport);
+  machine->answer(Question::newerUsb, hostReport);
   for (const std::string output : {
            R"({"SPUSBDataType": [{}]})",
            R"({"SPUSBDataType": [1]})",
@@ -123,15 +123,15 @@ TEST_F(MacOfAnyRelease, KeepsTheOlderSectionWhereItIsNotAnEmptyArray) {
            "",
        }) {
     SCOPED_TRACE(output);
-    tools->answer(Question::usb, output);
+    machine->answer(Question::usb, output);
     EXPECT_EQ(usbReport(), output);
   }
-  EXPECT_EQ(tools->questions(), std::vector<Question>(12, Question::usb));
+  EXPECT_EQ(machine->questions(), std::vector<Question>(12, Question::usb));
   EXPECT_EQ(mountTableReadings, 0);
 }
 
 TEST_F(MacOfAnyRelease, KeepsTheEmptySectionWhereTheNewerOneGivesNothing) {
-  tools->answer(Question::usb, emptyReport);
+  machine->answer(Question::usb, emptyReport);
   for (const std::string output : {
            R"({"SPUSBHostDataType": []})",
            R"({"SPUSBHostDataType": [1]})",
@@ -143,19 +143,19 @@ TEST_F(MacOfAnyRelease, KeepsTheEmptySectionWhereTheNewerOneGivesNothing) {
            "",
        }) {
     SCOPED_TRACE(output);
-    tools->answer(Question::newerUsb, output);
+    machine->answer(Question::newerUsb, output);
     EXPECT_EQ(usbReport(), emptyReport);
   }
-  EXPECT_EQ(tools->askCount(Question::newerUsb), 8U);
-  EXPECT_EQ(tools->askCount(Question::usbHostDevices), 0U);
+  EXPECT_EQ(machine->askCount(Question::newerUsb), 8U);
+  EXPECT_EQ(machine->askCount(Question::usbHostDevices), 0U);
   EXPECT_EQ(mountTableReadings, 0);
 }
 
 TEST_F(MacOfAnyRelease, HandsOnANewerSectionThatIsTooLargeSoThatItIsSaid) {
   std::string tooLarge = R"({"SPUSBHostDataType": [{}]})";
   tooLarge.resize(longestReport + 1, ' ');
-  tools->answer(Question::usb, emptyReport);
-  tools->answer(Question::newerUsb, tooLarge);
+  machine->answer(Question::usb, emptyReport);
+  machine->answer(Question::newerUsb, tooLarge);
   EXPECT_EQ(usbReport().size(), tooLarge.size());
   EXPECT_FALSE(decodeReport(usbReport()));
 }
@@ -166,19 +166,19 @@ TEST_F(MacOfAnyRelease, PassesEveryOtherAnswerThrough) {
   others.push_back(Question::newerUsb);
   for (const Question question : others) {
     SCOPED_TRACE(nameOf(question));
-    tools->answer(question, emptyReport);
+    machine->answer(question, emptyReport);
     EXPECT_EQ(mac.answer(question), emptyReport);
   }
-  EXPECT_EQ(tools->questions(), others);
+  EXPECT_EQ(machine->questions(), others);
 }
 
 TEST_F(MacOfAnyRelease, AnswersNothingWhereTheReportsDoNot) {
   EXPECT_EQ(usbReport(), "");
-  EXPECT_EQ(tools->questions(), std::vector<Question>{Question::usb});
+  EXPECT_EQ(machine->questions(), std::vector<Question>{Question::usb});
 }
 
 TEST(MacOfASample, GivesItsDevicesTheVolumesOfAMountTable) {
-  MacToolRunner mac(std::make_shared<SavedReportsRunner>(SAMPLES_FOLDER "/studio"), [] {
+  MacMachine mac(std::make_shared<SavedReports>(SAMPLES_FOLDER "/studio"), [] {
     return std::vector<Mount>{{"/dev/disk3s1s1", "/"},
                               {"/dev/disk5s1", "/Volumes/Sessions"},
                               {"/dev/disk5s2", "/Volumes/Samples 24:25"},
@@ -199,9 +199,9 @@ TEST(MacOfASample, GivesItsDevicesTheVolumesOfAMountTable) {
 }
 
 TEST_F(MacOfAnyRelease, AnswersSeveralAtOnce) {
-  tools->answer(Question::usb, emptyReport);
-  tools->answer(Question::newerUsb, hostReport);
-  tools->answer(Question::usbHostDevices, registryDump);
+  machine->answer(Question::usb, emptyReport);
+  machine->answer(Question::newerUsb, hostReport);
+  machine->answer(Question::usbHostDevices, registryDump);
   const std::string expected = usbReport();
   std::vector<std::string> answers(4);
   std::vector<std::thread> threads;

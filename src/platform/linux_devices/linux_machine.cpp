@@ -1,4 +1,4 @@
-#include "platform/linux_devices/kernel_tool_runner.h"
+#include "platform/linux_devices/linux_machine.h"
 
 #include "platform/linux_devices/property_list_text.h"
 #include "platform/linux_devices/registry_dumps.h"
@@ -43,15 +43,14 @@ std::string answerOf(const sysfs::Machine& machine, Question question) {
 
 } // namespace
 
-KernelToolRunner::KernelToolRunner(MachineReader readMachine)
-    : readMachine_(std::move(readMachine)) {}
+LinuxMachine::LinuxMachine(MachineReader readMachine) : readMachine_(std::move(readMachine)) {}
 
-std::string KernelToolRunner::answer(Question question) {
+std::string LinuxMachine::answer(Question question) {
   const std::shared_ptr<const sysfs::Machine> machine = machineFor(question);
   return answerOf(*machine, question);
 }
 
-std::shared_ptr<const sysfs::Machine> KernelToolRunner::machineFor(Question question) {
+std::shared_ptr<const sysfs::Machine> LinuxMachine::machineFor(Question question) {
   const std::scoped_lock lock(mutex_);
   if (machine_ == nullptr || answered_.contains(question)) {
     machine_ = std::make_shared<const sysfs::Machine>(readMachine_());

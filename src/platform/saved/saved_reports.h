@@ -13,9 +13,9 @@ const char* savedFileName(Question question);
 
 /// Answers from a folder of saved reports (docs/report-folder.md): each file holds what one tool
 /// wrote. A file that is missing or unreadable stands for a tool that wrote nothing.
-class SavedReportsRunner final : public MachineSource {
+class SavedReports final : public MachineSource {
 public:
-  explicit SavedReportsRunner(std::filesystem::path folder);
+  explicit SavedReports(std::filesystem::path folder);
 
   std::string answer(Question question) override;
 

@@ -15,12 +15,12 @@ namespace tamberline {
 ///
 /// All answers of one scan are about the same moment: the machine is read when something is asked
 /// that was asked before, since a scan asks for each thing once.
-class KernelToolRunner final : public MachineSource {
+class LinuxMachine final : public MachineSource {
 public:
   using MachineReader = std::function<sysfs::Machine()>;
 
   /// `readMachine` is called on any thread, one call at a time.
-  explicit KernelToolRunner(MachineReader readMachine);
+  explicit LinuxMachine(MachineReader readMachine);
 
   std::string answer(Question question) override;
 

@@ -8,7 +8,7 @@
 namespace tamberline {
 
 /// What answers for the machine that the program runs on.
-std::shared_ptr<MachineSource> toolsOfThisMachine();
+std::shared_ptr<MachineSource> sourceOfThisMachine();
 
 /// What tells of its changes; needs an event loop.
 std::shared_ptr<PortEventSource> eventsOfThisMachine();

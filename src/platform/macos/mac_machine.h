@@ -15,13 +15,13 @@ namespace tamberline {
 /// section, this source then puts it together from the newer one, the registry and the mount table.
 /// Everything else, and the USB section wherever that gives nothing, is the reports' own answer. A
 /// newer section that is too large to be read is handed on as it is, so that its reading fails.
-class MacToolRunner final : public MachineSource {
+class MacMachine final : public MachineSource {
 public:
   using MountTableReader = std::function<std::vector<Mount>()>;
 
   /// `reports` answers as a Mac of any release does. `readMountTable` is called on any thread,
   /// several at once.
-  MacToolRunner(std::shared_ptr<MachineSource> reports, MountTableReader readMountTable);
+  MacMachine(std::shared_ptr<MachineSource> reports, MountTableReader readMountTable);
 
   std::string answer(Question question) override;
 

@@ -1,8 +1,8 @@
-#include "platform/saved/saved_reports_runner.h"
+#include "platform/saved/saved_reports.h"
 
-#include "acquisition/tool_runner.h"
-#include "platform/macos/mac_tool_runner.h"
+#include "platform/macos/mac_machine.h"
 #include "platform/saved/regular_file.h"
+#include "platform/tool_runner.h"
 
 #include <utility>
 #include <vector>
@@ -33,15 +33,15 @@ const char* savedFileName(Question question) {
   return "";
 }
 
-SavedReportsRunner::SavedReportsRunner(std::filesystem::path folder) : folder_(std::move(folder)) {}
+SavedReports::SavedReports(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-std::string SavedReportsRunner::answer(Question question) {
-  return readRegularFile(folder_ / savedFileName(question), mostToolOutput).value_or("");
+std::string SavedReports::answer(Question question) {
+  return readRegularFile(folder_ / savedFileName(question), maxToolOutput).value_or("");
 }
 
 std::shared_ptr<MachineSource> savedMachine(const std::filesystem::path& folder) {
-  return std::make_shared<MacToolRunner>(std::make_shared<SavedReportsRunner>(folder),
-                                         [] { return std::vector<Mount>(); });
+  return std::make_shared<MacMachine>(std::make_shared<SavedReports>(folder),
+                                      [] { return std::vector<Mount>(); });
 }
 
 } // namespace tamberline

@@ -1,8 +1,8 @@
-#include "platform/linux_devices/kernel_tool_runner.h"
+#include "platform/linux_devices/linux_machine.h"
 #include "platform/linux_devices/sysfs_tree.h"
 #include "registry/property_list.h"
 #include "reports/report_decoding.h"
-#include "support/fake_tools.h"
+#include "support/fake_machine.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -16,35 +16,35 @@ namespace {
 
 using namespace std::string_literals;
 
-class KernelTools : public testing::Test {
+class LinuxMachineTest : public testing::Test {
 protected:
   int readings = 0;
-  KernelToolRunner tools{[this] {
+  LinuxMachine machine{[this] {
     ++readings;
     return sysfs::Machine();
   }};
 };
 
-TEST_F(KernelTools, AnswerEveryQuestionOfAScanFromOneReading) {
+TEST_F(LinuxMachineTest, AnswersEveryQuestionOfAScanFromOneReading) {
   for (const Question question : questionsOfAScan) {
-    EXPECT_FALSE(tools.answer(question).empty());
+    EXPECT_FALSE(machine.answer(question).empty());
   }
   EXPECT_EQ(readings, 1);
 }
 
-TEST_F(KernelTools, ReadAnewForTheNextScan) {
-  tools.answer(Question::usb);
-  tools.answer(Question::power);
-  tools.answer(Question::usb);
+TEST_F(LinuxMachineTest, IsReadAnewForTheNextScan) {
+  machine.answer(Question::usb);
+  machine.answer(Question::power);
+  machine.answer(Question::usb);
   EXPECT_EQ(readings, 2);
-  tools.answer(Question::power);
+  machine.answer(Question::power);
   EXPECT_EQ(readings, 2);
 }
 
-TEST_F(KernelTools, ReadOnceWhenAskedFromSeveralThreads) {
+TEST_F(LinuxMachineTest, IsReadOnceWhenAskedFromSeveralThreads) {
   std::vector<std::thread> threads;
   for (const Question question : questionsOfAScan) {
-    threads.emplace_back([this, question] { tools.answer(question); });
+    threads.emplace_back([this, question] { machine.answer(question); });
   }
   for (std::thread& thread : threads) {
     thread.join();
@@ -52,24 +52,24 @@ TEST_F(KernelTools, ReadOnceWhenAskedFromSeveralThreads) {
   EXPECT_EQ(readings, 1);
 }
 
-TEST_F(KernelTools, HaveNoNewerUsbSection) {
-  EXPECT_EQ(tools.answer(Question::newerUsb), "");
+TEST_F(LinuxMachineTest, HasNoNewerUsbSection) {
+  EXPECT_EQ(machine.answer(Question::newerUsb), "");
 }
 
 /// Asks a whole scan's questions about a tree; the scan can read all answers.
 void expectAnswers(const SysfsTree& tree) {
-  KernelToolRunner tools([&] { return tree.read(); });
+  LinuxMachine machine([&] { return tree.read(); });
   for (const Question question : questionsOfAScan) {
-    const std::string answer = tools.answer(question);
+    const std::string answer = machine.answer(question);
     EXPECT_TRUE(decodeReport(answer) || PropertyList::decode(answer)) << answer.substr(0, 1000);
   }
 }
 
-TEST(KernelToolsOnOddMachines, AnswerWhereThereIsNothing) {
+TEST(OddLinuxMachines, AnswerWhereThereIsNothing) {
   expectAnswers(SysfsTree());
 }
 
-TEST(KernelToolsOnOddMachines, AnswerWhereEverythingIsSomethingElse) {
+TEST(OddLinuxMachines, AnswerWhereEverythingIsSomethingElse) {
   const SysfsTree files;
   for (const char* folder : {"bus", "class"}) {
     files.attribute(folder, "a file");
@@ -83,7 +83,7 @@ TEST(KernelToolsOnOddMachines, AnswerWhereEverythingIsSomethingElse) {
   expectAnswers(loops);
 }
 
-TEST(KernelToolsOnOddMachines, AnswerWithWhatDevicesMakeUp) {
+TEST(OddLinuxMachines, AnswerWithWhatDevicesMakeUp) {
   const SysfsTree tree;
   const std::string long_(1'000'000, '\xE4');
   for (const std::string name : {"usb1", "1-1", "1-1.1", "1-1.2"}) {

@@ -1,4 +1,4 @@
-#include "platform/macos/mac_tool_runner.h"
+#include "platform/macos/mac_machine.h"
 
 #include "platform/macos/mounted_media.h"
 #include "platform/macos/usb_host_report.h"
@@ -52,11 +52,10 @@ VolumesByLocation mountedVolumes(MachineSource& reports, const std::vector<Mount
 
 } // namespace
 
-MacToolRunner::MacToolRunner(std::shared_ptr<MachineSource> reports,
-                             MountTableReader readMountTable)
+MacMachine::MacMachine(std::shared_ptr<MachineSource> reports, MountTableReader readMountTable)
     : reports_(std::move(reports)), readMountTable_(std::move(readMountTable)) {}
 
-std::string MacToolRunner::answer(Question question) {
+std::string MacMachine::answer(Question question) {
   std::string answer = reports_->answer(question);
   if (question != Question::usb || !isEmptyUsbSection(answer)) {
     return answer;
