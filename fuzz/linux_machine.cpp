@@ -1,9 +1,9 @@
 // The way from a description of the folders in which the kernel describes a machine ("sys"), of its
 // mount table ("mountinfo") and of udev's notes ("udev") to the document and the panel.
-#include "platform/linux_devices/linux_machine.h"
+#include "platform/linux/sysfs/report/linux_machine.h"
 
 #include "fuzz_target.h"
-#include "platform/linux_devices/machine_reader.h"
+#include "platform/linux/sysfs/read/machine_reader.h"
 #include "registry/property_list.h"
 #include "reports/report_decoding.h"
 #include "scan_checks.h"

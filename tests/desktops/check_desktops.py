@@ -16,7 +16,7 @@ import time
 from desktops import Sway, SwayAtDoubleScale, SwayWithLightBar, Weston
 from screen import HEIGHT, WIDTH, Box, Failure, Screen, wait_for
 
-MACHINE = (pathlib.Path(__file__).parent.parent / "platform" / "linux_machines" /
+MACHINE = (pathlib.Path(__file__).parent.parent / "platform" / "linux" / "machines" /
            "docked-laptop.umockdev")
 # A little more than the panel's 400 points: some desktops draw a frame around a window.
 PANEL_WIDTHS = range(400, 412)

@@ -1,5 +1,5 @@
 #include "i18n/app_language.h"
-#include "platform/linux/locale_environment.h"
+#include "platform/linux/system/locale_environment.h"
 #include "platform/preferred_languages.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/linux_symbols/theme_icons.h"
+#include "platform/linux/symbols/theme_icons.h"
 #include "support/sample_records.h"
 #include "views/device_icons.h"
 #include "views/power_card.h"

@@ -1,4 +1,4 @@
-#include "platform/linux_symbols/theme_icons.h"
+#include "platform/linux/symbols/theme_icons.h"
 #include "symbols/symbol_image.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,61 @@
+#include "platform/desktop.h"
+
+#include "platform/linux/desktop/layer_shell.h"
+#include "platform/linux/desktop/linux_tray.h"
+
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <QStandardPaths>
+
+namespace tamberline {
+namespace {
+
+/// What the entry sets that starts the program with the session.
+constexpr const char* backgroundVariable = "TAMBERLINE_START_IN_BACKGROUND";
+
+/// A Wayland desktop that keeps the places of windows to itself.
+class UntoldWindowPlaces final : public WindowPlaces {
+public:
+  Decider decider() const override { return Decider::desktop; }
+  std::unique_ptr<CornerHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
+                                           HoldEvents /*events*/) override {
+    return nullptr;
+  }
+};
+
+} // namespace
+
+/// The panel is text and rectangles. Drawing them in software starts in a third of the time and
+/// memory that a graphics driver takes.
+void chooseGraphics() {
+  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+QString systemRuntimeFolder() {
+  return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+}
+
+bool takeStartInBackground() {
+  const bool isInBackground = qEnvironmentVariableIntValue(backgroundVariable) == 1;
+  qunsetenv(backgroundVariable);
+  return isInBackground;
+}
+
+/// The session's own entry says so when it wants the icon only.
+bool opensPanelAtStart() {
+  return true;
+}
+
+std::shared_ptr<WindowPlaces> windowPlacesHere() {
+  if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+    return std::make_shared<FreeWindowPlaces>();
+  }
+  std::shared_ptr<WindowPlaces> places = layerShellPlaces();
+  return places ? places : std::make_shared<UntoldWindowPlaces>();
+}
+
+std::unique_ptr<Tray> trayHere(const std::shared_ptr<WindowPlaces>& places) {
+  return std::make_unique<LinuxTray>(places);
+}
+
+} // namespace tamberline

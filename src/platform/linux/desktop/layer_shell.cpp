@@ -1,0 +1,143 @@
+#include "platform/linux/desktop/layer_shell.h"
+
+#include <QColor>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QRasterWindow>
+#include <QScreen>
+
+#include <LayerShellQt/Window>
+#include <cstring>
+#include <utility>
+#include <wayland-client.h>
+
+namespace tamberline {
+namespace {
+
+using LayerWindow = LayerShellQt::Window;
+
+/// Between a held window and the edges of what is free, in points.
+constexpr int margin = 8;
+
+LayerWindow::Anchors anchorsOf(Qt::Corner corner) {
+  const bool isLeft = corner == Qt::TopLeftCorner || corner == Qt::BottomLeftCorner;
+  const bool isTop = corner == Qt::TopLeftCorner || corner == Qt::TopRightCorner;
+  return LayerWindow::Anchors(isLeft ? LayerWindow::AnchorLeft : LayerWindow::AnchorRight) |
+         (isTop ? LayerWindow::AnchorTop : LayerWindow::AnchorBottom);
+}
+
+/// Lies unseen below a held window, over all that bars leave free: its size is how that is told,
+/// and clicks beside the held window end here. (Not every desktop takes the keyboard from a held
+/// window when something else is clicked.)
+class Backdrop final : public QRasterWindow {
+public:
+  explicit Backdrop(WindowPlaces::HoldEvents events) : events_(std::move(events)) {
+    setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
+    QSurfaceFormat transparent = format();
+    transparent.setAlphaBufferSize(8);
+    setFormat(transparent);
+    resize(1, 1);
+    LayerWindow* const layer = LayerWindow::get(this);
+    layer->setScope(QStringLiteral("tamberline-backdrop"));
+    layer->setLayer(LayerWindow::LayerTop);
+    layer->setAnchors(LayerWindow::Anchors(LayerWindow::AnchorTop) | LayerWindow::AnchorBottom |
+                      LayerWindow::AnchorLeft | LayerWindow::AnchorRight);
+    layer->setKeyboardInteractivity(LayerWindow::KeyboardInteractivityNone);
+    layer->setScreenConfiguration(LayerWindow::ScreenFromCompositor);
+  }
+
+  /// Nobody listens any more.
+  void forgetEvents() { events_ = {}; }
+
+protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QRasterWindow::resizeEvent(event);
+    if (height() > 1) { // the desktop has given the window its size
+      events_.freeHeightTold(height());
+    }
+  }
+  void mousePressEvent(QMouseEvent* /*event*/) override {
+    const auto clickedOutside = events_.clickedOutside; // which may end the hold
+    clickedOutside();
+  }
+
+  void paintEvent(QPaintEvent* event) override {
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(event->rect(), Qt::transparent);
+  }
+
+private:
+  WindowPlaces::HoldEvents events_;
+};
+
+class LayerShellHold final : public CornerHold {
+public:
+  LayerShellHold(QWindow& window, Qt::Corner corner, WindowPlaces::HoldEvents events)
+      : backdrop_(new Backdrop(std::move(events))) {
+    LayerWindow* const layer = LayerWindow::get(&window);
+    layer->setScope(QStringLiteral("tamberline"));
+    layer->setLayer(LayerWindow::LayerOverlay);
+    layer->setAnchors(anchorsOf(corner));
+    layer->setMargins({margin, margin, margin, margin});
+    layer->setKeyboardInteractivity(LayerWindow::KeyboardInteractivityOnDemand);
+    layer->setScreenConfiguration(LayerWindow::ScreenFromCompositor);
+    backdrop_->show();
+  }
+  LayerShellHold(const LayerShellHold&) = delete;
+  LayerShellHold& operator=(const LayerShellHold&) = delete;
+
+  /// A click on the backdrop may be what ends the hold, so the backdrop is deleted by the event
+  /// loop.
+  ~LayerShellHold() override {
+    backdrop_->forgetEvents();
+    backdrop_->hide();
+    backdrop_->deleteLater();
+  }
+
+private:
+  Backdrop* backdrop_; // deleted by the event loop
+};
+
+class LayerShellPlaces final : public WindowPlaces {
+public:
+  Decider decider() const override { return Decider::corner; }
+
+  std::unique_ptr<CornerHold> holdInCorner(QWindow& window, Qt::Corner corner,
+                                           HoldEvents events) override {
+    return std::make_unique<LayerShellHold>(window, corner, std::move(events));
+  }
+};
+
+void noteLayerShell(void* isThere, wl_registry* /*registry*/, std::uint32_t /*name*/,
+                    const char* interface, std::uint32_t /*version*/) {
+  if (std::strcmp(interface, "zwlr_layer_shell_v1") == 0) {
+    *static_cast<bool*>(isThere) = true;
+  }
+}
+
+void ignoreRemoval(void* /*data*/, wl_registry* /*registry*/, std::uint32_t /*name*/) {}
+
+/// Asked over a connection of its own, which Qt's does not notice.
+bool hasLayerShell() {
+  wl_display* const display = wl_display_connect(nullptr);
+  if (display == nullptr) {
+    return false;
+  }
+  bool isThere = false;
+  const wl_registry_listener listener{.global = noteLayerShell, .global_remove = ignoreRemoval};
+  wl_registry* const registry = wl_display_get_registry(display);
+  wl_registry_add_listener(registry, &listener, &isThere);
+  wl_display_roundtrip(display);
+  wl_registry_destroy(registry);
+  wl_display_disconnect(display);
+  return isThere;
+}
+
+} // namespace
+
+std::unique_ptr<WindowPlaces> layerShellPlaces() {
+  return hasLayerShell() ? std::make_unique<LayerShellPlaces>() : nullptr;
+}
+
+} // namespace tamberline

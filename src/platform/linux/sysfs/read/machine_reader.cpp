@@ -1,0 +1,23 @@
+#include "platform/linux/sysfs/read/machine_reader.h"
+
+#include "platform/linux/sysfs/read/power_supply_reader.h"
+#include "platform/linux/sysfs/read/thunderbolt_reader.h"
+#include "platform/linux/sysfs/read/typec_reader.h"
+#include "platform/linux/sysfs/read/usb_reader.h"
+#include "platform/linux/sysfs/read/volumes.h"
+
+namespace tamberline::sysfs {
+
+Machine readMachine(const MachinePaths& paths, const HardwareDatabase& database,
+                    UsbTextKeeper& texts) {
+  Machine machine{
+      .usb = readUsb(paths, database, texts),
+      .thunderbolt = readThunderbolt(paths.sysfs),
+      .typecPorts = readTypecPorts(paths.sysfs),
+      .powerSupplies = readPowerSupplies(paths.sysfs),
+  };
+  addVolumes(paths, machine);
+  return machine;
+}
+
+} // namespace tamberline::sysfs

@@ -1,0 +1,171 @@
+#include "platform/linux/sysfs/read/typec_reader.h"
+
+#include "base/text.h"
+#include "platform/linux/sysfs/read/attribute_files.h"
+#include "platform/linux/sysfs/read/device_folders.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace tamberline::sysfs {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A word of what partner and cable tell of themselves: "0x1c0005ac".
+std::uint64_t identityWord(const fs::path& folder, const char* name) {
+  std::string_view digits;
+  const std::string text = readTextOrNothing(folder / "identity" / name);
+  digits = text;
+  if (digits.starts_with("0x")) {
+    digits.remove_prefix(2);
+  }
+  const std::int64_t word = parseHexadecimal(digits).value_or(0);
+  return word < 0 ? 0 : static_cast<std::uint64_t>(word);
+}
+
+/// Alternate modes are folders such as "port0-partner.1".
+std::vector<fs::path> alternateModes(const fs::path& partner, const std::string& partnerName) {
+  std::vector<fs::path> modes;
+  for (const std::string& name : namesIn(partner)) {
+    if (name.starts_with(partnerName + ".")) {
+      modes.push_back(partner / name);
+    }
+  }
+  return modes;
+}
+
+PartnerVideo videoIn(const std::vector<fs::path>& modes) {
+  constexpr const char* displayPort = "ff01";
+  PartnerVideo video = PartnerVideo::none;
+  for (const fs::path& mode : modes) {
+    if (readTextOrNothing(mode / "svid") == displayPort) {
+      const bool isActive = readTextOrNothing(mode / "active") == "yes";
+      video = isActive ? PartnerVideo::active : std::max(video, PartnerVideo::offered);
+    }
+  }
+  return video;
+}
+
+bool areThunderbolt(const std::vector<fs::path>& modes) {
+  return std::any_of(modes.begin(), modes.end(), [](const fs::path& mode) {
+    return readTextOrNothing(mode / "svid") == "8087";
+  });
+}
+
+PartnerAccessory readAccessory(const fs::path& partner) {
+  const std::string mode = readTextOrNothing(partner / "accessory_mode");
+  if (mode == "analog_audio") {
+    return PartnerAccessory::audio;
+  }
+  return mode == "debug" ? PartnerAccessory::debug : PartnerAccessory::none;
+}
+
+/// One of the powers that a source offers, such as "1:fixed_supply".
+struct PowerOffer {
+  std::int64_t millivolts = 0;
+  std::int64_t milliamperes = 0;
+};
+
+std::vector<PowerOffer> readOffers(const fs::path& device) {
+  const fs::path folder = device / "usb_power_delivery" / "source-capabilities";
+  std::vector<PowerOffer> offers;
+  for (const std::string& name : namesIn(folder)) {
+    const auto millivolts = readNumber(folder / name / "voltage");
+    const auto milliamperes = readNumber(folder / name / "maximum_current");
+    if (millivolts && milliamperes && name.ends_with(":fixed_supply")) {
+      offers.push_back({*millivolts, *milliamperes});
+    }
+  }
+  return offers;
+}
+
+std::optional<double> mostWattsOf(const std::vector<PowerOffer>& offers) {
+  double most = 0;
+  for (const PowerOffer& offer : offers) {
+    most = std::max(most, static_cast<double>(offer.millivolts) *
+                              static_cast<double>(offer.milliamperes) / 1'000'000);
+  }
+  constexpr double mostCredibleWatts = 10'000;
+  return most > 0 && most <= mostCredibleWatts ? std::optional(most) : std::nullopt;
+}
+
+std::optional<std::int64_t> milliamperesAtFiveVolts(const std::vector<PowerOffer>& offers) {
+  const auto found = std::find_if(offers.begin(), offers.end(), [](const PowerOffer& offer) {
+    return offer.millivolts == 5000 && offer.milliamperes > 0;
+  });
+  return found == offers.end() ? std::nullopt : std::optional(found->milliamperes);
+}
+
+std::optional<TypecPartner> readPartner(const fs::path& ports, const std::string& portName) {
+  const std::string name = portName + "-partner";
+  const fs::path folder = ports / name;
+  if (!doesExist(folder)) {
+    return std::nullopt;
+  }
+  constexpr unsigned productShift = 16;
+  const std::vector<fs::path> modes = alternateModes(folder, name);
+  const std::int64_t countOfModes = readNumber(folder / "number_of_alternate_modes").value_or(0);
+  return TypecPartner{
+      .vendorId = static_cast<std::int64_t>(identityWord(folder, "id_header") & 0xFFFFU),
+      .productId =
+          static_cast<std::int64_t>((identityWord(folder, "product") >> productShift) & 0xFFFFU),
+      .video = videoIn(modes),
+      .accessory = readAccessory(folder),
+      .hasAlternateModes = !modes.empty() || countOfModes > 0,
+      .knowsThunderbolt = areThunderbolt(modes),
+      .offeredWatts = mostWattsOf(readOffers(folder)),
+  };
+}
+
+std::optional<TypecCable> readCable(const fs::path& ports, const std::string& portName) {
+  const fs::path folder = ports / (portName + "-cable");
+  if (!doesExist(folder)) {
+    return std::nullopt;
+  }
+  constexpr std::uint64_t isOptical = 1U << 10U; // in the second word of an active cable
+  const bool isActive = readTextOrNothing(folder / "type") == "active";
+  const bool tellsOptical = (identityWord(folder, "product_type_vdo2") & isOptical) != 0;
+  return TypecCable{.isActive = isActive, .isOptical = isActive && tellsOptical};
+}
+
+/// Test beds list what they have of USB-C on a bus instead.
+fs::path portsFolder(const fs::path& sysfs) {
+  const fs::path folder = classFolder(sysfs, "typec");
+  return doesExist(folder) ? folder : busFolder(sysfs, "typec");
+}
+
+PowerRole readRole(const fs::path& port) {
+  const std::string role = readChoice(port / "power_role");
+  if (role == "source") {
+    return PowerRole::source;
+  }
+  return role == "sink" ? PowerRole::sink : PowerRole::unknown;
+}
+
+} // namespace
+
+std::map<int, TypecPort> readTypecPorts(const fs::path& sysfs) {
+  const fs::path folder = portsFolder(sysfs);
+  std::map<int, TypecPort> ports;
+  for (const std::string& name : namesIn(folder)) {
+    const auto number = typecPortNumber(name);
+    if (!number) {
+      continue;
+    }
+    const fs::path port = folder / name;
+    ports.insert_or_assign(*number, TypecPort{
+                                        .role = readRole(port),
+                                        .isDualRole = readChoice(port / "port_type") == "dual",
+                                        .offeredMa = milliamperesAtFiveVolts(readOffers(port)),
+                                        .partner = readPartner(folder, name),
+                                        .cable = readCable(folder, name),
+                                        .location = physicalLocation(port),
+                                        .controller = owningDevice(port),
+                                    });
+  }
+  return ports;
+}
+
+} // namespace tamberline::sysfs

@@ -1,0 +1,78 @@
+#include "platform/linux/sysfs/read/usb_descriptors.h"
+
+#include <cstddef>
+
+namespace tamberline::sysfs {
+namespace {
+
+unsigned byteAt(std::string_view bytes, std::size_t index) {
+  return static_cast<unsigned char>(bytes[index]);
+}
+
+/// Takes the first descriptor off; empty when what is left is none.
+std::string_view takeDescriptor(std::string_view& bytes) {
+  constexpr std::size_t minLength = 2; // its length and its type
+  const std::size_t length = bytes.empty() ? 0 : byteAt(bytes, 0);
+  if (length < minLength || length > bytes.size()) {
+    return {};
+  }
+  const std::string_view descriptor = bytes.substr(0, length);
+  bytes.remove_prefix(length);
+  return descriptor;
+}
+
+std::string uuidText(std::string_view bytes) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string text;
+  for (std::size_t index = 0; index < bytes.size(); ++index) {
+    if (index == 4 || index == 6 || index == 8 || index == 10) {
+      text += '-';
+    }
+    text += digits[byteAt(bytes, index) >> 4U];
+    text += digits[byteAt(bytes, index) & 0xFU];
+  }
+  return text;
+}
+
+} // namespace
+
+std::optional<std::string> containerIdIn(std::string_view descriptors) {
+  constexpr unsigned deviceCapability = 0x10;
+  constexpr unsigned containerId = 0x04;
+  constexpr std::size_t lengthOfContainerId = 20;
+  constexpr std::size_t uuidOffset = 4;
+  constexpr std::size_t uuidLength = 16;
+  while (true) {
+    const std::string_view descriptor = takeDescriptor(descriptors);
+    if (descriptor.empty()) {
+      return std::nullopt;
+    }
+    if (descriptor.size() >= lengthOfContainerId && byteAt(descriptor, 1) == deviceCapability &&
+        byteAt(descriptor, 2) == containerId) {
+      const std::string_view uuid = descriptor.substr(uuidOffset, uuidLength);
+      const bool isNone = uuid.find_first_not_of('\0') == std::string_view::npos;
+      return isNone ? std::nullopt : std::optional(uuidText(uuid));
+    }
+  }
+}
+
+std::optional<std::int64_t> ratedMaIn(std::string_view descriptors, int configuration,
+                                      bool isSuperSpeed) {
+  constexpr unsigned configurationType = 0x02;
+  constexpr std::size_t lengthOfConfiguration = 9;
+  constexpr std::size_t valueOffset = 5;
+  constexpr std::size_t maxPowerOffset = 8;
+  const std::int64_t unitMa = isSuperSpeed ? 8 : 2;
+  while (true) {
+    const std::string_view descriptor = takeDescriptor(descriptors);
+    if (descriptor.empty()) {
+      return std::nullopt;
+    }
+    if (descriptor.size() >= lengthOfConfiguration && byteAt(descriptor, 1) == configurationType &&
+        byteAt(descriptor, valueOffset) == static_cast<unsigned>(configuration)) {
+      return byteAt(descriptor, maxPowerOffset) * unitMa;
+    }
+  }
+}
+
+} // namespace tamberline::sysfs

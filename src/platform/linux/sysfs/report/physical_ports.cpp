@@ -1,0 +1,259 @@
+#include "platform/linux/sysfs/report/physical_ports.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace tamberline::sysfs {
+namespace {
+
+constexpr int greatestPortOfUsb = 254; // a location has a byte for it, and 255 is no port
+
+/// Which port of the case is at which place; a place with several ports tells nothing.
+class Places {
+public:
+  void add(const std::optional<PhysicalLocation>& place, int port) {
+    if (place && port <= greatestPortOfUsb) {
+      const auto [entry, isNew] = ports_.emplace(*place, port);
+      if (!isNew) {
+        entry->second = std::nullopt;
+      }
+    }
+  }
+
+  std::optional<int> portAt(const std::optional<PhysicalLocation>& place) const {
+    const auto found = place ? ports_.find(*place) : ports_.end();
+    return found == ports_.end() ? std::nullopt : found->second;
+  }
+
+private:
+  std::map<PhysicalLocation, std::optional<int>> ports_;
+};
+
+/// Something of a Thunderbolt or USB4 domain that firmware ties to no USB-C port: a USB4 port, or a
+/// first router behind a host that does not tell its ports apart.
+struct UntiedPort {
+  RouterAddress host;
+  std::optional<Usb4Port> port = {};
+  std::optional<RouterAddress> router = {}; // absent where nothing is connected
+};
+
+class PortFinder {
+public:
+  explicit PortFinder(const Machine& machine) : machine_(machine) {
+    for (const auto& [number, port] : machine.typecPorts) {
+      found_.ports[number];
+      places_.add(port.location, number);
+    }
+  }
+
+  PhysicalPorts find() && {
+    placeUsb4Ports();
+    placeUntiedPorts();
+    placeUsbPorts();
+    return std::move(found_);
+  }
+
+private:
+  int addPort(const UntiedPort& untied) {
+    const int number = found_.ports.empty() ? 0 : found_.ports.rbegin()->first + 1;
+    if (untied.port) {
+      addedPlaces_.emplace_back(untied.port->location, number);
+    }
+    take(untied, number);
+    return number;
+  }
+
+  void take(const UntiedPort& untied, int number) {
+    found_.ports[number].host = untied.host;
+    if (untied.router) {
+      found_.ports[number].routers.push_back(*untied.router);
+    }
+  }
+
+  /// Of two USB4 ports at the place of one USB-C port neither can be told to be it.
+  bool isAloneAtItsPlace(const Usb4Port& port) const {
+    const auto& ports = machine_.thunderbolt.hostPorts;
+    return std::count_if(ports.begin(), ports.end(), [&](const Usb4Port& other) {
+             return other.location == port.location;
+           }) == 1;
+  }
+
+  std::optional<int> knownPortOf(const Usb4Port& port) const {
+    if (port.connector && machine_.typecPorts.contains(*port.connector)) {
+      return port.connector;
+    }
+    return isAloneAtItsPlace(port) ? places_.portAt(port.location) : std::nullopt;
+  }
+
+  /// The first routers of a domain, also one whose router above went while the machine was read.
+  std::vector<RouterAddress> firstRouters(const RouterAddress& host) const {
+    std::vector<RouterAddress> first;
+    for (const auto& [address, router] : machine_.thunderbolt.routers) {
+      if (!address.isHost() && address.domain == host.domain &&
+          (address.parent().isHost() || !machine_.thunderbolt.routers.contains(address.parent()))) {
+        first.push_back(address);
+      }
+    }
+    return first;
+  }
+
+  void placeUsb4Ports() {
+    std::set<RouterAddress> placed;
+    for (const Usb4Port& port : machine_.thunderbolt.hostPorts) {
+      UntiedPort untied{.host = port.host, .port = port};
+      const auto known = knownPortOf(port);
+      for (const RouterAddress& router : firstRouters(port.host)) {
+        if (router.hostPort() == port.number && placed.insert(router).second) {
+          untied.router = router;
+          if (known) {
+            take(untied, *known);
+          } else {
+            untied_.push_back(untied);
+          }
+        }
+      }
+      if (untied.router) {
+        continue;
+      }
+      if (known) {
+        take(untied, *known);
+      } else {
+        untied_.push_back(untied);
+      }
+    }
+    collectOtherRouters(placed);
+  }
+
+  /// Those of hosts that do not tell their ports apart, and such hosts themselves.
+  void collectOtherRouters(const std::set<RouterAddress>& placed) {
+    for (const auto& entry : machine_.thunderbolt.routers) {
+      const RouterAddress host = entry.first;
+      if (!host.isHost()) {
+        continue;
+      }
+      bool hasRouters = false;
+      for (const RouterAddress& router : firstRouters(host)) {
+        hasRouters = true;
+        if (!placed.contains(router)) {
+          untied_.push_back({.host = host, .router = router});
+        }
+      }
+      const auto& ports = machine_.thunderbolt.hostPorts;
+      const bool tellsPorts = std::any_of(ports.begin(), ports.end(),
+                                          [&](const Usb4Port& port) { return port.host == host; });
+      if (!hasRouters && !tellsPorts) {
+        untied_.push_back({.host = host});
+      }
+    }
+  }
+
+  /// Every port that knows Thunderbolt or USB4 is a USB-C port, whether or not firmware says which:
+  /// where the kernel lists USB-C ports, there are no others.
+  void placeUntiedPorts() {
+    std::vector<UntiedPort> connected;
+    std::vector<UntiedPort> others;
+    for (const UntiedPort& untied : untied_) {
+      (untied.router || machine_.typecPorts.empty() ? connected : others).push_back(untied);
+    }
+    const std::vector<int> ports = portsOfRouters(connected.size());
+    for (std::size_t index = 0; index < connected.size(); ++index) {
+      if (ports.empty()) {
+        addPort(connected[index]);
+      } else {
+        take(connected[index], ports[index]);
+      }
+    }
+    for (std::size_t index = freePorts().size(); index < others.size(); ++index) {
+      addPort(others[index]);
+    }
+    for (const auto& [place, number] : addedPlaces_) {
+      places_.add(place, number);
+    }
+  }
+
+  /// The USB-C ports of as many routers, in order; empty where that cannot be told.
+  std::vector<int> portsOfRouters(std::size_t count) const {
+    std::vector<int> candidates = freePorts();
+    const auto keep = [&](const auto& couldBe) {
+      std::erase_if(candidates, [&](int number) {
+        return !couldBe(number, machine_.typecPorts.at(number).partner);
+      });
+      return candidates.size() == count;
+    };
+    using Partner = std::optional<TypecPartner>;
+    if (keep([](int, const Partner& partner) { return partner.has_value(); }) ||
+        keep([&](int number, const Partner& partner) {
+          return partner->accessory == PartnerAccessory::none && !hasPlainDevice(number);
+        }) ||
+        keep([](int, const Partner& partner) { return partner->knowsThunderbolt; })) {
+      return candidates;
+    }
+    return {};
+  }
+
+  /// Whether something that is no hub is plugged into a USB-C port; behind a router there is one
+  /// first.
+  bool hasPlainDevice(int connector) const {
+    return std::any_of(machine_.usb.ports.begin(), machine_.usb.ports.end(),
+                       [&](const auto& entry) {
+                         const auto device = machine_.usb.devices.find(entry.first);
+                         return entry.second.connector == connector &&
+                                device != machine_.usb.devices.end() && !device->second.isHub;
+                       });
+  }
+
+  /// The USB-C ports that no host is known of.
+  std::vector<int> freePorts() const {
+    std::vector<int> numbers;
+    for (const auto& [number, port] : machine_.typecPorts) {
+      if (!found_.ports.at(number).host) {
+        numbers.push_back(number);
+      }
+    }
+    return numbers;
+  }
+
+  void placeUsbPorts() {
+    std::map<std::pair<int, int>, std::vector<UsbAddress>> byPlace; // by port of the case and bus
+    for (const auto& [address, port] : machine_.usb.ports) {
+      if (port.isHardwired) {
+        continue;
+      }
+      if (port.connector && machine_.typecPorts.contains(*port.connector)) {
+        found_.portOfUsbPort[address] = *port.connector;
+      } else if (const auto number = places_.portAt(port.location)) {
+        byPlace[{*number, address.bus}].push_back(address);
+      }
+    }
+    for (const auto& [place, addresses] : byPlace) {
+      if (addresses.size() == 1) {
+        found_.portOfUsbPort[addresses.front()] = place.first;
+      }
+    }
+  }
+
+  const Machine& machine_;
+  PhysicalPorts found_;
+  Places places_;
+  std::vector<UntiedPort> untied_;
+  std::vector<std::pair<std::optional<PhysicalLocation>, int>> addedPlaces_;
+};
+
+} // namespace
+
+std::optional<int> PhysicalPorts::portOf(const UsbAddress& address) const {
+  for (UsbAddress above = address; !above.isRootHub(); above = above.parent()) {
+    const auto found = portOfUsbPort.find(above);
+    if (found != portOfUsbPort.end()) {
+      return found->second;
+    }
+  }
+  return std::nullopt;
+}
+
+PhysicalPorts physicalPortsOf(const Machine& machine) {
+  return PortFinder(machine).find();
+}
+
+} // namespace tamberline::sysfs

@@ -1,0 +1,38 @@
+#include "platform/linux/udev/event_pacer.h"
+
+#include <utility>
+
+namespace tamberline {
+
+EventPacer::EventPacer(Pass pass, Now now, Later later)
+    : pass_(std::move(pass)), now_(std::move(now)), later_(std::move(later)) {}
+
+void EventPacer::take() {
+  if (isHoldingBack_) {
+    return;
+  }
+  const Clock::time_point now = now_();
+  if (!hasPassed_ || now - lastPassed_ >= silence) {
+    burstStart_ = now;
+  }
+  if (now - burstStart_ <= maxBurst) {
+    passOn();
+    return;
+  }
+  isHoldingBack_ = true;
+  const auto rest = std::chrono::ceil<std::chrono::milliseconds>(lastPassed_ + silence - now);
+  later_(rest, [this] {
+    isHoldingBack_ = false;
+    burstStart_ = now_();
+    passOn();
+  });
+}
+
+void EventPacer::passOn() {
+  hasPassed_ = true;
+  lastPassed_ = now_();
+  const Pass pass = pass_; // which may end the pacer
+  pass();
+}
+
+} // namespace tamberline

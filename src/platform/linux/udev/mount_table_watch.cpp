@@ -1,0 +1,44 @@
+#include "platform/linux/udev/mount_table_watch.h"
+
+#include "platform/linux/sysfs/read/attribute_files.h"
+#include "platform/linux/sysfs/read/mounted_file_systems.h"
+
+#include <fcntl.h>
+#include <utility>
+
+namespace tamberline {
+
+MountTableWatch::MountTableWatch(std::filesystem::path table, std::function<void()> onChange)
+    : table_(std::move(table)), onChange_(std::move(onChange)),
+      descriptor_(::open(table_.c_str(), O_RDONLY | O_CLOEXEC)),
+      lastMountedDevices_(mountedDevices()) {
+  if (!descriptor_.isOpen()) {
+    return;
+  }
+  // The kernel tells of a change of the table as of an exceptional state of its file.
+  notifier_ = std::make_unique<QSocketNotifier>(descriptor_.number(), QSocketNotifier::Exception);
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
+                   [this] { handleChange(); });
+}
+
+std::string MountTableWatch::mountedDevices() const {
+  std::string devices;
+  const std::string table = sysfs::readBytes(table_, sysfs::mostMountTableBytes);
+  for (const sysfs::MountedFileSystem& mount : sysfs::mountedFileSystemsIn(table)) {
+    if (mount.source.starts_with("/dev/") && !mount.source.starts_with("/dev/loop")) {
+      devices += mount.deviceNumber + " " + mount.mountPoint + "\n";
+    }
+  }
+  return devices;
+}
+
+void MountTableWatch::handleChange() {
+  std::string devices = mountedDevices();
+  if (devices != lastMountedDevices_) {
+    lastMountedDevices_ = std::move(devices);
+    const auto tell = onChange_; // which may end the watch
+    tell();
+  }
+}
+
+} // namespace tamberline
