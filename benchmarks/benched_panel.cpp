@@ -1,7 +1,7 @@
 #include "benched_panel.h"
 
 #include "platform/saved/saved_reports.h"
-#include "scanner/silent_event_source.h"
+#include "scanner/port_event_source.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

@@ -1,6 +1,6 @@
 // What a scan reads of a Linux machine, and writes for its parsers. Run it in a recorded machine
 // (umockdev-run) where this one has no devices.
-#include "platform/this_machine_source.h"
+#include "platform/this_machine.h"
 
 #include <benchmark/benchmark.h>
 

@@ -3,10 +3,7 @@
 
 #include "large_machine.h"
 #include "platform/saved/saved_reports.h"
-#include "registry/battery_controller_ports.h"
-#include "registry/container_id_entries.h"
-#include "registry/port_controllers.h"
-#include "registry/port_power.h"
+#include "registry/probe_results.h"
 #include "reports/container_hubs.h"
 #include "reports/power_report.h"
 #include "reports/report_decoding.h"

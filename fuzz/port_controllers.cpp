@@ -1,5 +1,5 @@
 #include "document_checks.h"
-#include "inspect/record_documents.h"
+#include "inspect/document_parts.h"
 #include "probed_dump.h"
 
 namespace tamberline {

@@ -2,7 +2,7 @@
 
 #include "base/utf8.h"
 #include "fuzz_target.h"
-#include "registry/port_power.h"
+#include "registry/probe_results.h"
 
 #include <array>
 

@@ -7,8 +7,8 @@
 #include "fuzz_target.h"
 #include "inspect/document.h"
 #include "inspect/panel_text.h"
+#include "scanner/port_event_source.h"
 #include "scanner/port_scanner.h"
-#include "scanner/silent_event_source.h"
 #include "support/hand_driven_queue.h"
 #include "views/panel_inputs.h"
 

@@ -2,7 +2,7 @@
 
 #include "document_checks.h"
 #include "fuzz_target.h"
-#include "inspect/record_documents.h"
+#include "inspect/document_parts.h"
 #include "reports/report_decoding.h"
 
 namespace tamberline {

@@ -3,7 +3,7 @@
 
 #include "document_checks.h"
 #include "fuzz_target.h"
-#include "inspect/record_documents.h"
+#include "inspect/document_parts.h"
 #include "platform/macos/mounted_media.h"
 #include "reports/report_decoding.h"
 #include "reports/usb_report.h"

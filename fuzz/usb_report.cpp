@@ -4,8 +4,8 @@
 #include "device_checks.h"
 #include "document_checks.h"
 #include "fuzz_target.h"
-#include "inspect/record_documents.h"
-#include "registry/container_id_entries.h"
+#include "inspect/document_parts.h"
+#include "registry/probe_results.h"
 #include "reports/container_hubs.h"
 #include "reports/report_decoding.h"
 

@@ -1,9 +1,7 @@
 #include "acquisition/registry_probes.h"
 
 #include "async/awaitables.h"
-#include "registry/container_id_entries.h"
-#include "registry/port_controllers.h"
-#include "registry/port_power.h"
+#include "registry/probe_results.h"
 #include "registry/property_list.h"
 
 #include <optional>

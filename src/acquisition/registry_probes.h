@@ -6,7 +6,7 @@
 #include "acquisition/acquisition.h"
 #include "model/container_ids.h"
 #include "model/power_records.h"
-#include "registry/battery_controller_ports.h"
+#include "registry/probe_results.h"
 
 #include <QCoro/QCoroTask>
 

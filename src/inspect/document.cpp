@@ -1,9 +1,6 @@
 #include "inspect/document.h"
 
-#include "inspect/panel_document.h"
-#include "inspect/port_document.h"
-#include "inspect/record_documents.h"
-#include "inspect/tree_document.h"
+#include "inspect/document_parts.h"
 #include "tree/node_identifiers.h"
 #include "views/panel_inputs.h"
 

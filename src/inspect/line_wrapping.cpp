@@ -1,6 +1,5 @@
-#include "inspect/line_wrapping.h"
-
 #include "inspect/text_columns.h"
+#include "inspect/text_line.h"
 
 #include <cstddef>
 #include <utility>

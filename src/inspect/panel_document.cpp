@@ -1,7 +1,5 @@
-#include "inspect/panel_document.h"
-
 #include "base/overloaded.h"
-#include "inspect/record_documents.h"
+#include "inspect/document_parts.h"
 
 #include <string_view>
 

@@ -1,4 +1,4 @@
-#include "inspect/port_document.h"
+#include "inspect/document_parts.h"
 
 #include <optional>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "inspect/record_documents.h"
+#include "inspect/document_parts.h"
 
 namespace tamberline {
 namespace {

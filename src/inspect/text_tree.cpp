@@ -1,7 +1,7 @@
 #include "inspect/text_tree.h"
 
-#include "inspect/line_wrapping.h"
 #include "inspect/text_columns.h"
+#include "inspect/text_line.h"
 
 #include <algorithm>
 #include <string_view>

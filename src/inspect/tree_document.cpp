@@ -1,7 +1,5 @@
-#include "inspect/tree_document.h"
-
 #include "base/overloaded.h"
-#include "inspect/record_documents.h"
+#include "inspect/document_parts.h"
 
 namespace tamberline {
 namespace {

@@ -1,4 +1,4 @@
-#include "registry/battery_controller_ports.h"
+#include "registry/probe_results.h"
 
 namespace tamberline {
 namespace {

@@ -1,5 +1,4 @@
-#include "registry/container_id_entries.h"
-
+#include "registry/probe_results.h"
 #include "registry/registry_entries.h"
 
 namespace tamberline {

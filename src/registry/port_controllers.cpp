@@ -1,6 +1,5 @@
-#include "registry/port_controllers.h"
-
 #include "base/text.h"
+#include "registry/probe_results.h"
 #include "registry/registry_entries.h"
 
 #include <algorithm>

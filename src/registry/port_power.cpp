@@ -1,5 +1,4 @@
-#include "registry/port_power.h"
-
+#include "registry/probe_results.h"
 #include "registry/registry_entries.h"
 
 #include <algorithm>

@@ -27,4 +27,12 @@ public:
   virtual bool isOnExternalPower() const = 0;
 };
 
+/// Events of a machine on which nothing ever changes: for a program that scans once.
+class SilentEventSource final : public PortEventSource {
+public:
+  void start(PortEvents /*events*/) override {}
+  void stop() override {}
+  bool isOnExternalPower() const override { return true; }
+};
+
 } // namespace tamberline

@@ -1,4 +1,4 @@
-#include "inspect/port_document.h"
+#include "inspect/document_parts.h"
 #include "inspect/sample_scans.h"
 #include "support/language_scope.h"
 #include "support/property_list_text.h"

@@ -1,4 +1,4 @@
-#include "inspect/line_wrapping.h"
+#include "inspect/text_line.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/saved/saved_reports.h"
-#include "scanner/silent_event_source.h"
+#include "scanner/port_event_source.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "registry/battery_controller_ports.h"
 #include "registry/decoded_list.h"
+#include "registry/probe_results.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "registry/decoded_list.h"
-#include "registry/port_power.h"
+#include "registry/probe_results.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,6 @@
 #include "scanner/scan_rules.h"
 
-#include "registry/container_id_entries.h"
-#include "registry/port_controllers.h"
-#include "registry/port_power.h"
+#include "registry/probe_results.h"
 #include "registry/property_list.h"
 #include "reports/container_hubs.h"
 #include "reports/power_report.h"

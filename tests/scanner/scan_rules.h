@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/container_ids.h"
-#include "registry/battery_controller_ports.h"
+#include "registry/probe_results.h"
 #include "scanner/faulty_tools.h"
 #include "scanner/port_scanner.h"
 

@@ -1,4 +1,4 @@
-#include "inspect/panel_document.h"
+#include "inspect/document_parts.h"
 #include "support/language_scope.h"
 #include "ui/drawn_items.h"
 #include "ui/panel_fixture.h"

@@ -5,11 +5,11 @@
 #include "platform/preferred_languages.h"
 #include "platform/saved/folder_event_source.h"
 #include "platform/saved/saved_reports.h"
-#include "platform/this_machine_source.h"
+#include "platform/this_machine.h"
 #include "scan_output.h"
 #include "scan_watch.h"
+#include "scanner/port_event_source.h"
 #include "scanner/port_scanner.h"
-#include "scanner/silent_event_source.h"
 
 #include <QCoreApplication>
 

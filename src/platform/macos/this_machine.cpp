@@ -3,7 +3,6 @@
 #include "platform/macos/disk_utility_ejector.h"
 #include "platform/posix/child_process_runner.h"
 #include "platform/posix/posix_volume_files.h"
-#include "platform/this_machine_source.h"
 
 #include <utility>
 

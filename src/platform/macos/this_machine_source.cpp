@@ -1,10 +1,9 @@
-#include "platform/this_machine_source.h"
-
 #include "platform/macos/io_registry_events.h"
 #include "platform/macos/mac_machine.h"
 #include "platform/macos/mac_tools.h"
 #include "platform/macos/mount_table.h"
 #include "platform/posix/child_process_runner.h"
+#include "platform/this_machine.h"
 
 namespace tamberline {
 

@@ -1,13 +1,52 @@
 #include "platform/saved/saved_reports.h"
 
 #include "platform/macos/mac_machine.h"
-#include "platform/saved/regular_file.h"
+#include "platform/posix/descriptor.h"
 #include "platform/tool_runner.h"
 
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <fcntl.h>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
 namespace tamberline {
+namespace {
+
+bool isRegularFile(const Descriptor& file) {
+  struct stat status = {};
+  return fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+/// The bytes of a regular file; absent for anything else, also where it takes the place of one at
+/// this moment, for what cannot be read, and for more than `maxBytes`. Waits for nobody.
+std::optional<std::string> readRegularFile(const std::filesystem::path& path,
+                                           std::size_t maxBytes) {
+  // Nothing waits for the other end of a pipe, and no terminal is taken over.
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  if (!file.isOpen() || !isRegularFile(file)) {
+    return std::nullopt;
+  }
+  std::string content;
+  std::array<char, 65536> buffer{};
+  while (content.size() <= maxBytes) {
+    const ssize_t count = read(file.number(), buffer.data(), buffer.size());
+    if (count > 0) {
+      content.append(buffer.data(), static_cast<std::size_t>(count));
+    } else if (count == 0) {
+      return content;
+    } else if (errno != EINTR) {
+      return std::nullopt;
+    }
+  }
+  return std::nullopt;
+}
+
+} // namespace
 
 const char* savedFileName(Question question) {
   switch (question) {

@@ -2,7 +2,6 @@
 
 #include "platform/linux/udisks/udisks_ejector.h"
 #include "platform/posix/posix_volume_files.h"
-#include "platform/this_machine_source.h"
 
 #include <utility>
 

@@ -1,13 +1,34 @@
 #include "symbols/symbol_drawing.h"
 
-#include "platform/linux/symbols/theme_drawing.h"
 #include "platform/linux/symbols/theme_icons.h"
 
+#include <QImageReader>
+#include <QSize>
+#include <QStandardPaths>
+#include <QString>
+
 namespace tamberline {
+namespace {
+
+/// The drawings are read as files: asking Qt for a theme's icon takes longer, finds nothing on some
+/// platforms, and chooses by size between drawings that look different.
+QString drawingFile(std::string_view icon) {
+  return QStandardPaths::locate(QStandardPaths::GenericDataLocation,
+                                QStringLiteral("icons/breeze/%1.svg")
+                                    .arg(QString::fromUtf8(icon.data(), qsizetype(icon.size()))));
+}
+
+} // namespace
 
 QImage symbolDrawing(std::string_view symbol, int pixels) {
   const std::string_view icon = themeIconName(symbol);
-  return icon.empty() ? QImage() : themeDrawing(icon, pixels);
+  const QString file = icon.empty() ? QString() : drawingFile(icon);
+  if (file.isEmpty()) {
+    return {};
+  }
+  QImageReader reader(file);
+  reader.setScaledSize(QSize(pixels, pixels));
+  return reader.read();
 }
 
 } // namespace tamberline

@@ -1,9 +1,8 @@
-#include "platform/this_machine_source.h"
-
 #include "platform/linux/sysfs/read/machine_reader.h"
 #include "platform/linux/sysfs/report/linux_machine.h"
 #include "platform/linux/udev/udev_event_source.h"
 #include "platform/linux/udev/udev_hardware_names.h"
+#include "platform/this_machine.h"
 
 namespace tamberline {
 

@@ -1,8 +1,8 @@
 #include "platform/linux/udev/udev_event_source.h"
 
 #include "platform/linux/sysfs/read/attribute_files.h"
+#include "platform/linux/sysfs/read/device_readers.h"
 #include "platform/linux/sysfs/read/pci_path.h"
-#include "platform/linux/sysfs/read/power_supply_reader.h"
 
 #include <array>
 #include <string_view>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/sysfs/read/machine_paths.h"
+#include "platform/linux/sysfs/read/machine_reader.h"
 #include "platform/linux/udev/event_pacer.h"
 #include "platform/linux/udev/mount_table_watch.h"
 #include "platform/linux/udev/udev_reference.h"

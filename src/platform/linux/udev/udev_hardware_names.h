@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/sysfs/read/hardware_names.h"
+#include "platform/linux/sysfs/read/machine_reader.h"
 
 namespace tamberline {
 

@@ -1,7 +1,5 @@
 #include "platform/linux/udisks/disk_objects.h"
 
-#include "platform/linux/udisks/disk_service.h"
-
 #include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QMap>

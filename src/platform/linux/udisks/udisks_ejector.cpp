@@ -1,7 +1,6 @@
 #include "platform/linux/udisks/udisks_ejector.h"
 
 #include "platform/linux/udisks/disk_objects.h"
-#include "platform/linux/udisks/disk_service.h"
 #include "platform/linux/udisks/eject_calls.h"
 #include "platform/linux/udisks/system_bus.h"
 

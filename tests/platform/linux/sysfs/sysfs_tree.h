@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/linux/sysfs/read/machine_paths.h"
 #include "platform/linux/sysfs/read/machine_reader.h"
 #include "support/temporary_folder.h"
 

@@ -1,10 +1,6 @@
 #include "platform/linux/sysfs/read/machine_reader.h"
 
-#include "platform/linux/sysfs/read/power_supply_reader.h"
-#include "platform/linux/sysfs/read/thunderbolt_reader.h"
-#include "platform/linux/sysfs/read/typec_reader.h"
-#include "platform/linux/sysfs/read/usb_reader.h"
-#include "platform/linux/sysfs/read/volumes.h"
+#include "platform/linux/sysfs/read/device_readers.h"
 
 namespace tamberline::sysfs {
 

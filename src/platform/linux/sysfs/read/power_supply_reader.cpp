@@ -1,7 +1,6 @@
-#include "platform/linux/sysfs/read/power_supply_reader.h"
-
 #include "platform/linux/sysfs/read/attribute_files.h"
 #include "platform/linux/sysfs/read/device_folders.h"
+#include "platform/linux/sysfs/read/device_readers.h"
 
 #include <string>
 

@@ -1,7 +1,6 @@
-#include "platform/linux/sysfs/read/thunderbolt_reader.h"
-
 #include "platform/linux/sysfs/read/attribute_files.h"
 #include "platform/linux/sysfs/read/device_folders.h"
+#include "platform/linux/sysfs/read/device_readers.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,8 +1,7 @@
-#include "platform/linux/sysfs/read/typec_reader.h"
-
 #include "base/text.h"
 #include "platform/linux/sysfs/read/attribute_files.h"
 #include "platform/linux/sysfs/read/device_folders.h"
+#include "platform/linux/sysfs/read/device_readers.h"
 
 #include <algorithm>
 #include <string>

@@ -1,8 +1,7 @@
-#include "platform/linux/sysfs/read/usb_reader.h"
-
 #include "base/text.h"
 #include "platform/linux/sysfs/read/attribute_files.h"
 #include "platform/linux/sysfs/read/device_folders.h"
+#include "platform/linux/sysfs/read/device_readers.h"
 #include "platform/linux/sysfs/read/pci_path.h"
 #include "platform/linux/sysfs/read/plain_text.h"
 #include "platform/linux/sysfs/read/udev_properties.h"

@@ -1,9 +1,8 @@
-#include "platform/linux/sysfs/read/volumes.h"
-
 #include "base/text.h"
 #include "base/utf8.h"
 #include "platform/linux/sysfs/read/attribute_files.h"
 #include "platform/linux/sysfs/read/device_folders.h"
+#include "platform/linux/sysfs/read/device_readers.h"
 #include "platform/linux/sysfs/read/mounted_file_systems.h"
 #include "platform/linux/sysfs/read/plain_text.h"
 #include "platform/linux/sysfs/read/tunneled_drives.h"

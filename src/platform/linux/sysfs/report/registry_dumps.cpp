@@ -1,10 +1,9 @@
 #include "platform/linux/sysfs/report/registry_dumps.h"
 
 #include "platform/linux/sysfs/report/adapters.h"
-#include "platform/linux/sysfs/report/hub_halves.h"
 #include "platform/linux/sysfs/report/partners.h"
 #include "platform/linux/sysfs/report/physical_ports.h"
-#include "platform/linux/sysfs/report/usb_locations.h"
+#include "platform/linux/sysfs/report/usb_identifiers.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,7 +1,7 @@
 #include "base/text.h"
 #include "platform/linux/sysfs/report/physical_ports.h"
 #include "platform/linux/sysfs/report/report_sections.h"
-#include "platform/linux/sysfs/report/usb_locations.h"
+#include "platform/linux/sysfs/report/usb_identifiers.h"
 #include "reports/report_decoding.h"
 
 #include <nlohmann/json.hpp>

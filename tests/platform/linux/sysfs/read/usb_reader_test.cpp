@@ -1,4 +1,4 @@
-#include "platform/linux/sysfs/read/usb_reader.h"
+#include "platform/linux/sysfs/read/device_readers.h"
 #include "platform/linux/sysfs/sysfs_tree.h"
 
 #include <gtest/gtest.h>

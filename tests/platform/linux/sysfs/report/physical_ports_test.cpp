@@ -1,4 +1,4 @@
-#include "platform/linux/sysfs/read/thunderbolt_reader.h"
+#include "platform/linux/sysfs/read/device_readers.h"
 #include "platform/linux/sysfs/report/physical_ports.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,6 @@
 #include "platform/linux/sysfs/report/property_list_text.h"
 #include "platform/linux/sysfs/report/registry_dumps.h"
-#include "registry/battery_controller_ports.h"
-#include "registry/container_id_entries.h"
-#include "registry/port_controllers.h"
-#include "registry/port_power.h"
+#include "registry/probe_results.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

@@ -1,4 +1,4 @@
-#include "platform/linux/sysfs/report/hub_halves.h"
+#include "platform/linux/sysfs/report/usb_identifiers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,12 @@
-// The records as parts of the inspection document: stored fields and derived values, without the
-// random identities, and without the children where the tree shows those itself.
+// The parts of the inspection document.
 #pragma once
 
 #include "model/power_records.h"
 #include "model/thunderbolt_records.h"
 #include "model/usb_records.h"
+#include "tree/search_entries.h"
+#include "tree/tree_node.h"
+#include "views/panel.h"
 
 #include <nlohmann/json.hpp>
 
@@ -29,6 +31,9 @@ Document listOf(const Records& records, Describe describe) {
   return list;
 }
 
+// The records: stored fields and derived values, without the random identities, and without the
+// children where the tree shows those itself.
+
 Document describe(const TrueLink& link);
 Document describe(const AgreedPower& power);
 
@@ -49,5 +54,15 @@ Document describe(const BatteryInfo& battery);
 Document describe(const HPMPort& port);
 Document describe(const FedPortState& port);
 Document describe(const PortPowerOut& power);
+
+/// What else is known of each port: its sockets, what its link truly carries, a partner that is no
+/// device, and the power that was agreed on.
+Document describePorts(const std::vector<ThunderboltBus>& buses,
+                       const std::vector<HPMPort>& controllers);
+
+Document describe(const TreeNode& node);
+Document describe(const SearchEntry& entry);
+
+Document describe(const Panel& panel);
 
 } // namespace tamberline

@@ -1,4 +1,4 @@
-#include "platform/linux/sysfs/report/hub_halves.h"
+#include "platform/linux/sysfs/report/usb_identifiers.h"
 
 #include <vector>
 
@@ -41,6 +41,20 @@ void pairByReceptacles(const UsbTopology& usb, std::map<UsbAddress, std::string>
 }
 
 } // namespace
+
+std::map<UsbAddress, std::uint32_t> usbLocations(const UsbTopology& usb,
+                                                 const PhysicalPorts& ports) {
+  constexpr std::uint32_t noPort = 0xFF;
+  constexpr unsigned portShift = 24;
+  std::map<UsbAddress, std::uint32_t> locations;
+  for (const auto& [address, device] : usb.devices) {
+    const auto port = ports.portOf(address);
+    const auto number = static_cast<std::uint32_t>(locations.size() & 0xFFFFFFU);
+    locations[address] =
+        ((port ? static_cast<std::uint32_t>(*port) : noPort) << portShift) | number;
+  }
+  return locations;
+}
 
 std::map<UsbAddress, std::string> containersOfHubHalves(const UsbTopology& usb) {
   std::map<UsbAddress, std::string> containers;
