@@ -1,15 +1,14 @@
 #pragma once
 
-#include <map>
 #include <optional>
 
 namespace tamberline {
 
-/// A copy of what a table has under a key; absent when it has nothing there.
-template <typename Key, typename Value>
-std::optional<Value> lookUp(const std::map<Key, Value>& table, const Key& key) {
-  const auto found = table.find(key);
-  return found == table.end() ? std::nullopt : std::optional(found->second);
+/// A copy of what a map has under a key; absent when it has nothing there.
+template <typename Map>
+std::optional<typename Map::mapped_type> lookUp(const Map& map, const typename Map::key_type& key) {
+  const auto found = map.find(key);
+  return found == map.end() ? std::nullopt : std::optional(found->second);
 }
 
 } // namespace tamberline

@@ -1,16 +1,11 @@
 #include "model/container_ids.h"
 
+#include "base/look_up.h"
+
 #include <limits>
 
 namespace tamberline {
 namespace {
-
-using Identifiers = std::unordered_map<std::int64_t, std::string>;
-
-std::optional<std::string> lookUp(const Identifiers& identifiers, std::int64_t locationID) {
-  const auto found = identifiers.find(locationID);
-  return found == identifiers.end() ? std::nullopt : std::optional(found->second);
-}
 
 std::int64_t unsignedLocation(std::int64_t locationID) {
   constexpr std::int64_t twoToThe32nd = std::int64_t{1} << 32U;
