@@ -7,6 +7,19 @@
 
 namespace tamberline {
 
+std::string uuidText(const std::array<std::uint8_t, 16>& bytes, std::string_view digits) {
+  std::string text;
+  text.reserve(36);
+  for (std::size_t index = 0; index < bytes.size(); ++index) {
+    if (index == 4 || index == 6 || index == 8 || index == 10) {
+      text += '-';
+    }
+    text += digits[bytes[index] >> 4U];
+    text += digits[bytes[index] & 0x0FU];
+  }
+  return text;
+}
+
 Uuid Uuid::random() {
   thread_local std::mt19937_64 generator = seededGenerator();
   const std::array<std::uint64_t, 2> words = {generator(), generator()};
@@ -18,17 +31,7 @@ Uuid Uuid::random() {
 }
 
 std::string Uuid::text() const {
-  constexpr std::string_view digits = "0123456789abcdef";
-  std::string text;
-  text.reserve(36);
-  for (std::size_t index = 0; index < bytes_.size(); ++index) {
-    if (index == 4 || index == 6 || index == 8 || index == 10) {
-      text += '-';
-    }
-    text += digits[bytes_[index] >> 4U];
-    text += digits[bytes_[index] & 0x0FU];
-  }
-  return text;
+  return uuidText(bytes_, "0123456789abcdef");
 }
 
 } // namespace tamberline

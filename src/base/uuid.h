@@ -3,8 +3,12 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace tamberline {
+
+/// The bytes as a UUID is written, with these sixteen digits.
+std::string uuidText(const std::array<std::uint8_t, 16>& bytes, std::string_view digits);
 
 /// A random (version 4) UUID: the identity of one record of one scan, never stable across scans.
 /// Drawn from a generator of the calling thread that the system's random source seeds once: a scan

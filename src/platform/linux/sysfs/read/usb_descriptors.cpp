@@ -1,5 +1,9 @@
 #include "platform/linux/sysfs/read/usb_descriptors.h"
 
+#include "base/uuid.h"
+
+#include <algorithm>
+#include <array>
 #include <cstddef>
 
 namespace tamberline::sysfs {
@@ -21,19 +25,6 @@ std::string_view takeDescriptor(std::string_view& bytes) {
   return descriptor;
 }
 
-std::string uuidText(std::string_view bytes) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string text;
-  for (std::size_t index = 0; index < bytes.size(); ++index) {
-    if (index == 4 || index == 6 || index == 8 || index == 10) {
-      text += '-';
-    }
-    text += digits[byteAt(bytes, index) >> 4U];
-    text += digits[byteAt(bytes, index) & 0xFU];
-  }
-  return text;
-}
-
 } // namespace
 
 std::optional<std::string> containerIdIn(std::string_view descriptors) {
@@ -41,7 +32,6 @@ std::optional<std::string> containerIdIn(std::string_view descriptors) {
   constexpr unsigned containerId = 0x04;
   constexpr std::size_t lengthOfContainerId = 20;
   constexpr std::size_t uuidOffset = 4;
-  constexpr std::size_t uuidLength = 16;
   while (true) {
     const std::string_view descriptor = takeDescriptor(descriptors);
     if (descriptor.empty()) {
@@ -49,9 +39,10 @@ std::optional<std::string> containerIdIn(std::string_view descriptors) {
     }
     if (descriptor.size() >= lengthOfContainerId && byteAt(descriptor, 1) == deviceCapability &&
         byteAt(descriptor, 2) == containerId) {
-      const std::string_view uuid = descriptor.substr(uuidOffset, uuidLength);
-      const bool isNone = uuid.find_first_not_of('\0') == std::string_view::npos;
-      return isNone ? std::nullopt : std::optional(uuidText(uuid));
+      std::array<std::uint8_t, 16> uuid{};
+      std::copy_n(descriptor.begin() + uuidOffset, uuid.size(), uuid.begin());
+      const bool isNone = uuid == std::array<std::uint8_t, 16>{};
+      return isNone ? std::nullopt : std::optional(uuidText(uuid, "0123456789ABCDEF"));
     }
   }
 }
