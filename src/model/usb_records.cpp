@@ -72,7 +72,7 @@ double usbWatts(std::int64_t milliamperes) {
 }
 
 std::string USBDevice::shownName() const {
-  return name == "hub_device" ? "USB Hub" : name;
+  return name == unnamedHub ? "USB Hub" : name;
 }
 
 double USBDevice::speedGbps() const {

@@ -11,6 +11,9 @@
 
 namespace tamberline {
 
+/// What the report calls every hub that does not name itself.
+inline constexpr const char* unnamedHub = "hub_device";
+
 /// The watts of a current at the fixed 5 V of USB bus power.
 double usbWatts(std::int64_t milliamperes);
 
@@ -53,7 +56,7 @@ struct USBDevice {
   /// A drive that a Thunderbolt or USB4 enclosure connects to the computer's PCI bus.
   bool isTunneledDrive = false;
 
-  /// The name that a person knows it by: the report calls every unnamed hub "hub_device".
+  /// The name that a person knows it by.
   std::string shownName() const;
   /// 0 when it is unknown.
   double speedGbps() const;

@@ -59,7 +59,7 @@ std::string iconFor(const USBDevice& device) {
   if (device.isTunneledDrive) {
     return "externaldrive";
   }
-  if (device.name == "hub_device") {
+  if (device.name == unnamedHub) {
     return "arrow.triangle.branch";
   }
   const bool isHub = !device.children.empty() || contains(lowerCased(device.name), "hub");

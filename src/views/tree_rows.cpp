@@ -20,7 +20,7 @@ constexpr double greenFraction = 0.92;
 constexpr double amberFraction = 0.45;
 
 bool isHub(const USBDevice& device, bool hasChildren) {
-  return device.name == "hub_device" || hasChildren;
+  return device.name == unnamedHub || hasChildren;
 }
 
 /// Such as "4.5W"; a draw below 1 mA is not shown.

@@ -1,4 +1,5 @@
 #include "base/text.h"
+#include "model/usb_records.h"
 #include "platform/linux/sysfs/report/physical_ports.h"
 #include "platform/linux/sysfs/report/report_sections.h"
 #include "platform/linux/sysfs/report/usb_identifiers.h"
@@ -58,7 +59,7 @@ std::string shownName(const UsbDevice& device) {
   if (!device.name.empty()) {
     return device.name;
   }
-  return device.isHub ? "hub_device" : "USB Device " + device.vendorId + ":" + device.productId;
+  return device.isHub ? unnamedHub : "USB Device " + device.vendorId + ":" + device.productId;
 }
 
 void addText(json& object, const char* key, const std::string& text) {
