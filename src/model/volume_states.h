@@ -6,7 +6,7 @@
 
 namespace tamberline {
 
-/// Where a volume's speed test stands.
+/// Where a volume's benchmark stands.
 struct BenchmarkPhase {
   struct Idle {
     friend bool operator==(const Idle&, const Idle&) = default;

@@ -8,7 +8,7 @@
 
 namespace tamberline {
 
-/// While it lives, the drive of a volume is in use: tests of other volumes there wait.
+/// While it lives, the drive of a volume is in use: benchmarks of other volumes there wait.
 class PortScanner::DriveUse {
 public:
   DriveUse(std::shared_ptr<PortScanner> scanner, std::string mountPoint)

@@ -33,7 +33,7 @@ namespace tamberline {
 struct ScannerOutside {
   Acquisition acquisition;
   std::shared_ptr<PortEventSource> events;
-  /// Null where volumes are only shown: nothing is tested or ejected then.
+  /// Null where volumes are only shown: nothing is measured or ejected then.
   std::shared_ptr<Benchmark> benchmark = nullptr;
   std::shared_ptr<VolumeEjector> ejector = nullptr;
   /// What tells a volume from another one in its place. Null where that is not looked at.
@@ -56,18 +56,19 @@ public:
   /// first scan.
   QCoro::Task<> scan();
 
-  /// Tests a volume's speed, after what else goes on with its drive; returns at once when that
-  /// volume is being tested. Never fails: what goes wrong ends in `benchmarks`. Called on any
+  /// Measures a volume's speed, after what else goes on with its drive; returns at once when that
+  /// volume is being measured. Never fails: what goes wrong ends in `benchmarks`. Called on any
   /// thread, runs on the main thread.
   QCoro::Task<> runBenchmark(std::string mountPoint);
 
-  /// Ends the test of a volume with the chunk that it is at, or while it waits for its drive, as if
-  /// nobody had asked for it; nothing happens when it is not being tested. Main thread only.
+  /// Ends the benchmark of a volume with the chunk that it is at, or while it waits for its drive,
+  /// as if nobody had asked for it; nothing happens when it is not being measured. Main thread
+  /// only.
   void stopBenchmark(const std::string& mountPoint);
 
   /// Ejects the drive of a volume and, when that succeeded, scans; returns at once when a volume of
-  /// the drive is being ejected or tested. Never fails: what goes wrong stands in `ejectStates` for
-  /// four seconds. Called on any thread, runs on the main thread.
+  /// the drive is being ejected or measured. Never fails: what goes wrong stands in `ejectStates`
+  /// for four seconds. Called on any thread, runs on the main thread.
   QCoro::Task<> eject(std::string mountPoint);
 
   /// In the order of the report. A scan publishes field by field, so these can be newer than
@@ -87,10 +88,10 @@ public:
   Published<std::optional<std::chrono::system_clock::time_point>> lastScanned;
   /// Why there is nothing to show; absent as soon as anything was shown.
   Published<std::optional<std::string>> errorMessage;
-  /// Speed tests by mount point. What came of one goes when a scan shows its volume no more, or
+  /// Benchmarks by mount point. What came of one goes when a scan shows its volume no more, or
   /// another one in its place.
   ObservableField<std::map<std::string, BenchmarkPhase>> benchmarks;
-  /// How much of the part under way is done, in percent, by mount point of those that are tested.
+  /// How much of the part under way is done, in percent, by mount point of those that are measured.
   ObservableField<std::map<std::string, int>> testProgress;
   Published<std::vector<HPMPort>> hpmPorts;
   /// By 1-based port number.
@@ -110,15 +111,15 @@ private:
   explicit PortScanner(ScannerOutside outside);
 
   static QCoro::Task<> runScan(std::shared_ptr<PortScanner> self);
-  struct ActiveTest;
+  struct ActiveRun;
   class DriveUse;
 
-  static QCoro::Task<> runTest(std::shared_ptr<PortScanner> self, std::string mountPoint);
+  static QCoro::Task<> performRun(std::shared_ptr<PortScanner> self, std::string mountPoint);
   static QCoro::Task<BenchmarkPhase> measure(std::shared_ptr<PortScanner> self,
                                              std::string mountPoint,
-                                             std::shared_ptr<ActiveTest> test);
+                                             std::shared_ptr<ActiveRun> run);
   static QCoro::Task<bool> waitForDrive(std::shared_ptr<PortScanner> self, std::string mountPoint,
-                                        std::shared_ptr<ActiveTest> test);
+                                        std::shared_ptr<ActiveRun> run);
   static QCoro::Task<> runEjection(std::shared_ptr<PortScanner> self, std::string mountPoint);
   static QCoro::Task<EjectOutcome> askToEject(std::shared_ptr<PortScanner> self,
                                               std::string mountPoint);
@@ -127,15 +128,15 @@ private:
   void publishPower(PowerReading reading);
   std::optional<std::string> publishTree();
   void startMonitor();
-  bool isBeingTested(const std::string& mountPoint) const;
-  BenchmarkOrder orderOf(const std::string& mountPoint, const std::shared_ptr<ActiveTest>& test);
+  bool isBeingMeasured(const std::string& mountPoint) const;
+  BenchmarkOrder orderOf(const std::string& mountPoint, const std::shared_ptr<ActiveRun>& run);
   void publishPhase(const std::string& mountPoint, BenchmarkPhase phase);
   void publishProgress(const std::string& mountPoint, std::optional<int> percent);
-  void endTest(const std::string& mountPoint, const ActiveTest& test, BenchmarkPhase phase);
+  void endRun(const std::string& mountPoint, const ActiveRun& run, BenchmarkPhase phase);
   void publishEjectState(const std::string& mountPoint, std::optional<EjectState> state);
   bool isShown(const std::string& mountPoint) const;
   bool isDriveInUse(const std::string& mountPoint) const;
-  bool isDriveTested(const std::string& mountPoint) const;
+  bool isDriveMeasured(const std::string& mountPoint) const;
   std::optional<VolumeIdentity> identityOf(const std::string& mountPoint) const;
   void takeIdentities(std::map<std::string, VolumeIdentity> identities);
   void forgetVanishedVolumes();
@@ -145,11 +146,11 @@ private:
 
   // By mount point:
   std::map<std::string, std::uint64_t> ejectionCounts_;
-  std::map<std::string, std::shared_ptr<ActiveTest>> activeTests_;
-  std::map<std::string, VolumeIdentity> testedVolumes_; // those with a result
-  std::map<std::string, VolumeIdentity> shownVolumes_;  // as far as they were looked at
+  std::map<std::string, std::shared_ptr<ActiveRun>> activeRuns_;
+  std::map<std::string, VolumeIdentity> measuredVolumes_; // those with a result
+  std::map<std::string, VolumeIdentity> shownVolumes_;    // as far as they were looked at
 
-  std::set<std::string> usedDrives_; // by mount point of the volume that is tested or ejected
+  std::set<std::string> usedDrives_; // by mount point of the volume that is measured or ejected
   Announcement driveIsFree_;
   bool isIdentifying_ = false;
   bool mustIdentifyAgain_ = false;

@@ -1,4 +1,4 @@
-// The part of PortScanner that tests the speed of volumes.
+// The part of PortScanner that measures the speed of volumes.
 #include "async/awaitables.h"
 #include "i18n/loc.h"
 #include "scanner/drive_use.h"
@@ -20,7 +20,7 @@ BenchmarkPhase failed(std::string_view message) {
   return {BenchmarkPhase::Failed{std::string(message)}};
 }
 
-/// What became of a part of the test that gave no speed.
+/// What became of a part of the benchmark that gave no speed.
 BenchmarkPhase failureOf(const BenchmarkResult& result, bool isCancelled) {
   if (const auto* error = std::get_if<BenchmarkError>(&result)) {
     return failed(userText(*error));
@@ -58,91 +58,92 @@ InBackground<bool> fileRemoval(std::shared_ptr<Benchmark> benchmark,
 
 } // namespace
 
-/// Shared with the background task of the test.
-struct PortScanner::ActiveTest {
+/// Shared with the background task of the benchmark.
+struct PortScanner::ActiveRun {
   std::optional<VolumeIdentity> volume; // absent where it was not looked at
   std::atomic<bool> isCancelled = false;
 };
 
 QCoro::Task<> PortScanner::runBenchmark(std::string mountPoint) {
-  return runTest(shared_from_this(), std::move(mountPoint));
+  return performRun(shared_from_this(), std::move(mountPoint));
 }
 
 void PortScanner::stopBenchmark(const std::string& mountPoint) {
-  const auto found = activeTests_.find(mountPoint);
-  if (found != activeTests_.end()) {
+  const auto found = activeRuns_.find(mountPoint);
+  if (found != activeRuns_.end()) {
     found->second->isCancelled = true;
     driveIsFree_.announce(); // it may wait
   }
 }
 
-QCoro::Task<> PortScanner::runTest(std::shared_ptr<PortScanner> self, std::string mountPoint) {
+QCoro::Task<> PortScanner::performRun(std::shared_ptr<PortScanner> self, std::string mountPoint) {
   const std::shared_ptr<MainQueue> queue = self->outside_.acquisition.queue;
   const std::shared_ptr<Benchmark> benchmark = self->outside_.benchmark;
   HopToMainThread hop(queue);
   co_await hop;
-  if (benchmark == nullptr || self->isBeingTested(mountPoint)) {
+  if (benchmark == nullptr || self->isBeingMeasured(mountPoint)) {
     co_return;
   }
-  const auto test = std::make_shared<ActiveTest>();
-  self->activeTests_[mountPoint] = test;
+  const auto run = std::make_shared<ActiveRun>();
+  self->activeRuns_[mountPoint] = run;
   std::optional<DriveUse> driveUse;
   BenchmarkPhase phase = failed(Loc::testFailed());
   try {
-    auto waiting = waitForDrive(self, mountPoint, test);
+    auto waiting = waitForDrive(self, mountPoint, run);
     if (co_await waiting) {
       driveUse.emplace(self, mountPoint);
-      auto measuring = measure(self, mountPoint, test);
+      auto measuring = measure(self, mountPoint, run);
       phase = co_await measuring;
     } else {
       phase = BenchmarkPhase{};
     }
-  } catch (const std::exception&) { // such as memory that is used up: the test has failed
+  } catch (const std::exception&) { // such as memory that is used up: the benchmark has failed
   }
   if (driveUse) {
     auto removal = fileRemoval(benchmark, queue, mountPoint);
     co_await removal;
   }
-  self->endTest(mountPoint, *test, std::move(phase));
+  self->endRun(mountPoint, *run, std::move(phase));
 }
 
-/// Whether the drive came free. False when the test is not wanted any more, or its volume is gone.
+/// Whether the drive came free. False when the benchmark is not wanted any more, or its volume is
+/// gone.
 QCoro::Task<bool> PortScanner::waitForDrive(std::shared_ptr<PortScanner> self,
                                             std::string mountPoint,
-                                            std::shared_ptr<ActiveTest> test) {
+                                            std::shared_ptr<ActiveRun> run) {
   if (!self->isDriveInUse(mountPoint)) {
     co_return true;
   }
   const bool wasShown = self->isShown(mountPoint);
   self->publishPhase(mountPoint, running(Loc::waitingForDrive()));
-  while (self->isDriveInUse(mountPoint) && !test->isCancelled) {
+  while (self->isDriveInUse(mountPoint) && !run->isCancelled) {
     Announcement::Wait change(self->driveIsFree_);
     co_await change;
   }
-  co_return !test->isCancelled && (self->isShown(mountPoint) || !wasShown);
+  co_return !run->isCancelled && (self->isShown(mountPoint) || !wasShown);
 }
 
 QCoro::Task<BenchmarkPhase> PortScanner::measure(std::shared_ptr<PortScanner> self,
                                                  std::string mountPoint,
-                                                 std::shared_ptr<ActiveTest> test) {
+                                                 std::shared_ptr<ActiveRun> run) {
   const std::shared_ptr<MainQueue> queue = self->outside_.acquisition.queue;
   const std::shared_ptr<Benchmark> benchmark = self->outside_.benchmark;
-  test->volume = self->identityOf(mountPoint);
+  run->volume = self->identityOf(mountPoint);
   self->publishPhase(mountPoint, running(Loc::writing()));
-  auto writing = writeTest(benchmark, queue, mountPoint, self->orderOf(mountPoint, test));
+  auto writing = writeTest(benchmark, queue, mountPoint, self->orderOf(mountPoint, run));
   const BenchmarkResult write = co_await writing;
   BenchmarkResult read;
   if (std::holds_alternative<double>(write)) {
     self->publishPhase(mountPoint, running(Loc::reading()));
-    auto reading = readTest(benchmark, queue, mountPoint, self->orderOf(mountPoint, test));
+    auto reading = readTest(benchmark, queue, mountPoint, self->orderOf(mountPoint, run));
     read = co_await reading;
   }
-  co_return finalPhase(write, read, test->isCancelled);
+  co_return finalPhase(write, read, run->isCancelled);
 }
 
 /// The queue is not held: a background task must not be the last to let go of it.
 BenchmarkOrder PortScanner::orderOf(const std::string& mountPoint,
-                                    const std::shared_ptr<ActiveTest>& test) {
+                                    const std::shared_ptr<ActiveRun>& run) {
   const std::weak_ptr<MainQueue> weakQueue = outside_.acquisition.queue;
   const auto tell = [weakQueue, mountPoint, weakSelf = weak_from_this(),
                      last = 0](double fraction) mutable {
@@ -156,21 +157,21 @@ BenchmarkOrder PortScanner::orderOf(const std::string& mountPoint,
       });
     }
   };
-  return {.volume = test->volume,
-          .isCancelled = [test] { return test->isCancelled.load(); },
+  return {.volume = run->volume,
+          .isCancelled = [run] { return run->isCancelled.load(); },
           .progress = tell};
 }
 
-void PortScanner::endTest(const std::string& mountPoint, const ActiveTest& test,
-                          BenchmarkPhase phase) {
-  activeTests_.erase(mountPoint);
-  if (test.volume) {
-    testedVolumes_[mountPoint] = *test.volume;
+void PortScanner::endRun(const std::string& mountPoint, const ActiveRun& run,
+                         BenchmarkPhase phase) {
+  activeRuns_.erase(mountPoint);
+  if (run.volume) {
+    measuredVolumes_[mountPoint] = *run.volume;
   }
   publishPhase(mountPoint, std::move(phase));
 }
 
-bool PortScanner::isBeingTested(const std::string& mountPoint) const {
+bool PortScanner::isBeingMeasured(const std::string& mountPoint) const {
   const auto found = benchmarks.get().find(mountPoint);
   return found != benchmarks.get().end() && found->second.isRunning();
 }
@@ -189,7 +190,7 @@ void PortScanner::publishPhase(const std::string& mountPoint, BenchmarkPhase pha
 void PortScanner::publishProgress(const std::string& mountPoint, std::optional<int> percent) {
   auto progress = testProgress.get();
   progress.erase(mountPoint);
-  if (percent && activeTests_.contains(mountPoint)) {
+  if (percent && activeRuns_.contains(mountPoint)) {
     progress.emplace(mountPoint, *percent);
   }
   testProgress.set(std::move(progress));

@@ -55,7 +55,7 @@ QCoro::Task<> PortScanner::runEjection(std::shared_ptr<PortScanner> self, std::s
   HopToMainThread hop(queue);
   co_await hop;
   if (self->outside_.ejector == nullptr || self->isDriveInUse(mountPoint) ||
-      self->isDriveTested(mountPoint)) {
+      self->isDriveMeasured(mountPoint)) {
     co_return;
   }
   const std::uint64_t ejection = ++self->ejectionCounts_[mountPoint];

@@ -47,13 +47,13 @@ QCoro::Task<> PortScanner::identifyVolumes(std::shared_ptr<PortScanner> self) {
 /// A result of another volume that was mounted in the same place goes.
 void PortScanner::takeIdentities(std::map<std::string, VolumeIdentity> identities) {
   auto phases = benchmarks.get();
-  std::erase_if(testedVolumes_, [&](const auto& tested) {
-    const auto present = identities.find(tested.first);
+  std::erase_if(measuredVolumes_, [&](const auto& measured) {
+    const auto present = identities.find(measured.first);
     const bool isAnother = present != identities.end() &&
-                           !present->second.isSameVolumeAs(tested.second) &&
-                           !isBeingTested(tested.first);
+                           !present->second.isSameVolumeAs(measured.second) &&
+                           !isBeingMeasured(measured.first);
     if (isAnother) {
-      phases.erase(tested.first);
+      phases.erase(measured.first);
     }
     return isAnother;
   });
@@ -77,11 +77,11 @@ bool PortScanner::isDriveInUse(const std::string& mountPoint) const {
                      [&](const std::string& volume) { return usedDrives_.contains(volume); });
 }
 
-/// Or waits for a test.
-bool PortScanner::isDriveTested(const std::string& mountPoint) const {
+/// Or waits for its turn.
+bool PortScanner::isDriveMeasured(const std::string& mountPoint) const {
   const std::set<std::string> mountPoints = mountPointsOfDrive(portTree.get(), mountPoint);
   return std::any_of(mountPoints.begin(), mountPoints.end(),
-                     [&](const std::string& volume) { return isBeingTested(volume); });
+                     [&](const std::string& volume) { return isBeingMeasured(volume); });
 }
 
 void PortScanner::forgetVanishedVolumes() {
@@ -91,7 +91,7 @@ void PortScanner::forgetVanishedVolumes() {
   std::erase_if(phases,
                 [&](const auto& entry) { return isVanished(entry) && !entry.second.isRunning(); });
   benchmarks.set(std::move(phases));
-  std::erase_if(testedVolumes_, isVanished);
+  std::erase_if(measuredVolumes_, isVanished);
   std::erase_if(shownVolumes_, isVanished);
 }
 

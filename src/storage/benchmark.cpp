@@ -12,7 +12,7 @@ namespace tamberline {
 namespace {
 
 constexpr std::int64_t bytesPerMB = 1'000'000;
-/// What stays free beside the test's file, so that a test never fills a volume.
+/// What stays free beside the file, so that a benchmark never fills a volume.
 constexpr std::int64_t reserveMB = 128;
 
 double speedMBps(std::int64_t bytes, std::chrono::steady_clock::duration elapsed) {

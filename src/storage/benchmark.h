@@ -34,17 +34,17 @@ enum class BenchmarkError : std::uint8_t {
 /// What a person reads of the error, in the language of the run.
 std::string_view userText(BenchmarkError error);
 
-/// Decimal megabytes per second, or why there are none. Neither when the test was stopped or could
-/// not begin.
+/// Decimal megabytes per second, or why there are none. Neither when the benchmark was stopped or
+/// could not begin.
 using BenchmarkResult = std::variant<std::monostate, double, BenchmarkError>;
 
-/// One test, as who asks for it knows it.
+/// One run, as whoever asks for it knows it.
 struct BenchmarkOrder {
   /// The volume that must be mounted there; absent when any will do.
   std::optional<VolumeIdentity> volume = {};
-  /// Whether nobody wants the result any more. Asked before each chunk, on the test's task.
+  /// Whether nobody wants the result any more. Asked before each chunk, on the run's task.
   std::function<bool()> isCancelled = [] { return false; };
-  /// Told after each chunk, on the test's task, how much of the part under way is done, from 0
+  /// Told after each chunk, on the run's task, how much of the part under way is done, from 0
   /// to 1.
   std::function<void(double fraction)> progress = [](double /*fraction*/) {};
 };
@@ -83,8 +83,8 @@ public:
   /// Removes the file, wherever its volume is mounted by now; nothing happens where there is none.
   void cleanup(const std::string& mountPoint);
 
-  /// Ends the tests under way: waits until each is through with the chunk that it is at, and
-  /// removes their files. No test begins after it. Any thread.
+  /// Ends the runs under way: waits until each is through with the chunk that it is at, and
+  /// removes their files. No run begins after it. Any thread.
   void stop();
 
   std::int64_t sizeMB() const { return setting_.sizeMB; }

@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 using Lines = std::vector<std::string>;
 using Create = VolumeFolder::CreateFailure;
 
-class VolumeTest : public VolumeFixture {
+class VolumeBenchmark : public VolumeFixture {
 protected:
   static constexpr const char* path = "/V/.tamberline_benchmark.tmp";
 
@@ -20,7 +20,7 @@ protected:
   }
 };
 
-TEST_F(VolumeTest, IsPublishedStepByStep) {
+TEST_F(VolumeBenchmark, IsPublishedStepByStep) {
   files->during = [this](const std::string& step) {
     diskTime += step == "flush" ? 1000ms : step == "read 8388608" ? 125ms : 0ms;
   };
@@ -29,7 +29,7 @@ TEST_F(VolumeTest, IsPublishedStepByStep) {
   EXPECT_TRUE(files->files().empty());
 }
 
-TEST_F(VolumeTest, SaysInThePersonsLanguageHowFarItIs) {
+TEST_F(VolumeBenchmark, SaysInThePersonsLanguageHowFarItIs) {
   const LanguageScope german(AppLanguage::de);
   files->canOpen = false;
   test();
@@ -37,7 +37,7 @@ TEST_F(VolumeTest, SaysInThePersonsLanguageHowFarItIs) {
             (Lines{"/V: Schreiben…", "/V: Lesen…", "/V: failed: E/A-Fehler während des Tests"}));
 }
 
-TEST_F(VolumeTest, SaysWhyItFailedAndLeavesNoFile) {
+TEST_F(VolumeBenchmark, SaysWhyItFailedAndLeavesNoFile) {
   struct Row {
     const char* what;
     void (*arrange)(FakeVolumeFiles& files);
@@ -101,7 +101,7 @@ TEST_F(VolumeTest, SaysWhyItFailedAndLeavesNoFile) {
   }
 }
 
-TEST_F(VolumeTest, RemovesItsFileBeforeItSaysThatItIsDone) {
+TEST_F(VolumeBenchmark, RemovesItsFileBeforeItSaysThatItIsDone) {
   std::size_t filesAtTheEnd = 99;
   const Observation observation =
       scanner->benchmarks.observe([&] { filesAtTheEnd = files->files().size(); });
@@ -110,7 +110,7 @@ TEST_F(VolumeTest, RemovesItsFileBeforeItSaysThatItIsDone) {
   EXPECT_EQ(files->steps().back(), std::string("remove ") + path);
 }
 
-TEST_F(VolumeTest, RunsOnceWhenThePersonPressesTwice) {
+TEST_F(VolumeBenchmark, RunsOnceWhenThePersonPressesTwice) {
   scanner->runBenchmark("/V");
   scanner->runBenchmark("/V");
   EXPECT_EQ(queue->backgroundCount(), 1U);
@@ -122,14 +122,14 @@ TEST_F(VolumeTest, RunsOnceWhenThePersonPressesTwice) {
   EXPECT_EQ(std::count(steps.begin(), steps.end(), std::string("create ") + path), 1);
 }
 
-TEST_F(VolumeTest, RunsAgainAfterItsEnd) {
+TEST_F(VolumeBenchmark, RunsAgainAfterItsEnd) {
   test();
   published.clear();
   test();
   EXPECT_EQ(published, (Lines{"/V: Writing…", "/V: Reading…", "/V: W 0 R 0"}));
 }
 
-TEST_F(VolumeTest, RunsForSeveralVolumesAtOnce) {
+TEST_F(VolumeBenchmark, RunsForSeveralVolumesAtOnce) {
   scanner->runBenchmark("/A");
   scanner->runBenchmark("/B");
   queue->settle();
@@ -139,7 +139,7 @@ TEST_F(VolumeTest, RunsForSeveralVolumesAtOnce) {
 
 // --- volumes of one drive ---
 
-TEST_F(VolumeTest, WaitsWhileAnotherVolumeOfItsDriveIsTested) {
+TEST_F(VolumeBenchmark, WaitsWhileAnotherVolumeOfItsDriveIsMeasured) {
   scanSticks({{"/A", "/B"}, {"/C"}});
   scanner->runBenchmark("/A");
   scanner->runBenchmark("/B");
@@ -154,7 +154,7 @@ TEST_F(VolumeTest, WaitsWhileAnotherVolumeOfItsDriveIsTested) {
   EXPECT_LT(removed, created);
 }
 
-TEST_F(VolumeTest, IsRunOnceThoughThePersonPressesWhileItWaits) {
+TEST_F(VolumeBenchmark, IsRunOnceThoughThePersonPressesWhileItWaits) {
   scanSticks({{"/A", "/B"}});
   scanner->runBenchmark("/A");
   scanner->runBenchmark("/B");
@@ -164,7 +164,7 @@ TEST_F(VolumeTest, IsRunOnceThoughThePersonPressesWhileItWaits) {
   EXPECT_EQ(std::count(steps.begin(), steps.end(), "create /B/.tamberline_benchmark.tmp"), 1);
 }
 
-TEST_F(VolumeTest, WaitsInVainForAVolumeThatGoesWhenItsDriveIsEjected) {
+TEST_F(VolumeBenchmark, WaitsInVainForAVolumeThatGoesWhenItsDriveIsEjected) {
   scanSticks({{"/A", "/B"}});
   scanner->eject("/A");
   scanner->runBenchmark("/B");
@@ -175,7 +175,7 @@ TEST_F(VolumeTest, WaitsInVainForAVolumeThatGoesWhenItsDriveIsEjected) {
   EXPECT_TRUE(files->steps().empty());
 }
 
-TEST_F(VolumeTest, UnwindsWithItsScannerWhenTheQueueEndsWhileAnotherWaits) {
+TEST_F(VolumeBenchmark, UnwindsWithItsScannerWhenTheQueueEndsWhileAnotherWaits) {
   scanSticks({{"/A", "/B"}});
   scanner->runBenchmark("/A");
   scanner->runBenchmark("/B");
@@ -188,7 +188,7 @@ TEST_F(VolumeTest, UnwindsWithItsScannerWhenTheQueueEndsWhileAnotherWaits) {
 
 // --- how far it is, and its end before time ---
 
-TEST_F(VolumeTest, TellsHowFarItIsInStepsOfFivePercent) {
+TEST_F(VolumeBenchmark, TellsHowFarItIsInStepsOfFivePercent) {
   Lines told;
   const Observation observation = scanner->testProgress.observe([&] {
     const auto& progress = scanner->testProgress.get();
@@ -199,7 +199,7 @@ TEST_F(VolumeTest, TellsHowFarItIsInStepsOfFivePercent) {
   EXPECT_EQ(told, (Lines{"40", "80", "100", "none", "40", "80", "100", "none"}));
 }
 
-TEST_F(VolumeTest, EndsAsIfItHadNeverBeenWhenItIsStopped) {
+TEST_F(VolumeBenchmark, EndsAsIfItHadNeverBeenWhenItIsStopped) {
   for (const char* kind : {"write", "read"}) {
     SCOPED_TRACE(kind);
     files->during = [&](const std::string& step) {
@@ -215,7 +215,7 @@ TEST_F(VolumeTest, EndsAsIfItHadNeverBeenWhenItIsStopped) {
   EXPECT_EQ(std::count(steps.begin(), steps.end(), "read 8388608"), 1);
 }
 
-TEST_F(VolumeTest, CanBeStoppedWhileItWaits) {
+TEST_F(VolumeBenchmark, CanBeStoppedWhileItWaits) {
   scanSticks({{"/A", "/B"}});
   scanner->runBenchmark("/A");
   scanner->runBenchmark("/B");
@@ -226,14 +226,14 @@ TEST_F(VolumeTest, CanBeStoppedWhileItWaits) {
   EXPECT_EQ(published.back(), "/A: W 0 R 0");
 }
 
-TEST_F(VolumeTest, IsNotStoppedWhereNoneRuns) {
+TEST_F(VolumeBenchmark, IsNotStoppedWhereNoneRuns) {
   scanner->stopBenchmark("/V");
   test();
   scanner->stopBenchmark("/V");
   EXPECT_EQ(published.back(), "/V: W 0 R 0");
 }
 
-TEST_F(VolumeTest, FailsWhenSomethingIsThrownMeanwhile) {
+TEST_F(VolumeBenchmark, FailsWhenSomethingIsThrownMeanwhile) {
   for (const char* phase : {"Writing…", "Reading…"}) {
     SCOPED_TRACE(phase);
     const Observation observation = scanner->benchmarks.observe([&] {
@@ -250,7 +250,7 @@ TEST_F(VolumeTest, FailsWhenSomethingIsThrownMeanwhile) {
 
 // --- results and scans ---
 
-TEST_F(VolumeTest, ResultStaysThroughScans) {
+TEST_F(VolumeBenchmark, ResultStaysThroughScans) {
   scanSticks({{"/V"}});
   test();
   answerWithOnePort();
@@ -258,7 +258,7 @@ TEST_F(VolumeTest, ResultStaysThroughScans) {
   EXPECT_EQ(phaseText(scanner->benchmarks.get().at("/V")), "W 0 R 0");
 }
 
-TEST_F(VolumeTest, ResultGoesWithItsVolume) {
+TEST_F(VolumeBenchmark, ResultGoesWithItsVolume) {
   scanSticks({{"/V"}, {"/W"}});
   test();
   scanner->runBenchmark("/W");
@@ -270,7 +270,7 @@ TEST_F(VolumeTest, ResultGoesWithItsVolume) {
   EXPECT_EQ(published.back(), "/W: W 0 R 0");
 }
 
-TEST_F(VolumeTest, ResultGoesWhenAnotherVolumeIsInItsPlace) {
+TEST_F(VolumeBenchmark, ResultGoesWhenAnotherVolumeIsInItsPlace) {
   files->identities["/V"] = {.text = "first stick"};
   scanSticks({{"/V"}});
   test();
@@ -281,7 +281,7 @@ TEST_F(VolumeTest, ResultGoesWhenAnotherVolumeIsInItsPlace) {
   EXPECT_EQ(published.back(), "nothing");
 }
 
-TEST_F(VolumeTest, FailsWhenAnotherVolumeIsInThePlaceOfTheOneThatWasShown) {
+TEST_F(VolumeBenchmark, FailsWhenAnotherVolumeIsInThePlaceOfTheOneThatWasShown) {
   files->identities["/V"] = {.text = "shown stick"};
   scanSticks({{"/V"}});
   for (const char* present : {"other stick", ""}) {
@@ -292,7 +292,7 @@ TEST_F(VolumeTest, FailsWhenAnotherVolumeIsInThePlaceOfTheOneThatWasShown) {
   EXPECT_TRUE(files->steps().empty());
 }
 
-TEST_F(VolumeTest, FailsWhereNothingWasMountedWhenTheScanLooked) {
+TEST_F(VolumeBenchmark, FailsWhereNothingWasMountedWhenTheScanLooked) {
   files->identities["/V"] = {.text = ""};
   scanSticks({{"/V"}});
   test();
@@ -300,7 +300,7 @@ TEST_F(VolumeTest, FailsWhereNothingWasMountedWhenTheScanLooked) {
   EXPECT_TRUE(files->steps().empty());
 }
 
-TEST_F(VolumeTest, LooksAtVolumesAgainAfterAScanThatCameWhileItLooked) {
+TEST_F(VolumeBenchmark, LooksAtVolumesAgainAfterAScanThatCameWhileItLooked) {
   scanSticks({{"/V"}});
   const std::size_t looksBefore = files->folderCount();
   scanner->scan();
@@ -314,7 +314,7 @@ TEST_F(VolumeTest, LooksAtVolumesAgainAfterAScanThatCameWhileItLooked) {
   EXPECT_EQ(files->folderCount(), looksBefore + 2);
 }
 
-TEST_F(VolumeTest, RunsThroughAScan) {
+TEST_F(VolumeBenchmark, RunsThroughAScan) {
   scanSticks({{"/V"}});
   scanner->runBenchmark("/V");
   queue->finishOneBackgroundWork();
@@ -322,7 +322,7 @@ TEST_F(VolumeTest, RunsThroughAScan) {
   EXPECT_EQ(published.back(), "/V: W 0 R 0");
 }
 
-TEST_F(VolumeTest, IsPublishedOnTheMainThreadWhoeverAskedForIt) {
+TEST_F(VolumeBenchmark, IsPublishedOnTheMainThreadWhoeverAskedForIt) {
   queue->pretendOtherThread(true);
   scanner->runBenchmark("/V");
   EXPECT_TRUE(published.empty());
@@ -331,13 +331,13 @@ TEST_F(VolumeTest, IsPublishedOnTheMainThreadWhoeverAskedForIt) {
   EXPECT_EQ(published.size(), 3U);
 }
 
-TEST_F(VolumeTest, DoesNotBeginWhereVolumesAreOnlyShown) {
+TEST_F(VolumeBenchmark, DoesNotBeginWhereVolumesAreOnlyShown) {
   scanner = makeScanner();
   test();
   EXPECT_TRUE(scanner->benchmarks.get().empty());
 }
 
-TEST_F(VolumeTest, KeepsItsScannerUntilItEnds) {
+TEST_F(VolumeBenchmark, KeepsItsScannerUntilItEnds) {
   const std::weak_ptr<PortScanner> observed = scanner;
   scanner->runBenchmark("/V");
   scanner = nullptr;

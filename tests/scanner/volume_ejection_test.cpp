@@ -161,7 +161,7 @@ TEST_F(VolumeEjection, LeavesAnotherVolumeAloneThatIsInThePlaceOfTheOneThatWasSh
   EXPECT_TRUE(ejector->mountPoints.empty());
 }
 
-TEST_F(VolumeEjection, DoesNotBeginWhileAVolumeOfTheDriveIsTested) {
+TEST_F(VolumeEjection, DoesNotBeginWhileAVolumeOfTheDriveIsMeasured) {
   scanSticks({{"/V", "/W"}, {"/X"}});
   scanner->runBenchmark("/W");
   scanner->eject("/W");
