@@ -1,0 +1,161 @@
+# shellcheck shell=bash
+# The checks of scripts/test: a table of them, and for each a function that fails when the check does.
+
+least_line_coverage=95
+
+# NAME, the checks that it NEEDS (separated by commas, or a dash) and what it is for, in the order in
+# which they run. The check NAME is the function check_NAME, with underscores for the dashes.
+list_checks() {
+  cat <<'CHECKS'
+format - the layout of C++ (clang-format)
+scripts - shell scripts (shellcheck)
+layers - what layers include, and the picture of them
+desktop-entries - desktop entries and metainfo
+build-dev - the everyday build
+quick build-dev its tests, as with --quick
+build-coverage - the build with g++ that counts lines
+tests build-coverage the tests with g++
+coverage-lines tests that those run enough of the lines
+qmllint build-coverage QML against the types of that build
+build-asan - the build with clang and the address and undefined-behaviour sanitizers
+asan build-asan the tests under these sanitizers
+tidy build-asan analysis of the sources (clang-tidy)
+cppcheck - analysis of the sources (cppcheck)
+build-tsan - the build with the thread sanitizer
+tsan build-tsan the tests under the thread sanitizer
+fuzz - each fuzz target for 20 seconds
+build-bench - the optimised build with the benchmarks and the manuals
+whole-sets build-bench every pair of faults, and all random machines
+hardening build-bench hardened programs
+privileges build-bench least privilege
+vm build-bench plugging in a virtual machine
+desktops build-bench nested Wayland desktops
+manuals build-bench the manuals
+package build-bench the Debian package, in a clean root
+CHECKS
+}
+
+# The project's files that match, new ones included; it is an error when there are none.
+project_files() {
+  git ls-files --cached --others --exclude-standard -- "$@" | grep .
+}
+
+build() {
+  cmake --preset "$1" >/dev/null && cmake --build --preset "$1"
+}
+
+# The tests with g++ also see that numbers do not depend on a locale with a decimal comma. The others
+# go without it: the C library never gives back what it remembers of a path to locales.
+test_with_locale() {
+  local locales=$PWD/build/locales
+  if [[ ! -d $locales/de_DE.UTF-8 ]]; then
+    mkdir -p "$locales"
+    localedef --inputfile=de_DE --charmap=UTF-8 "$locales/de_DE.UTF-8"
+  fi
+  LOCPATH=$locales ctest --preset "$1" --parallel "$(nproc)"
+}
+
+check_format() { project_files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror; }
+
+check_scripts() {
+  project_files scripts .ci benchmarks packaging |
+    xargs grep -lE '^#!.*\bbash$|^# shellcheck shell=bash$' | xargs shellcheck --external-sources
+}
+
+check_layers() { scripts/check-layers; }
+
+check_desktop_entries() {
+  desktop-file-validate packaging/linux/*.desktop &&
+    appstreamcli validate --no-net packaging/linux/*.metainfo.xml
+}
+
+check_build_dev() { build dev; }
+
+check_quick() { test_with_locale dev; }
+
+check_build_coverage() { build coverage; }
+
+check_tests() { test_with_locale coverage; }
+
+# Branches of a thread that was still at work when its process ended do not add up; they are left out.
+check_coverage_lines() {
+  gcovr --root . --filter src/ --exclude-throw-branches --gcov-ignore-parse-errors \
+    --print-summary --fail-under-line "$least_line_coverage" build/coverage
+}
+
+# Against the types that the build has written down.
+check_qmllint() {
+  local module=build/coverage/src/panel
+  "$(qtpaths6 --query QT_HOST_BINS)/qmllint" --unused-imports warning -I "$module" "$module"/Tamberline/*.qml
+}
+
+check_build_asan() { build asan; }
+
+check_asan() { ctest --preset asan --parallel "$(nproc)"; }
+
+# tidy BUILD_FOLDER CHECKS FILES: prints what clang-tidy has to say of those files of a build.
+tidy() {
+  local build_folder=$1 checks=$2 files=$3
+  local log=$build_folder/clang-tidy.log
+  if ! run-clang-tidy -quiet -p "$build_folder" -j "$(nproc)" -checks="$checks" \
+    -header-filter="^$PWD/(src|tools)/" "$files" >"$log" 2>&1; then
+    grep -vE '^(clang-tidy|[0-9]+ warnings? )' "$log"
+    return 1
+  fi
+  grep -q '^clang-tidy' "$log" # it looked at something
+}
+
+# Most rules walk through all that a file includes, which takes nearly all of the time; they read the
+# files together, as the build with the sanitizers does. These read each file by itself, since they only
+# look at the one that they are given, or forbid to include a source. Tests and benchmarks are left out:
+# the macros of their libraries break half of the rules.
+check_tidy() {
+  local by_file=(bugprone-suspicious-include 'clang-analyzer-*' 'clang-diagnostic-*' misc-unused-alias-decls)
+  local sources="$PWD/(src|tools)/.*"
+  cmake --preset clang >/dev/null &&
+    tidy build/clang "-*$(printf ',%s' "${by_file[@]}")" "$sources" &&
+    tidy build/asan "$(printf ',-%s' "${by_file[@]}")" \
+      "$sources|$PWD/build/asan/((src|tools)/(?!.*qml).*|tests/macos_stand_in/.*/tamberline_[a-z_]+\.dir)/Unity/.*"
+}
+
+# Without its own idea of Qt's macros it reads no class of the panel.
+check_cppcheck() {
+  cppcheck --quiet --error-exitcode=1 --enable=warning,performance,portability -j "$(nproc)" \
+    --language=c++ --std=c++20 --suppressions-list=.cppcheck-suppressions \
+    --library=qt -DQML_ANONYMOUS= '-DQML_ATTACHED(type)=' -DQML_ELEMENT= '-DQML_NAMED_ELEMENT(name)=' \
+    -DQML_SINGLETON= -I src src tools
+}
+
+check_build_tsan() { build tsan; }
+
+# Address space layouts that are drawn at random can leave the thread sanitizer no room; some
+# containers do not allow to turn that off.
+check_tsan() {
+  local fixed_layout=(setarch --addr-no-randomize)
+  "${fixed_layout[@]}" true 2>/dev/null || fixed_layout=()
+  TSAN_OPTIONS="suppressions=$PWD/tests/thread_sanitizer_suppressions.txt" \
+    "${fixed_layout[@]}" ctest --preset tsan --parallel "$(nproc)"
+}
+
+check_fuzz() { scripts/fuzz --seconds 20; }
+
+check_build_bench() { build bench; }
+
+# The slow builds of the tests above have time for a fifth of these.
+check_whole_sets() {
+  cmake --build --preset bench --target tool_faults_test random_machines_test &&
+    build/bench/tests/scanner/tool_faults_test --gtest_brief=1 &&
+    build/bench/tests/tools/random_machines_test --gtest_brief=1
+}
+
+check_hardening() { scripts/check-hardening build/bench; }
+
+check_privileges() { tests/privileges/check_privileges.py build/bench; }
+
+check_vm() { scripts/test-vm build/bench/tools/tamberline-inspect/tamberline-inspect; }
+
+check_desktops() { scripts/test-desktops build/bench; }
+
+check_manuals() { tests/manual/check_manuals.py build/bench; }
+
+check_package() { scripts/test-package build/bench; }
