@@ -117,6 +117,7 @@ TEST(InspectProgram, SpeaksTheLanguageThatItIsToldOrThatThePersonPrefers) {
       {{"--language", "de"}, "", "Nichts angeschlossen"},
       {{"--language", "fr"}, "LANG=de_DE.UTF-8", "Rien de connecté"},
       {{"--language=it"}, "", "Niente collegato"},
+      {{"--language", "de", "--language", "fr"}, "", "Rien de connecté"},
       {{}, "LANG=es_ES.UTF-8", "Nada conectado"},
       {{}, "LANGUAGE=de:fr LC_ALL=C", "Nichts angeschlossen"},
       {{}, "LANGUAGE=de_AT.UTF-8:fr_FR.UTF-8:es_ES.UTF-8", "Nichts angeschlossen"},
@@ -153,6 +154,8 @@ TEST(InspectProgram, RefusesArgumentsThatMakeNoSense) {
       {{"--reports", "/nowhere/at/all"}, "there is no folder '/nowhere/at/all'"},
       {{"--reports", file}, "'" + file + "' is not a folder"},
       {{"--reports"}, "option '--reports' needs an argument"},
+      {{"--reports", "--json"}, "there is no folder '--json'"},
+      {{"--reports=", "--json"}, "there is no folder ''"},
       {{"--language", "pt"}, "there is no language 'pt'; there are en, de, fr, it, es"},
       {{"--language", ""}, "there is no language ''; there are en, de, fr, it, es"},
       {{"--frobnicate"}, "unknown option '--frobnicate'"},
@@ -162,7 +165,10 @@ TEST(InspectProgram, RefusesArgumentsThatMakeNoSense) {
       {{"-ä"}, "unknown option '-ä'"},
       {{"--help=me"}, "unknown option '--help=me'"},
       {{"--json=yes"}, "unknown option '--json=yes'"},
+      {{"--rep", "/"}, "unknown option '--rep'"},
       {{"surplus"}, "unexpected argument 'surplus'"},
+      {{"-"}, "unexpected argument '-'"},
+      {{"--", "--json"}, "unexpected argument '--json'"},
   };
   for (const auto& row : table) {
     SCOPED_TRACE(row.message);

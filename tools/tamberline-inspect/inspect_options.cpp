@@ -1,10 +1,7 @@
 #include "inspect_options.h"
 
-#include "platform/posix/command_line.h"
+#include "argument_parser.h"
 
-#include <array>
-#include <cstdio>
-#include <getopt.h>
 #include <string>
 #include <system_error>
 
@@ -38,84 +35,31 @@ NO_COLOR is set or TERM is "dumb".
 
 namespace {
 
-enum OptionCode : int { reports = 1, json, watch, language, help, version };
-
-bool complain(const std::string& message) {
-  std::fprintf(stderr, "tamberline-inspect: %s\n", message.c_str());
-  return false;
-}
-
-bool setReportsFolder(const std::filesystem::path& folder, InspectOptions& options) {
+std::filesystem::path existingFolder(const std::string& name) {
   std::error_code error;
-  if (!std::filesystem::exists(folder, error)) {
-    return complain("there is no folder '" + folder.string() + "'");
+  if (!std::filesystem::exists(name, error)) {
+    throw WrongArgument("there is no folder '" + name + "'");
   }
-  if (!std::filesystem::is_directory(folder, error)) {
-    return complain("'" + folder.string() + "' is not a folder");
+  if (!std::filesystem::is_directory(name, error)) {
+    throw WrongArgument("'" + name + "' is not a folder");
   }
-  options.reportsFolder = folder;
-  return true;
-}
-
-bool setLanguage(std::string_view code, InspectOptions& options) {
-  options.language = AppLanguage::forCode(code);
-  return options.language.has_value() ||
-         complain("there is no language '" + std::string(code) + "'; there are en, de, fr, it, es");
-}
-
-/// False when the option was wrong, which has been said.
-bool apply(int code, char** arguments, InspectOptions& options) {
-  switch (code) {
-  case reports:
-    return setReportsFolder(optarg, options);
-  case json:
-    options.printsJson = true;
-    return true;
-  case watch:
-    options.watches = true;
-    return true;
-  case language:
-    return setLanguage(optarg, options);
-  case help:
-  case 'h':
-    options.showsHelp = true;
-    return true;
-  case version:
-  case 'V':
-    options.showsVersion = true;
-    return true;
-  case ':':
-    return complain("option '" + refusedOption(arguments) + "' needs an argument");
-  default:
-    return complain("unknown option '" + refusedOption(arguments) + "'");
-  }
+  return name;
 }
 
 } // namespace
 
 std::optional<InspectOptions> parseInspectOptions(int argc, char** argv) {
-  static constexpr std::array<option, 7> known = {{
-      {"reports", required_argument, nullptr, reports},
-      {"json", no_argument, nullptr, json},
-      {"watch", no_argument, nullptr, watch},
-      {"language", required_argument, nullptr, language},
-      {"help", no_argument, nullptr, help},
-      {"version", no_argument, nullptr, version},
-      {nullptr, 0, nullptr, 0},
-  }};
   InspectOptions options;
-  opterr = 0; // the messages are ours
-  for (int code = getopt_long(argc, argv, ":hV", known.data(), nullptr); code != -1;
-       code = getopt_long(argc, argv, ":hV", known.data(), nullptr)) {
-    if (!apply(code, argv, options)) {
-      return std::nullopt;
-    }
-  }
-  if (optind < argc) {
-    complain("unexpected argument '" + std::string(argv[optind]) + "'");
-    return std::nullopt;
-  }
-  return options;
+  ArgumentParser parser("tamberline-inspect");
+  parser.addOption("--reports", [&options](const std::string& folder) {
+    options.reportsFolder = existingFolder(folder);
+  });
+  parser.addFlag("--json", options.printsJson);
+  parser.addFlag("--watch", options.watches);
+  parser.addLanguageOption(options.language);
+  parser.addFlag("-h,--help", options.showsHelp);
+  parser.addFlag("-V,--version", options.showsVersion);
+  return parser.parse(argc, argv) ? std::optional(options) : std::nullopt;
 }
 
 } // namespace tamberline

@@ -1,13 +1,10 @@
 #include "replay_options.h"
 
-#include "base/text.h"
-#include "platform/posix/command_line.h"
+#include "argument_parser.h"
 
-#include <array>
-#include <cstdio>
-#include <getopt.h>
 #include <locale>
 #include <sstream>
+#include <system_error>
 
 namespace tamberline {
 
@@ -39,145 +36,74 @@ namespace {
 constexpr double leastFontScale = 0.5;
 constexpr double greatestFontScale = 4;
 
-enum OptionCode : int {
-  language = 1,
-  theme,
-  fontScale,
-  expandAll,
-  search,
-  screenshot,
-  places,
-  help,
-  version
-};
-
-bool complain(const std::string& message) {
-  std::fprintf(stderr, "tamberline-replay: %s\n", message.c_str());
-  return false;
-}
-
-bool setLanguage(std::string_view code, ReplayOptions& options) {
-  options.language = AppLanguage::forCode(code);
-  return options.language.has_value() ||
-         complain("there is no language '" + std::string(code) + "'; there are en, de, fr, it, es");
-}
-
-bool setTheme(std::string_view name, ReplayOptions& options) {
-  if (name == "light") {
-    options.theme = ReplayTheme::light;
-  } else if (name == "dark") {
-    options.theme = ReplayTheme::dark;
+ReplayTheme themeNamed(const std::string& name) {
+  if (name != "light" && name != "dark") {
+    throw WrongArgument("there is no theme '" + name + "'; there are light and dark");
   }
-  return options.theme.has_value() ||
-         complain("there is no theme '" + std::string(name) + "'; there are light and dark");
+  return name == "light" ? ReplayTheme::light : ReplayTheme::dark;
 }
 
-bool setScreenshot(const std::filesystem::path& file, ReplayOptions& options) {
-  options.screenshot = file;
-  return file.extension() == ".png" || complain("a picture is a PNG file, and the name of '" +
-                                                file.string() + "' does not end in .png");
+std::filesystem::path pictureFile(const std::filesystem::path& file) {
+  if (file.extension() != ".png") {
+    throw WrongArgument("a picture is a PNG file, and the name of '" + file.string() +
+                        "' does not end in .png");
+  }
+  return file;
 }
 
-bool setFontScale(std::string_view text, ReplayOptions& options) {
-  std::istringstream number{std::string(text)};
+double fontScaleOf(const std::string& text) {
+  std::istringstream number(text);
   number.imbue(std::locale::classic());
-  number >> std::noskipws >> options.fontScale;
+  double scale = 0;
+  number >> std::noskipws >> scale;
   const bool isNumber = !number.fail() && number.peek() == std::istringstream::traits_type::eof();
-  const bool isInRange =
-      options.fontScale >= leastFontScale && options.fontScale <= greatestFontScale;
-  return (isNumber && isInRange) ||
-         complain("the font scale is a number from 0.5 to 4, not '" + std::string(text) + "'");
+  const bool isInRange = scale >= leastFontScale && scale <= greatestFontScale;
+  if (!isNumber || !isInRange) {
+    throw WrongArgument("the font scale is a number from 0.5 to 4, not '" + text + "'");
+  }
+  return scale;
 }
 
-/// False when the option was wrong, which has been said.
-bool apply(int code, char** arguments, ReplayOptions& options) {
-  switch (code) {
-  case language:
-    return setLanguage(optarg, options);
-  case theme:
-    return setTheme(optarg, options);
-  case fontScale:
-    return setFontScale(optarg, options);
-  case expandAll:
-    options.expandsAll = true;
-    return true;
-  case search:
-    options.searchText = optarg;
-    return true;
-  case screenshot:
-    return setScreenshot(optarg, options);
-  case places:
-    options.places = optarg;
-    return true;
-  case help:
-  case 'h':
-    options.showsHelp = true;
-    return true;
-  case version:
-  case 'V':
-    options.showsVersion = true;
-    return true;
-  case ':':
-    return complain("option '" + refusedOption(arguments) + "' needs an argument");
-  default:
-    return complain("unknown option '" + refusedOption(arguments) + "'");
-  }
+void addOptions(ArgumentParser& parser, ReplayOptions& options) {
+  using Text = std::string;
+  parser.addOption("DIR", [&](const Text& name) { options.reportsFolder = name; });
+  parser.addLanguageOption(options.language);
+  parser.addOption("--theme", [&](const Text& name) { options.theme = themeNamed(name); });
+  parser.addOption("--font-scale",
+                   [&](const Text& text) { options.fontScale = fontScaleOf(text); });
+  parser.addFlag("--expand-all", options.expandsAll);
+  parser.addOption("--search", [&](const Text& text) { options.searchText = text; });
+  parser.addOption("--screenshot",
+                   [&](const Text& file) { options.screenshot = pictureFile(file); });
+  parser.addOption("--places", [&](const Text& file) { options.places = file; });
+  parser.addFlag("-h,--help", options.showsHelp);
+  parser.addFlag("-V,--version", options.showsVersion);
 }
 
-bool applyOptions(int argc, char** argv, ReplayOptions& options) {
-  static constexpr std::array<option, 10> known = {{
-      {"language", required_argument, nullptr, language},
-      {"theme", required_argument, nullptr, theme},
-      {"font-scale", required_argument, nullptr, fontScale},
-      {"expand-all", no_argument, nullptr, expandAll},
-      {"search", required_argument, nullptr, search},
-      {"screenshot", required_argument, nullptr, screenshot},
-      {"places", required_argument, nullptr, places},
-      {"help", no_argument, nullptr, help},
-      {"version", no_argument, nullptr, version},
-      {nullptr, 0, nullptr, 0},
-  }};
-  opterr = 0; // the messages are ours
-  for (int code = getopt_long(argc, argv, ":hV", known.data(), nullptr); code != -1;
-       code = getopt_long(argc, argv, ":hV", known.data(), nullptr)) {
-    if (!apply(code, argv, options)) {
-      return false;
-    }
+void checkTogether(const ReplayOptions& options) {
+  if (options.showsHelp || options.showsVersion) {
+    return;
   }
-  return true;
-}
-
-bool setReportsFolder(int argc, char** argv, ReplayOptions& options) {
-  if (optind >= argc) {
-    return complain("which folder of saved reports?");
+  if (options.reportsFolder.empty()) {
+    throw WrongArgument("which folder of saved reports?");
   }
-  if (optind + 1 < argc) {
-    return complain("unexpected argument '" + std::string(argv[optind + 1]) + "'");
-  }
-  options.reportsFolder = argv[optind];
   std::error_code error;
-  return std::filesystem::is_directory(options.reportsFolder, error) ||
-         complain("there is no folder '" + options.reportsFolder.string() + "'");
+  if (!std::filesystem::is_directory(options.reportsFolder, error)) {
+    throw WrongArgument("there is no folder '" + options.reportsFolder.string() + "'");
+  }
+  if (options.places && !options.screenshot) {
+    throw WrongArgument("there are places only in a picture: --places goes with --screenshot");
+  }
 }
 
 } // namespace
 
 std::optional<ReplayOptions> parseReplayOptions(int argc, char** argv) {
   ReplayOptions options;
-  if (!applyOptions(argc, argv, options)) {
-    return std::nullopt;
-  }
-  if (options.showsHelp || options.showsVersion) {
-    return options;
-  }
-  if (!setReportsFolder(argc, argv, options)) {
-    return std::nullopt;
-  }
-  if (options.places && !options.screenshot) {
-    complain("there are places only in a picture: --places goes with --screenshot");
-    return std::nullopt;
-  }
-  return options;
+  ArgumentParser parser("tamberline-replay");
+  addOptions(parser, options);
+  parser.checkAtEnd([&options] { checkTogether(options); });
+  return parser.parse(argc, argv) ? std::optional(options) : std::nullopt;
 }
 
 } // namespace tamberline

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace tamberline {
@@ -11,8 +10,5 @@ namespace tamberline {
 /// could not be written. When the reader has gone, as `head` goes after its lines, SIGPIPE ends
 /// the program, as it ends others.
 bool printToStandardOutput(std::string_view text, const char* program);
-
-/// The option that getopt_long has just refused, as it was typed.
-std::string refusedOption(char** arguments);
 
 } // namespace tamberline

@@ -1,0 +1,118 @@
+#include "argument_parser.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+#include <vector>
+
+namespace tamberline {
+namespace {
+
+using Words = std::vector<std::string>;
+
+/// CLI11 would take the next argument as the value where nothing follows the equals sign.
+Words wordsOf(int argc, char** argv) {
+  Words words;
+  for (int index = 1; index < argc; ++index) {
+    std::string word = argv[index];
+    const bool hasEmptyValue = word.starts_with("--") && word.find('=') == word.size() - 1;
+    if (hasEmptyValue) {
+      word.pop_back();
+    }
+    words.push_back(std::move(word));
+    if (hasEmptyValue) {
+      words.emplace_back();
+    }
+  }
+  return words;
+}
+
+/// Of letters in one word, of which the first is unknown, that letter. A letter beyond ASCII has
+/// several bytes; its word is told as it is.
+std::string refusedOption(const std::string& word) {
+  const auto letter = static_cast<unsigned char>(word[1]);
+  const bool isOneByte = letter > ' ' && letter < 0x80 && letter != '-';
+  return isOneByte ? word.substr(0, 2) : word;
+}
+
+/// Of words that begin with the first one that nothing takes, with the mark "--" where it stood
+/// before.
+std::string aboutSurplus(const Words& words) {
+  const bool isAfterMark = words.front() == "--";
+  const std::string& first = words.at(isAfterMark ? 1 : 0);
+  const bool isOption = !isAfterMark && first.size() > 1 && first.front() == '-';
+  return isOption ? "unknown option '" + refusedOption(first) + "'"
+                  : "unexpected argument '" + first + "'";
+}
+
+bool isFlagWithValue(const CLI::App& app, const std::string& word) {
+  const auto equals = word.find('=');
+  const CLI::Option* const option =
+      equals == std::string::npos ? nullptr : app.get_option_no_throw(word.substr(0, equals));
+  return option != nullptr && option->get_items_expected_max() == 0;
+}
+
+/// A flag with a value is no option that there is. Otherwise the last word lacks its value.
+std::string aboutMismatch(const CLI::App& app, const Words& words) {
+  const auto flag = std::find_if(words.begin(), words.end(), [&app](const std::string& word) {
+    return isFlagWithValue(app, word);
+  });
+  return flag != words.end() ? "unknown option '" + *flag + "'"
+                             : "option '" + words.back() + "' needs an argument";
+}
+
+/// What is wrong with the words; absent: nothing.
+std::optional<std::string> complaintAbout(const Words& words, CLI::App& app) {
+  try {
+    app.parse(Words(words.rbegin(), words.rend())); // which takes them from the end
+    return std::nullopt;
+  } catch (const CLI::ExtrasError&) {
+    return aboutSurplus(app.remaining());
+  } catch (const CLI::ArgumentMismatch&) {
+    return aboutMismatch(app, words);
+  } catch (const WrongArgument& error) {
+    return error.what();
+  }
+}
+
+} // namespace
+
+ArgumentParser::ArgumentParser(const std::string& program)
+    : app_(std::make_unique<CLI::App>("", program)) {
+  app_->set_help_flag(); // the help text is each program's own
+  app_->option_defaults()->take_last()->disable_flag_override();
+}
+
+ArgumentParser::~ArgumentParser() = default;
+
+void ArgumentParser::addFlag(const std::string& names, bool& isGiven) {
+  app_->add_flag(names, isGiven);
+}
+
+void ArgumentParser::addOption(const std::string& name, const TakeValue& takeValue) {
+  app_->add_option_function<std::string>(name, takeValue);
+}
+
+void ArgumentParser::addLanguageOption(std::optional<AppLanguage>& language) {
+  addOption("--language", [&language](const std::string& code) {
+    language = AppLanguage::forCode(code);
+    if (!language) {
+      throw WrongArgument("there is no language '" + code + "'; there are en, de, fr, it, es");
+    }
+  });
+}
+
+void ArgumentParser::checkAtEnd(std::function<void()> check) {
+  app_->final_callback(std::move(check));
+}
+
+bool ArgumentParser::parse(int argc, char** argv) {
+  const std::optional<std::string> complaint = complaintAbout(wordsOf(argc, argv), *app_);
+  if (complaint) {
+    std::fprintf(stderr, "%s: %s\n", app_->get_name().c_str(), complaint->c_str());
+  }
+  return !complaint;
+}
+
+} // namespace tamberline
