@@ -7,7 +7,7 @@ target_sources(tamberline PRIVATE ${icon} ${TAMBERLINE_MANUALS})
 set_source_files_properties(${icon} ${TAMBERLINE_MANUALS} PROPERTIES
   MACOSX_PACKAGE_LOCATION Resources)
 if(TAMBERLINE_MANUALS)
-  add_dependencies(tamberline tamberline_manual)
+  add_dependencies(tamberline manuals)
 endif()
 foreach(language en de fr it es)
   set(strings ${here}/${language}.lproj/InfoPlist.strings)

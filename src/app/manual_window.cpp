@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <cstdio>
 #include <memory>
 #include <utility>
 
@@ -90,12 +91,15 @@ void ManualWindow::show() {
 
 void ManualWindow::open() {
   window_ = nullptr;
-  if (auto document = loadDocument(folder_)) {
-    window_ = new Window(std::move(document));
-    const QRect geometry = manualWindowGeometry(availableScreen());
-    window_->resize(geometry.size());
-    window_->move(geometry.topLeft());
+  auto document = loadDocument(folder_);
+  if (!document) {
+    std::fputs("tamberline: there is no manual beside the program\n", stderr);
+    return;
   }
+  window_ = new Window(std::move(document));
+  const QRect geometry = manualWindowGeometry(availableScreen());
+  window_->resize(geometry.size());
+  window_->move(geometry.topLeft());
 }
 
 QRect manualWindowGeometry(const QRect& availableScreen) {

@@ -18,7 +18,8 @@ public:
   ManualWindow& operator=(const ManualWindow&) = delete;
   ~ManualWindow();
 
-  /// Brings the window to the front, or opens it; does nothing when there is no manual.
+  /// Brings the window to the front, or opens it. Where there is no manual, as in a build tree that
+  /// has not made it, there is no window either, and standard error says why.
   void show();
 
 private:

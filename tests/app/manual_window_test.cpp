@@ -62,8 +62,11 @@ TEST_F(ManualWindowTest, FitsIntoTheScreen) {
   EXPECT_TRUE(window->screen()->availableGeometry().contains(window->frameGeometry()));
 }
 
-TEST_F(ManualWindowTest, ShowsNoWindowWithoutAManual) {
+TEST_F(ManualWindowTest, ShowsNoWindowWithoutAManualAndSaysWhy) {
+  testing::internal::CaptureStderr();
   ManualWindow("/dev/null").show();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "tamberline: there is no manual beside the program\n");
   EXPECT_TRUE(windows().isEmpty());
 }
 
