@@ -46,21 +46,3 @@ if(TAMBERLINE_COVERAGE)
     --coverage -fprofile-abs-path -fprofile-update=atomic)
   target_link_options(tamberline_options INTERFACE --coverage)
 endif()
-
-# tamberline_layer(<name> SOURCES ... [APART ...] LINKS ...): one folder under src/ as one static library.
-# Sources under APART have names of their own that another has too, and are compiled alone where others
-# are compiled together.
-function(tamberline_layer name)
-  cmake_parse_arguments(LAYER "" "" "SOURCES;APART;LINKS;PRIVATE_LINKS" ${ARGN})
-  add_library(tamberline_${name} STATIC ${LAYER_SOURCES} ${LAYER_APART})
-  if(LAYER_APART)
-    set_source_files_properties(${LAYER_APART} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
-  endif()
-  target_link_libraries(tamberline_${name}
-    PUBLIC tamberline_options ${LAYER_LINKS}
-    PRIVATE ${LAYER_PRIVATE_LINKS})
-  # Background work may still run while the program ends, so nothing that it could read is destroyed then.
-  if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-    target_compile_options(tamberline_${name} PRIVATE -Wexit-time-destructors)
-  endif()
-endfunction()
