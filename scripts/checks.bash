@@ -85,7 +85,7 @@ check_coverage_lines() {
 
 # Against the types that the build has written down.
 check_qmllint() {
-  local module=build/coverage/src/panel
+  local module=build/coverage/qml
   "$(qtpaths6 --query QT_HOST_BINS)/qmllint" --unused-imports warning -I "$module" "$module"/Tamberline/*.qml
 }
 
