@@ -3,7 +3,7 @@
 
 #include "benched_panel.h"
 #include "large_machine.h"
-#include "panel/list_changes.h"
+#include "controls/list_changes.h"
 #include "platform/desktop.h"
 #include "platform/saved/saved_reports.h"
 #include "views/panel_inputs.h"

@@ -29,8 +29,8 @@ function(tamberline_qml_module layer uri)
   endif()
 endfunction()
 
-# The sources that Qt
-# makes of its QML files are compiled as one, since reading Qt's headers is nearly all of the work for each.
+# The sources that Qt makes of QML files are compiled as one, since reading Qt's headers is nearly all of the
+# work for each.
 # They get a library of their own, which whoever links the target links too. In the target, CMake would
 # compile each alone, because what Qt's tools write is not held to our warnings, and the target cannot link
 # that library: newer versions of Qt make these sources when they know all types of the target.

@@ -123,7 +123,7 @@ check_cppcheck() {
   cppcheck --quiet --error-exitcode=1 --enable=warning,performance,portability -j "$(nproc)" \
     --language=c++ --std=c++20 --suppressions-list=.cppcheck-suppressions \
     --library=qt -DQML_ANONYMOUS= '-DQML_ATTACHED(type)=' -DQML_ELEMENT= '-DQML_NAMED_ELEMENT(name)=' \
-    -DQML_SINGLETON= -I src src tools
+    -DQML_SINGLETON= '-DQML_VALUE_TYPE(name)=' -I src src tools
 }
 
 check_build_tsan() { build tsan; }

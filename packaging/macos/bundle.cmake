@@ -29,5 +29,6 @@ install(TARGETS tamberline BUNDLE DESTINATION .)
 find_program(macdeployqt macdeployqt HINTS ${QT6_INSTALL_PREFIX}/bin REQUIRED)
 install(CODE "execute_process(
   COMMAND ${macdeployqt} \"\${CMAKE_INSTALL_PREFIX}/Tamberline.app\"
+    -qmldir=${PROJECT_SOURCE_DIR}/src/controls/qml
     -qmldir=${PROJECT_SOURCE_DIR}/src/panel/qml
   COMMAND_ERROR_IS_FATAL ANY)")

@@ -1,15 +1,12 @@
 #include "panel/panel_context.h"
 
-#include <QQmlEngine>
-#include <QVariant>
+#include "controls/engine_objects.h"
 
 #include <type_traits>
 #include <utility>
 
 namespace tamberline {
 namespace {
-
-constexpr const char* property = "tamberlinePanelContext";
 
 /// QML makes a singleton of its own of every type that it can, instead of asking `create`.
 template <typename... Singleton>
@@ -24,19 +21,18 @@ PanelContext::PanelContext(Outside outside)
       updated_(outside.scanner, outside.queue, std::move(outside.now)),
       panel_(outside.scanner, outside.queue, std::move(outside.actions)),
       search_(outside.scanner, outside.queue,
-              [this](const std::string& id) { return panel_.rows()->indexOf(id); }) {
-  for (QObject* singleton : std::initializer_list<QObject*>{
-           &theme_, &statusColors_, &sizing_, &hints_, &popover_, &updated_, &panel_, &search_}) {
-    QQmlEngine::setObjectOwnership(singleton, QQmlEngine::CppOwnership);
-  }
-}
+              [this](const std::string& id) { return panel_.rows()->indexOf(id); }) {}
 
 void PanelContext::attachTo(QQmlEngine& engine) {
-  engine.setProperty(property, QVariant::fromValue(static_cast<void*>(this)));
-}
-
-PanelContext& PanelContext::of(const QQmlEngine& engine) {
-  return *static_cast<PanelContext*>(engine.property(property).value<void*>());
+  setEngineObject(engine, symbols_);
+  setEngineObject(engine, theme_);
+  setEngineObject(engine, statusColors_);
+  setEngineObject(engine, sizing_);
+  setEngineObject(engine, hints_);
+  setEngineObject(engine, popover_);
+  setEngineObject(engine, updated_);
+  setEngineObject(engine, panel_);
+  setEngineObject(engine, search_);
 }
 
 } // namespace tamberline

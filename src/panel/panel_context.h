@@ -1,13 +1,13 @@
 #pragma once
 
 #include "async/main_queue.h"
-#include "panel/hints.h"
+#include "controls/hints.h"
+#include "controls/popover.h"
+#include "controls/theme.h"
 #include "panel/panel_controller.h"
 #include "panel/panel_sizing.h"
-#include "panel/popover.h"
 #include "panel/search_controller.h"
 #include "panel/status_colors.h"
-#include "panel/theme.h"
 #include "panel/updated_text.h"
 #include "scanner/port_scanner.h"
 #include "symbols/symbol_image.h"
@@ -34,9 +34,8 @@ public:
 
   explicit PanelContext(Outside outside);
 
-  /// Makes the engine's QML find this context; see `of`.
+  /// Hands the objects to the engine, whose QML finds them by their types.
   void attachTo(QQmlEngine& engine);
-  static PanelContext& of(const QQmlEngine& engine);
 
   PanelController* panel() { return &panel_; }
   SearchController* search() { return &search_; }

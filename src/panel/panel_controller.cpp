@@ -1,6 +1,6 @@
 #include "panel/panel_controller.h"
 
-#include "panel/panel_context.h"
+#include "controls/engine_objects.h"
 #include "tree/node_identifiers.h"
 #include "views/panel_inputs.h"
 #include "views/panel_rows.h"
@@ -28,7 +28,7 @@ PanelController::PanelController(std::shared_ptr<PortScanner> scanner,
 }
 
 PanelController* PanelController::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
-  return PanelContext::of(*engine).panel();
+  return engineObject<PanelController>(*engine);
 }
 
 void PanelController::observeScanner() {

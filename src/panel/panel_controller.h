@@ -59,7 +59,7 @@ public:
   PanelController(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
                   PanelActions actions);
 
-  /// The one that PanelContext holds for the engine.
+  /// The engine's own.
   static PanelController* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   PanelListModel* rows() { return &rows_; }

@@ -1,6 +1,6 @@
 #include "panel/panel_list_model.h"
 
-#include "panel/list_changes.h"
+#include "controls/list_changes.h"
 #include "views/row_sentences.h"
 #include "views/shown_labels.h"
 

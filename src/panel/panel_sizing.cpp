@@ -1,6 +1,6 @@
 #include "panel/panel_sizing.h"
 
-#include "panel/panel_context.h"
+#include "controls/engine_objects.h"
 #include "views/panel_heights.h"
 
 #include <QPointer>
@@ -12,7 +12,7 @@
 namespace tamberline {
 
 PanelSizing* PanelSizing::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
-  return PanelContext::of(*engine).sizing();
+  return engineObject<PanelSizing>(*engine);
 }
 
 PanelSizing::PanelSizing(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
@@ -123,7 +123,7 @@ void HeightKey::setHeight(double height) {
 /// Null while the engine goes.
 PanelSizing* HeightKey::sizing() const {
   QQmlEngine* const engine = qmlEngine(this);
-  return engine == nullptr ? nullptr : PanelContext::of(*engine).sizing();
+  return engine == nullptr ? nullptr : engineObject<PanelSizing>(*engine);
 }
 
 } // namespace tamberline

@@ -38,7 +38,7 @@ public:
 
   explicit PanelSizing(std::shared_ptr<MainQueue> queue);
 
-  /// The one that PanelContext holds for the engine.
+  /// The engine's own.
   static PanelSizing* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   bool isSearching() const { return isSearching_; }

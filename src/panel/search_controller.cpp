@@ -1,6 +1,6 @@
 #include "panel/search_controller.h"
 
-#include "panel/panel_context.h"
+#include "controls/engine_objects.h"
 #include "tree/node_identifiers.h"
 #include "views/search_suggestions.h"
 
@@ -26,7 +26,7 @@ SearchController::~SearchController() {
 }
 
 SearchController* SearchController::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
-  return PanelContext::of(*engine).search();
+  return engineObject<SearchController>(*engine);
 }
 
 void SearchController::setSearchText(const QString& text) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "async/main_queue.h"
-#include "panel/scroll_proxy.h"
+#include "controls/scroll_proxy.h"
 #include "panel/suggestion_model.h"
 #include "scanner/port_scanner.h"
 #include "tree/search_entries.h"
@@ -46,7 +46,7 @@ public:
   SearchController(const SearchController&) = delete;
   SearchController& operator=(const SearchController&) = delete;
 
-  /// The one that PanelContext holds for the engine.
+  /// The engine's own.
   static SearchController* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString searchText() const { return searchText_; }

@@ -1,7 +1,7 @@
 #include "panel/status_colors.h"
 
-#include "panel/panel_context.h"
-#include "panel/theme.h"
+#include "controls/engine_objects.h"
+#include "controls/theme.h"
 
 namespace tamberline {
 namespace {
@@ -44,7 +44,7 @@ StatusColors::StatusColors(const Theme& theme) : theme_(theme) {
 }
 
 StatusColors* StatusColors::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
-  return PanelContext::of(*engine).statusColors();
+  return engineObject<StatusColors>(*engine);
 }
 
 void StatusColors::readTheme() {

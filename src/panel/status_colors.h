@@ -28,7 +28,7 @@ public:
   /// `theme` must outlive this.
   explicit StatusColors(const Theme& theme);
 
-  /// The one that PanelContext holds for the engine.
+  /// The engine's own.
   static StatusColors* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   const ColorSet& fills() const { return fills_; }

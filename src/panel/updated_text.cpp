@@ -1,8 +1,8 @@
 #include "panel/updated_text.h"
 
+#include "controls/engine_objects.h"
 #include "i18n/loc.h"
 #include "i18n/relative_time.h"
-#include "panel/panel_context.h"
 
 #include <utility>
 
@@ -18,7 +18,7 @@ UpdatedText::~UpdatedText() {
 }
 
 UpdatedText* UpdatedText::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
-  return PanelContext::of(*engine).updated();
+  return engineObject<UpdatedText>(*engine);
 }
 
 void UpdatedText::setPanelVisible(bool isVisible) {

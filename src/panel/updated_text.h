@@ -34,7 +34,7 @@ public:
   UpdatedText(const UpdatedText&) = delete;
   UpdatedText& operator=(const UpdatedText&) = delete;
 
-  /// The one that PanelContext holds for the engine.
+  /// The engine's own.
   static UpdatedText* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString text() const { return text_; }

@@ -1,7 +1,7 @@
 #include "app/look.h"
-#include "panel/color_math.h"
+#include "controls/color_math.h"
 #include "panel/status_colors.h"
-#include "panel/theme.h"
+#include "controls/theme.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "panel/counted_signal.h"
 #include "panel/panel_fixture.h"
+#include "support/counted_signal.h"
 #include "support/language_scope.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/model_recorder.h"
+#include "support/model_recorder.h"
 #include "panel/panel_controller.h"
 #include "scanner/scanner_fixture.h"
 #include "tree/search_entries.h"

@@ -1,5 +1,5 @@
-#include "panel/model_recorder.h"
 #include "panel/panel_list_model.h"
+#include "support/model_recorder.h"
 #include "support/sample_records.h"
 
 #include <QAbstractItemModelTester>

@@ -1,7 +1,7 @@
-#include "panel/counted_signal.h"
 #include "panel/panel_context.h"
 #include "panel/panel_sizing.h"
 #include "scanner/scanner_fixture.h"
+#include "support/counted_signal.h"
 
 #include <QQmlContext>
 #include <QQmlEngine>

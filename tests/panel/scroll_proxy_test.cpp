@@ -1,4 +1,4 @@
-#include "panel/scroll_proxy.h"
+#include "controls/scroll_proxy.h"
 #include "panel/search_controller.h"
 #include "scanner/scanner_fixture.h"
 #include "support/hand_driven_animations.h"

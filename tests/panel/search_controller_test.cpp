@@ -1,6 +1,6 @@
-#include "panel/counted_signal.h"
 #include "panel/panel_fixture.h"
 #include "panel/search_controller.h"
+#include "support/counted_signal.h"
 
 #include <gtest/gtest.h>
 

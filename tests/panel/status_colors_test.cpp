@@ -1,7 +1,7 @@
-#include "panel/color_math.h"
-#include "panel/counted_signal.h"
+#include "controls/color_math.h"
+#include "controls/theme.h"
 #include "panel/status_colors.h"
-#include "panel/theme.h"
+#include "support/counted_signal.h"
 #include "support/palettes.h"
 #include "views/view_enums.h"
 

@@ -1,5 +1,5 @@
-#include "panel/counted_signal.h"
 #include "panel/suggestion_model.h"
+#include "support/counted_signal.h"
 
 #include <QAbstractItemModelTester>
 #include <gtest/gtest.h>

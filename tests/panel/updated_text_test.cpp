@@ -1,6 +1,6 @@
-#include "panel/counted_signal.h"
 #include "panel/updated_text.h"
 #include "scanner/scanner_fixture.h"
+#include "support/counted_signal.h"
 #include "support/language_scope.h"
 
 #include <gtest/gtest.h>

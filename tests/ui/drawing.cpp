@@ -1,8 +1,8 @@
 #include "ui/drawing.h"
 
 #include "base/text.h"
-#include "panel/dot.h"
-#include "panel/symbol.h"
+#include "controls/dot.h"
+#include "controls/symbol.h"
 #include "ui/drawn_items.h"
 #include "ui/visible_items.h"
 #include "views/view_enums.h"

@@ -1,4 +1,4 @@
-#include "panel/bubble.h"
+#include "controls/bubble.h"
 #include "ui/drawn_items.h"
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"

@@ -1,7 +1,7 @@
 #include "ui/layout_check.h"
 
-#include "panel/bubble.h"
-#include "panel/symbol.h"
+#include "controls/bubble.h"
+#include "controls/symbol.h"
 #include "ui/visible_items.h"
 
 #include <QString>

@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Controls
 
 // Everything on the panel.
 FocusScope {

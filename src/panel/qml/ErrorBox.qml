@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Controls
 import Tamberline.Views
 
 // Why there is nothing to show.

@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Controls
 import Tamberline.Views
 
 // The scrolling part of the panel: cards, or what there is to say without them.

@@ -1,5 +1,5 @@
 import QtQuick
-import Tamberline
+import Tamberline.Controls
 
 // What stands in place of cards while there are none.
 Item {

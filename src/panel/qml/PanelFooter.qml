@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Controls
 
 // The manual, the time of the last scan, and the way out.
 Item {

@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Controls
 
 // The application's name and the controls of the whole list. The search area below has a padding of
 // its own.

@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Controls
 import Tamberline.Views
 import Qt.labs.qmlmodels
 

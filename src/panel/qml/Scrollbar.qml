@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Controls
 
 // Shows which part of the list is seen.
 Rectangle {

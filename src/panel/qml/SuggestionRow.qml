@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Controls
 
 // One device that the search found, and where it is.
 FocusScope {

@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Controls
 
 // What the search found. The first is what Return jumps to.
 Item {

@@ -1,5 +1,6 @@
 import QtQuick
 import Tamberline
+import Tamberline.Controls
 
 // Why the panel has no symbols, where they cannot be drawn.
 Item {

@@ -1,0 +1,48 @@
+#include "controls/bubble.h"
+
+#include <algorithm>
+
+namespace tamberline {
+namespace {
+
+constexpr double gap = 4;    // between the box and what it explains
+constexpr double margin = 8; // between the box and the edge of the panel
+
+} // namespace
+
+Bubble::Bubble(QQuickItem* parent) : QQuickItem(parent) {
+  setVisible(false);
+}
+
+void Bubble::setTarget(QQuickItem* target) {
+  setVisible(target != nullptr); // a target that was deleted is null already
+  if (target == target_) {
+    return;
+  }
+  target_ = target;
+  polish();
+  emit targetChanged();
+}
+
+void Bubble::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
+  QQuickItem::geometryChange(newGeometry, oldGeometry);
+  if (newGeometry.size() != oldGeometry.size()) {
+    polish();
+  }
+}
+
+void Bubble::updatePolish() {
+  if (target_ == nullptr || parentItem() == nullptr) {
+    return;
+  }
+  const QRectF item =
+      target_->mapRectToItem(parentItem(), QRectF(0, 0, target_->width(), target_->height()));
+  const double rightmost = std::max(margin, parentItem()->width() - width() - margin);
+  const double lowest = parentItem()->height() - height() - margin;
+  const double below = item.bottom() + gap;
+  const double above = item.top() - gap - height();
+  setPosition({std::clamp(item.center().x() - width() / 2, margin, rightmost),
+               below <= lowest ? below : std::max(margin, above)});
+}
+
+} // namespace tamberline

@@ -1,0 +1,62 @@
+#include "controls/hints.h"
+
+#include "controls/engine_objects.h"
+
+#include <QQmlEngine>
+
+#include <chrono>
+#include <utility>
+
+namespace tamberline {
+namespace {
+
+constexpr std::chrono::milliseconds restingTime{600};
+
+} // namespace
+
+Hints::Hints(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
+
+Hints::~Hints() {
+  queue_->cancel(pending_);
+}
+
+Hints* Hints::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
+  return engineObject<Hints>(*engine);
+}
+
+void Hints::setHovered(QQuickItem* item, const QString& text, bool isHovered) {
+  if (isHovered && !text.isEmpty()) {
+    hide();
+    hovered_ = item;
+    connect(item, &QQuickItem::visibleChanged, this, [this, item] {
+      if (!item->isVisible()) { // and not when it comes, with a hint that begins here
+        hide();
+      }
+    });
+    connect(item, &QObject::destroyed, this, &Hints::hide);
+    pending_ = queue_->postLater(restingTime, [this, text] { show(text); });
+  } else if (item == hovered_) {
+    hide();
+  }
+}
+
+void Hints::hide() {
+  queue_->cancel(std::exchange(pending_, 0));
+  if (hovered_ != nullptr) {
+    hovered_->disconnect(this);
+  }
+  hovered_.clear();
+  target_.clear();
+  if (std::exchange(isShown_, false)) {
+    emit changed();
+  }
+}
+
+void Hints::show(const QString& text) {
+  target_ = hovered_;
+  text_ = text;
+  isShown_ = true;
+  emit changed();
+}
+
+} // namespace tamberline

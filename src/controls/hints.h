@@ -1,0 +1,60 @@
+#pragma once
+
+#include "async/main_queue.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QQuickItem>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+#include <memory>
+
+class QJSEngine;
+class QQmlEngine;
+
+namespace tamberline {
+
+/// The tooltip of the panel: which item it belongs to and what it says. It comes when the pointer
+/// rests on an item, and goes with the pointer or the item. Main thread only.
+class Hints final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_SINGLETON
+
+  Q_PROPERTY(QString text READ text NOTIFY changed)
+  /// Null when no tooltip is shown.
+  Q_PROPERTY(QQuickItem* target READ target NOTIFY changed)
+
+public:
+  explicit Hints(std::shared_ptr<MainQueue> queue);
+  ~Hints() override;
+  Hints(const Hints&) = delete;
+  Hints& operator=(const Hints&) = delete;
+
+  /// The engine's own.
+  static Hints* create(QQmlEngine* engine, QJSEngine* scriptEngine);
+
+  QString text() const { return text_; }
+  QQuickItem* target() const { return target_; }
+
+  Q_INVOKABLE void setHovered(QQuickItem* item, const QString& text, bool isHovered);
+
+  /// The pointer pressed something or the panel closed.
+  Q_INVOKABLE void hide();
+
+signals:
+  void changed();
+
+private:
+  void show(const QString& text);
+
+  std::shared_ptr<MainQueue> queue_;
+  MainQueue::WorkItem pending_ = 0;
+  QPointer<QQuickItem> hovered_;
+  QPointer<QQuickItem> target_;
+  QString text_;
+  bool isShown_ = false; // still true when the target was deleted
+};
+
+} // namespace tamberline

@@ -1,0 +1,33 @@
+#include "controls/popover.h"
+
+#include "controls/engine_objects.h"
+
+namespace tamberline {
+
+Popover* Popover::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
+  return engineObject<Popover>(*engine);
+}
+
+void Popover::toggle(QQuickItem* button, const QString& title, const QString& text) {
+  const bool wasOpen = target_ == button;
+  close();
+  if (wasOpen) {
+    return;
+  }
+  target_ = button;
+  title_ = title;
+  text_ = text;
+  connect(button, &QQuickItem::visibleChanged, this, &Popover::close);
+  connect(button, &QObject::destroyed, this, &Popover::changed);
+  emit changed();
+}
+
+void Popover::close() {
+  if (target_ != nullptr) {
+    target_->disconnect(this);
+    target_.clear();
+    emit changed();
+  }
+}
+
+} // namespace tamberline

@@ -1,0 +1,28 @@
+import QtQuick
+import Tamberline.Controls
+
+// The look of what floats above the panel.
+Bubble {
+    id: bubble
+
+    default property alias content: column.data
+
+    height: column.implicitHeight + 16
+    width: column.implicitWidth + 20
+    z: 1
+
+    Rectangle {
+        anchors.fill: parent
+        border.color: Theme.separator
+        border.width: 1
+        color: Theme.window
+        radius: 8
+    }
+    Column {
+        id: column
+
+        spacing: 4
+        x: 10
+        y: 8
+    }
+}

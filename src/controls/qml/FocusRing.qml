@@ -1,0 +1,14 @@
+import QtQuick
+import Tamberline.Controls
+
+// Shows where the keyboard is.
+Rectangle {
+    required property Item item
+
+    anchors.fill: parent
+    border.color: Theme.accent
+    border.width: 2
+    color: "transparent"
+    radius: 6
+    visible: item.Window.active && item.Window.activeFocusItem === item
+}

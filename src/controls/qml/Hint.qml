@@ -1,0 +1,10 @@
+import QtQuick
+import Tamberline.Controls
+
+// Shows a tooltip while the pointer rests on the item that this stands in.
+HoverHandler {
+    required property string text
+
+    onHoveredChanged: Hints.setHovered(parent, text, hovered)
+    onTextChanged: Hints.setHovered(parent, text, hovered)
+}

@@ -1,0 +1,12 @@
+import QtQuick
+import Tamberline.Controls
+
+// A text in as many lines as it needs.
+Text {
+    color: Theme.text
+    font: Theme.caption2Font
+    textFormat: Text.PlainText
+    wrapMode: Text.Wrap
+    Accessible.name: text
+    Accessible.role: Accessible.StaticText
+}

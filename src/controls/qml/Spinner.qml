@@ -1,0 +1,23 @@
+import QtQuick
+import Tamberline.Controls
+
+// Something is under way.
+SymbolIcon {
+    id: spinner
+
+    required property string label
+
+    color: Theme.secondary
+    name: "arrow.clockwise"
+    Accessible.ignored: false
+    Accessible.name: label
+    Accessible.role: Accessible.Indicator
+
+    RotationAnimation on rotation {
+        duration: 1000
+        from: 0
+        loops: Animation.Infinite
+        running: spinner.visible
+        to: 360
+    }
+}

@@ -1,0 +1,100 @@
+#include "controls/theme.h"
+
+#include "controls/color_math.h"
+#include "controls/engine_objects.h"
+
+#include <QEvent>
+#include <QFontInfo>
+#include <QGuiApplication>
+
+namespace tamberline {
+namespace {
+
+/// What small text needs to be readable.
+constexpr double readableContrast = 4.5;
+
+/// How much of a colour is in the backgrounds of badges and counts.
+constexpr double badgeShare = 0.12;
+constexpr double countShare = 0.15;
+
+/// The sizes below are right for a platform whose own text is this large.
+constexpr double designPixelSize = 13;
+
+bool isDarkColor(const QColor& color) {
+  return contrastRatio(color, Qt::white) > contrastRatio(color, Qt::black);
+}
+
+/// Where nobody tells the accent apart, it is the colour of what is selected: Qt knows an accent
+/// since 6.6, and not every palette that has the one colour has the other. On a Mac what is
+/// selected has a pale shade of the accent.
+QColor accentOf(const QPalette& palette) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
+  const bool hasOnlyHighlight = palette.isBrushSet(QPalette::Active, QPalette::Highlight) &&
+                                !palette.isBrushSet(QPalette::Active, QPalette::Accent);
+  if (!hasOnlyHighlight) {
+    return palette.color(QPalette::Active, QPalette::Accent);
+  }
+#endif
+  return palette.color(QPalette::Active, QPalette::Highlight);
+}
+
+QFont sized(QFont font, double pixels, QFont::Weight weight) {
+  font.setPixelSize(qRound(pixels));
+  font.setWeight(weight);
+  return font;
+}
+
+} // namespace
+
+Theme::Theme(double fontScale, QObject* parent) : QObject(parent), fontScale_(fontScale) {
+  readPalette(QGuiApplication::palette());
+  readFont(QGuiApplication::font());
+  qGuiApp->installEventFilter(this);
+}
+
+Theme* Theme::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
+  return engineObject<Theme>(*engine);
+}
+
+bool Theme::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange) {
+    readPalette(QGuiApplication::palette());
+    emit changed();
+  } else if (watched == qGuiApp && event->type() == QEvent::ApplicationFontChange) {
+    readFont(QGuiApplication::font());
+    emit changed();
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void Theme::readPalette(const QPalette& palette) {
+  window_ = palette.color(QPalette::Active, QPalette::Window);
+  card_ = palette.color(QPalette::Active, QPalette::Base);
+  text_ = palette.color(QPalette::Active, QPalette::WindowText);
+  isDark_ = isDarkColor(window_);
+  field_ = blended(text_, window_, 0.06);
+  separator_ = blended(text_, card_, 0.10);
+  grey_ = isDark_ ? "#98989d" : "#8e8e93";
+  fadedText_ = blended(text_, card_, 0.62);
+  secondary_ = readable(fadedText_);
+  tertiary_ = blended(text_, card_, 0.40);
+  accent_ = accentOf(palette);
+}
+
+QColor Theme::readable(const QColor& color) const {
+  return readableOn({card_, window_, field_, blended(color, card_, badgeShare),
+                     blended(grey_, card_, countShare)},
+                    color, readableContrast);
+}
+
+void Theme::readFont(const QFont& platformFont) {
+  scale_ = fontScale_ * QFontInfo(platformFont).pixelSize() / designPixelSize;
+  titleFont_ = sized(platformFont, 14 * scale_, QFont::DemiBold);
+  bodyFont_ = sized(platformFont, 13 * scale_, QFont::Normal);
+  subheadlineFont_ = sized(platformFont, 13 * scale_, QFont::DemiBold);
+  captionFont_ = sized(platformFont, 12 * scale_, QFont::Medium);
+  caption2Font_ = sized(platformFont, 10 * scale_, QFont::Normal);
+  badgeFont_ = sized(platformFont, 10 * scale_, QFont::DemiBold);
+}
+
+} // namespace tamberline

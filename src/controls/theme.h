@@ -1,0 +1,102 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QObject>
+#include <QPalette>
+#include <QtQml/qqmlregistration.h>
+
+class QJSEngine;
+class QQmlEngine;
+
+namespace tamberline {
+
+/// What the panel looks like: colours from the platform's palette and accent, fonts from the
+/// platform's font. Follows both live. Main thread only.
+class Theme final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_SINGLETON
+
+  Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
+  Q_PROPERTY(QColor window MEMBER window_ NOTIFY changed)
+  Q_PROPERTY(QColor card MEMBER card_ NOTIFY changed)
+  Q_PROPERTY(QColor field MEMBER field_ NOTIFY changed)
+  Q_PROPERTY(QColor separator MEMBER separator_ NOTIFY changed)
+  Q_PROPERTY(QColor text MEMBER text_ NOTIFY changed)
+  Q_PROPERTY(QColor secondary MEMBER secondary_ NOTIFY changed)
+  Q_PROPERTY(QColor tertiary MEMBER tertiary_ NOTIFY changed)
+  Q_PROPERTY(QColor accent MEMBER accent_ NOTIFY changed)
+  Q_PROPERTY(QColor grey MEMBER grey_ NOTIFY changed)
+
+  Q_PROPERTY(QFont titleFont MEMBER titleFont_ NOTIFY changed)
+  Q_PROPERTY(QFont bodyFont MEMBER bodyFont_ NOTIFY changed)
+  Q_PROPERTY(QFont subheadlineFont MEMBER subheadlineFont_ NOTIFY changed)
+  Q_PROPERTY(QFont captionFont MEMBER captionFont_ NOTIFY changed)
+  Q_PROPERTY(QFont caption2Font MEMBER caption2Font_ NOTIFY changed)
+  Q_PROPERTY(QFont badgeFont MEMBER badgeFont_ NOTIFY changed)
+  /// How much larger than the design's own size the text is; lengths that go with text follow it.
+  Q_PROPERTY(double scale READ scale NOTIFY changed)
+  Q_PROPERTY(double symbolSize READ symbolSize NOTIFY changed)
+  Q_PROPERTY(double smallSymbolSize READ smallSymbolSize NOTIFY changed)
+  Q_PROPERTY(double buttonSize READ buttonSize NOTIFY changed)
+  /// What the name of a device or a port keeps when badges crowd it.
+  Q_PROPERTY(double leastNameWidth READ leastNameWidth NOTIFY changed)
+  Q_PROPERTY(double leastTitleWidth READ leastTitleWidth NOTIFY changed)
+
+public:
+  /// `fontScale` multiplies the size that the platform wants.
+  explicit Theme(double fontScale, QObject* parent = nullptr);
+
+  /// The engine's own.
+  static Theme* create(QQmlEngine* engine, QJSEngine* scriptEngine);
+
+  bool isDark() const { return isDark_; }
+  QColor text() const { return text_; }
+  QColor card() const { return card_; }
+  QColor accent() const { return accent_; }
+  QColor grey() const { return grey_; }
+  /// What `secondary` is made of, for areas.
+  QColor fadedText() const { return fadedText_; }
+  /// The same hue, but readable on everything that text stands on: the card, the window, a field, a
+  /// tint of itself and the grey of a count.
+  QColor readable(const QColor& color) const;
+
+  double scale() const { return scale_; }
+  double symbolSize() const { return qRound(14 * scale_); }
+  double smallSymbolSize() const { return qRound(11 * scale_); }
+  double buttonSize() const { return qRound(24 * scale_); }
+  double leastNameWidth() const { return qRound(120 * scale_); }
+  double leastTitleWidth() const { return qRound(150 * scale_); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+signals:
+  void changed();
+
+private:
+  void readPalette(const QPalette& palette);
+  void readFont(const QFont& platformFont);
+
+  double fontScale_;
+  bool isDark_ = false;
+  double scale_ = 1;
+  QColor window_;
+  QColor card_;
+  QColor field_;
+  QColor separator_;
+  QColor text_;
+  QColor secondary_;
+  QColor tertiary_;
+  QColor accent_;
+  QColor grey_;
+  QColor fadedText_;
+  QFont titleFont_;
+  QFont bodyFont_;
+  QFont subheadlineFont_;
+  QFont captionFont_;
+  QFont caption2Font_;
+  QFont badgeFont_;
+};
+
+} // namespace tamberline

@@ -1,0 +1,29 @@
+import QtQuick
+import Tamberline.Controls
+import Tamberline.Views
+
+// What both ends of a port's connection agreed on.
+LineLayout {
+    id: row
+
+    required property agreedPowerRow power
+
+    spacing: 4
+
+    Symbol {
+        color: Theme.secondary
+        implicitHeight: Theme.smallSymbolSize
+        implicitWidth: Theme.smallSymbolSize
+        name: "bolt.fill"
+    }
+    TextLine {
+        text: row.power.watts
+        tooltip: row.power.tooltip
+    }
+    TextLine {
+        color: Theme.secondary
+        text: row.power.voltageCurrent
+        tooltip: row.power.tooltip
+        LineLayout.isTrailing: true
+    }
+}

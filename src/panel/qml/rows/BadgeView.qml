@@ -1,0 +1,54 @@
+import QtQuick
+import Tamberline
+import Tamberline.Controls
+import Tamberline.Views
+
+// A small label; coloured, on a faint background of its colour, where it has a colour.
+Rectangle {
+    id: badgeView
+
+    required property badge badge
+
+    color: "transparent"
+    implicitHeight: line.implicitHeight + 4
+    implicitWidth: line.implicitWidth + line.x * 2
+    radius: 4
+    visible: badge.text !== ""
+
+    Hint {
+        text: label.hint
+    }
+    Rectangle {
+        anchors.fill: parent
+        color: StatusColors.fills.of(badgeView.badge.color)
+        opacity: 0.12
+        radius: parent.radius
+        visible: badgeView.badge.hasBackground
+    }
+    LineLayout {
+        id: line
+
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 2
+        width: parent.width - x * 2
+        x: badgeView.badge.hasBackground ? 6 : 0
+
+        Symbol {
+            color: StatusColors.inks.of(badgeView.badge.color)
+            implicitHeight: Theme.smallSymbolSize
+            implicitWidth: Theme.smallSymbolSize
+            name: badgeView.badge.icon
+            visible: name !== ""
+        }
+        TextLine {
+            id: label
+
+            color: StatusColors.inks.of(badgeView.badge.color)
+            font: badgeView.badge.hasBackground ? Theme.badgeFont : Theme.caption2Font
+            showsHint: false
+            text: badgeView.badge.text
+            tooltip: badgeView.badge.tooltip
+            LineLayout.isElastic: true
+        }
+    }
+}

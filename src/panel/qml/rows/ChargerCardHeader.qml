@@ -1,0 +1,46 @@
+import QtQuick
+import Tamberline
+import Tamberline.Controls
+import Tamberline.Views
+
+// The header of the card of an adapter that is on no USB-C port.
+CardSegment {
+    id: segment
+
+    required property chargerCardHeader content
+    required property int pulse
+
+    Item {
+        height: line.height
+        width: parent.width
+
+        PulseOverlay {
+            anchors.fill: parent
+            anchors.margins: -4
+            phase: segment.pulse
+        }
+        LineLayout {
+            id: line
+
+            leastElasticWidth: Theme.leastTitleWidth
+            spacing: 8
+            width: parent.width
+
+            SymbolIcon {
+                color: StatusColors.fills.of(Views.Yellow)
+                name: segment.content.icon
+            }
+            TextLine {
+                font: Theme.subheadlineFont
+                text: segment.content.title
+                LineLayout.isElastic: true
+            }
+            TextLine {
+                color: Theme.secondary
+                text: segment.content.port
+                tooltip: segment.content.portTooltip
+                LineLayout.isTrailing: true
+            }
+        }
+    }
+}

@@ -1,0 +1,50 @@
+import QtQuick
+import Tamberline
+import Tamberline.Controls
+import Tamberline.Views
+
+// A port that draws power without data.
+Item {
+    id: row
+
+    required property chargingOnlyRow content
+
+    implicitHeight: Math.max(symbol.height, lines.height)
+
+    SymbolIcon {
+        id: symbol
+
+        color: StatusColors.fills.of(Views.Yellow)
+        name: "bolt.fill"
+    }
+    Stack {
+        id: lines
+
+        anchors.left: symbol.right
+        anchors.leftMargin: 6
+        anchors.right: parent.right
+        spacing: 2
+
+        LineLayout {
+            leastElasticWidth: Theme.leastNameWidth
+            lineSpacing: 2
+            spacing: 6
+            width: parent.width
+
+            TextLine {
+                font: Theme.captionFont
+                text: row.content.title
+                LineLayout.isElastic: true
+            }
+            BadgeView {
+                badge: row.content.badge
+                LineLayout.isTrailing: true
+            }
+        }
+        Paragraph {
+            color: Theme.secondary
+            text: row.content.detail
+            width: parent.width
+        }
+    }
+}

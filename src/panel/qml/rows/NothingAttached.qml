@@ -1,0 +1,27 @@
+import QtQuick
+import Tamberline
+import Tamberline.Controls
+import Tamberline.Views
+
+// What the card of a bus without devices shows, and an open one of an empty port.
+CardSegment {
+    id: segment
+
+    required property nothingAttachedRow content
+
+    topPadding: 6
+
+    Row {
+        spacing: 6
+
+        SymbolIcon {
+            color: Theme.secondary
+            name: "minus.circle"
+        }
+        TextLine {
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.secondary
+            text: segment.content.text
+        }
+    }
+}

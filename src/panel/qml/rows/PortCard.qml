@@ -1,0 +1,89 @@
+import QtQuick
+import Tamberline
+import Tamberline.Controls
+import Tamberline.Views
+
+// The header of a port's card, which opens and closes it.
+CardSegment {
+    id: card
+
+    required property portHeader content
+    required property bool isExpanded
+
+    Stack {
+        bottomPadding: card.isExpanded ? 4 : 0
+        spacing: 10
+        width: parent.width
+
+        LineLayout {
+            leastElasticWidth: Theme.leastTitleWidth
+            lineSpacing: 4
+            spacing: 8
+            width: parent.width
+
+            Dot {
+                color: card.content.inUse ? StatusColors.fills.of(Views.Green) : StatusColors.fills.of(Views.Grey)
+                implicitHeight: 9
+                implicitWidth: 9
+                opacity: card.content.inUse ? 1 : 0.35
+                Accessible.description: card.content.dotTooltip
+                Accessible.name: card.content.dotTooltip
+                Accessible.role: Accessible.Indicator
+
+                Hint {
+                    text: card.content.dotTooltip
+                }
+            }
+            NameLabel {
+                font: Theme.subheadlineFont
+                name: card.content.title
+            }
+            Rectangle {
+                color: "transparent"
+                implicitHeight: count.implicitHeight + 2
+                implicitWidth: count.implicitWidth + 10
+                visible: count.text !== ""
+
+                Hint {
+                    text: count.hint
+                }
+                Rectangle {
+                    anchors.fill: parent
+                    color: StatusColors.fills.of(Views.Grey)
+                    opacity: 0.15
+                    radius: 5
+                }
+                TextLine {
+                    id: count
+
+                    anchors.centerIn: parent
+                    color: Theme.secondary
+                    showsHint: false
+                    text: card.content.itemCount
+                    tooltip: card.content.itemCountTooltip
+                }
+            }
+            Repeater {
+                model: card.content.badges
+
+                BadgeView {
+                    required property badge modelData
+
+                    badge: modelData
+                    LineLayout.isTrailing: true
+                }
+            }
+            Chevron {
+                isExpanded: card.isExpanded
+                LineLayout.isPinned: true
+            }
+        }
+        Rectangle {
+            color: Theme.separator
+            height: 1
+            visible: card.isExpanded
+            width: parent.width + 24
+            x: -12
+        }
+    }
+}

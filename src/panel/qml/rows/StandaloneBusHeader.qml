@@ -1,0 +1,23 @@
+import QtQuick
+import Tamberline
+import Tamberline.Controls
+import Tamberline.Views
+
+// The header of the card of a bus that no port brought.
+CardSegment {
+    id: segment
+
+    required property usbBusHeaderRow content
+
+    Stack {
+        bottomPadding: 4
+        width: parent.width
+
+        USBBusHeaderRow {
+            canExpand: false
+            content: segment.content
+            isExpanded: false
+            width: parent.width
+        }
+    }
+}

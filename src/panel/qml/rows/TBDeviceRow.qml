@@ -1,0 +1,56 @@
+import QtQuick
+import Tamberline
+import Tamberline.Controls
+import Tamberline.Views
+
+// A Thunderbolt device.
+Stack {
+    id: row
+
+    required property tbDeviceRow content
+    required property bool canExpand
+    required property bool isExpanded
+
+    spacing: 4
+
+    LineLayout {
+        leastElasticWidth: Theme.leastNameWidth
+        lineSpacing: 2
+        spacing: 6
+        width: parent.width
+
+        SymbolIcon {
+            color: StatusColors.inks.of(Views.Accent)
+            name: row.content.icon
+            opacity: 0.8
+        }
+        NameLabel {
+            name: row.content.name
+        }
+        BadgeView {
+            badge: row.content.modeBadge
+        }
+        BadgeView {
+            badge: row.content.warningBadge
+        }
+        TextLine {
+            color: Theme.secondary
+            text: row.content.ratedDraw
+            LineLayout.isTrailing: true
+        }
+        Chevron {
+            isExpanded: row.isExpanded
+            visible: row.canExpand
+            LineLayout.isPinned: true
+        }
+    }
+    Loader {
+        active: row.content.hasSpeedBar
+        visible: active
+        width: parent.width
+
+        sourceComponent: SpeedBarRow {
+            speedBar: row.content.speedBar // qmllint disable unqualified
+        }
+    }
+}

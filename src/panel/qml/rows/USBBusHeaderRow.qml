@@ -1,0 +1,36 @@
+import QtQuick
+import Tamberline
+import Tamberline.Controls
+import Tamberline.Views
+
+// A USB bus.
+LineLayout {
+    id: row
+
+    required property usbBusHeaderRow content
+    required property bool canExpand
+    required property bool isExpanded
+
+    leastElasticWidth: Theme.leastNameWidth
+    spacing: 6
+
+    Symbol {
+        color: Theme.secondary
+        implicitHeight: Theme.smallSymbolSize
+        implicitWidth: Theme.smallSymbolSize
+        name: "arrow.triangle.branch"
+    }
+    NameLabel {
+        name: row.content.name
+    }
+    TextLine {
+        color: Theme.secondary
+        text: row.content.ratedDraw
+        LineLayout.isTrailing: true
+    }
+    Chevron {
+        isExpanded: row.isExpanded
+        visible: row.canExpand
+        LineLayout.isPinned: true
+    }
+}

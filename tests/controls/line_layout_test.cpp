@@ -1,0 +1,245 @@
+#include "controls/line_layout.h"
+
+#include <QQmlEngine>
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <vector>
+
+// Registers the types of the QML module; attached objects are found by them.
+extern void qml_register_types_Tamberline_Controls();
+
+namespace tamberline {
+namespace {
+
+struct Child {
+  double width = 0;
+  double height = 10;
+  bool isElastic = false;
+  bool isTrailing = false;
+  bool isPinned = false;
+  bool isVisible = true;
+};
+
+LineAttached& attachedTo(QQuickItem& child) {
+  return *qobject_cast<LineAttached*>(qmlAttachedPropertiesObject<LineLayout>(&child));
+}
+
+/// A layout with gaps of 5 points between its children and 2 between its lines.
+class LineLayoutTest : public testing::Test {
+protected:
+  LineLayoutTest() {
+    qml_register_types_Tamberline_Controls();
+    layout.setProperty("spacing", 5);
+    layout.setProperty("lineSpacing", 2);
+    layout.setProperty("leastElasticWidth", 20);
+  }
+
+  void fill(double width, std::initializer_list<Child> wanted) {
+    children.clear();
+    layout.setWidth(width);
+    for (const Child& child : wanted) {
+      add(child);
+    }
+  }
+
+  void add(const Child& wanted) {
+    auto& item = *children.emplace_back(std::make_unique<QQuickItem>());
+    item.setImplicitWidth(wanted.width);
+    item.setImplicitHeight(wanted.height);
+    item.setVisible(wanted.isVisible);
+    LineAttached& attached = attachedTo(item);
+    attached.isElastic = wanted.isElastic;
+    attached.isTrailing = wanted.isTrailing;
+    attached.isPinned = wanted.isPinned;
+    item.setParentItem(&layout);
+  }
+
+  /// "x,y width" of each visible child.
+  std::string geometry() const {
+    std::string text;
+    for (const auto& item : children) {
+      if (item->isVisible()) {
+        text += text.empty() ? "" : " | ";
+        text += number(item->x()) + "," + number(item->y()) + " " + number(item->width());
+      }
+    }
+    return text;
+  }
+
+  static std::string number(double value) { return QString::number(value).toStdString(); }
+
+  LineLayout layout;
+  std::vector<std::unique_ptr<QQuickItem>> children; // before the layout
+};
+
+TEST_F(LineLayoutTest, PlacesItsChildren) {
+  const Child pinned{.width = 10, .isPinned = true};
+  const struct {
+    const char* description;
+    double width;
+    std::vector<Child> children;
+    const char* geometry;
+    double height;
+  } rows[] = {
+      {"nothing", 100, {}, "", 0},
+      {"one line", 100, {{30}, {40}}, "0,0 30 | 35,0 40", 10},
+      {"a line that just fits", 75, {{30}, {40}}, "0,0 30 | 35,0 40", 10},
+      {"a line that does not fit", 74, {{30}, {40}}, "0,0 30 | 0,12 40", 22},
+      {"three lines", 50, {{30}, {40}, {50}}, "0,0 30 | 0,12 40 | 0,24 50", 34},
+      {"centred vertically", 100, {{30, 10}, {30, 20}, {20, 4}}, "0,5 30 | 35,0 30 | 70,8 20", 20},
+      {"lines as high as what they hold",
+       50,
+       {{30, 10}, {40, 20}, {5, 4}},
+       "0,0 30 | 0,12 40 | 45,20 5",
+       32},
+      {"whole points", 100, {{30.2}, {40}}, "0,0 31 | 36,0 40", 10},
+      {"trailing", 100, {{30}, {40, 10, false, true}}, "0,0 30 | 60,0 40", 10},
+      {"everything after a trailing one",
+       100,
+       {{30}, {10, 10, false, true}, {20}},
+       "0,0 30 | 65,0 10 | 80,0 20",
+       10},
+      {"trailing on the line that it wraps to",
+       60,
+       {{30}, {40, 10, false, true}},
+       "0,0 30 | 20,12 40",
+       22},
+      {"elastic with room", 100, {{30, 10, true}, {40}}, "0,0 30 | 35,0 40", 10},
+      {"elastic without room", 70, {{60, 10, true}, {40}}, "0,0 25 | 30,0 40", 10},
+      {"elastic at its least", 65, {{60, 10, true}, {40}}, "0,0 20 | 25,0 40", 10},
+      {"elastic below its least", 64, {{60, 10, true}, {40}}, "0,0 60 | 0,12 40", 22},
+      {"a short elastic one does not wrap", 57, {{12, 10, true}, {40}}, "0,0 12 | 17,0 40", 10},
+      {"two elastic ones", 100, {{50, 10, true}, {80, 10, true}}, "0,0 50 | 55,0 45", 10},
+      {"wider than everything", 40, {{90}}, "0,0 40", 10},
+      {"elastic and wider than everything", 15, {{90, 10, true}}, "0,0 15", 10},
+      {"pinned", 100, {{30}, pinned}, "0,0 30 | 90,0 10", 10},
+      {"pinned alone", 100, {pinned}, "90,0 10", 10},
+      {"pinned on the first line", 50, {{30}, {40}, pinned}, "0,0 30 | 0,12 40 | 40,0 10", 22},
+      {"pinned beside an elastic one", 50, {{80, 10, true}, pinned}, "0,0 35 | 40,0 10", 10},
+      {"the lines below have the pinned one's place",
+       50,
+       {{30}, {50}, pinned},
+       "0,0 30 | 0,12 50 | 40,0 10",
+       22},
+      {"pinned on a first line without height",
+       30,
+       {{20, 0}, {30}, {5, 0, false, false, true}},
+       "0,0 20 | 0,2 30 | 25,0 5",
+       12},
+      {"invisible ones",
+       100,
+       {{30}, {50, 10, false, false, false, false}, {40}},
+       "0,0 30 | 35,0 40",
+       10},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    children.clear();
+    layout.setWidth(row.width);
+    for (const Child& child : row.children) {
+      add(child);
+    }
+    EXPECT_EQ(geometry(), row.geometry);
+    EXPECT_EQ(layout.implicitHeight(), row.height);
+  }
+}
+
+TEST_F(LineLayoutTest, StandsChildrenOnOneBaseline) {
+  layout.setProperty("alignsBaselines", true);
+  fill(100, {{30, 15}, {20, 12}, {10, 6}});
+  children[0]->setBaselineOffset(12);
+  children[1]->setBaselineOffset(10);
+  EXPECT_EQ(geometry(), "0,0 30 | 35,2 20 | 60,5 10"); // the last is centred on the first
+  EXPECT_EQ(layout.implicitHeight(), 15);
+  EXPECT_EQ(layout.baselineOffset(), 12);
+  children[2]->setImplicitHeight(31);
+  EXPECT_EQ(geometry(), "0,8 30 | 35,10 20 | 60,0 10");
+  EXPECT_EQ(layout.implicitHeight(), 31);
+  EXPECT_EQ(layout.baselineOffset(), 20);
+}
+
+TEST_F(LineLayoutTest, StandsLettersOnWholePoints) {
+  layout.setProperty("alignsBaselines", true);
+  fill(100, {{30, 15}, {20, 12}, {10, 6}});
+  children[0]->setBaselineOffset(12.25);
+  children[1]->setBaselineOffset(10.5);
+  EXPECT_EQ(geometry(), "0,0.75 30 | 35,2.5 20 | 60,5 10");
+  EXPECT_EQ(layout.baselineOffset(), 13);
+  EXPECT_EQ(layout.implicitHeight(), 16);
+}
+
+TEST_F(LineLayoutTest, HasTheBaselineOfItsFirstLine) {
+  layout.setProperty("alignsBaselines", true);
+  fill(50, {{30, 15}, {40, 12}});
+  children[0]->setBaselineOffset(12);
+  children[1]->setBaselineOffset(11);
+  EXPECT_EQ(geometry(), "0,0 30 | 0,17 40");
+  EXPECT_EQ(layout.baselineOffset(), 12);
+}
+
+TEST_F(LineLayoutTest, CentresChildrenOfWhichNoneHasABaseline) {
+  layout.setProperty("alignsBaselines", true);
+  fill(100, {{30, 10}, {30, 20}});
+  EXPECT_EQ(geometry(), "0,5 30 | 35,0 30");
+  EXPECT_EQ(layout.implicitHeight(), 20);
+}
+
+TEST_F(LineLayoutTest, WantsToBeAsWideAsOneLine) {
+  fill(50, {{30}, {40, 10, true}, {10, 10, false, false, true}});
+  EXPECT_EQ(layout.implicitWidth(), 90);
+}
+
+TEST_F(LineLayoutTest, KeepsAPinnedChildOnAFirstLineWithoutHeight) {
+  layout.setProperty("lineSpacing", 0);
+  fill(30, {{20, 0}, {30}, {5, 6, false, false, true}});
+  EXPECT_EQ(geometry(), "0,3 20 | 0,6 30 | 25,0 5");
+  children.back()->setImplicitHeight(0);
+  EXPECT_EQ(geometry(), "0,0 20 | 0,0 30 | 25,0 5");
+}
+
+TEST_F(LineLayoutTest, FollowsItsWidth) {
+  fill(100, {{30}, {40}});
+  layout.setWidth(50);
+  EXPECT_EQ(geometry(), "0,0 30 | 0,12 40");
+}
+
+TEST_F(LineLayoutTest, FollowsItsChildren) {
+  fill(100, {{30}, {40}});
+  children[0]->setImplicitWidth(50);
+  EXPECT_EQ(geometry(), "0,0 50 | 55,0 40");
+  children[1]->setImplicitHeight(20);
+  EXPECT_EQ(geometry(), "0,5 50 | 55,0 40");
+  children[0]->setVisible(false);
+  EXPECT_EQ(geometry(), "0,0 40");
+  children[0]->setVisible(true);
+  EXPECT_EQ(geometry(), "0,5 50 | 55,0 40");
+  children.erase(children.begin());
+  EXPECT_EQ(geometry(), "0,0 40");
+}
+
+TEST_F(LineLayoutTest, FollowsItsSpacing) {
+  fill(100, {{30}, {40}});
+  layout.setProperty("spacing", 9);
+  EXPECT_EQ(geometry(), "0,0 30 | 39,0 40");
+}
+
+TEST_F(LineLayoutTest, FollowsWhatItsChildrenWantToBe) {
+  fill(100, {{30}, {40}});
+  attachedTo(*children[1]).setProperty("isTrailing", true);
+  EXPECT_EQ(geometry(), "0,0 30 | 60,0 40");
+}
+
+TEST_F(LineLayoutTest, LeavesAChildAloneThatLeftIt) {
+  fill(100, {{30}, {40}});
+  QQuickItem elsewhere;
+  children[1]->setParentItem(&elsewhere);
+  children[1]->setPosition({77, 7});
+  children[1]->setImplicitWidth(50);
+  EXPECT_EQ(children[1]->position(), QPointF(77, 7));
+}
+
+} // namespace
+} // namespace tamberline
