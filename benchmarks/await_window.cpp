@@ -1,6 +1,6 @@
-// await_window COMMAND [ARGUMENT...]: starts the command and waits until a window of it shows more
-// than one colour. Prints the microseconds that this took from before the fork, and the process
-// identifier of the command, which runs on.
+// await_window COMMAND [ARGUMENT...]: starts the command and waits until one of its windows shows
+// more than one colour. Prints the microseconds since before the fork, and the process identifier
+// of the command, which keeps running.
 
 #include <algorithm>
 #include <chrono>
@@ -37,7 +37,7 @@ xcb_window_t rootOf(xcb_connection_t* display) {
   return xcb_setup_roots_iterator(xcb_get_setup(display)).data->root;
 }
 
-/// From now on the server tells of every window that comes to be seen.
+/// From now on the server reports every window that becomes visible.
 void followNewWindows(xcb_connection_t* display) {
   const std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
   xcb_change_window_attributes(display, rootOf(display), XCB_CW_EVENT_MASK, &events);
@@ -53,7 +53,7 @@ void collectNewWindows(xcb_connection_t* display, std::vector<xcb_window_t>& win
   }
 }
 
-/// Toolkits also map tiny windows for purposes of their own.
+/// Toolkits also map tiny windows for internal purposes.
 bool isLarge(const xcb_get_geometry_reply_t& geometry) {
   constexpr int least = 64;
   return geometry.width >= least && geometry.height >= least;
@@ -69,13 +69,13 @@ bool showsSomething(xcb_connection_t* display, xcb_window_t window) {
                                      geometry->width, geometry->height, ~0U);
   const Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(display, request, nullptr));
   if (!image) {
-    return false; // the window is not to be seen, or stands across the edge of the screen
+    return false; // the window is invisible, or extends beyond the edge of the screen
   }
   const std::span bytes(xcb_get_image_data(image.get()),
                         static_cast<std::size_t>(xcb_get_image_data_length(image.get())));
   constexpr std::size_t pixel = 4;
   return bytes.size() > pixel &&
-         !std::equal(bytes.begin() + pixel, bytes.end(), bytes.begin()); // shifted by one pixel
+         !std::equal(bytes.begin() + pixel, bytes.end(), bytes.begin()); // each pixel and the next
 }
 
 bool waitForContent(xcb_connection_t* display, Clock::time_point deadline) {

@@ -12,8 +12,8 @@
 
 namespace tamberline {
 
-/// The real panel over a real scanner, with saved reports for tools. Open, and its first scan done,
-/// when it is made. Needs an application object.
+/// The real panel on a real scanner, with saved reports instead of tools. It is open, and its first
+/// scan is finished, once it is constructed. Needs an application object.
 class BenchedPanel {
 public:
   explicit BenchedPanel(const std::filesystem::path& reports);
@@ -25,16 +25,16 @@ public:
   PanelController& controller() { return *shell_.context().panel(); }
   const PortScanner& scanner() const { return *scanner_; }
 
-  /// The item whose children are the lines that the list has made.
+  /// The item whose children are the delegates that the list has created.
   QQuickItem* linesOfList();
 
-  /// A whole scan, until everything that follows from it is done.
+  /// Runs a whole scan and everything that follows from it.
   void scan();
 
-  /// Returns when the first frame after the action was rendered.
+  /// Returns after the first frame since the action has been rendered.
   void renderAfter(const std::function<void()>& action);
 
-  /// Lets animations and the window's size come to an end.
+  /// Waits until animations and changes of the window's size have ended.
   void settle();
 
 private:

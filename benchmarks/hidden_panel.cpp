@@ -1,5 +1,5 @@
 // hidden_panel DIR: opens the panel on the reports saved in the folder DIR, hides it after its
-// first scan, and idles. A panel that was opened and closed is what a tray icon has behind it.
+// first scan, and idles. This is the state of the program while only its tray icon is visible.
 
 #include "benched_panel.h"
 #include "platform/desktop.h"

@@ -65,7 +65,7 @@ private:
            R"("bus_power_used": "100", "device_speed": ")" + speed + "\"";
   }
 
-  /// A hub with seven devices and, at the innermost level excepted, another hub.
+  /// A hub with seven devices and, except at the innermost level, another hub.
   std::string makeHub(int nestedLevels) {
     const std::string containerID = "hub-" + std::to_string(made_);
     slowHubs_ += (slowHubs_.empty() ? "" : ",") + device("Hub", "high_speed", containerID) + "}";

@@ -12,7 +12,7 @@ namespace tamberline {
 /// each hub in two halves that share a container identifier; all of them behind one dock.
 std::map<Question, std::string> makeLargeMachine(std::size_t deviceCount);
 
-/// A dump of a device tree of about so many bytes, with the current limits of four ports in it.
+/// A dump of a device tree of about `byteCount` bytes, including the current limits of four ports.
 std::string makeDeviceTree(std::size_t byteCount);
 
 } // namespace tamberline

@@ -1,5 +1,5 @@
-// What a scan reads of a Linux machine, and writes for its parsers. Run it in a recorded machine
-// (umockdev-run) where this one has no devices.
+// What a scan reads from a Linux machine and writes for its parsers. Run it on a recorded machine
+// (umockdev-run) if this one has no devices.
 #include "platform/this_machine.h"
 
 #include <benchmark/benchmark.h>

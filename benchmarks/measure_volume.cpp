@@ -1,6 +1,5 @@
-// measure_volume FOLDER: the speed test as the panel runs it, on the volume with this folder.
-// Prints for writing and for reading the MB/s and the seconds of processor time between the two
-// looks at the clock.
+// measure_volume FOLDER: runs the panel's speed test on the volume of this folder. For writing and
+// for reading, prints the MB/s and the seconds of processor time between the two clock readings.
 
 #include "platform/posix/posix_volume_files.h"
 #include "storage/benchmark.h"
@@ -24,7 +23,7 @@ double processorSeconds() {
   return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-/// The clock of the test, which also notes the processor time of the last two looks.
+/// The clock of the test; it also records the processor time at its last two readings.
 class NotingClock {
 public:
   std::chrono::steady_clock::time_point now() {

@@ -1,9 +1,9 @@
-// What a person waits for at the panel, and what an unchanged rescan costs. Windows are drawn in
-// software, as on the desktop, but shown nowhere.
+// What users wait for in the panel, and the cost of an unchanged rescan. Windows use software
+// rendering, as on the desktop, but are not shown.
 
 #include "benched_panel.h"
-#include "large_machine.h"
 #include "controls/list_changes.h"
+#include "large_machine.h"
 #include "platform/desktop.h"
 #include "platform/saved/saved_reports.h"
 #include "views/panel_inputs.h"
@@ -24,9 +24,9 @@
 namespace tamberline {
 namespace {
 
-/// Makes 5,000 rows: two of nine devices are the second halves of hubs.
+/// Gives 5,000 rows: two of nine devices are the second halves of hubs.
 constexpr std::size_t devicesOfLargeMachine = 5'622;
-constexpr int iterations = 20; // each needs a rest before it, which is not measured
+constexpr int iterations = 20; // each needs an unmeasured pause before it
 
 std::filesystem::path deskSample() {
   return std::filesystem::path(SAMPLES_FOLDER) / "desk";
@@ -86,7 +86,7 @@ void expandAll(benchmark::State& state) {
 }
 BENCHMARK(expandAll)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(iterations);
 
-/// Counts what a view would have to follow.
+/// Counts the changes that a view would have to follow.
 void countSignals(const QAbstractItemModel& model, int& count) {
   const auto increment = [&count] { ++count; };
   QObject::connect(&model, &QAbstractItemModel::dataChanged, &model, increment);
@@ -97,13 +97,13 @@ void countSignals(const QAbstractItemModel& model, int& count) {
   QObject::connect(&model, &QAbstractItemModel::rowsRemoved, &model, increment);
 }
 
-/// The processor time is that of the main thread; the tools are read on others.
+/// The processor time is that of the main thread; other threads read the tools.
 void unchangedRescan(benchmark::State& state) {
   BenchedPanel panel(largeMachine());
   panel.controller().expandAll();
   panel.settle();
   int modelSignals = 0;
-  int delegates = 0; // made or gone
+  int delegates = 0; // created or destroyed
   countSignals(*panel.controller().rows(), modelSignals);
   const QMetaObject::Connection counting =
       QObject::connect(panel.linesOfList(), &QQuickItem::childrenChanged, [&] { ++delegates; });
@@ -117,7 +117,7 @@ void unchangedRescan(benchmark::State& state) {
 }
 BENCHMARK(unchangedRescan)->Unit(benchmark::kMillisecond);
 
-/// The large machine with all its rows open, for the parts of a rescan that come after its tree.
+/// The large machine with all its rows open, for the parts of a rescan after its tree is built.
 struct OpenMachine {
   PanelInputs inputs;
   std::set<std::string> expanded;
@@ -187,7 +187,7 @@ void findingChanges(benchmark::State& state) {
 }
 BENCHMARK(findingChanges)->Unit(benchmark::kMillisecond);
 
-/// The platform without a screen says of much that it cannot do it.
+/// The platform without a screen prints warnings about many unsupported features.
 void printUnlessOfPlatform(QtMsgType, const QMessageLogContext&, const QString& message) {
   if (!message.startsWith(QLatin1String("This plugin does not support"))) {
     std::fprintf(stderr, "%s\n", qPrintable(message));

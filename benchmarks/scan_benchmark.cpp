@@ -1,5 +1,5 @@
-// The main thread's share of one scan: everything between the bytes that the tools printed and the
-// tree with its identifiers.
+// The main thread's share of one scan: all steps from the output of the tools to the tree with its
+// identifiers.
 
 #include "large_machine.h"
 #include "platform/saved/saved_reports.h"

@@ -10,7 +10,7 @@
 namespace tamberline {
 namespace {
 
-/// How many devices there are of each container identifier; "" stands for none.
+/// The number of devices with each container identifier; "" stands for none.
 using Counts = std::map<std::string, std::size_t>;
 
 void count(const SharedList<USBDevice>& devices, Counts& counts) {

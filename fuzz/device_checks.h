@@ -7,12 +7,12 @@
 
 namespace tamberline {
 
-/// `merged` is what merging the hubs of `buses` gave: every device without a container identifier
-/// is still there, and of every identifier at least one device.
+/// `merged` is the result of merging the hubs of `buses`: every device without a container
+/// identifier must still be there, and for every identifier at least one device.
 void requireNothingLost(const std::vector<USBBus>& buses, const std::vector<USBBus>& merged);
 
-/// No two nodes share an identifier, unless a key with a slash or a number sign spells the path of
-/// another.
+/// No two nodes may share an identifier, unless a key with a slash or a number sign spells the path
+/// of another.
 void requireUniqueIdentifiers(const std::vector<TreeNode>& tree);
 
 } // namespace tamberline

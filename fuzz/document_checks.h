@@ -4,8 +4,8 @@
 
 namespace tamberline {
 
-/// The document can be written in UTF-8, reads back as itself, and no bar or fraction in it is
-/// beyond its ends.
+/// The document must be valid UTF-8 and read back unchanged, and every bar and fraction in it must
+/// be within its range.
 void requireSoundDocument(const nlohmann::ordered_json& document);
 
 } // namespace tamberline

@@ -1,5 +1,5 @@
-// What every target consists of and may use. An input of several files has the character U+001E
-// between them.
+// The parts of every target, and helpers for it. The files of an input are separated by the
+// character U+001E.
 #pragma once
 
 #include <cstddef>
@@ -9,13 +9,13 @@
 
 namespace tamberline {
 
-/// Handles one input; each target defines it. Returns when everything was as promised.
+/// Handles one input; each target defines it. Returns if all promises were kept.
 void tryInput(std::string_view input);
 
-/// Ends the program when a promise is broken, so that the fuzzer keeps the input.
+/// Aborts the program if a promise is broken, so that the fuzzer keeps the input.
 void require(bool isKept, const char* promise);
 
-/// The files of an input; those that it does not have are empty.
+/// The files of an input; missing ones are empty.
 std::vector<std::string> partsOf(std::string_view input, std::size_t count);
 
 } // namespace tamberline

@@ -1,5 +1,5 @@
-// The way from a description of the folders in which the kernel describes a machine ("sys"), of its
-// mount table ("mountinfo") and of udev's notes ("udev") to the document and the panel.
+// From a description of the folders in which the kernel describes a machine ("sys"), its mount
+// table ("mountinfo") and udev's data ("udev") to the document and the panel.
 #include "platform/linux/sysfs/report/linux_machine.h"
 
 #include "fuzz_target.h"

@@ -29,8 +29,8 @@ bool canBePath(std::string_view path, const Names& names) {
          areNames(names.begin(), names.end());
 }
 
-/// Whether no way through links leads out: ".." stands in front only, and no more often than there
-/// are folders above.
+/// Whether the target cannot lead out of the tree: ".." may only be at its start, and no more often
+/// than there are folders above.
 bool canBeTarget(std::string_view target, std::size_t foldersAbove) {
   Names names = split(target, '/');
   const auto down =
@@ -40,7 +40,7 @@ bool canBeTarget(std::string_view target, std::size_t foldersAbove) {
   return staysInside && canBePath(target, names);
 }
 
-/// A reader makes a path of what a file holds.
+/// A reader turns the content of a file into a path.
 bool canBeContent(std::string_view line) {
   return !contains(line, "/..");
 }
@@ -82,7 +82,7 @@ private:
     }
   }
 
-  /// With the folders above it; null where something else is in the way.
+  /// Creates the folders above it; null if something else is in the way.
   TreeEntry* entryAt(const std::string& path, TreeEntry::Kind kind) {
     constexpr std::size_t mostEntries = 1000;
     const Names names = split(path, '/');

@@ -1,5 +1,5 @@
-// The way from the files of a folder of saved reports, in the order of their names, to the document
-// and the panel.
+// From the files of a folder of saved reports, in the order of their names, to the document and the
+// panel.
 #include "fuzz_target.h"
 #include "platform/macos/mac_machine.h"
 #include "scan_checks.h"

@@ -20,7 +20,7 @@
 namespace tamberline {
 namespace {
 
-/// One scan, with time for the second attempt of a report that fails.
+/// Runs one scan, with time for the second attempt if a report fails.
 nlohmann::ordered_json scan(PortScanner& scanner, HandDrivenQueue& queue) {
   scanner.scan();
   queue.advance(std::chrono::milliseconds(150));

@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-/// Searches the tree and checks what is found.
+/// Searches the tree and checks the results.
 void requireSoundSearch(const std::vector<TreeNode>& tree, std::string_view searchText);
 
 } // namespace tamberline

@@ -1,4 +1,4 @@
-// A text that is searched for, on a machine that stays the same.
+// A search text, on a machine that stays the same.
 #include "fuzz_target.h"
 #include "search_checks.h"
 #include "support/sample_records.h"

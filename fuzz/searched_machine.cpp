@@ -1,4 +1,4 @@
-// Three files: the Thunderbolt section, the USB section, and the text that is searched for.
+// Three files: the Thunderbolt section, the USB section, and the search text.
 #include "device_checks.h"
 #include "fuzz_target.h"
 #include "reports/report_decoding.h"

@@ -6,7 +6,7 @@
 
 namespace tamberline {
 
-/// A new folder among the temporary files, with a tree in it; it goes with this object.
+/// A new folder for temporary files that contains a tree; removed with this object.
 class TreeFolder {
 public:
   explicit TreeFolder(MachineTree tree);

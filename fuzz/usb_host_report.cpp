@@ -1,4 +1,4 @@
-// Two files: the newer USB section, and the dump that tells where the mounted media are.
+// Two files: the newer USB section, and the dump that lists the mounted media.
 #include "platform/macos/usb_host_report.h"
 
 #include "document_checks.h"

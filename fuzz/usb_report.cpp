@@ -1,4 +1,4 @@
-// Two files: the USB section, and the dump that tells which devices are halves of one hub.
+// Two files: the USB section, and the dump that lists which devices are halves of one hub.
 #include "reports/usb_report.h"
 
 #include "device_checks.h"

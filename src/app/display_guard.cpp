@@ -47,15 +47,15 @@ DisplayGuard::~DisplayGuard() {
 
 void DisplayGuard::take(QtMsgType type, const QMessageLogContext& /*context*/,
                         const QString& text) {
-  const QMutexLocker lock(&current->mutex_); // Qt's threads tell of things too
+  const QMutexLocker lock(&current->mutex_); // Qt's threads write messages too
   if (type == QtFatalMsg) {
     current->fail();
   }
   current->keptBack_.append({type, text});
 }
 
-/// Nothing has been started yet that needs an orderly shutdown. A platform that somebody chose by
-/// hand has reasons of its own to fail, which Qt has told.
+/// Nothing that needs an orderly shutdown has been started yet. If the user chose the platform
+/// explicitly, it failed for another reason, which Qt has already printed.
 void DisplayGuard::fail() const {
   if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     for (const Message& message : keptBack_) {

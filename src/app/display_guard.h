@@ -6,14 +6,14 @@
 
 namespace tamberline {
 
-/// Why there is no display, for the person who started the program. `waylandDisplay` and
-/// `x11Display` are what the environment names; empty where it names none.
+/// Why there is no display, for the user who started the program. `waylandDisplay` and `x11Display`
+/// come from the environment; empty if not set.
 QString displayFailureText(const QString& program, const QString& waylandDisplay,
                            const QString& x11Display);
 
-/// Lives while the application object is made. Qt aborts the program where it cannot open a
-/// display; with a guard one sentence says so, and the program ends with status 1. What Qt says
-/// besides is kept back, and printed when all went well. One at a time.
+/// Lives while the application object is constructed. Qt aborts the program if it cannot open a
+/// display. With a guard, one sentence says so, and the program ends with status 1. Qt's other
+/// messages are held back, and printed if all goes well. Only one at a time.
 class DisplayGuard {
 public:
   explicit DisplayGuard(QString program);

@@ -29,7 +29,7 @@ QPalette paletteOf(const Colors& colors) {
   return palette;
 }
 
-/// What Qt takes when no desktop names a font.
+/// Qt's fallback if no desktop sets a font.
 bool isNobodysFont(const QFont& font) {
   return font.family() == QLatin1String("Sans Serif") && font.pointSize() == 9;
 }

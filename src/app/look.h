@@ -5,14 +5,14 @@
 
 namespace tamberline {
 
-/// Our own colours, for where no desktop gives any and for pictures.
+/// Our own colours, for systems without a desktop and for pictures.
 QPalette lightPalette();
 QPalette darkPalette();
 
 /// Our own font, if it is installed.
 QFont ownFont();
 
-/// Gives the application our own font where no desktop names one and, without a screen, our own
+/// Gives the application our own font if no desktop sets one and, without a screen, our own
 /// colours.
 void useOwnLookWithoutDesktop();
 

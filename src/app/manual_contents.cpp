@@ -14,14 +14,14 @@ struct Target {
   QPointF place;
 };
 
-/// In points. The letters of a line are not all that a person aims at.
+/// In points: the clickable area around a line's letters.
 constexpr double roomAroundLine = 3;
 
-/// By the line that the table of contents has for each.
+/// By the line of each in the table of contents.
 using Targets = std::map<QString, Target>;
 
-/// Bookmarks of the document's start are none: they are its title, which the foot of the first page
-/// has with a number, too, and the contents themselves.
+/// Bookmarks of the document's start are skipped. They are its title, which is also in the footer
+/// of the first page with a number, and the contents themselves.
 Targets targetsOf(QPdfDocument& document) {
   QPdfBookmarkModel bookmarks;
   bookmarks.setDocument(&document);

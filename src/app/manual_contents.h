@@ -8,8 +8,8 @@
 
 namespace tamberline {
 
-/// A line of a manual's table of contents. Places are in the points of their pages, from the upper
-/// left corner.
+/// A line of a manual's table of contents. Positions are in the points of their pages, from the
+/// upper left corner.
 struct ContentsEntry {
   int page = 0;
   QRectF place;
@@ -17,8 +17,8 @@ struct ContentsEntry {
   QPointF target;
 };
 
-/// The lines that have the title of a bookmark and the number of the page that it leads to. They
-/// are found by their text: Qt's PDF module tells of links only from 6.6 on.
+/// The lines that have the title of a bookmark and the number of its page. They are found by their
+/// text, because Qt's PDF module only reports links since 6.6.
 std::vector<ContentsEntry> contentsOf(QPdfDocument& document);
 
 } // namespace tamberline

@@ -10,7 +10,7 @@
 namespace tamberline {
 namespace {
 
-/// The languages whose manual is taken, the best first.
+/// The languages in which the manual is looked for, in order of preference.
 std::array<AppLanguage, 2> languagesInOrder() {
   return {AppLanguage::current(), AppLanguage(AppLanguage::en)};
 }
@@ -43,7 +43,7 @@ QString manualFolder(const QString& programFolder) {
 
 std::unique_ptr<QPdfDocument> loadDocument(const QString& folder) {
   if (folder.isEmpty()) {
-    return nullptr; // nothing from the folder that the program runs in
+    return nullptr; // never read from the current folder
   }
   for (const AppLanguage language : languagesInOrder()) {
     if (auto document = open(QDir(folder).filePath(fileNameFor(language)))) {

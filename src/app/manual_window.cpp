@@ -19,8 +19,8 @@ namespace {
 
 /// In points.
 constexpr QSize sizeOfManual(760, 920);
-/// For the window's title, which the desktop puts above it. How high that is nobody tells before
-/// the window is there.
+/// For the window's title bar, which the desktop adds. Its height is unknown until the window is
+/// shown.
 constexpr int titleHeight = 40;
 
 QString manualTitle() {
@@ -28,7 +28,7 @@ QString manualTitle() {
   return QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
 }
 
-/// The screen on which the manual was asked for.
+/// The screen on which the manual was opened.
 QRect availableScreen() {
   const QScreen* underCursor = QGuiApplication::screenAt(QCursor::pos());
   const QScreen* screen = underCursor != nullptr ? underCursor : QGuiApplication::primaryScreen();
@@ -60,7 +60,7 @@ protected:
 
 private:
   std::unique_ptr<QPdfDocument> document_;
-  PDFKitView view_{*document_, this}; // goes before the document that it draws
+  PDFKitView view_{*document_, this}; // destroyed before the document that it draws
 };
 
 void bringToFront(QWidget& window) {
@@ -80,7 +80,7 @@ ManualWindow::~ManualWindow() {
 
 void ManualWindow::show() {
   const QWidget* const known = window_;
-  const bool isOpen = known != nullptr && known->isVisible(); // a closed one is not freed at once
+  const bool isOpen = known != nullptr && known->isVisible(); // a closed one is destroyed later
   if (!isOpen) {
     open();
   }

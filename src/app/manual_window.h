@@ -7,9 +7,9 @@
 
 namespace tamberline {
 
-/// Shows the manual in a window of its own, which is kept while it is open; Escape and the system's
-/// keys for closing close it. Closing the window never ends the program; the window goes with its
-/// owner. Main thread only.
+/// Shows the manual in a separate window, which is kept while it is open. Escape and the system's
+/// keys for closing close it. Closing the window never ends the program; the window is destroyed
+/// with this object. Main thread only.
 class ManualWindow {
 public:
   /// `folder` as for `loadDocument`.
@@ -29,8 +29,8 @@ private:
   QPointer<QWidget> window_;
 };
 
-/// In the middle of the screen with its title, and with it not larger than what bars leave. Where
-/// the frame begins, and the size of what is inside.
+/// Centred on the screen together with its title bar, and not larger than the area that bars leave
+/// free. The position is that of the frame, the size that of the content.
 QRect manualWindowGeometry(const QRect& availableScreen);
 
 } // namespace tamberline

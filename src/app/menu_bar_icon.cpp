@@ -19,7 +19,7 @@ QImage inOneColor(const QColor& color, double ratio) {
   return symbolImage("cable.connector", color, sizePoints, ratio);
 }
 
-/// The rim is the shape itself, moved by the width of the rim to all sides.
+/// The rim is the shape itself, shifted in all directions by the rim's width.
 QImage withRim(double ratio) {
   const QImage rim = inOneColor(lightInk, ratio);
   QImage image(rim.size(), QImage::Format_ARGB32_Premultiplied);

@@ -6,8 +6,8 @@
 
 namespace tamberline {
 
-/// The icon in the tray: one colour that is seen on a bar of this tone, and a light rim around a
-/// dark shape where the tone is not known. Empty when the symbol cannot be loaded.
+/// The icon in the tray: one colour that is visible on a bar of this tone. If the tone is unknown,
+/// a dark shape with a light rim. Empty if the symbol cannot be loaded.
 QIcon menuBarIcon(BarTone tone);
 
 } // namespace tamberline

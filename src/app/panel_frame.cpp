@@ -10,9 +10,10 @@ namespace tamberline {
 namespace {
 
 constexpr int roomyHeight = 720;
-/// For a bar of the desktop, the window's title and a little air. The desktop does not tell.
+/// For a bar of the desktop, the window's title bar and a small margin, because the desktop does
+/// not report them.
 constexpr int barsAndTitle = 128;
-constexpr int anySize = 16384; // what the window system takes as no limit
+constexpr int anySize = 16384; // the window system treats this as no limit
 
 } // namespace
 

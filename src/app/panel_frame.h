@@ -13,35 +13,35 @@ class QScreen;
 
 namespace tamberline {
 
-/// The panel's window as the window manager sees it: its height, and what the screen leaves for it.
+/// The panel's window for the window manager: its height, and the height available on the screen.
 /// Main thread only.
 class PanelWindowFrame final : public PanelFrame {
 public:
-  /// What bars leave free of a screen.
+  /// The area of a screen that bars leave free.
   using FreePlace = std::function<QRect(const QScreen&)>;
 
-  /// The window outlives the frame. A frame that is not bound by the screen is as high as its
+  /// The window outlives the frame. If the frame is not bound by the screen, it is as high as its
   /// content, for pictures of it.
   PanelWindowFrame(PanelWindow& window, FreePlace freePlace, bool isBoundByScreen)
       : window_(window), freePlace_(std::move(freePlace)), isBoundByScreen_(isBoundByScreen) {}
 
-  /// What bars leave of the screen's height, where the desktop tells it.
+  /// The height of the screen that bars leave free, if the desktop reports it.
   void setFreeHeight(double points) { freeHeight_ = points; }
 
   double contentHeight() const override { return window_.height(); }
   std::optional<double> visibleScreenHeight() const override;
 
-  /// The system keeps the position of a window that changes its size, which is its top left corner.
+  /// When a window is resized, the system keeps its position, which is its top left corner.
   void setContentHeightKeepingTop(double height) override { fixSize(qRound(height)); }
 
-  /// The size for a window whose place only the desktop knows: a window that grows could leave the
-  /// screen there, so this one has room for several open rows from the start.
+  /// The size for a window whose position only the desktop knows. Such a window could leave the
+  /// screen if it grew, so it has room for several open rows from the start.
   void takeFixedHeight();
 
-  /// Lets the desktop give the window another size, while it is maximized or fills the screen.
+  /// Lets the desktop resize the window while it is maximized or in full screen.
   void releaseSize();
 
-  /// Moves a window with a frame up, as far as it ends below what the screen leaves free.
+  /// Moves a window with a frame up if it extends below the free area of the screen.
   void keepOnScreen();
 
 private:
@@ -50,7 +50,7 @@ private:
   PanelWindow& window_;
   FreePlace freePlace_;
   bool isBoundByScreen_;
-  std::optional<double> freeHeight_; // as it was told last
+  std::optional<double> freeHeight_; // the last reported value
 };
 
 } // namespace tamberline

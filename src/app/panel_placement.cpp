@@ -10,7 +10,7 @@ namespace {
 /// Between the panel and the edges of the available screen, in points.
 constexpr int margin = 8;
 
-// QRect::right() and bottom() are inside the rectangle; these are the first position beyond it.
+// QRect::right() and bottom() are inside the rectangle; these are the first position outside.
 int endX(const QRect& rectangle) {
   return rectangle.x() + rectangle.width();
 }
@@ -18,7 +18,8 @@ int endY(const QRect& rectangle) {
   return rectangle.y() + rectangle.height();
 }
 
-/// When there is no room for both margins they become smaller, and beyond that the start counts.
+/// If there is no room for both margins, they become smaller. If the panel does not fit at all, the
+/// start of the screen wins.
 int clampedStart(int wanted, int start, int end, int extent) {
   const int room = std::clamp((end - start - extent) / 2, 0, margin);
   return std::max(start + room, std::min(wanted, end - room - extent));
@@ -37,7 +38,7 @@ QPoint inCornerNextTo(const QPoint& click, const QSize& panel, const QRect& avai
           isBottom ? endY(available) - panel.height() : available.y()};
 }
 
-/// A bar takes its part from the available screen, so an icon in a vertical bar is beside it.
+/// A bar reduces the available screen, so an icon in a vertical bar is left or right of it.
 bool isInVerticalBar(const QPoint& icon, const QRect& available) {
   const bool isBeside = icon.x() < available.x() || icon.x() >= endX(available);
   const bool isAboveOrBelow = icon.y() < available.y() || icon.y() >= endY(available);

@@ -6,9 +6,9 @@
 
 namespace tamberline {
 
-/// Where the panel's top left corner goes so that the panel stands beside its tray icon: below or
-/// above it and centred on it, or at its side when the icon is in a vertical bar; always inside the
-/// available part of the icon's screen. Without an icon geometry, which some trays do not tell, in
+/// The position of the panel's top left corner. The panel is below or above its tray icon and
+/// centred on it, or beside it if the icon is in a vertical bar. It is always inside the available
+/// part of the icon's screen. Without an icon geometry, which some trays do not report, it is in
 /// the corner next to the click.
 QPoint panelPosition(const QRect& iconGeometry, const QPoint& click, const QSize& panel,
                      const QRect& availableScreen);

@@ -11,7 +11,7 @@
 namespace tamberline {
 namespace {
 
-/// How long after the panel lost the keyboard focus the tray may report the click that caused it.
+/// How long after the panel lost keyboard focus the tray may report the click that caused it.
 constexpr std::chrono::milliseconds clickArrives{250};
 
 } // namespace
@@ -26,7 +26,7 @@ PanelShell::~PanelShell() {
 void PanelShell::open(const TrayPlace& place) {
   const bool isFirstTime = window_ == nullptr;
   if (isOpen() && isHeightFixed() && !window_->isActive()) {
-    window_->hide(); // such a desktop puts only what is shown anew to the front
+    window_->hide(); // such a desktop brings only newly shown windows to the front
   }
   if (!isOpen()) {
     prepare(place);
@@ -53,7 +53,7 @@ void PanelShell::close() {
   if (window_ != nullptr && isAttached()) {
     window_->hide();
   } else if (window_ != nullptr) {
-    window_->close(); // ends a program that has nothing else to show
+    window_->close(); // ends the program if it shows nothing else
   }
 }
 
@@ -61,7 +61,7 @@ bool PanelShell::isOpen() const {
   return window_ != nullptr && window_->isVisible();
 }
 
-/// Makes the window ready to be shown where it belongs this time.
+/// Prepares the window to be shown in its current position.
 void PanelShell::prepare(const TrayPlace& place) {
   const PanelWindow::Kind kind = placement_.kind();
   if (window_ == nullptr || kind != kind_) {
@@ -70,11 +70,11 @@ void PanelShell::prepare(const TrayPlace& place) {
   if (isHeightFixed()) {
     frame_->takeFixedHeight();
   } else {
-    fitScreen(); // bars may have come or gone unnoticed
+    fitScreen(); // bars may have changed unnoticed
   }
   if (isAttached()) {
     anchor_.icon = place.icon;
-    anchor_.click = place.click ? place.click : anchor_.click; // the tray is where it was
+    anchor_.click = place.click ? place.click : anchor_.click; // else the tray is where it was
     this->place();
   }
 }
@@ -92,7 +92,7 @@ void PanelShell::make(PanelWindow::Kind kind) {
                    [this] { closeWhenLeft(); });
   QObject::connect(window_.get(), &QWindow::visibleChanged, window_.get(), [this](bool isVisible) {
     if (!isVisible) {
-      hold_.reset(); // whoever closed it
+      hold_.reset(); // however it was closed
     }
   });
   if (isHeightFixed()) {
@@ -102,7 +102,7 @@ void PanelShell::make(PanelWindow::Kind kind) {
   }
 }
 
-/// The window is as high as its content, as far as the screen allows.
+/// The window is as high as its content, within the limits of the screen.
 void PanelShell::followContent() {
   manager_.emplace(*frame_, queue_);
   PanelSizing* const sizing = context_.sizing();
@@ -117,7 +117,7 @@ void PanelShell::followContent() {
   fit();
 }
 
-/// The desktop decides where the window is and, when it is maximized, how large.
+/// The desktop decides the position of the window and, if it is maximized, its size.
 void PanelShell::followWindow() {
   PanelSizing* const sizing = context_.sizing();
   const auto fill = [this, sizing] { sizing->setGivenHeight(window_->height()); };
@@ -133,7 +133,7 @@ void PanelShell::followWindow() {
   fill();
 }
 
-/// Null while the last screen is away.
+/// Null while there is no screen.
 void PanelShell::followScreen(QScreen* screen) {
   QObject::disconnect(barsOfScreen_);
   if (screen != nullptr) {
@@ -172,7 +172,7 @@ void PanelShell::place() {
   }
 }
 
-/// Where nothing tells, the primary one.
+/// The primary screen if the anchor has no position.
 QScreen* PanelShell::screenOfAnchor() const {
   const std::optional<QPoint> place =
       anchor_.icon.isEmpty() ? anchor_.click : std::optional(anchor_.icon.center());
@@ -180,7 +180,7 @@ QScreen* PanelShell::screenOfAnchor() const {
   return screen == nullptr ? QGuiApplication::primaryScreen() : screen;
 }
 
-/// Once for each opening: the desktop keeps the window there whatever its height becomes.
+/// Once for each opening: the desktop keeps the window there when its height changes.
 void PanelShell::holdInCorner() {
   if (!isOpen()) {
     hold_ = placement_.places->holdInCorner(*window_, screenCornerNextTo(anchor_.click),
@@ -193,7 +193,7 @@ void PanelShell::holdInCorner() {
   }
 }
 
-/// A panel that belongs to a tray icon is there for a glance: a click elsewhere closes it.
+/// An attached panel is only open briefly: a click elsewhere closes it.
 void PanelShell::closeWhenLeft() {
   if (!isAttached() || window_->isActive() || !isOpen()) {
     return;

@@ -18,18 +18,18 @@
 
 namespace tamberline {
 
-/// The panel as a window on the desktop: made when it is first wanted, then kept; where it stands,
-/// how high it is, when it goes. Main thread only.
+/// The panel as a window on the desktop, created when it is first opened and then kept: its
+/// position, its height, and when it closes. Main thread only.
 class PanelShell {
 public:
   struct Placement {
-    /// Asked each time the panel opens: a tray may have come or gone.
+    /// Called each time the panel opens, because a tray may have started or stopped.
     std::function<PanelWindow::Kind()> kind = [] { return PanelWindow::Kind::ordinary; };
     std::shared_ptr<WindowPlaces> places = std::make_shared<FreeWindowPlaces>();
     PanelWindowFrame::FreePlace freePlace = [](const QScreen& screen) {
       return screen.availableGeometry();
     };
-    /// False to let the panel become as high as without a screen, for pictures of it.
+    /// False if the panel may become as high as without a screen, for pictures of it.
     bool isBoundByScreen = true;
   };
 
@@ -38,25 +38,25 @@ public:
   PanelShell& operator=(const PanelShell&) = delete;
   ~PanelShell();
 
-  /// Shows the panel beside its icon, or brings it to the front. The first time a scan begins.
+  /// Shows the panel beside its icon, or brings it to the front. The first call starts a scan.
   void open(const TrayPlace& place = {});
 
-  /// What a click on the tray icon does. The click that took the keyboard away from an open panel
-  /// closed it, and does not open it again.
+  /// Handles a click on the tray icon. If the click already closed the panel by taking its keyboard
+  /// focus, it does not open the panel again.
   void toggle(const TrayPlace& place = {});
 
   void close();
   bool isOpen() const;
 
   PanelContext& context() { return context_; }
-  /// Null until the panel was opened.
+  /// Null until the panel has been opened.
   PanelWindow* window() { return window_.get(); }
 
 private:
-  /// What an attached panel stands beside, as it was when the panel opened.
+  /// Where the icon of an attached panel was when the panel opened.
   struct Anchor {
     QRect icon;
-    std::optional<QPoint> click; // the last on the icon; absent where the tray tells of none
+    std::optional<QPoint> click; // the last click on the icon; absent if the tray reports none
   };
 
   void prepare(const TrayPlace& place);
@@ -77,13 +77,13 @@ private:
   Placement placement_;
   Anchor anchor_;
   std::shared_ptr<MainQueue> queue_;
-  PanelWindow::Kind kind_ = PanelWindow::Kind::ordinary; // of the window, when there is one
+  PanelWindow::Kind kind_ = PanelWindow::Kind::ordinary; // of the current window
   std::unique_ptr<CornerHold> hold_; // while the desktop holds the open window in a corner
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<PanelWindowFrame> frame_;
   std::optional<WindowManager> manager_;
   QMetaObject::Connection barsOfScreen_;  // of the window's screen
-  MainQueue::WorkItem clickThatLeft_ = 0; // while the click that closed the panel may still arrive
+  MainQueue::WorkItem clickThatLeft_ = 0; // set while the click that closed the panel may arrive
 };
 
 } // namespace tamberline

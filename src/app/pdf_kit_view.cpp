@@ -19,7 +19,7 @@ constexpr double zoomStep = 1.25;
 constexpr double leastZoom = 0.25;
 constexpr double greatestZoom = 5;
 
-/// Of a point of a page at the zoom of 1. The view takes the first screen's.
+/// For one point of a page at a zoom of 1. The view uses the first screen's resolution.
 double pixelsPerPoint() {
   return QGuiApplication::primaryScreen()->logicalDotsPerInch() / pointsPerInch;
 }
@@ -31,10 +31,10 @@ PDFKitView::PDFKitView(QPdfDocument& document, QWidget* parent)
   setPageMode(PageMode::MultiPage);
   setZoomMode(ZoomMode::FitInView);
   setDocument(&document);
-  viewport()->setMouseTracking(true); // for the pointer's shape
+  viewport()->setMouseTracking(true); // for the shape of the cursor
 }
 
-/// As the view itself calculates it, which it tells nobody.
+/// The same as the view's own calculation, which it does not expose.
 QSize PDFKitView::sizeOfPage(int page) const {
   const QSizeF points = document()->pagePointSize(page);
   if (zoomMode() == ZoomMode::Custom) {
@@ -75,7 +75,7 @@ void PDFKitView::keyPressEvent(QKeyEvent* event) {
 bool PDFKitView::handleZoomKey(int key) {
   switch (key) {
   case Qt::Key_Plus:
-  case Qt::Key_Equal: // where "+" takes the shift key
+  case Qt::Key_Equal: // the key of "+" on keyboards where that needs Shift
     zoomTo(currentZoom() * zoomStep);
     return true;
   case Qt::Key_Minus:
@@ -126,7 +126,7 @@ const ContentsEntry* PDFKitView::entryAt(const QPoint& place) const {
   return found == contents_.end() ? nullptr : &*found;
 }
 
-/// To the start of the chapter's page, where the whole page can be seen.
+/// To the start of the chapter's page, so that the whole page is visible.
 void PDFKitView::goTo(const ContentsEntry& entry) {
   const QRect page = pageRectangles()[static_cast<std::size_t>(entry.targetPage)];
   const double scale = page.height() / document()->pagePointSize(entry.targetPage).height();

@@ -8,15 +8,15 @@
 
 namespace tamberline {
 
-/// All pages of a document one below the other, at first each as large as the view. The keys for
-/// the start, the end and the size of the text work, and a click on a line of the contents leads to
-/// its chapter. The document belongs to the caller and outlives the view, whose pages are drawn on
-/// another thread.
+/// All pages of a document one below the other, each initially as large as the view. Keys go to the
+/// start and the end and change the size; a click on a line of the contents goes to its chapter.
+/// The document belongs to the caller and outlives the view, whose pages are drawn on another
+/// thread.
 class PDFKitView final : public QPdfView {
 public:
   PDFKitView(QPdfDocument& document, QWidget* parent);
 
-  /// Where the pages are, as if the view were so high that it shows all of them.
+  /// The positions of the pages in a view that is high enough to show all of them.
   std::vector<QRect> pageRectangles() const;
 
 protected:
@@ -29,7 +29,7 @@ private:
   QSize sizeOfPage(int page) const;
   double currentZoom() const;
   void zoomTo(double zoom);
-  /// Changes the size of the pages; what was in the middle stays there.
+  /// Changes the size of the pages and keeps the centre of the view in place.
   template <typename Change>
   void keepingTheMiddle(const Change& change);
   bool handleZoomKey(int key);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr auto onlyForTheOwner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
-/// The user of the process and not the owner of $HOME, which anybody's can be.
+/// The user of the process, not the owner of $HOME, which may be another user.
 uint userIdentifier() {
   return geteuid();
 }

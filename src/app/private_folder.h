@@ -4,12 +4,12 @@
 
 namespace tamberline {
 
-/// Where a program keeps the traces of its run: the folder that the system has for that or, when
-/// that is empty, `privateFolderIn` the folder for temporary files. Empty when that cannot be had.
+/// The folder for a program's temporary run files: the one that the system provides or, if that is
+/// empty, `privateFolderIn` the folder for temporary files. Empty if that is unavailable.
 QString runtimeFolder(const QString& ofTheSystem);
 
-/// A folder for this person alone, made when it is missing; empty when it cannot be had or somebody
-/// else made it.
+/// A folder that only this user can access, created if missing; empty if that fails or another user
+/// created it.
 QString privateFolderIn(const QString& parent);
 
 } // namespace tamberline

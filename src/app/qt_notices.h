@@ -2,14 +2,14 @@
 
 namespace tamberline {
 
-// What Qt says on standard error when a program starts, though nothing is wrong. To be called once,
-// before the application is made.
+// Messages that Qt prints on standard error when a program starts, although nothing is wrong. Call
+// these once, before the application object is constructed.
 
-/// Without the notice that Qt left a locale whose encoding is not UTF-8. Every text here is UTF-8
-/// anyway; that Qt could not leave it is still said.
+/// Suppresses the notice that Qt left a locale whose encoding is not UTF-8. Every text here is
+/// UTF-8 anyway. The message that Qt failed to leave it is still printed.
 void leaveOutEncodingNotice();
 
-/// Without what Qt says of every program that runs without a desktop.
+/// Suppresses what Qt prints in every program that runs without a desktop.
 void leaveOutDesktopNotices();
 
 } // namespace tamberline

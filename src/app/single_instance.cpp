@@ -12,14 +12,14 @@
 namespace tamberline {
 namespace {
 
-/// Between two looks whether the first, which may be starting or ending, can be reached.
+/// Between attempts to reach the first instance, which may be starting or ending.
 constexpr std::chrono::milliseconds pauseBetweenAttempts{20};
 
 int remainingMilliseconds(const QDeadlineTimer& deadline) {
   return static_cast<int>(std::max<qint64>(deadline.remainingTime(), 1));
 }
 
-/// Whether somebody listens; the first answers by hanging up.
+/// Whether another instance is listening; it answers by closing the connection.
 bool askFirstToRaise(const QString& socketPath, const QDeadlineTimer& deadline) {
   QLocalSocket socket;
   socket.connectToServer(socketPath);
@@ -30,14 +30,14 @@ bool askFirstToRaise(const QString& socketPath, const QDeadlineTimer& deadline) 
   return true;
 }
 
-/// Whether something stands there that can never be locked: a folder, a link, a pipe, for whose
-/// other end the lock would wait.
+/// Whether something at the path can never be locked: a folder, a link, or a pipe, on which opening
+/// the lock would block.
 bool isNoLockFile(const QString& path) {
   const QFileInfo info(path);
   return info.isSymLink() || (info.exists() && !info.isFile());
 }
 
-/// Empty without a folder: nothing of ours goes into the folder that the program runs in.
+/// Empty without a folder: we write nothing to the current folder.
 QString fileIn(const QString& folder, const QString& name) {
   return folder.isEmpty() ? QString() : QDir(folder).filePath(name);
 }
@@ -59,7 +59,7 @@ bool SingleInstance::becomeFirst(Wish wish, std::chrono::milliseconds patience) 
   if (socketPath_.isEmpty() || isNoLockFile(lock_.fileName())) {
     return true;
   }
-  lock_.setStaleLockTime(0); // never by age: the panel runs for weeks
+  lock_.setStaleLockTime(0); // never by age, because the panel runs for weeks
   const QDeadlineTimer deadline(patience);
   do {
     if (lock_.tryLock(static_cast<int>(pauseBetweenAttempts.count()))) {
@@ -75,8 +75,8 @@ bool SingleInstance::becomeFirst(Wish wish, std::chrono::milliseconds patience) 
       return false;
     }
   } while (!deadline.hasExpired());
-  // A crash can leave a lock file whose owner cannot be told, by an old host name for example. A
-  // first that runs holds a lock of the system on the file, which keeps it from being removed.
+  // A crash can leave a lock file whose owner cannot be determined, for example because of an old
+  // host name. A running first instance holds a system lock on the file, so it cannot be removed.
   return lock_.removeStaleLockFile() && lock_.tryLock();
 }
 

@@ -9,19 +9,19 @@
 
 namespace tamberline {
 
-/// Lets one start of the program run and tells it when there is another one. A connection to the
-/// socket of the first is the whole message: nothing that comes through it is read.
+/// Lets only one instance of the program run and notifies it when another is started. A connection
+/// to the first instance's socket is the whole message: nothing that comes through it is read.
 ///
-/// What a crash left behind does not count. Where nothing can be locked, every start is a first
-/// that hears of no other. Main thread only; needs an application object.
+/// Files left by a crash are ignored. If nothing can be locked, every instance is a first one and
+/// gets no notifications. Main thread only; needs an application object.
 class SingleInstance {
 public:
-  /// What a start asks of the one that is there already.
+  /// What a new instance asks the first one to do.
   enum class Wish : unsigned char { raise, nothing };
 
-  /// Both files are in `folder`, which should belong to this person alone; with an empty one
-  /// nothing is locked. When another start is the first, tells it of the wish and returns once it
-  /// did it or the patience is at an end: a first that is frozen keeps its place.
+  /// Both files are in `folder`, which only this user should be able to access; with an empty one,
+  /// nothing is locked. If another instance is the first, this sends it the wish and returns once
+  /// it has obeyed or the patience is over: a frozen first instance keeps the lock.
   SingleInstance(const QString& folder, std::function<void()> onRaiseAsked, Wish wish = Wish::raise,
                  std::chrono::milliseconds patience = std::chrono::seconds(1));
 
@@ -34,7 +34,7 @@ private:
 
   QString socketPath_;
   std::function<void()> onRaiseAsked_;
-  QLockFile lock_; // before the server, whose socket is removed while the lock still holds
+  QLockFile lock_; // before the server, so that the socket is removed while the lock is held
   QLocalServer server_;
   bool isFirst_;
 };

@@ -2,8 +2,8 @@
 
 namespace tamberline {
 
-/// Says on standard error when the panel will have no symbols, and what they need. After the
-/// application object is made.
+/// Warns on standard error if the panel will have no symbols, and says what is missing. Call it
+/// after the application object is constructed.
 void warnWithoutSymbols(const char* program);
 
 } // namespace tamberline

@@ -68,8 +68,8 @@ PanelActions TamberlineApp::actions(const ScannerOutside& outside) {
   return actions;
 }
 
-/// The panel stands beside its icon where there is one and the desktop lets it; an ordinary window
-/// elsewhere.
+/// The panel is beside its icon if there is one and the desktop supports that; otherwise it is an
+/// ordinary window.
 PanelWindow::Kind TamberlineApp::panelKind() const {
   const bool canStandBeside = places_->decider() != WindowPlaces::Decider::desktop;
   return hasTray() && canStandBeside ? PanelWindow::Kind::attached : PanelWindow::Kind::ordinary;
@@ -92,9 +92,9 @@ void TamberlineApp::showIcon() {
                    [this] { tray_->redraw(); });
 }
 
-/// Without an icon, a program whose window a person closed could not be reached any more. A panel
-/// that stood beside an icon only hides, also when its tray has gone: bars restart, and another
-/// start of the program opens the panel.
+/// A program without an icon could not be reached any more after its window is closed, so it ends.
+/// A panel that was beside an icon only hides, even if its tray has stopped: bars restart, and
+/// starting the program again opens the panel.
 void TamberlineApp::endWithoutIcon() const {
   if (!hasTray()) {
     QApplication::quit();

@@ -10,33 +10,33 @@
 
 namespace tamberline {
 
-/// The application: the one scanner, the panel that shows it, and the icon that opens the panel. An
-/// ordinary small window where there is no tray. Main thread only.
+/// The application: the scanner, the panel that shows it, and the icon that opens the panel.
+/// Without a tray, the panel is an ordinary small window. Main thread only.
 class TamberlineApp {
 public:
-  /// What of the desktop the application uses. The tray may be null.
+  /// The parts of the desktop that the application uses. The tray may be null.
   struct Desktop {
     std::unique_ptr<Tray> tray;
     std::shared_ptr<WindowPlaces> places = std::make_shared<FreeWindowPlaces>();
   };
 
   enum class StartedBy : unsigned char {
-    person,  // who wants to see the panel
-    session, // which wants the icon only
+    person,  // the user, who wants to see the panel
+    session, // the session, which only wants the icon
   };
 
   TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue, Desktop desktop);
   TamberlineApp(const TamberlineApp&) = delete;
   TamberlineApp& operator=(const TamberlineApp&) = delete;
 
-  /// Takes everything off the screen and waits until no volume is being tested any more; each test
-  /// ends with the chunk that it is at, and its file goes.
+  /// Closes all windows and waits until no volume is being tested: each test ends after its current
+  /// chunk and removes its file.
   ~TamberlineApp();
 
-  /// Puts the icon into the tray and, for a person, opens the panel.
+  /// Shows the icon in the tray and, if the user started the program, opens the panel.
   void start(StartedBy starter = StartedBy::person);
 
-  /// Another start of the program asked for the panel.
+  /// Another instance asked for the panel.
   void raise() { shell_.open(placeOfIcon()); }
 
 private:

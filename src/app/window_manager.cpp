@@ -7,7 +7,7 @@
 namespace tamberline {
 namespace {
 
-/// Smaller differences are rounding, and following them would make the window tremble.
+/// Smaller differences are due to rounding; following them would make the window jitter.
 constexpr double toleratedDifference = 1;
 
 double heightThatFits(double target, std::optional<double> visibleScreenHeight) {

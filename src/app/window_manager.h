@@ -8,7 +8,7 @@
 
 namespace tamberline {
 
-/// The panel's window, as far as its height is concerned. Heights are in points.
+/// The height of the panel's window. Heights are in points.
 class PanelFrame {
 public:
   PanelFrame() = default;
@@ -18,23 +18,23 @@ public:
 
   virtual double contentHeight() const = 0;
 
-  /// What bars leave of the screen that shows the window; absent when no screen does.
+  /// The height that bars leave free on the screen of the window; absent if it is on none.
   virtual std::optional<double> visibleScreenHeight() const = 0;
 
   virtual void setContentHeightKeepingTop(double height) = 0;
 };
 
-/// Fits the panel's window to the height of what it shows. The frame belongs to the caller and
+/// Fits the panel's window to the height of its content. The frame belongs to the caller and
 /// outlives the manager. Main thread only.
 class WindowManager {
 public:
   WindowManager(PanelFrame& frame, std::shared_ptr<MainQueue> queue);
 
-  /// Takes effect one turn of the queue later, so that several measurements in one turn move the
-  /// window once.
+  /// Takes effect on the next event-loop iteration, so that several measurements in one iteration
+  /// move the window only once.
   void setTargetHeight(double points);
 
-  /// The height that was last asked for, whatever the screen allows.
+  /// The last requested height, regardless of the screen.
   double targetHeight() const { return targetHeight_; }
 
 private:

@@ -3,7 +3,7 @@
 #include "base/utf8.h"
 
 #include <cwctype>
-// POSIX, not C++: newlocale and the functions with a locale argument.
+// POSIX, not C++: newlocale and the functions that take a locale.
 #include <locale.h> // NOLINT(modernize-deprecated-headers)
 #if __has_include(<xlocale.h>)
 #include <xlocale.h>
@@ -12,7 +12,7 @@
 namespace tamberline {
 namespace {
 
-/// The system's character table, whatever the process's locale; ASCII only where there is none.
+/// The system's character table, independent of the process's locale. ASCII only if there is none.
 locale_t characterTable() {
   static const locale_t table = [] {
     for (const char* name : {"C.UTF-8", "en_US.UTF-8", "C"}) {

@@ -1,5 +1,5 @@
 // Upper and lower case of UTF-8 texts by Unicode's one-to-one mapping, the same in every locale of
-// the process. Bytes that are no UTF-8 stay as they are.
+// the process. Invalid UTF-8 is left unchanged.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ namespace tamberline {
 
 std::string lowerCased(std::string_view text);
 
-/// First character of each blank-separated word in upper case, the others in lower case.
+/// The first character of each blank-separated word in upper case, the others in lower case.
 std::string titleCased(std::string_view text);
 
 } // namespace tamberline

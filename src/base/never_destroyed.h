@@ -4,8 +4,8 @@
 
 namespace tamberline {
 
-/// A value for static storage that is made once and never destroyed. Background work whose answer
-/// nobody waits for any more, such as a tool that hangs, may still read it while the program ends.
+/// A value for static storage that is constructed once and never destroyed. Background work that is
+/// no longer waited for, such as a tool that hangs, may still read it while the program ends.
 template <typename Value>
 class NeverDestroyed {
 public:

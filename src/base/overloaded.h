@@ -2,7 +2,7 @@
 
 namespace tamberline {
 
-/// One callable out of several, for std::visit.
+/// Combines several callables into one, for std::visit.
 template <typename... Callables>
 struct Overloaded : Callables... {
   using Callables::operator()...;

@@ -4,8 +4,7 @@
 
 namespace tamberline {
 
-/// A quick generator that begins differently in every call, with 256 bits from the system. Not for
-/// secrets.
+/// A fast generator with a different seed in every call: 256 bits from the system. Not for secrets.
 std::mt19937_64 seededGenerator();
 
 } // namespace tamberline

@@ -8,9 +8,9 @@
 
 namespace tamberline {
 
-/// An immutable list whose copies share their elements, so that copying a record with a whole
-/// subtree behind it costs the same as copying a leaf. The element type may be incomplete where a
-/// list of it is declared. Copies may be handed between threads.
+/// An immutable list whose copies share their elements, so copying a record with a whole subtree
+/// costs the same as copying a leaf. The element type may be incomplete where a list of it is
+/// declared. Copies may be passed between threads.
 template <typename Element>
 class SharedList {
 public:

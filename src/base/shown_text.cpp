@@ -25,8 +25,8 @@ void appendHarmlessCharacters(std::string_view text, std::vector<char32_t>& char
   }
 }
 
-/// Of a text that is far too long only its ends, each with as many characters as may stay: a name
-/// can be as long as its report.
+/// Only the two ends of a text that is far too long, each with at least `mostCharacters`
+/// characters: a name can be as long as the whole report.
 std::vector<char32_t> harmlessCharacters(std::string_view text, std::size_t mostCharacters) {
   const std::size_t endLength = mostCharacters * longestCharacter;
   std::vector<char32_t> characters;
@@ -47,7 +47,7 @@ bool disturbsTheReader(char32_t character) {
   const bool turnsDirection = character == 0x061C || isWithin(character, 0x200E, 0x200F) ||
                               isWithin(character, 0x202A, 0x202E) ||
                               isWithin(character, 0x2066, 0x2069);
-  // Characters without width hide what a name says; the joiners of emoji and of scripts stay.
+  // Zero-width characters can hide parts of a name. The joiners of emoji and of scripts stay.
   const bool isInvisible = character == 0x00AD || character == 0x200B || character == 0xFEFF ||
                            isWithin(character, 0x2060, 0x2064) ||
                            isWithin(character, 0xE0000, 0xE007F);

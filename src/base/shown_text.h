@@ -6,12 +6,12 @@
 
 namespace tamberline {
 
-/// Whether it is a control character or an invisible one, or turns the direction of writing.
+/// Whether it is a control character, an invisible one, or one that changes the writing direction.
 bool disturbsTheReader(char32_t character);
 
-/// A text from outside made fit for a terminal or a line of the panel: white space at the ends
-/// goes, control characters, invisible ones and those that turn the direction of writing become
-/// U+FFFD, and the middle of a text of more than `mostCharacters` becomes "…".
+/// A text from outside, made safe for a terminal or a line of the panel. White space at the ends is
+/// removed. Control characters, invisible ones and those that change the writing direction become
+/// U+FFFD. The middle of a text longer than `mostCharacters` becomes "…".
 std::string shownText(std::string_view text, std::size_t mostCharacters = 120);
 
 } // namespace tamberline

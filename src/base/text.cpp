@@ -30,21 +30,21 @@ std::optional<std::int64_t> parseInteger(std::string_view text, int base) {
   return value;
 }
 
-/// Absent where anything but digits stands, and for more than twelve.
+/// Absent if there is anything but digits, or more than twelve.
 std::optional<std::int64_t> digitsOnly(std::string_view text) {
   constexpr std::size_t mostDigits = 12;
   const bool areDigits = text.find_first_not_of("0123456789") == std::string_view::npos;
   return areDigits && text.size() <= mostDigits ? parseInteger(text, 10) : std::nullopt;
 }
 
-/// What a call that may have run out of room wrote; an error wrote nothing.
+/// The output of a call that may have run out of room; empty after an error.
 std::string_view written(std::span<const char> room, int length) {
   const auto wanted = static_cast<std::size_t>(std::max(length, 0));
   return {room.data(), std::min(wanted, room.size() - 1)};
 }
 
-/// The number as it is written where a point stands before the decimals. What the process's locale
-/// has there is all that is neither digit nor sign nor letter.
+/// The number with a point as its decimal separator. In the output of the process's locale, the
+/// separator is whatever is not a digit, a sign or a letter.
 std::string withDecimalPoint(std::string_view number) {
   constexpr std::string_view others = "0123456789+-abcdefghijklmnopqrstuvwxyz";
   const std::size_t point = std::min(number.find_first_not_of(others), number.size());
@@ -134,7 +134,7 @@ std::optional<double> parseNumber(std::string_view text) {
 }
 
 std::string fixedText(double value, int decimals) {
-  std::array<char, 512> text{}; // the greatest number has 309 digits before its decimals
+  std::array<char, 512> text{}; // the max double has 309 digits before its decimals
   const int length = std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
   return withDecimalPoint(written(text, length));
 }

@@ -6,8 +6,8 @@ namespace {
 struct LeadByte {
   std::size_t length;
   unsigned char payloadMask;
-  /// The range that the second byte must lie in, which rules out overlong forms, surrogates and
-  /// code points beyond U+10FFFF.
+  /// The range of the second byte, which excludes overlong forms, surrogates and code points beyond
+  /// U+10FFFF.
   unsigned char lowestSecond;
   unsigned char highestSecond;
 };

@@ -8,11 +8,11 @@ namespace tamberline {
 
 struct DecodedCharacter {
   char32_t codePoint = 0;
-  std::size_t length = 1; // in bytes; 1 when not valid
+  std::size_t length = 1; // in bytes; 1 if invalid
   bool isValid = false;
 };
 
-/// The character that a text, which must not be empty, starts with.
+/// The first character of a text, which must not be empty.
 DecodedCharacter decodeFirstCharacter(std::string_view text);
 
 void appendUtf8(char32_t codePoint, std::string& text);

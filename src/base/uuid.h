@@ -10,14 +10,14 @@ namespace tamberline {
 /// The bytes as a UUID is written, with these sixteen digits.
 std::string uuidText(const std::array<std::uint8_t, 16>& bytes, std::string_view digits);
 
-/// A random (version 4) UUID: the identity of one record of one scan, never stable across scans.
-/// Drawn from a generator of the calling thread that the system's random source seeds once: a scan
-/// draws several for each device, and nothing secret hangs on them.
+/// A random (version 4) UUID: the identity of one record of one scan, never stable across scans. It
+/// comes from a generator per thread that the system's random source seeds once, because a scan
+/// needs several for each device and they need not be secret.
 class Uuid {
 public:
   static Uuid random();
 
-  /// Thirty-six characters, lower case.
+  /// 36 characters, lower case.
   std::string text() const;
 
   friend bool operator==(const Uuid&, const Uuid&) = default;

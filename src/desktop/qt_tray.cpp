@@ -9,7 +9,7 @@
 namespace tamberline {
 namespace {
 
-/// Between two looks where the icon is. Trays do not tell when they have put it somewhere else.
+/// The interval of checks where the icon is: trays send no event when they move it.
 constexpr std::chrono::milliseconds followsBar{1000};
 
 } // namespace
@@ -53,7 +53,7 @@ void QtTray::redraw() {
   icon_.setIcon(look_.icon(toneProbe_ ? toneProbe_(drawnAt_) : BarTone::asPalette));
 }
 
-/// Another bar may have another tone.
+/// The new bar may have another tone.
 void QtTray::followBar() {
   if (iconGeometry() != drawnAt_) {
     redraw();

@@ -7,19 +7,19 @@
 
 namespace tamberline {
 
-/// The tray as Qt knows it: the menu bar of a Mac, and the older trays of X11. Main thread only.
+/// Qt's tray icon: the menu bar of a Mac, and the older trays of X11. Main thread only.
 class QtTray final : public Tray {
 public:
   /// Who opens the menu.
   enum class MenuOpener : unsigned char {
     tray,    // on the click that it reserves for menus
-    program, // on a right click; the tray does not know of the menu
+    program, // on a right click; the tray does not have the menu
   };
 
-  /// Tells the tone of the bar around a place on the screen.
+  /// Returns the tone of the bar around a position on the screen.
   using ToneProbe = std::function<BarTone(const QRect&)>;
 
-  /// Without a probe the system gives the icon its colour.
+  /// Without a probe, the system colours the icon.
   explicit QtTray(MenuOpener opener, ToneProbe toneProbe = nullptr);
 
   void show(Look look, Events events) override;
@@ -27,7 +27,7 @@ public:
   QRect iconGeometry() const override { return icon_.geometry(); }
   void redraw() override;
 
-  /// Takes the icon out of the tray, and puts it in again.
+  /// Adds the icon to the tray or removes it.
   void setShown(bool isShown);
 
   QSystemTrayIcon& icon() { return icon_; }
@@ -39,7 +39,7 @@ private:
   TrayPlace place() const { return {.icon = iconGeometry()}; }
 
   MenuOpener opener_;
-  QRect drawnAt_; // where the icon was when its bar was last looked at
+  QRect drawnAt_; // the position of the icon when the tone of its bar was last read
   ToneProbe toneProbe_;
   Look look_;
   Events events_;

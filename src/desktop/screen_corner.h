@@ -8,11 +8,11 @@
 
 namespace tamberline {
 
-/// The corner of a screen that a place on it is next to. Without a place the upper right one, where
-/// most desktops have their tray.
+/// The corner of a screen that is nearest to a position on it. Without a position, the upper right
+/// corner, where most desktops have their tray.
 Qt::Corner cornerNextTo(const std::optional<QPoint>& place, const QRect& screen);
 
-/// The same on the screen that has the place.
+/// The same for the screen at that position.
 Qt::Corner screenCornerNextTo(const std::optional<QPoint>& place);
 
 } // namespace tamberline

@@ -12,27 +12,27 @@ namespace tamberline {
 
 /// How bright the bar behind the icon is.
 enum class BarTone : unsigned char {
-  asPalette, // the system recolours the icon itself, or paints its bars as windows
+  asPalette, // the system recolours the icon itself, or draws its bars in window colours
   dark,
   light,
-  unknown, // the icon must be seen on both
+  unknown, // the icon must be visible on both
 };
 
-/// Where the icon was when something was done to it, as far as the tray tells.
+/// The position of the icon when the user clicked it, as far as the tray reports it.
 struct TrayPlace {
-  QRect icon = {};                            // empty where the tray does not tell
+  QRect icon = {};                            // empty if the tray does not report it
   std::optional<QPoint> click = std::nullopt; // on the desktop, in points
 };
 
-/// The program's icon in the desktop's tray, or in the menu bar of a Mac. A tray may come and go
-/// while the program runs; the icon follows it. Main thread only.
+/// The program's icon in the desktop's tray, or in the menu bar of a Mac. A tray may start and stop
+/// while the program runs; the icon appears whenever there is one. Main thread only.
 class Tray {
 public:
   struct Look {
     QString title;
     /// The name of the symbolic icon that the program installs into icon themes.
     QString iconName;
-    std::function<QIcon(BarTone)> icon; // for trays that do not know the name
+    std::function<QIcon(BarTone)> icon; // for trays that do not support names
     QString openText;
     QString quitText;
   };
@@ -48,13 +48,13 @@ public:
   Tray& operator=(const Tray&) = delete;
   virtual ~Tray() = default;
 
-  /// Shows the icon as soon as there is a tray, until the object is destroyed. Call it once.
+  /// Shows the icon as soon as there is a tray, until the object is destroyed. Call it only once.
   virtual void show(Look look, Events events) = 0;
 
-  /// Whether there is a tray for the icon now. Quick enough to be asked whenever it matters.
+  /// Whether there is a tray for the icon now. Fast enough to be called whenever it matters.
   virtual bool isAvailable() const = 0;
 
-  /// Where the icon is now; empty where the tray does not tell.
+  /// The current position of the icon; empty if the tray does not report it.
   virtual QRect iconGeometry() const = 0;
 
   /// Redraws the icon after the colours of the desktop have changed.

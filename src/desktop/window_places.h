@@ -8,7 +8,8 @@
 
 namespace tamberline {
 
-/// Keeps a window in a corner of its screen, inside what bars leave free, until it goes.
+/// Holds a window in a corner of its screen, within the area that bars leave free, until it is
+/// destroyed.
 class CornerHold {
 public:
   CornerHold() = default;
@@ -17,13 +18,13 @@ public:
   virtual ~CornerHold() = default;
 };
 
-/// What a desktop lets a program decide about the places of its windows. Main thread only.
+/// Who decides the position of the program's windows on a desktop. Main thread only.
 class WindowPlaces {
 public:
   enum class Decider : unsigned char {
-    program, // a window stands where the program puts it
-    corner,  // the desktop holds it in a corner that the program names
-    desktop, // the desktop alone; the program never learns where a window is
+    program, // the program sets the position of a window
+    corner,  // the desktop holds the window in a corner that the program chooses
+    desktop, // the desktop; the program never learns the position of a window
   };
 
   WindowPlaces() = default;
@@ -33,20 +34,21 @@ public:
 
   virtual Decider decider() const = 0;
 
-  /// What a held window hears of. Either may end the hold.
+  /// The events of a held window. A handler may end the hold.
   struct HoldEvents {
-    /// What bars leave of the screen's height, in points; told once the desktop has said it.
+    /// The height of the screen that bars leave free, in points; sent as soon as the desktop
+    /// reports it.
     std::function<void(double)> freeHeightTold = [](double) {};
     std::function<void()> clickedOutside = [] {};
   };
 
-  /// Only where the decider is `corner`, and only before the window is shown. Until the hold goes,
-  /// clicks beside the window go to nobody else, except those on bars.
+  /// Only if the decider is `corner`, and only before the window is shown. Until the hold is
+  /// destroyed, it receives all clicks outside the window except those on bars.
   virtual std::unique_ptr<CornerHold> holdInCorner(QWindow& window, Qt::Corner corner,
                                                    HoldEvents events) = 0;
 };
 
-/// The places of a desktop whose windows stand where programs put them.
+/// For a desktop on which programs position their windows.
 class FreeWindowPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::program; }

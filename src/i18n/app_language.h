@@ -9,7 +9,7 @@
 
 namespace tamberline {
 
-/// One of the languages that every text is offered in.
+/// One of the languages in which every text is available.
 class AppLanguage {
 public:
   enum Case : std::uint8_t { en, de, fr, it, es };
@@ -18,13 +18,13 @@ public:
   explicit(false) constexpr AppLanguage(Case language) : case_(language) {}
   explicit(false) constexpr operator Case() const { return case_; }
 
-  /// The language of this run. `main` chooses it once, before the first text is read; main thread
-  /// only. English until then.
+  /// The language of this run, English by default. `main` chooses it once, before the first text is
+  /// read; main thread only.
   static AppLanguage current();
   static void choose(AppLanguage language);
 
-  /// Only the first entry counts (such as "de-CH" or "pt_BR.UTF-8"): who prefers a language that
-  /// is not offered gets English, whatever stands second.
+  /// Only the first entry counts (such as "de-CH" or "pt_BR.UTF-8"): a user whose first choice is
+  /// not available gets English, whatever the second choice is.
   static AppLanguage forPreferredLanguages(const std::vector<std::string>& preferredLanguages);
 
   /// Absent unless the code is exactly one of "en", "de", "fr", "it", "es".

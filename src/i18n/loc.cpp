@@ -7,7 +7,7 @@
 namespace tamberline::Loc {
 namespace {
 
-/// One text per language; a language that is forgotten does not compile.
+/// One text per language; a missing language does not compile.
 class Translations {
 public:
   template <typename... Texts>

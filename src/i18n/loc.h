@@ -1,6 +1,6 @@
-// The language table: every text a person reads, in the language of this run
-// (AppLanguage::current). Texts without an argument stand in fixed_texts.def, the others in
-// loc.cpp. Arguments go in unchanged; integers are written in plain decimal.
+// The language table: every text the user reads, in the language of this run
+// (AppLanguage::current). Texts without an argument are in fixed_texts.def, the others in loc.cpp.
+// Arguments are inserted unchanged; integers are written in plain decimal.
 #pragma once
 
 #include <cstdint>
@@ -21,21 +21,21 @@ std::string chargingAtW(std::int64_t watts);
 std::string poweringSystemW(std::int64_t watts);
 std::string speedNote(std::string_view portMaximum);
 std::string thunderboltPort(std::int64_t number);
-/// `carried` is a speed, with the number of lanes where it is known.
+/// `carried` is a speed, with the number of lanes if known.
 std::string linkEachWay(std::string_view carried);
 std::string linkToDevice(std::string_view carried);
 std::string linkFromDevice(std::string_view carried);
 std::string lanes(std::int64_t count);
 std::string extraCurrent(std::int64_t milliamperes);
-/// A socket of the computer.
+/// One of the computer's sockets.
 std::string receptacle(std::string_view number);
-/// `numbers` with commas between them.
+/// `numbers` is a comma-separated list.
 std::string receptacles(std::string_view numbers);
 std::string hdmiPort(std::string_view number);
 std::string hintPortCapacity(std::int64_t milliamperes);
 std::string percent(std::int64_t number);
 
-/// The names of all texts without an argument, for checks that no language was forgotten.
+/// The names of all texts without an argument, for tests that no language is missing.
 struct FixedText {
   std::string_view key;
   std::string_view (*text)();

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 constexpr std::array<seconds, 4> unitLengths = {1s, 1min, 1h, 24h};
 
-/// What follows the number.
+/// The texts after the number.
 struct UnitTexts {
   std::string_view one;
   std::string_view other;

@@ -1,4 +1,4 @@
-// How long ago something was, in whole seconds, minutes, hours or days, as it reads behind a word
+// How long ago something was, in whole seconds, minutes, hours or days, as it reads after a word
 // such as "Updated".
 #pragma once
 
@@ -11,7 +11,7 @@ namespace tamberline {
 /// back, is "just now".
 std::string relativeTimeText(std::chrono::seconds age);
 
-/// How long the text of this age stays true.
+/// How long the text for this age stays correct.
 std::chrono::seconds untilRelativeTimeChanges(std::chrono::seconds age);
 
 } // namespace tamberline

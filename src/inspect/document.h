@@ -7,7 +7,7 @@
 namespace tamberline {
 
 /// Everything one scan found and everything the panel shows of it, in the format that
-/// docs/inspect-document.md fixes.
+/// docs/inspect-document.md defines.
 nlohmann::ordered_json inspectionDocument(const PortScanner& scanner);
 
 } // namespace tamberline

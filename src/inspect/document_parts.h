@@ -37,9 +37,9 @@ Document listOf(const Records& records, Describe describe) {
 Document describe(const TrueLink& link);
 Document describe(const AgreedPower& power);
 
-/// Null where nothing is known of a device's link.
+/// Null if nothing is known about a device's link.
 Document describeLink(const TrueLink& link, std::optional<bool> isAuthorized);
-/// The first drive that a Thunderbolt device connects by PCI; null where there is none.
+/// The first drive that a Thunderbolt device connects by PCI; null if there is none.
 Document driveOf(const ThunderboltDevice& device);
 Document describeBusAlone(const ThunderboltBus& bus);
 Document describe(const ThunderboltBus& bus);
@@ -55,8 +55,8 @@ Document describe(const HPMPort& port);
 Document describe(const FedPortState& port);
 Document describe(const PortPowerOut& power);
 
-/// What else is known of each port: its sockets, what its link truly carries, a partner that is no
-/// device, and the power that was agreed on.
+/// What else is known about each port: its sockets, the actual speed of its link, a partner that is
+/// not a device, and the agreed power.
 Document describePorts(const std::vector<ThunderboltBus>& buses,
                        const std::vector<HPMPort>& controllers);
 

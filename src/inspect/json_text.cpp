@@ -14,7 +14,7 @@
 namespace tamberline {
 namespace {
 
-constexpr unsigned char firstOfInterest = 0x7F; // the library escapes control characters below
+constexpr unsigned char firstOfInterest = 0x7F; // the library escapes control characters below it
 
 std::size_t lengthOfPlainStart(std::string_view text) {
   const auto isPlain = [](char character) {
@@ -24,7 +24,7 @@ std::size_t lengthOfPlainStart(std::string_view text) {
   return static_cast<std::size_t>(end - text.begin());
 }
 
-/// The joiners of emoji and of scripts may be shown, but not told from nothing.
+/// The joiners of emoji and of scripts may be shown on screen, but in JSON they are invisible.
 bool isEscaped(char32_t character) {
   return disturbsTheReader(character) || character == 0x200C || character == 0x200D;
 }
@@ -54,7 +54,7 @@ std::string jsonText(const nlohmann::ordered_json& document, int indent) {
       document.dump(indent, ' ', /*ensure_ascii=*/false, nlohmann::json::error_handler_t::replace);
   std::string text;
   text.reserve(written.size());
-  // Only strings hold such characters, so all that is written can be looked at alike.
+  // Only strings contain such characters, so the whole output can be treated alike.
   for (std::string_view rest = written; !rest.empty();) {
     const std::size_t plain = lengthOfPlainStart(rest);
     text += rest.substr(0, plain);

@@ -6,9 +6,9 @@
 
 namespace tamberline {
 
-/// A document as it is printed: UTF-8, in one line for a negative `indent`. Characters that a
-/// terminal obeys or that hide what stands there (control characters, turned directions, characters
-/// without width) are written as \uXXXX, which reads back as the same.
+/// A document as printed: UTF-8, in one line for a negative `indent`. Control characters, direction
+/// overrides and zero-width characters are written as \uXXXX, which reads back as the same:
+/// otherwise they could control a terminal or hide text.
 std::string jsonText(const nlohmann::ordered_json& document, int indent);
 
 } // namespace tamberline

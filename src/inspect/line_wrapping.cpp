@@ -9,7 +9,7 @@ namespace {
 
 struct Cell {
   Grapheme grapheme;
-  /// Whose style it has, as an index into the line.
+  /// The span whose style it has, as an index into the line.
   std::size_t span = 0;
 
   bool isSpace() const { return grapheme.text == " "; }
@@ -27,7 +27,7 @@ Cells cellsOf(const TextLine& line) {
   return cells;
 }
 
-/// Where a line that starts at `start` has to end when it ends at no space.
+/// Where a line that starts at `start` ends if there is no space to break at.
 std::size_t fullEnd(const Cells& cells, std::size_t start, int columns) {
   std::size_t end = start;
   for (; end < cells.size() && cells[end].grapheme.columns <= columns; ++end) {
@@ -41,7 +41,7 @@ bool isBetweenEntries(const Cells& cells, std::size_t space) {
   return isGap || cells[space - 1].grapheme.text == "·";
 }
 
-/// A dash or a dot between two words stays with the first of them.
+/// A dash or a dot between two words stays with the first word.
 bool isBeforeDash(const Cells& cells, std::size_t space) {
   if (space + 1 >= cells.size()) {
     return false;

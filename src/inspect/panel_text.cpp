@@ -44,7 +44,7 @@ std::string repeated(std::string_view piece, int count) {
   return text;
 }
 
-/// A layer that is drawn shows at least one cell.
+/// A layer of the bar that is not empty has at least one cell.
 int cellsOf(double fraction) {
   const int cells = static_cast<int>(std::lround(fraction * barWidth));
   return fraction > 0 && cells == 0 ? 1 : cells;
@@ -59,7 +59,7 @@ void appendBar(TextLine& line, const TriBar& bar, Color color) {
   line.push_back({repeated("░", barWidth - used - cable), Color::Grey});
 }
 
-/// A name from outside; one that is empty still has a place in its row.
+/// A name from outside; an empty one still has a place in its row.
 std::string shownName(std::string_view name) {
   std::string shown = shownText(name);
   return shown.empty() ? "—" : shown;
@@ -109,7 +109,7 @@ TextLine volumeLine(const VolumeRow& volume) {
   return line;
 }
 
-/// Whether the bar shows another speed than the link has, or there is no bar.
+/// Whether the link's speed differs from the bar's, or there is no bar.
 bool isNewsBesideTheBar(const LinkNote& note, const std::optional<SpeedBarRow>& bar) {
   return !bar || note.link.transmitGbps != bar->usedGbps || note.link.receiveGbps != bar->usedGbps;
 }
@@ -198,7 +198,7 @@ TextTree treeOf(const PortCard& card) {
   appendIfShown(header, card.header.itemCount);
   for (const PortBadge& badge : card.header.badges) {
     append(header, badgeSpan(badge.badge));
-    if (badge.kind == PortBadge::Kind::capacity) { // which its tooltip says in the panel
+    if (badge.kind == PortBadge::Kind::capacity) { // the panel says this in the tooltip
       header.push_back({" " + std::string(Loc::portMax()), Color::Secondary});
     }
   }

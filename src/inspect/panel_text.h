@@ -7,8 +7,8 @@
 
 namespace tamberline {
 
-/// The panel as text for people, everything expanded: an indented tree of cards and rows, with the
-/// bars as short text bars; `columns` as for `renderTextTrees`.
+/// The panel as text, everything expanded: an indented tree of cards and rows, with short text
+/// bars; `columns` as for `renderTextTrees`.
 std::string panelText(const Panel& panel, bool useColors,
                       std::optional<int> columns = std::nullopt);
 

@@ -16,7 +16,7 @@ struct Range {
 };
 
 /// The characters that Unicode calls wide or full-width, in order. Unassigned ones between them
-/// count as their neighbours. Terminals differ in what is newer than they are.
+/// count like their neighbours. Terminals differ in characters that are newer than they are.
 constexpr std::array wideCharacters = {
     Range{0x1100, 0x115F},   Range{0x231A, 0x231B},   Range{0x2329, 0x232A},
     Range{0x23E9, 0x23EC},   Range{0x23F0, 0x23F0},   Range{0x23F3, 0x23F3},
@@ -60,7 +60,7 @@ bool isWide(char32_t character) {
   return range != wideCharacters.end() && range->first <= character;
 }
 
-/// Combining characters stand on the first one; two regional indicators are a flag.
+/// Combining characters are drawn on the first one; two regional indicators are a flag.
 int columnsOf(const QList<uint>& codePoints) {
   const char32_t first = codePoints.front();
   const bool isPair = codePoints.size() > 1;

@@ -6,14 +6,14 @@
 
 namespace tamberline {
 
-/// What a person sees as one character, however many code points it is made of.
+/// What users perceive as one character, whatever the number of code points.
 struct Grapheme {
   std::string text;
-  /// In a terminal: 2 for the wide characters of East Asia and for emoji.
+  /// In a terminal: 2 for wide East Asian characters and for emoji.
   int columns = 1;
 };
 
-/// The text must be UTF-8.
+/// The text must be valid UTF-8.
 std::vector<Grapheme> graphemesOf(std::string_view text);
 
 int columnsOf(std::string_view text);

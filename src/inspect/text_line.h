@@ -16,9 +16,9 @@ struct TextSpan {
 
 using TextLine = std::vector<TextSpan>;
 
-/// A line as several that are at most so many columns wide: the first, and every one after it.
-/// It breaks at spaces, where it can between two entries of the line (two spaces or a dot apart); a
-/// word that is too long for any line breaks between two graphemes.
+/// Breaks a line into several: the first at most `firstColumns` wide, the others `nextColumns`. It
+/// breaks at spaces, if possible between two entries of the line (which have two spaces or a dot
+/// between them). A word that is too long for any line breaks between two graphemes.
 std::vector<TextLine> wrapLine(const TextLine& line, int firstColumns, int nextColumns);
 
 } // namespace tamberline

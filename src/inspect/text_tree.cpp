@@ -40,7 +40,7 @@ std::string_view escapeCodeOf(Color color) {
   return ""; // the terminal's own foreground
 }
 
-/// Enough for a bar, however deep it stands.
+/// Enough for a bar at any indentation.
 constexpr int leastTextColumns = 24;
 constexpr std::string_view hangingIndent = "  ";
 

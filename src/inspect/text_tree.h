@@ -8,16 +8,16 @@
 
 namespace tamberline {
 
-/// An entry of an indented tree: its lines, the first of them at the connector, and what is below.
+/// An entry of an indented tree: its lines, the first one at the connector, and the entries below.
 struct TextTree {
   std::vector<TextLine> lines;
   std::vector<TextTree> children;
 };
 
-/// The entries one below the other, a blank line between them, with box-drawing connectors for
-/// everything below; in the terminal's colours when `useColors`. Lines that are longer than so many
-/// `columns` go on below, a little further in, and the connectors beside them; a deep entry has a
-/// few columns all the same. Without `columns` each line is as long as it is.
+/// The entries one below the other, separated by a blank line, with box-drawing connectors for
+/// everything below them; with the terminal's colours if `useColors`. A line longer than `columns`
+/// is wrapped with a small extra indentation, and the connectors continue beside it. A deep entry
+/// always has a few columns. Without `columns`, lines are not wrapped.
 std::string renderTextTrees(const std::vector<TextTree>& trees, bool useColors,
                             std::optional<int> columns = std::nullopt);
 

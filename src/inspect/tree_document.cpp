@@ -4,7 +4,7 @@
 namespace tamberline {
 namespace {
 
-/// The kind's name and the record that the kind carries.
+/// The name of the kind, and the kind's record.
 Document describeKind(const TreeNode::Kind& kind) {
   return std::visit(
       Overloaded{

@@ -7,13 +7,12 @@
 
 namespace tamberline {
 
-/// Container identifiers by USB location: the registry's word on which devices are one physical
-/// box. A location is a 32-bit quantity; the registry may write one above 0x7fffffff as a negative
-/// number while the USB report writes it in hexadecimal, so what is not found as it is spelled is
-/// looked for in the other spelling.
+/// Container identifiers by USB location: the registry's information about which devices are in one
+/// physical box. A location is a 32-bit quantity. The registry may write one above 0x7fffffff as a
+/// negative number while the USB report writes it in hexadecimal, so both spellings are looked up.
 class ContainerIDs {
 public:
-  /// Keeps the first identifier of a location.
+  /// Keeps the first identifier for a location.
   void add(std::int64_t locationID, const std::string& containerID);
 
   std::optional<std::string> find(std::int64_t locationID) const;

@@ -7,13 +7,13 @@
 
 namespace tamberline {
 
-/// The power adapter as the power report knows it. Texts are empty when the report has none.
+/// The power adapter according to the power report. Texts are empty if the report has none.
 struct ChargerInfo {
   std::string name = {};
   std::string manufacturer = {};
-  /// From the adapter's name; absent when the name holds no wattage.
+  /// From the adapter's name; absent if the name contains no wattage.
   std::optional<std::int64_t> ratedWatts = {};
-  /// What the adapter reports delivering now; absent when it reports nothing.
+  /// What the adapter says it delivers now; absent if it does not say.
   std::optional<std::int64_t> currentWatts = {};
   std::string hardwareVersion = {};
   std::string firmwareVersion = {};
@@ -22,14 +22,14 @@ struct ChargerInfo {
   /// Set together with `portLabel` by the port tree, which knows the adapter's port.
   bool connectsViaUSBC = false;
   std::optional<std::string> portLabel = {};
-  /// It powers the computer on none of the ports that are known: through a socket of its own, or
-  /// through a USB-C port of which it is not known which (`connectsViaUSBC`).
+  /// It powers the computer through none of the known ports: through a separate socket, or through
+  /// an unknown USB-C port (`connectsViaUSBC`).
   bool isOnNoKnownPort = false;
 
   friend bool operator==(const ChargerInfo&, const ChargerInfo&) = default;
 };
 
-/// The battery as the power report knows it.
+/// The battery according to the power report.
 struct BatteryInfo {
   std::int64_t stateOfCharge = 0; // percent
   bool isFullyCharged = false;
@@ -42,8 +42,8 @@ struct BatteryInfo {
   friend bool operator==(const BatteryInfo&, const BatteryInfo&) = default;
 };
 
-/// What both ends of a USB-C connection agreed on: a voltage, and the most current at it. How much
-/// flows is not known.
+/// What both ends of a USB-C connection agreed on: a voltage and the max current at it. The actual
+/// current is unknown.
 struct AgreedPower {
   double volts = 0;
   double amps = 0;
@@ -53,18 +53,18 @@ struct AgreedPower {
   friend bool operator==(const AgreedPower&, const AgreedPower&) = default;
 };
 
-/// What a port controller knows of a partner that shows itself neither as a device nor as the
-/// adapter in use.
+/// What a port controller knows about a partner that is neither listed as a device nor the adapter
+/// in use.
 enum class PortPartner : std::uint8_t {
   none,
-  audio,   // headphones on analogue wires
+  audio,   // analogue headphones
   debug,   // a debug accessory
-  video,   // pictures can be shown through it
+  video,   // it can show pictures
   source,  // it offers power that the computer does not take
-  unknown, // something is there
+  unknown, // something is attached
 };
 
-/// One USB-C or MagSafe port as its port controller sees it.
+/// One USB-C or MagSafe port according to its port controller.
 struct HPMPort {
   std::int64_t portNumber = 0; // 1-based
   bool isMagSafe = false;
@@ -73,16 +73,16 @@ struct HPMPort {
   bool hasVideo = false;
   bool activeCable = false;
   bool opticalCable = false;
-  /// -1 when the controller reports none, which is what tells a power adapter from a device that
-  /// only draws power.
+  /// -1 if the controller reports none. This distinguishes a power adapter from a device that only
+  /// draws power.
   std::int64_t accessoryID = -1;
   PortPartner partner = PortPartner::none;
-  /// Absent where nothing was agreed on or the controller does not tell.
+  /// Absent if nothing was agreed on or the controller does not report it.
   std::optional<AgreedPower> agreedPower = {};
 
   bool isCharger() const;
   bool isChargeOnlyDevice() const;
-  /// Absent for a passive cable or none.
+  /// Absent for a passive cable and for none.
   std::optional<std::string> cableLabel() const;
   std::string label() const;
 
@@ -92,11 +92,11 @@ private:
   bool carriesPowerOnly() const;
 };
 
-/// The first controller of a USB-C port, 1-based; null when there is none. A MagSafe port can have
+/// The first controller of a USB-C port, 1-based; null if there is none. A MagSafe port may have
 /// the same number.
 const HPMPort* usbcController(const std::vector<HPMPort>& controllers, std::int64_t portNumber);
 
-/// One port as the battery controller sees it.
+/// One port according to the battery controller.
 struct FedPortState {
   std::int64_t index = 0; // 0-based
   bool isConnected = false;
@@ -108,7 +108,7 @@ struct FedPortState {
   friend bool operator==(const FedPortState&, const FedPortState&) = default;
 };
 
-/// The live power that one port delivers.
+/// The measured power that one port delivers.
 struct PortPowerOut {
   double usedWatts = 0;
   double allocatedWatts = 0;

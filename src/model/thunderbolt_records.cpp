@@ -11,7 +11,7 @@
 namespace tamberline {
 namespace {
 
-/// The order decides: "2.5 Gb/s" reads as 5 and "Up to 120 Gb/s" as 20.
+/// The order matters: "2.5 Gb/s" reads as 5 and "Up to 120 Gb/s" as 20.
 std::int64_t gbpsNamedIn(std::string_view speedText) {
   constexpr std::array<std::pair<std::string_view, std::int64_t>, 4> speeds = {
       {{"40", 40}, {"20", 20}, {"10", 10}, {"5", 5}}};

@@ -23,7 +23,7 @@ const BusKind& kindOf(const USBBus& bus) {
       {"USB31", "USB 3.1 Bus", 10.0, "max 10 Gb/s", 900},
       {"USB30", "USB 3.0 Bus", 5.0, "max 5 Gb/s", 900},
       {"USB20", "USB 2.0 Bus", 0.48, "max 480 Mb/s", 500},
-      {"", "USB Bus", 5.0, "", 900}, // the empty part is in every name
+      {"", "USB Bus", 5.0, "", 900}, // every name contains the empty part
   }};
   return *std::find_if(kinds.begin(), kinds.end(),
                        [&](const BusKind& kind) { return contains(bus.rawName, kind.namePart); });
@@ -56,7 +56,7 @@ std::string_view roundedMaximum(double busMaxGbps) {
   return busMaxGbps >= 5 ? "5 Gb/s" : "480 Mb/s";
 }
 
-/// The decimal number behind the last "@"; absent when nothing stands behind one.
+/// The decimal number after the last "@"; absent if nothing follows it.
 std::optional<std::int64_t> portSuffix(std::string_view rawName) {
   const std::vector<std::string_view> pieces = splitNonEmpty(rawName, '@');
   if (pieces.size() < 2) {

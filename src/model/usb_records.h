@@ -14,7 +14,7 @@ namespace tamberline {
 /// What the report calls every hub that does not name itself.
 inline constexpr const char* unnamedHub = "hub_device";
 
-/// The watts of a current at the fixed 5 V of USB bus power.
+/// The watts of a current at USB's fixed 5 V bus voltage.
 double usbWatts(std::int64_t milliamperes);
 
 /// A mounted volume of a storage device.
@@ -25,51 +25,51 @@ struct USBVolume {
   friend bool operator==(const USBVolume&, const USBVolume&) = default;
 };
 
-/// One device of the USB report; a hub holds the devices behind it. Texts are the report's own.
+/// One device of the USB report; a hub contains the devices behind it. Texts are from the report.
 struct USBDevice {
   Uuid id = Uuid::random();
   std::string name = {};
   std::string vendorID = {};
   std::string productID = {};
-  /// A token such as "high_speed"; empty when the report has none.
+  /// A token such as "high_speed"; empty if the report has none.
   std::string speed = {};
   std::string manufacturer = {};
   std::optional<std::string> serialNumber = {};
-  /// mA the port offers; absent when the report has no number.
+  /// mA the port offers; absent if the report has no number.
   std::optional<std::int64_t> busPower = {};
-  /// mA the device is rated to draw (declared, not measured); absent when the report has no number.
+  /// mA the device is rated to draw (declared, not measured); absent if the report has no number.
   std::optional<std::int64_t> busPowerUsed = {};
-  /// mA it may draw beyond that, a phone to charge for example.
+  /// mA it may draw in addition, for example a phone to charge.
   std::optional<std::int64_t> extraCurrentMa = {};
-  /// Whether it is a part of the computer; absent when the report does not tell.
+  /// Whether it is part of the computer; absent if the report does not say.
   std::optional<bool> isBuiltIn = {};
-  /// Whether its data goes through a USB4 link; absent when the report does not tell.
+  /// Whether its data goes through a USB4 link; absent if the report does not say.
   std::optional<bool> isTunneled = {};
-  /// Shared by the two halves of one physical hub; absent when the registry has none.
+  /// Shared by the two halves of one physical hub; absent if the registry has none.
   std::optional<std::string> containerID = {};
   /// 0-based index of the computer's port; absent without a location.
   std::optional<std::int64_t> physicalPort = {};
   std::vector<USBVolume> volumes = {};
   SharedList<USBDevice> children = {};
-  /// The negotiated speed where no token says it; absent otherwise.
+  /// The negotiated speed if there is no token for it; absent otherwise.
   std::optional<double> untokenedGbps = {};
-  /// A drive that a Thunderbolt or USB4 enclosure connects to the computer's PCI bus.
+  /// A drive in a Thunderbolt or USB4 enclosure, connected to the computer's PCI bus.
   bool isTunneledDrive = false;
 
   /// The name that a person knows it by.
   std::string shownName() const;
-  /// 0 when it is unknown.
+  /// 0 if unknown.
   double speedGbps() const;
   std::string speedShortLabel() const;
   std::string speedDetailLabel() const;
   std::optional<double> powerAvailableW() const;
   std::optional<double> powerUsedW() const;
   std::optional<double> powerFraction() const;
-  /// Negotiated speed over the bus's maximum, at most 1; 0 when either is unknown.
+  /// The negotiated speed divided by the bus's max, at most 1; 0 if either is unknown.
   double speedFraction(double busMaxGbps) const;
-  /// Says that the device or the cable is the bottleneck; absent when it is not.
+  /// Says that the device or the cable is the bottleneck; absent if it is not.
   std::optional<std::string> speedNote(double busMaxGbps) const;
-  /// The same, with the maximum itself where the bus is faster than any that has a name.
+  /// The same, but with the max as a number if the bus is faster than any that has a name.
   std::optional<std::string> trueSpeedNote(double maxGbps) const;
 
   /// A copy with other children and a new identity.
@@ -82,17 +82,17 @@ struct USBBus {
   std::string rawName = {};
   std::string hostController = {};
   SharedList<USBDevice> devices = {};
-  /// The bus's maximum where no name says it; absent otherwise.
+  /// The bus's max if no name says it; absent otherwise.
   std::optional<double> unnamedMaxGbps = {};
-  /// Nothing that can be plugged in brought it, so no dock has it.
+  /// The bus exists without anything plugged in, so no dock can claim it.
   bool isBuiltIn = false;
 
   std::string displayName() const;
   double maxSpeedGbps() const;
   std::string maxSpeedLabel() const;
-  /// The current budget in mA of each of its ports by the USB standard.
+  /// The current budget of each of its ports by the USB standard, in mA.
   std::int64_t portMaxMa() const;
-  /// Whether its devices sit directly on the computer's own USB-C ports.
+  /// Whether its devices are directly on the computer's own USB-C ports.
   bool isInternalTBController() const;
 };
 

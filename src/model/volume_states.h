@@ -1,4 +1,4 @@
-// What is going on with a mounted volume; the scanner keeps these by mount point.
+// The state of a mounted volume's test and ejection; the scanner keeps these by mount point.
 #pragma once
 
 #include <string>
@@ -34,7 +34,7 @@ struct BenchmarkPhase {
   friend bool operator==(const BenchmarkPhase&, const BenchmarkPhase&) = default;
 };
 
-/// Where the ejection of a volume stands; no state means that none was asked for.
+/// The progress of a volume's ejection; no state means that none was requested.
 struct EjectState {
   struct Ejecting {
     friend bool operator==(const Ejecting&, const Ejecting&) = default;

@@ -13,7 +13,7 @@
 namespace tamberline {
 namespace {
 
-/// "CC" is the configuration channel, active on every connection; it carries no data.
+/// "CC" is the configuration channel. It is active on every connection and carries no data.
 constexpr std::array<std::string_view, 4> dataTransports = {"USB2", "USB3", "USB4", "CIO"};
 
 std::set<std::string, std::less<>> activeTransports(PropertyListValue entry) {
@@ -30,7 +30,7 @@ bool isTrue(PropertyListValue entry, std::string_view key) {
   return entry.member(key).boolean() == true;
 }
 
-/// From a key of our own, which Macs do not have.
+/// The key is not in a Mac's registry.
 PortPartner partnerIn(PropertyListValue entry) {
   const std::string word = entry.member("TamberlinePartner").text().value_or("");
   for (const auto& [known, partner] : {std::pair("audio", PortPartner::audio),

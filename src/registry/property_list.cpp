@@ -47,7 +47,7 @@ std::string contentOf(pugi::xml_node element) {
   return content;
 }
 
-/// The same question without building the text, for the usual element with one piece of it.
+/// Whether the content is equal, without building the text for the usual element with one node.
 bool hasContent(pugi::xml_node element, std::string_view content) {
   const pugi::xml_node part = element.first_child();
   return part.next_sibling().empty() ? part.value() == content : contentOf(element) == content;
@@ -93,8 +93,8 @@ bool hasOnlyElements(const pugi::xml_node& container) {
   return std::all_of(children.begin(), children.end(), isElementOrBlank);
 }
 
-/// A reference to what is no character becomes bytes that are no UTF-8. Instructions, document
-/// types and attributes can spell the start of a comment, which hides references behind it from
+/// An invalid character reference becomes invalid UTF-8. Instructions, document types and
+/// attributes can contain the start of a comment, which hides references behind it from
 /// hasOnlyKnownReferences.
 bool isUtf8Text(const pugi::xml_node& element) {
   const auto parts = element.children();
@@ -144,7 +144,7 @@ bool isWellFormedValue(pugi::xml_node element, int depth) {
   return std::find(leaves.begin(), leaves.end(), name) != leaves.end();
 }
 
-/// The one value of a list; no node when the list is not well-formed.
+/// The one value of a list; no node if the list is not well-formed.
 pugi::xml_node rootValueOf(const pugi::xml_document& xml) {
   const pugi::xml_node list = xml.document_element();
   const pugi::xml_node value = firstElement(list);
@@ -154,8 +154,8 @@ pugi::xml_node rootValueOf(const pugi::xml_document& xml) {
   return isOneValueInOneList && isWellFormedValue(value, 0) ? value : pugi::xml_node();
 }
 
-/// What the XML library does not look at: it takes a NUL for the end of its input, passes bytes
-/// that are no UTF-8, and makes any number of a character reference into bytes.
+/// What the XML library does not check: it treats a NUL as the end of its input, passes invalid
+/// UTF-8, and turns any number in a character reference into bytes.
 bool isWellFormedText(std::string_view bytes) {
   return bytes.find('\0') == std::string_view::npos && isValidUtf8(bytes) &&
          hasOnlyKnownReferences(bytes);
@@ -252,7 +252,7 @@ std::optional<PropertyList> PropertyList::decode(std::string bytes) {
   }
   auto document = std::make_unique<Document>();
   document->bytes = std::move(bytes);
-  // Fragments are let through so that text around the list is seen, and then refused.
+  // Fragments are parsed so that text around the list is detected and rejected.
   constexpr unsigned options = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_eol |
                                pugi::parse_ws_pcdata_single | pugi::parse_fragment;
   const pugi::xml_parse_result result = document->xml.load_buffer_inplace(

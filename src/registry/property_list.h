@@ -14,18 +14,18 @@ struct xml_node_struct;
 
 namespace tamberline {
 
-/// One value of a property list: a view that is valid as long as its PropertyList. Asked for
-/// another type than it has, a value gives nothing; nothing throws.
+/// One value of a property list: a view that is valid as long as its PropertyList. A value returns
+/// nothing if it is asked for another type than it has; nothing throws.
 class PropertyListValue {
 public:
-  /// A value of no type, which answers every question with nothing.
+  /// A value without a type, which returns nothing for every type.
   PropertyListValue() = default;
   explicit PropertyListValue(pugi::xml_node_struct* element) : element_(element) {}
 
   bool isDictionary() const;
   bool isArray() const;
 
-  /// The value under `key` of a dictionary; of equal keys the last one counts.
+  /// The value under `key` of a dictionary; of equal keys, the last one wins.
   PropertyListValue member(std::string_view key) const;
   /// The elements of an array, in order.
   std::vector<PropertyListValue> elements() const;
@@ -40,12 +40,12 @@ private:
   pugi::xml_node_struct* element_ = nullptr;
 };
 
-/// A decoded XML property list. Movable; owns everything its values refer to.
+/// A decoded XML property list. Movable; owns everything that its values refer to.
 class PropertyList {
 public:
-  /// Absent when the bytes are no well-formed XML property list in UTF-8, or more than what
-  /// follows. The walks recurse, and each tag takes many times its bytes; no real registry comes
-  /// near.
+  /// Absent if the bytes are not a well-formed XML property list in UTF-8, or exceed the limits
+  /// below. The walks recurse, and each tag takes many times its size in memory; no real registry
+  /// comes near the limits.
   static std::optional<PropertyList> decode(std::string bytes);
 
   static constexpr int deepestNesting = 512;

@@ -6,8 +6,8 @@
 
 namespace tamberline {
 
-/// Calls `visit` for every dictionary that the walk of a registry dump meets, depth-first: each
-/// entry before the entries under its "IORegistryEntryChildren".
+/// Calls `visit` for every dictionary in the walk of a registry dump, depth-first: each entry
+/// before the entries under its "IORegistryEntryChildren".
 void visitRegistryEntries(PropertyListValue value,
                           const std::function<void(PropertyListValue entry)>& visit);
 

@@ -17,7 +17,7 @@ bool isCharacterOfXml(std::int64_t codePoint) {
          isWithin(0xE000, 0xFFFD) || isWithin(0x10000, 0x10FFFF);
 }
 
-/// `name` is what stands between the "&" and the ";".
+/// `name` is the text between the "&" and the ";".
 bool isKnownReference(std::string_view name) {
   static constexpr std::array<std::string_view, 5> entities = {"amp", "lt", "gt", "quot", "apos"};
   if (name.starts_with("#x")) {
@@ -29,7 +29,7 @@ bool isKnownReference(std::string_view name) {
   return std::find(entities.begin(), entities.end(), name) != entities.end();
 }
 
-/// The position behind the next `end`; the end of the text when there is none.
+/// The position after the next `end`; the end of the text if there is none.
 std::size_t behind(std::string_view xml, std::string_view end, std::size_t from) {
   const std::size_t found = xml.find(end, from);
   return found == std::string_view::npos ? xml.size() : found + end.size();
@@ -39,7 +39,7 @@ std::size_t behind(std::string_view xml, std::string_view end, std::size_t from)
 
 bool hasOnlyKnownReferences(std::string_view xml) {
   if (xml.find('&') == std::string_view::npos) {
-    return true; // the usual dump, and much quicker to see
+    return true; // the usual dump; this check is much faster
   }
   std::size_t position = xml.find_first_of("&<");
   while (position != std::string_view::npos) {

@@ -4,8 +4,8 @@
 
 namespace tamberline {
 
-/// Whether every "&" of an XML text, outside of comments and character sections, starts one of the
-/// five predefined entities or a reference to a character that XML allows.
+/// Whether every "&" of an XML text, outside comments and CDATA sections, starts one of the five
+/// predefined entities or a reference to a character that XML allows.
 bool hasOnlyKnownReferences(std::string_view xml);
 
 } // namespace tamberline

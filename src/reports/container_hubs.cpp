@@ -13,7 +13,7 @@ namespace {
 
 using Devices = std::vector<const USBDevice*>;
 
-/// Twice as deep as a report can nest devices.
+/// Twice as deep as a report may nest devices.
 constexpr std::size_t longestWayUp = 512;
 
 /// The devices of one container identifier, in bus order and then depth-first.
@@ -36,7 +36,7 @@ const USBDevice* fastest(const Devices& instances) {
                            });
 }
 
-/// The groups of a report that merge, and where each device stands.
+/// The groups of a report that are merged, and where each device is.
 class Merge {
 public:
   explicit Merge(const std::vector<USBBus>& buses) {
@@ -51,7 +51,7 @@ public:
     }
     leaveAllApartWhereTheyNestTooDeep();
     leaveApartWhatIsInLoops();
-    leaveAllApartWhereTheyNestTooDeep(); // what stays apart changes the ways of others
+    leaveAllApartWhereTheyNestTooDeep(); // separating groups changes the paths of others
   }
 
   bool changesNothing() const { return mergedGroupOf_.empty(); }
@@ -97,17 +97,17 @@ private:
     return found == mergedGroupOf_.end() ? nullptr : found->second;
   }
 
-  /// The group of an instance that goes, because its children move to the keeper.
+  /// The group of an instance that is dropped because its children move to the keeper.
   const Group* groupThatDrops(const USBDevice* device) const {
     const Group* group = mergedGroupOf(device);
     return group == nullptr || group->keeper == device ? nullptr : group;
   }
 
-  /// From a device up, from each dropped instance on to its keeper. No longer than `longestWayUp`
-  /// and one step.
+  /// The path from a device upwards, continuing from each dropped instance at its keeper. At most
+  /// `longestWayUp` + 1 steps.
   struct WayUp {
     Devices steps = {};
-    const USBDevice* next = nullptr; // null at the top; in a loop one of the steps
+    const USBDevice* next = nullptr; // null at the top; one of the steps in a cycle
   };
 
   WayUp wayUpFrom(const USBDevice* device) const {
@@ -122,7 +122,7 @@ private:
     return way;
   }
 
-  /// Hubs of many buses that take over each other could nest as deep as there are hubs.
+  /// Hubs on many buses that absorb each other could nest as deep as there are hubs.
   void leaveAllApartWhereTheyNestTooDeep() {
     const bool nestTooDeep =
         std::any_of(mergedGroupOf_.begin(), mergedGroupOf_.end(), [this](const auto& entry) {
@@ -143,8 +143,8 @@ private:
     }
   }
 
-  /// Groups that would end up below themselves: the way up from the keeper comes back to where it
-  /// was. What hangs there would be lost.
+  /// Groups that would end up below themselves: the path up from the keeper returns to one of its
+  /// steps. Everything below them would be lost.
   std::set<const Group*> groupsInLoops() const {
     std::set<const Group*> looping;
     for (const auto& [device, group] : mergedGroupOf_) {

@@ -1,4 +1,4 @@
-// Reading members of report objects. A member of any other type than the one asked for counts as
+// Reads members of report objects. A member of a type other than the requested one counts as
 // absent; nothing here throws.
 #pragma once
 
@@ -16,22 +16,22 @@ std::optional<std::string> textMember(const nlohmann::json& object, std::string_
 std::string textMember(const nlohmann::json& object, std::string_view key,
                        std::string_view fallback);
 
-/// Absent also for numbers with a fraction or an exponent and beyond 64 signed bits.
+/// Also absent for numbers with a fraction or an exponent and for those beyond 64 signed bits.
 std::optional<std::int64_t> integerMember(const nlohmann::json& object, std::string_view key);
 
-/// A text that holds a decimal integer and nothing else.
+/// A text that contains a decimal integer and nothing else.
 std::optional<std::int64_t> integerTextMember(const nlohmann::json& object, std::string_view key);
 
 /// True only for the text "TRUE", as the power report writes its flags.
 bool flagMember(const nlohmann::json& object, std::string_view key);
 
-/// Absent when it is neither "TRUE" nor "FALSE".
+/// Absent if it is neither "TRUE" nor "FALSE".
 std::optional<bool> knownFlagMember(const nlohmann::json& object, std::string_view key);
 
-/// An empty object when absent.
+/// An empty object if absent.
 const nlohmann::json& objectMember(const nlohmann::json& object, std::string_view key);
 
-/// An empty array when absent; an array that holds anything but objects counts as absent.
+/// An empty array if absent; an array with anything but objects counts as absent.
 const nlohmann::json& objectsMember(const nlohmann::json& object, std::string_view key);
 
 } // namespace tamberline

@@ -33,14 +33,14 @@ BatteryInfo parseBattery(const json& entry) {
   };
 }
 
-/// Adapters carry their rating in front of their name, such as "96W USB-C Power Adapter".
+/// Adapters have their rating in front of their name, such as "96W USB-C Power Adapter".
 std::optional<std::int64_t> ratedWattsIn(std::string_view name) {
   return parseDecimal(trimmed(split(name, 'W').front()));
 }
 
 ChargerInfo parseCharger(const json& entry) {
   const std::string name = textMember(entry, "sppower_ac_charger_name", "USB-C Power Adapter");
-  const auto place = textMember(entry, "tamberline_charger_place"); // a key of our own
+  const auto place = textMember(entry, "tamberline_charger_place"); // not in a Mac's reports
   return ChargerInfo{
       .name = name,
       .manufacturer = textMember(entry, "sppower_ac_charger_manufacturer", ""),

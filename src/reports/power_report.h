@@ -8,8 +8,8 @@
 
 namespace tamberline {
 
-/// What the power section says; absent where it has no such entry, which never means that an
-/// earlier value became untrue.
+/// The content of the power section. A missing entry is absent, which never means that an earlier
+/// value has become invalid.
 struct PowerReading {
   std::optional<BatteryInfo> battery;
   std::optional<ChargerInfo> charger;

@@ -7,7 +7,7 @@
 namespace tamberline {
 namespace {
 
-/// What a text holds outside of its strings; right for every text that is valid JSON.
+/// Counts the structure of a text outside its strings; correct for every valid JSON text.
 class Structure {
 public:
   explicit Structure(std::string_view bytes) {
@@ -46,7 +46,7 @@ private:
   int depth_ = 0;
   int deepest_ = 0;
   std::size_t objects_ = 0;
-  std::size_t values_ = 0; // separators and openings, of which each value has one at least
+  std::size_t values_ = 0; // separators and opening brackets; each value has at least one
 };
 
 } // namespace
@@ -56,7 +56,7 @@ bool isTooLargeReport(std::string_view bytes) {
 }
 
 std::optional<nlohmann::json> decodeReport(std::string_view bytes) {
-  // The JSON library takes a NUL for the end of its input.
+  // The JSON library treats a NUL as the end of its input.
   const bool hasNul = bytes.find('\0') != std::string_view::npos;
   if (bytes.empty() || hasNul || isTooLargeReport(bytes)) {
     return std::nullopt;

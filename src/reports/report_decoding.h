@@ -8,25 +8,25 @@
 
 namespace tamberline {
 
-/// The sections of the hardware report. Each is a report of its own: an object with this one key and
-/// the section's entries under it.
+/// The sections of the hardware report. Each is a report of its own: an object with this one key
+/// and the section's entries under it.
 constexpr const char* thunderboltSectionKey = "SPThunderboltDataType";
 constexpr const char* usbSectionKey = "SPUSBDataType";
 constexpr const char* powerSectionKey = "SPPowerDataType";
 
-/// What a report can be at most. No real one comes near: the largest has some hundred devices. The
-/// parsers and the port tree recurse, and what is made of an object of two bytes, from its record
-/// to its row, takes thousands.
+/// The limits of a report. No real one comes near: the largest has a few hundred devices. The
+/// parsers and the port tree recurse, and an object of two bytes needs thousands of bytes for its
+/// record, its row and everything in between.
 constexpr int deepestReportNesting = 512;
 constexpr std::size_t longestReport = 32'000'000;
 constexpr std::size_t mostReportObjects = 16'384;
 constexpr std::size_t mostReportValues = 524'288;
 
-/// Whether the bytes go beyond that, in whatever is outside of the texts.
+/// Whether the bytes exceed those limits, not counting the contents of strings.
 bool isTooLargeReport(std::string_view bytes);
 
-/// The top-level object of a hardware report. Absent when the bytes are empty, are no JSON, hold
-/// anything but an object at the top, or are too large a report.
+/// The top-level object of a hardware report. Absent if the bytes are empty, are not JSON, have
+/// anything but an object at the top, or are too large.
 std::optional<nlohmann::json> decodeReport(std::string_view bytes);
 
 } // namespace tamberline

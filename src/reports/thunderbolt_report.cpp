@@ -57,14 +57,14 @@ ThunderboltBus readBus(const json& entry, std::int64_t position) {
   };
 }
 
-/// From a key of our own, which Macs do not have.
+/// The key is not in a Mac's reports.
 std::optional<bool> authorizationIn(const json& item) {
   const auto word = textMember(item, "tamberline_is_authorized");
   return word ? std::optional(*word == "TRUE") : std::nullopt;
 }
 
-/// The speed of a connected receptacle can still be what it could do at most, that of the device
-/// behind it is what the two agreed on. With more than one of either nobody tells which is where.
+/// The speed of a connected receptacle may still be its maximum, while that of the device behind it
+/// is what the two agreed on. With more than one of either, it is unknown which belongs to which.
 void takeLinkOfTheOnlyDevice(ThunderboltBus& bus) {
   const auto isConnected = [](const ThunderboltReceptacle& receptacle) {
     return receptacle.port.isConnected();

@@ -12,10 +12,11 @@ namespace tamberline {
 /// The host ports of the Thunderbolt section, in report order.
 std::vector<ThunderboltBus> parseThunderbolt(const nlohmann::json& report);
 
-/// One level of devices and what is behind them; an entry without a name goes with its subtree.
+/// One level of devices and everything behind them; an entry without a name is dropped with its
+/// subtree.
 std::vector<ThunderboltDevice> parseThunderboltDevices(const nlohmann::json& items);
 
-/// The receptacle object under `key`; an empty object when absent.
+/// The receptacle object under `key`; an empty object if absent.
 const nlohmann::json& receptacleTag(const nlohmann::json& entry, std::string_view key);
 
 } // namespace tamberline

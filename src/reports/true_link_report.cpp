@@ -18,7 +18,7 @@ using nlohmann::json;
 
 constexpr double greatestGbps = 1000;
 constexpr std::int64_t mostLanes = 16;
-/// Of a link that is no link of 80 or 120 Gb/s.
+/// Of any link other than those of 80 and 120 Gb/s.
 constexpr double greatestGbpsOfALane = 20;
 
 std::optional<double> gbpsIn(std::string_view text) {
@@ -41,7 +41,7 @@ std::optional<TrueLink> linkOfOwnKeys(const json& entry) {
   return link.transmitGbps || link.receiveGbps ? std::optional(link) : std::nullopt;
 }
 
-/// "Up to 10 Gb/s x2".
+/// A text such as "Up to 10 Gb/s x2".
 struct SpeedText {
   bool isUpTo = false;
   double gbps = 0;

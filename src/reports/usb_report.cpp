@@ -30,7 +30,8 @@ std::vector<USBVolume> mountedVolumes(const json& item) {
   return volumes;
 }
 
-/// A speed in Mb/s from one of our own keys, which stands where the report has no word for it.
+/// A speed in Mb/s from a key that only this program writes, for speeds without a token in the
+/// report.
 std::optional<double> gbpsMember(const json& object, std::string_view key) {
   const auto megabits = integerTextMember(object, key);
   return megabits && *megabits > 0 ? std::optional(static_cast<double>(*megabits) / 1000)

@@ -1,4 +1,4 @@
-// What draws the symbols is the platform's, which also chooses the drawing for each name.
+// Each platform draws the symbols and chooses the drawing for each name.
 #pragma once
 
 #include <QImage>
@@ -7,9 +7,9 @@
 
 namespace tamberline {
 
-/// A square, at least one pixel wide, transparent where the symbol is not. What is white in it is a
-/// hole; the other colours do not count. A null image when the platform does not have the symbol.
-/// Any thread, one at a time.
+/// A square, at least one pixel wide, transparent outside the symbol. White parts are holes; the
+/// other colours do not matter. A null image if the platform does not have the symbol. May be
+/// called on any thread, one at a time.
 QImage symbolDrawing(std::string_view symbol, int pixels);
 
 } // namespace tamberline

@@ -11,8 +11,8 @@
 namespace tamberline {
 namespace {
 
-/// How much of a pixel belongs to the symbol, from 0 to 255. White is no part of it: on a filled
-/// shape a mark is drawn in white, and one colour can show it only as a hole.
+/// How much of a pixel belongs to the symbol, from 0 to 255. White does not: a mark on a filled
+/// shape is drawn in white, and in one colour it can only be shown as a hole.
 int coverage(QRgb pixel) {
   constexpr int lightestInk = 96;
   const int whiteness = std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)});

@@ -10,14 +10,14 @@
 
 namespace tamberline {
 
-/// A square of `sizePoints`, transparent when the platform does not have the symbol.
+/// A square of `sizePoints`, transparent if the platform does not have the symbol.
 QImage symbolImage(std::string_view symbol, const QColor& color, qreal sizePoints,
                    qreal devicePixelRatio);
 
-/// False where what draws the symbols is missing: then all of them are blank.
+/// False if the files or libraries that draw the symbols are missing: then all symbols are blank.
 bool canDrawSymbols();
 
-/// Keeps the images that were asked for last, up to a limit of memory. One thread at a time.
+/// Keeps the most recently used images, within a memory limit. One thread at a time.
 class SymbolImageCache {
 public:
   static constexpr qsizetype defaultCapacityBytes = 1 << 20;

@@ -85,7 +85,7 @@ struct PlacedCharger {
   HPMPort port;
 };
 
-/// Absent when no adapter is connected or no port controller sees one.
+/// Absent if no adapter is connected or no port controller detects one.
 std::optional<PlacedCharger> placedCharger(const PortTreeInputs& inputs) {
   const auto port = std::find_if(inputs.hpmPorts.begin(), inputs.hpmPorts.end(),
                                  [](const HPMPort& candidate) { return candidate.isCharger(); });
@@ -120,7 +120,7 @@ void markChargingOnlyPorts(const std::vector<HPMPort>& hpmPorts, std::vector<Por
   }
 }
 
-/// A drive is as fast as its enclosure's link lets it be.
+/// A drive's speed is limited by its enclosure's link.
 std::vector<TreeNode> driveNodes(const ThunderboltDevice& device) {
   constexpr double thunderboltMaxGbps = 40;
   std::vector<TreeNode> nodes;
@@ -188,7 +188,7 @@ std::vector<TreeNode> buildTBDeviceNodes(const SharedList<ThunderboltDevice>& de
                                          std::set<Uuid>& usedBusIDs) {
   std::vector<TreeNode> nodes;
   for (const ThunderboltDevice& device : devices) {
-    // The devices behind come first: the deepest dock of a chain is the one that brought the buses.
+    // Devices further down the chain come first, so that the last dock of a chain gets the buses.
     std::vector<TreeNode> children =
         buildTBDeviceNodes(device.children, externalUSBBuses, usedBusIDs);
     if (bringsBuses(device)) {

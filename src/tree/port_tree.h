@@ -13,7 +13,7 @@
 
 namespace tamberline {
 
-/// What one scan found, as far as the port tree needs it.
+/// The results of one scan that the port tree needs.
 struct PortTreeInputs {
   std::vector<ThunderboltBus> thunderboltBuses = {};
   std::vector<USBBus> usbBuses = {};
@@ -25,16 +25,15 @@ struct PortTreeInputs {
 
 /// The tree of physical ports: a MagSafe adapter first, then the ports in ascending order, then the
 /// add-on buses that no dock claimed. Identifiers are still random. A device on the computer's own
-/// controllers whose port has no Thunderbolt bus appears nowhere, and so does an adapter without a
-/// port.
+/// controllers is left out if its port has no Thunderbolt bus, and so is an adapter without a port.
 std::vector<TreeNode> buildPortTree(const PortTreeInputs& inputs);
 
-/// One node per device; hubs hand both ceilings down unchanged.
+/// One node per device; hubs pass both limits on unchanged.
 std::vector<TreeNode> usbDeviceNodes(const SharedList<USBDevice>& devices, double maxGbps,
                                      std::int64_t maxMa);
 
-/// One node per device; a device named like a dock takes every add-on bus that no device behind it
-/// took, and notes it in `usedBusIDs`.
+/// One node per device. A device with the name of a dock takes every add-on bus that no device
+/// behind it took, and records it in `usedBusIDs`.
 std::vector<TreeNode> buildTBDeviceNodes(const SharedList<ThunderboltDevice>& devices,
                                          const std::vector<USBBus>& externalUSBBuses,
                                          std::set<Uuid>& usedBusIDs);

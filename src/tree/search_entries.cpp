@@ -47,7 +47,7 @@ std::string_view asReported(std::string_view name) {
   return name;
 }
 
-/// Collects the entries of nodes and of what is below them.
+/// Collects the entries of nodes and of everything below them.
 class EntryWriter {
 public:
   EntryWriter(std::vector<std::string> trail, Wording wording)

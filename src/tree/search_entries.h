@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-/// What the search field finds: a node by its name or maker.
+/// A result of the search: a node, found by its name or maker.
 struct SearchEntry {
   std::string id;
   std::string name;
@@ -18,12 +18,12 @@ struct SearchEntry {
   friend bool operator==(const SearchEntry&, const SearchEntry&) = default;
 };
 
-/// The devices and adapters of the tree, in tree order, with names as reported; `trail` names what
-/// contains `nodes`.
+/// The devices and adapters of the tree, in tree order, with names as reported; `trail` names the
+/// nodes that contain `nodes`.
 std::vector<SearchEntry> flattenSearchable(const std::vector<TreeNode>& nodes,
                                            const std::vector<std::string>& trail = {});
 
-/// The same with every name as rows show it, without the blanks that some devices pad theirs with.
+/// The same with every name as rows show it, without the padding that some devices add.
 std::vector<SearchEntry> shownSearchEntries(const std::vector<TreeNode>& nodes);
 
 } // namespace tamberline

@@ -5,7 +5,7 @@
 namespace tamberline {
 namespace {
 
-/// Of the nodes of a list and below. Reals, so that no product overflows.
+/// The size of a list of nodes and everything below. Reals, so no product overflows.
 struct Size {
   double nodes = 0;
   double text = 0;
@@ -15,7 +15,7 @@ struct Size {
     text += other.text;
   }
 
-  /// The same behind something with so much text.
+  /// The same below a path with so much text.
   Size behind(double pathText) const { return {nodes, text + nodes * pathText}; }
 };
 

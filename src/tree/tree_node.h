@@ -18,7 +18,7 @@ struct AggregatedPower {
   std::int64_t allocMa = 0;
 };
 
-/// One node of the port tree: a hardware record and what hangs under it. A plain value.
+/// One node of the port tree: a hardware record and everything below it. A plain value.
 struct TreeNode {
   /// A physical port; its bus carries the 1-based port number.
   struct TBPort {
@@ -27,11 +27,11 @@ struct TreeNode {
   struct TBDevice {
     ThunderboltDevice device;
   };
-  /// An add-on bus, such as the one inside a dock, or a stand-alone bus.
+  /// An add-on bus, such as the one inside a dock, or a separate bus.
   struct USBBusEntry {
     USBBus bus;
   };
-  /// A device with the speed ceiling of its bus and the current budget of its port.
+  /// A device with the max speed of its bus and the current budget of its port.
   struct USBDeviceEntry {
     USBDevice device;
     double busMaxGbps = 0;
@@ -40,20 +40,20 @@ struct TreeNode {
   struct Charger {
     ChargerInfo charger;
   };
-  /// Marks a port that powers a device which presents no data.
+  /// Marks a port that powers a device that offers no data.
   struct ChargingOnly {};
 
   using Kind = std::variant<TBPort, TBDevice, USBBusEntry, USBDeviceEntry, Charger, ChargingOnly>;
 
   explicit TreeNode(Kind nodeKind, std::vector<TreeNode> nodeChildren = {});
 
-  /// Random until assignStableIDs replaces it by a path that is the same in every scan.
+  /// Random until assignStableIDs replaces it with a path that is the same in every scan.
   std::string id;
   Kind kind;
   std::vector<TreeNode> children;
 
   bool hasChildren() const { return !children.empty(); }
-  /// The key among the siblings, from which the stable identifier is made.
+  /// The key among its siblings, from which the stable identifier is made.
   std::string localKey() const;
   /// Devices, adapters and charging-only markers below this node; buses do not count.
   std::int64_t attachedItemCount() const;

@@ -21,7 +21,7 @@ struct Badge {
 public:
   std::string text = {};
   std::optional<std::string> icon = {};
-  std::optional<Color> color = {}; // absent: plain text, no background
+  std::optional<Color> color = {}; // if absent: plain text, no background
   std::string tooltip = {};
 
   QString textLabel() const { return shownLabel(text); }

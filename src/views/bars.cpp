@@ -73,7 +73,7 @@ PowerBarRow powerBarRow(const PowerBarFacts& facts) {
   if (facts.showPortMax) {
     row.portMax = labelledWatts(facts.portMaxMa, Loc::portMax());
   }
-  // A missing maximum gives a full bar.
+  // A missing maximum makes the bar full.
   const bool isMaximumKnown = facts.portMaxMa >= 2;
   const double whole = isMaximumKnown ? static_cast<double>(facts.portMaxMa) : 1.0;
   const double used = static_cast<double>(facts.usedMa) / whole;

@@ -10,7 +10,7 @@
 
 namespace tamberline {
 
-/// A thin bar: both fractions lie between 0 and 1.
+/// A thin bar: both fractions are between 0 and 1.
 struct TriBar {
   Q_GADGET
   QML_VALUE_TYPE(triBar)
@@ -22,7 +22,7 @@ public:
   double usedFraction = 0;
   double cableFraction = 0;
 
-  /// The cable layer is drawn only where it sticks out visibly behind the used one.
+  /// The cable layer is drawn only if it is visibly longer than the used one.
   bool showsCableLayer() const;
 
   friend bool operator==(const TriBar&, const TriBar&) = default;
@@ -78,7 +78,7 @@ public:
   std::string used = {};
   std::optional<std::string> allocated = {};
   std::optional<std::string> portMax = {};
-  Color color = Color::Green; // orange: all but used up; red: beyond it; grey: unknown
+  Color color = Color::Green; // orange: almost used up; red: exceeded; grey: unknown
   TriBar bar = {};
   std::string tooltip = {};
 

@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-/// The symbol for a device, guessed from the words in its name.
+/// The symbol of a device, guessed from the words in its name.
 std::string iconFor(const USBDevice& device);
 std::string iconFor(const ThunderboltDevice& device);
 

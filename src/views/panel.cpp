@@ -35,7 +35,7 @@ StandaloneUSBCard standaloneUSBCard(const TreeNode& node, const USBBus& bus) {
   return card;
 }
 
-/// Only ports, buses and adapters stand at the top of a port tree.
+/// Only ports, buses and adapters are at the top of a port tree.
 void appendCard(const TreeNode& node, const PortFacts& facts, std::vector<Card>& cards) {
   if (const auto* port = std::get_if<TreeNode::TBPort>(&node.kind)) {
     cards.emplace_back(portCard(node, port->bus, facts));

@@ -13,7 +13,7 @@
 
 namespace tamberline {
 
-/// What the panel's list is made from; see PortScanner.
+/// The data from which the panel's list is made; see PortScanner.
 struct PanelInputs {
   std::vector<TreeNode> portTree = {};
   PortFacts portFacts = {};
@@ -21,12 +21,12 @@ struct PanelInputs {
   std::optional<std::string> errorMessage = {};
 };
 
-/// A bus that no dock brought.
+/// A bus that does not come from a dock.
 struct StandaloneUSBCard {
   std::string id = {};
   USBBusHeaderRow header = {};
   std::vector<ExpandableRow> rows = {};
-  std::optional<std::string> nothingAttached = {}; // absent where there are rows
+  std::optional<std::string> nothingAttached = {}; // absent if there are rows
 };
 
 struct ChargerCardHeader {
@@ -60,12 +60,12 @@ struct ChargerCard {
 
 using Card = std::variant<PortCard, StandaloneUSBCard, ChargerCard>;
 
-/// The list of the panel: cards, or one message in their place.
+/// The list of the panel: cards, or one message instead.
 struct Panel {
   using State = views::PanelState;
 
   State state = State::Empty;
-  std::optional<std::string> message = {}; // absent when there are cards
+  std::optional<std::string> message = {}; // absent if there are cards
   std::vector<Card> cards = {};
 };
 

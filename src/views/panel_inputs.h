@@ -5,7 +5,7 @@
 
 namespace tamberline {
 
-/// What the panel's list shows of the scanner's state right now.
+/// The part of the scanner's current state that the panel's list shows.
 PanelInputs panelInputs(const PortScanner& scanner);
 
 } // namespace tamberline

@@ -49,7 +49,7 @@ struct PanelRow {
   };
 
   Kind kind = Kind::PortHeader;
-  /// A node's stable identifier, or one with a mark that no node has for the parts of a body.
+  /// A node's stable identifier; for a part of a body, with a suffix that no node has.
   std::string id = {};
   Content content = {};
   std::optional<TreePlace> place = {};
@@ -62,14 +62,14 @@ struct PanelRow {
   friend bool operator==(const PanelRow&, const PanelRow&) = default;
 };
 
-/// What the rows show beside the panel's description.
+/// What the rows show in addition to the panel's description.
 struct RowStates {
   const RowExpansion& expansion;
   const std::set<std::string>& expandedOverrideIDs;
   const std::map<std::string, BenchmarkPhase>& benchmarks;
   const std::map<std::string, EjectState>& ejectStates;
   const std::map<std::string, Pulse>& pulses;
-  /// How much of a test's part is done, in percent.
+  /// The progress of the current phase of a test, in percent.
   std::map<std::string, int> testProgress = {};
 };
 

@@ -63,7 +63,7 @@ std::vector<PortBadge> portBadges(const TreeNode& node, const ThunderboltBus& bu
   return badges;
 }
 
-/// Empty where the sockets are the one that the number of the port names, or not known.
+/// Empty if the only socket has the number of the port, or if the sockets are unknown.
 std::string receptaclesText(const ThunderboltBus& bus) {
   std::vector<std::string> numbers;
   for (const ThunderboltReceptacle& receptacle : bus.receptacles) {
@@ -131,7 +131,7 @@ std::optional<PartnerNotice> partnerNotice(const HPMPort& port) {
   return std::nullopt;
 }
 
-/// The total shows no separate allocation.
+/// The total has no separate allocation.
 std::optional<PowerBarRow> portPowerBar(std::int64_t usedMa, std::optional<std::int64_t> limitMa) {
   if (!limitMa || usedMa < 1) {
     return std::nullopt;

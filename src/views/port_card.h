@@ -15,7 +15,7 @@
 
 namespace tamberline {
 
-/// What the scanner knows about the ports beside the tree; see PortScanner.
+/// What the scanner knows about the ports in addition to the tree; see PortScanner.
 struct PortFacts {
   std::vector<HPMPort> hpmPorts = {};
   std::map<std::int64_t, PortPowerOut> portPowerOut = {};
@@ -30,7 +30,7 @@ struct PortBadge {
   friend bool operator==(const PortBadge&, const PortBadge&) = default;
 };
 
-/// The live measured power of a port.
+/// The measured power of a port.
 struct MeasuredPower {
   Q_GADGET
   QML_VALUE_TYPE(measuredPower)
@@ -55,7 +55,7 @@ public:
   friend bool operator==(const MeasuredPower&, const MeasuredPower&) = default;
 };
 
-/// What both ends of a port's connection agreed on, which is no measurement.
+/// What both ends of a port's connection agreed on, which is not a measurement.
 struct AgreedPowerRow {
   Q_GADGET
   QML_VALUE_TYPE(agreedPowerRow)
@@ -76,7 +76,7 @@ public:
   friend bool operator==(const AgreedPowerRow&, const AgreedPowerRow&) = default;
 };
 
-/// Something on a port that is neither a device nor an adapter in use.
+/// Something on a port that is neither a device nor the adapter in use.
 struct PartnerNotice {
   Q_GADGET
   QML_VALUE_TYPE(partnerNotice)
@@ -111,7 +111,8 @@ public:
   bool inUse = false;
   std::string dotTooltip = {};
   std::string title = {};
-  /// What the title does not say: the sockets where their numbers are others, and the true link.
+  /// What the title does not say: the sockets, if their numbers differ from the port's, and the
+  /// actual link.
   std::optional<std::string> titleNote = {};
   std::optional<std::string> itemCount = {};
   std::optional<std::string> itemCountTooltip = {};
@@ -160,11 +161,11 @@ struct PortCard {
   PortHeader header = {};
   PortPower power = {};
   std::vector<ExpandableRow> rows = {};
-  std::optional<PartnerNotice> partner = {}; // where there are no rows
+  std::optional<PartnerNotice> partner = {}; // only if there are no rows
   std::optional<std::string> nothingAttached = {};
 };
 
-/// `node` carries the bus of a port (`bus` is the same one).
+/// `node` contains the bus of a port (`bus` is the same one).
 PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFacts& facts);
 
 } // namespace tamberline

@@ -5,7 +5,7 @@
 namespace tamberline {
 namespace {
 
-/// The scale stops at three quarters: only a battery that calls itself full shows the full symbol.
+/// The scale stops at three quarters: only a battery that reports itself full gets the full symbol.
 std::string batteryIcon(const BatteryInfo& battery) {
   if (battery.isCharging) {
     return "battery.100percent.bolt";
@@ -55,7 +55,7 @@ std::string portText(const ChargerInfo& charger) {
   return text;
 }
 
-/// What the adapter does with its power; a full battery leaves all of it to the computer.
+/// How the adapter's power is used; with a full battery the computer gets all of it.
 std::optional<std::string> deliveryText(const ChargerInfo& charger,
                                         const std::optional<BatteryInfo>& battery) {
   if (!charger.currentWatts) {

@@ -8,10 +8,10 @@
 
 namespace tamberline {
 
-/// What the rows themselves remember of being open or closed, by stable identifier. A row that was
-/// not seen yet is as it starts, and then stays so until somebody touches it: a dock that was seen
-/// before its devices came does not open by itself. A row counts as open too while its identifier
-/// is in the scanner's expandedOverrideIDs.
+/// The open or closed state of the rows, by stable identifier. A new row gets its initial state and
+/// then keeps it until the user changes it: a dock that was shown before its devices were found
+/// does not open by itself. A row is also open while its identifier is in the scanner's
+/// expandedOverrideIDs.
 class RowExpansion {
 public:
   bool isExpanded(const std::string& id, bool startsExpanded,
@@ -19,13 +19,14 @@ public:
 
   void set(const std::string& id, bool isExpanded) { known_[id] = isExpanded; }
 
-  /// The row is seen.
+  /// Records the initial state of a row when it is shown.
   void see(const std::string& id, bool startsExpanded) { known_.try_emplace(id, startsExpanded); }
 
-  /// Closes every one of the rows, those that start open included.
+  /// Closes all of the rows, including those that start open.
   void collapseAll(const std::vector<std::string>& ids);
 
-  /// Forgets every row that is not among `ids`: what is plugged in anew starts anew.
+  /// Forgets every row that is not among `ids`: a device that is plugged in again starts in its
+  /// initial state.
   void keepOnly(const std::vector<std::string>& ids);
 
 private:

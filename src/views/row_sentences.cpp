@@ -8,7 +8,7 @@
 namespace tamberline {
 namespace {
 
-/// Joins what is there with commas.
+/// Joins the non-empty parts with commas.
 class Sentence {
 public:
   Sentence& operator<<(std::string_view part) {

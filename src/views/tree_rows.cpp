@@ -13,7 +13,7 @@
 namespace tamberline {
 namespace {
 
-constexpr double thunderboltMaxGbps = 40.0; // the same on every port, whatever the port says
+constexpr double thunderboltMaxGbps = 40.0; // the same on every port, whatever the port reports
 constexpr double fullThunderboltRatio = 0.99;
 constexpr double fullSpeedFraction = 0.95;
 constexpr double greenFraction = 0.92;
@@ -116,7 +116,7 @@ std::optional<SpeedBarRow> usbSpeedBar(const TreeNode::USBDeviceEntry& entry) {
                      maximumLabel(entry.busMaxGbps, isAtMaximum));
 }
 
-/// A hub shows its own draw, which says nothing about the port's maximum.
+/// A hub shows its own draw, which says nothing about the port's max.
 std::optional<PowerBarRow> ratedDrawBar(const TreeNode::USBDeviceEntry& entry, bool hub) {
   const std::int64_t usedMa = entry.device.busPowerUsed.value_or(0);
   if (usedMa < 1) {

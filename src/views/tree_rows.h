@@ -14,7 +14,7 @@
 
 namespace tamberline {
 
-/// What a link truly carries, and how its row's tooltip says it.
+/// The actual speed of a link, with the wording for the row's tooltip.
 struct LinkNote {
   TrueLink link = {};
   std::string text = {};
@@ -63,7 +63,7 @@ struct USBBusHeaderRow {
 public:
   std::string name = {};
   std::optional<std::string> ratedDraw = {};
-  /// The controller, by which buses of one name can be told apart.
+  /// The controller, which distinguishes buses of the same name.
   std::optional<std::string> note = {};
 
   NameLabel nameText() const { return nameLabel(name, note); }
@@ -132,7 +132,7 @@ public:
   std::optional<SpeedBarRow> speedBar = {};
   std::optional<PowerBarRow> powerBar = {};
   std::vector<VolumeRow> volumes = {};
-  /// What the name's tooltip says besides: extra current, built in, tunneled.
+  /// More for the name's tooltip: extra current, built in, tunneled.
   std::optional<std::string> note = {};
 
   QString iconName() const { return shownSymbol(icon); }
@@ -163,7 +163,7 @@ public:
   std::optional<std::string> rated = {};
   bool isCharging = false;
 
-  /// What stands in the row where the adapter tells no name.
+  /// The row's name if the adapter has none.
   std::string shownName() const;
 
   NameLabel nameText() const { return nameLabel(shownName()); }
@@ -204,7 +204,7 @@ public:
   friend bool operator==(const Tint&, const Tint&) = default;
 };
 
-/// One row of the tree below a card's header, with the rows that it opens onto.
+/// One row of the tree below a card's header, with its child rows.
 struct ExpandableRow {
   using Content =
       std::variant<TBDeviceRow, USBBusHeaderRow, USBDeviceDetailRow, ChargerRow, ChargingOnlyRow>;
@@ -212,7 +212,7 @@ struct ExpandableRow {
   std::string id = {};
   int depth = 0;
   bool isLast = false;
-  /// Before anybody touched the row.
+  /// The initial state.
   bool startsExpanded = false;
   Tint tint = {};
   Content content = {};

@@ -11,7 +11,7 @@ namespace tamberline::views {
 Q_NAMESPACE
 QML_NAMED_ELEMENT(Views)
 
-/// Colours by meaning; the drawing side decides what they look like in light and dark.
+/// Colours by meaning; the drawing code decides how they look in light and dark.
 enum class Color {
   Green,
   Amber,
@@ -52,7 +52,7 @@ enum class RowKind {
 };
 Q_ENUM_NS(RowKind)
 
-/// How the highlight of a row that a search led to moves: it throbs, then fades.
+/// The animation of the row that a search led to: it throbs, then fades.
 enum class Pulse { None, Throbbing, Fading };
 Q_ENUM_NS(Pulse)
 

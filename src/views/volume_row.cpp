@@ -14,7 +14,7 @@ SymbolButton retestButton() {
   return {.symbol = "arrow.clockwise", .tooltip = std::string(Loc::hintRetest())};
 }
 
-/// A tool may say in several lines what stands in one here.
+/// A tool's message may have several lines.
 std::string inOneLine(std::string message) {
   std::replace_if(
       message.begin(), message.end(),

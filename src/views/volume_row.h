@@ -49,7 +49,7 @@ public:
   friend bool operator==(const SymbolButton&, const SymbolButton&) = default;
 };
 
-/// What the speed test and the ejection of a volume show. Parts that are not shown are absent.
+/// The state of a volume's speed test and ejection, as shown. Parts that are not shown are absent.
 struct VolumeTools {
   Q_GADGET
   QML_VALUE_TYPE(volumeTools)
@@ -63,9 +63,9 @@ struct VolumeTools {
 
 public:
   bool showsTestProgress = false;
-  /// What the test is at, and how far: "Writing… 40%".
+  /// The current phase of the test and its progress: "Writing… 40%".
   std::string testProgress = {};
-  /// The same, and that a press stops the test.
+  /// The same, with the hint that a press stops the test.
   std::string stopTooltip = {};
   std::vector<ColoredText> testTexts = {};
   std::optional<SymbolButton> testButton = {};

@@ -18,7 +18,7 @@ protected:
     result->emplace(co_await fetch);
   }
 
-  /// What still waits in the queue goes with it.
+  /// Destroys everything that is still waiting in the queue.
   void TearDown() override { queue->end(); }
 
   void start(Question section) {

@@ -1,6 +1,6 @@
-// The application over the real files of a volume, which begins to test the volume at once. The
-// tests of its end run it as a process: app_under_test FOLDER MEGABYTES. "quit" on standard input
-// presses the button of that name, "close" closes the window.
+// The application over the real files of a volume, which it starts to test at once. The shutdown
+// tests run it as a process: app_under_test FOLDER MEGABYTES. "quit" on standard input presses the
+// button of that name, "close" closes the window.
 
 #include "app/tamberline_app.h"
 #include "async/qt_main_queue.h"
@@ -30,7 +30,7 @@ PanelController& shownPanel() {
       return *PanelContext::of(*view->engine()).panel();
     }
   }
-  std::abort(); // the application opens its panel at the start
+  std::abort(); // the application opens its panel when it starts
 }
 
 void obey(const std::string& command) {

@@ -5,7 +5,7 @@
 namespace tamberline {
 namespace {
 
-TEST(DisplayFailure, SaysWhatTheEnvironmentNames) {
+TEST(DisplayFailure, NamesTheDisplaysOfTheEnvironment) {
   struct Row {
     QString wayland;
     QString x11;
@@ -24,7 +24,7 @@ TEST(DisplayFailure, SaysWhatTheEnvironmentNames) {
   }
 }
 
-TEST(DisplayGuardDeathTest, EndsTheProgramWithOneSentenceWhereQtGivesUp) {
+TEST(DisplayGuardDeathTest, EndsTheProgramWithOneSentenceIfQtAborts) {
   EXPECT_EXIT(
       {
         qunsetenv("WAYLAND_DISPLAY");
@@ -44,7 +44,7 @@ void countWarning(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
   ++warnings;
 }
 
-TEST(DisplayGuard, HandsOnWhatQtSaidWhenAllWentWell) {
+TEST(DisplayGuard, PrintsQtsMessagesOnSuccess) {
   warnings = 0;
   const QtMessageHandler former = qInstallMessageHandler(countWarning);
   {

@@ -10,8 +10,8 @@
 namespace tamberline {
 namespace {
 
-/// The application as a process, in the middle of writing a file that takes it far longer than a
-/// signal takes to arrive.
+/// The application as a process, while it writes a file. Writing takes far longer than a signal
+/// takes to arrive.
 class EndDuringTest : public testing::Test {
 protected:
   void SetUp() override {
@@ -52,7 +52,7 @@ protected:
   QProcess app;
 };
 
-TEST_F(EndDuringTest, RemovesTheFileWhenThePersonQuits) {
+TEST_F(EndDuringTest, RemovesTheFileWhenTheUserQuits) {
   app.write("quit\n");
   expectToEndInOrder();
 }
@@ -72,7 +72,7 @@ TEST_F(EndDuringTest, RemovesTheFileOnAnInterruptFromTheKeyboard) {
   expectToEndInOrder();
 }
 
-TEST_F(EndDuringTest, RemovesTheFileWhenItsTerminalGoes) {
+TEST_F(EndDuringTest, RemovesTheFileWhenItsTerminalCloses) {
   send(SIGHUP);
   expectToEndInOrder();
 }

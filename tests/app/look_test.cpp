@@ -1,7 +1,7 @@
 #include "app/look.h"
 #include "controls/color_math.h"
-#include "panel/status_colors.h"
 #include "controls/theme.h"
+#include "panel/status_colors.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 namespace tamberline {
 namespace {
 
-/// The application's look is put back after each test.
+/// The application's look is restored after each test.
 class LookTest : public testing::Test {
 protected:
   ~LookTest() override {
@@ -27,7 +27,7 @@ TEST_F(LookTest, IsLightOrDark) {
   EXPECT_TRUE(Theme(1).isDark());
 }
 
-TEST_F(LookTest, HasTextAndInksThatCanBeReadOnACard) {
+TEST_F(LookTest, HasReadableTextAndInksOnACard) {
   for (const QPalette& palette : {lightPalette(), darkPalette()}) {
     QApplication::setPalette(palette);
     const Theme theme(1);
@@ -42,7 +42,7 @@ TEST_F(LookTest, HasTextAndInksThatCanBeReadOnACard) {
   }
 }
 
-TEST_F(LookTest, HasTextOfTheSizeThatThePanelIsMadeFor) {
+TEST_F(LookTest, HasThePanelsDesignTextSize) {
   QApplication::setFont(ownFont());
   EXPECT_EQ(Theme(1).scale(), 1);
 }

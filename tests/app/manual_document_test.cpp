@@ -18,7 +18,7 @@ std::string firstPageText(QPdfDocument& document) {
   return document.getAllText(0).text().toStdString();
 }
 
-/// One of one page, in English, German or Italian.
+/// A manual of one page, in English, German or Italian.
 std::string shortManual(const std::string& language) {
   QFile file(MANUALS_FOLDER "/Manual-" + QString::fromStdString(language) + ".pdf");
   EXPECT_TRUE(file.open(QFile::ReadOnly)) << language;
@@ -27,7 +27,7 @@ std::string shortManual(const std::string& language) {
 
 class ManualFolder : public testing::Test {
 protected:
-  /// Below the installed program's parent, or "none".
+  /// Relative to the parent of the installed program's folder, or "none".
   std::string found() const {
     const QString parent = QString::fromStdString(folder.path().string());
     const QString place = manualFolder(parent + "/bin");
@@ -66,7 +66,7 @@ TEST_F(ManualFolder, HasAManualInTheLanguageOfTheRunOrTheEnglishOne) {
 
 class ManualDocument : public testing::Test {
 protected:
-  /// The first line of the manual that is taken, or "none".
+  /// The first line of the loaded manual, or "none".
   std::string loadedTitle() const {
     const auto document = loadDocument(QString::fromStdString(folder.path().string()));
     if (document == nullptr) {
@@ -76,7 +76,7 @@ protected:
     return text.substr(0, text.find_first_of("\r\n"));
   }
 
-  /// One that does not open, or that has nothing to show.
+  /// Files that cannot be opened or have no page.
   static std::vector<std::string> uselessFiles() {
     std::string withoutPage = shortManual("it");
     const std::string_view kids = "[3 0 R] /Count 1";
@@ -100,7 +100,7 @@ TEST_F(ManualDocument, IsTheOneInTheLanguageOfTheRun) {
   EXPECT_EQ(loadedTitle(), "Manuale Tamberline");
 }
 
-TEST_F(ManualDocument, NeedsNoEnglishOneBesideIt) {
+TEST_F(ManualDocument, DoesNotNeedTheEnglishOne) {
   folder.save("Manual-it.pdf", shortManual("it"));
   EXPECT_EQ(loadedTitle(), "Manuale Tamberline");
 }
@@ -110,7 +110,7 @@ TEST_F(ManualDocument, IsTheEnglishOneWithoutOneInTheLanguageOfTheRun) {
   EXPECT_EQ(loadedTitle(), "Tamberline Manual");
 }
 
-TEST_F(ManualDocument, IsTheEnglishOneWhenTheOtherShowsNothing) {
+TEST_F(ManualDocument, IsTheEnglishOneWhenTheOtherHasNoPages) {
   folder.save("Manual-en.pdf", shortManual("en"));
   for (const std::string& content : uselessFiles()) {
     folder.save("Manual-it.pdf", content);

@@ -18,13 +18,13 @@ namespace {
 class ManualWindowTest : public testing::Test {
 protected:
   static QWidgetList windows() { return QApplication::topLevelWidgets(); }
-  /// Windows are freed when the event loop comes round.
+  /// Windows are destroyed by the event loop.
   static bool isWindowGone() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return windows().isEmpty();
   }
 
-  /// Types into what has the focus of the one window there is.
+  /// Sends a key to the focused item of the only window.
   static void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget* window = windows().constFirst();
     QKeyEvent event(QEvent::KeyPress, key, modifiers);
@@ -93,7 +93,7 @@ TEST_F(ManualWindowTest, KeepsALargeWindowLarge) {
   EXPECT_TRUE(window->isMaximized());
 }
 
-TEST_F(ManualWindowTest, IsFreedWhenClosedAndOpensAnew) {
+TEST_F(ManualWindowTest, IsDestroyedWhenClosedAndCanBeReopened) {
   manual->show();
   windows().constFirst()->close();
   EXPECT_TRUE(isWindowGone());
@@ -102,7 +102,7 @@ TEST_F(ManualWindowTest, IsFreedWhenClosedAndOpensAnew) {
   EXPECT_TRUE(windows().constFirst()->isVisible());
 }
 
-TEST_F(ManualWindowTest, OpensAnewAtOnceAfterItWasClosed) {
+TEST_F(ManualWindowTest, CanBeReopenedImmediatelyAfterClosing) {
   manual->show();
   windows().constFirst()->close();
   manual->show();
@@ -126,7 +126,7 @@ TEST_F(ManualWindowTest, ClosesWithTheKeyboard) {
   }
 }
 
-TEST_F(ManualWindowTest, GoesWithItsOwner) {
+TEST_F(ManualWindowTest, IsDestroyedWithItsOwner) {
   manual->show();
   manual.reset();
   EXPECT_TRUE(windows().isEmpty());
@@ -150,7 +150,7 @@ TEST(ManualWindowGeometry, IsInTheMiddleOfTheScreen) {
   EXPECT_EQ(manualWindowGeometry({-1280, 0, 1280, 1024}), QRect(-1020, 32, 760, 920));
 }
 
-TEST(ManualWindowGeometry, LeavesTheScreenRoomForItsTitle) {
+TEST(ManualWindowGeometry, LeavesRoomForItsTitleBarOnTheScreen) {
   EXPECT_EQ(manualWindowGeometry({0, 0, 1440, 900}), QRect(340, 0, 760, 860));
   EXPECT_EQ(manualWindowGeometry({0, 30, 1366, 738}), QRect(303, 30, 760, 698));
   EXPECT_EQ(manualWindowGeometry({0, 0, 640, 480}), QRect(0, 0, 640, 440));

@@ -16,7 +16,7 @@ QImage drawing(BarTone tone) {
   return menuBarIcon(tone).pixmap(QSize(36, 36)).toImage();
 }
 
-/// How many pixels of the icon would be seen on a bar of this gray: clearly darker or brighter.
+/// How many pixels of the icon are visible on a bar of this gray: clearly darker or brighter.
 int seenOn(int barGray, BarTone tone) {
   const QImage image = drawing(tone);
   int count = 0;
@@ -30,7 +30,7 @@ int seenOn(int barGray, BarTone tone) {
   return count;
 }
 
-TEST(MenuBarIcon, IsATemplateInThePixelsOfEveryScreen) {
+TEST(MenuBarIcon, IsATemplateInEveryResolution) {
   for (const BarTone tone : everyTone) {
     const QIcon icon = menuBarIcon(tone);
     EXPECT_TRUE(icon.isMask());
@@ -38,10 +38,10 @@ TEST(MenuBarIcon, IsATemplateInThePixelsOfEveryScreen) {
   }
 }
 
-TEST(MenuBarIcon, IsSeenOnTheBarThatItIsMadeFor) {
+TEST(MenuBarIcon, IsVisibleOnTheBarThatItIsMadeFor) {
   constexpr int black = 0;
   constexpr int white = 255;
-  constexpr int least = 60; // of 1,296 pixels, most of which are between the lines
+  constexpr int least = 60; // of 1,296 pixels; most of the others are between the lines
   EXPECT_GT(seenOn(black, BarTone::dark), least);
   EXPECT_GT(seenOn(white, BarTone::light), least);
   EXPECT_GT(seenOn(white, BarTone::asPalette), least); // the platform's windows are light here
@@ -49,7 +49,7 @@ TEST(MenuBarIcon, IsSeenOnTheBarThatItIsMadeFor) {
   EXPECT_EQ(seenOn(white, BarTone::dark), 0);
 }
 
-TEST(MenuBarIcon, IsSeenOnEveryBarWhereNobodyKnowsItsTone) {
+TEST(MenuBarIcon, IsVisibleOnEveryBarIfTheToneIsUnknown) {
   for (const int gray : {0, 40, 90, 128, 170, 220, 255}) {
     EXPECT_GT(seenOn(gray, BarTone::unknown), 25) << gray;
   }

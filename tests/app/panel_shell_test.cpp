@@ -40,14 +40,14 @@ protected:
                               .freePlace = [this](const QScreen&) { return freePlace; }});
   }
 
-  /// Another window takes the keyboard, as after a click outside of the panel.
+  /// Gives another window keyboard focus, as after a click outside the panel.
   void clickElsewhere() {
     other.show();
     other.requestActivate();
     QGuiApplication::processEvents();
   }
 
-  /// Whether closing the panel is what ends the application. It only tells while its loop runs.
+  /// Whether closing the panel ends the application, which only happens while its loop runs.
   bool closesTheLastWindow() {
     bool isTold = false;
     const auto connection = QObject::connect(qGuiApp, &QGuiApplication::lastWindowClosed, qGuiApp,
@@ -79,14 +79,14 @@ protected:
   std::shared_ptr<PortScanner> scanner =
       PortScanner::create({.acquisition = {.machine = machine, .queue = queue},
                            .events = std::make_shared<SimulatedEventSource>()});
-  /// What bars leave free, at first everything.
+  /// The area that bars leave free, initially the whole screen.
   QRect freePlace = QGuiApplication::primaryScreen()->geometry();
   QWindow other;
   PanelWindow::Kind kind = PanelWindow::Kind::ordinary;
   std::unique_ptr<PanelShell> shell;
 };
 
-TEST_F(PanelShellTest, MakesTheWindowWhenItIsFirstWantedAndKeepsIt) {
+TEST_F(PanelShellTest, CreatesTheWindowOnFirstUseAndKeepsIt) {
   makeShell(PanelWindow::Kind::attached);
   EXPECT_EQ(shell->window(), nullptr);
   EXPECT_FALSE(shell->isOpen());
@@ -99,7 +99,7 @@ TEST_F(PanelShellTest, MakesTheWindowWhenItIsFirstWantedAndKeepsIt) {
   EXPECT_EQ(shell->window(), window);
 }
 
-TEST_F(PanelShellTest, ScansWhenThePanelIsFirstSeenAndNotAgain) {
+TEST_F(PanelShellTest, ScansOnlyWhenThePanelIsFirstShown) {
   makeShell(PanelWindow::Kind::attached);
   EXPECT_EQ(machine->askCount(Question::usb), 0U);
   openPanel();
@@ -127,7 +127,7 @@ TEST_F(PanelShellTest, ClickOutsideClosesThePanelOfATrayIcon) {
   EXPECT_FALSE(shell->isOpen());
 }
 
-TEST_F(PanelShellTest, ClickOnTheIconThatTookTheKeyboardAwayDoesNotOpenAgain) {
+TEST_F(PanelShellTest, ClickOnTheIconThatClosedThePanelByTakingFocusDoesNotReopenIt) {
   makeShell(PanelWindow::Kind::attached);
   openPanel();
   clickElsewhere(); // the tray
@@ -146,7 +146,7 @@ TEST_F(PanelShellTest, ClickOnTheIconLongAfterOneOutsideOpens) {
   EXPECT_TRUE(shell->isOpen());
 }
 
-TEST_F(PanelShellTest, OrdinaryWindowStaysWhenItIsLeft) {
+TEST_F(PanelShellTest, OrdinaryWindowStaysOpenWithoutFocus) {
   makeShell(PanelWindow::Kind::ordinary);
   openPanel();
   clickElsewhere();
@@ -163,7 +163,7 @@ TEST_F(PanelShellTest, OnlyTheOrdinaryWindowHasAFrame) {
   EXPECT_TRUE(shell->window()->flags().testFlag(Qt::FramelessWindowHint));
 }
 
-TEST_F(PanelShellTest, PanelOfATrayIconStandsBelowIt) {
+TEST_F(PanelShellTest, PanelOfATrayIconIsBelowIt) {
   const QRect icon(300, 0, 24, 24);
   makeShell(PanelWindow::Kind::attached);
   openPanel({.icon = icon});
@@ -187,14 +187,14 @@ TEST_F(PanelShellTest, PanelAboveItsIconGrowsUpwards) {
   }
 }
 
-TEST_F(PanelShellTest, ClosingTheOrdinaryWindowEndsAProgramThatHasNoOther) {
+TEST_F(PanelShellTest, ClosingTheOnlyOrdinaryWindowEndsTheProgram) {
   makeShell(PanelWindow::Kind::ordinary);
   openPanel();
   EXPECT_TRUE(closesTheLastWindow());
   EXPECT_FALSE(shell->isOpen());
 }
 
-TEST_F(PanelShellTest, ClosingThePanelOfATrayIconEndsNothing) {
+TEST_F(PanelShellTest, ClosingThePanelOfATrayIconDoesNotEndTheProgram) {
   makeShell(PanelWindow::Kind::attached);
   openPanel();
   EXPECT_FALSE(closesTheLastWindow());
@@ -204,7 +204,7 @@ TEST_F(PanelShellTest, ClosingThePanelOfATrayIconEndsNothing) {
 TEST_F(PanelShellTest, WindowIsAsHighAsItsContentAndCannotBeResized) {
   makeShell(PanelWindow::Kind::ordinary);
   openPanel();
-  shell->window()->grabWindow(); // lays out
+  shell->window()->grabWindow(); // forces the layout
   queue->settle();
   const int wanted = std::max(200, qRound(shell->context().sizing()->windowTotalHeight()));
   EXPECT_EQ(shell->window()->size(), QSize(400, wanted));
@@ -212,7 +212,7 @@ TEST_F(PanelShellTest, WindowIsAsHighAsItsContentAndCannotBeResized) {
   EXPECT_EQ(shell->window()->maximumSize(), QSize(400, wanted));
 }
 
-TEST_F(PanelShellTest, HasASizeOfItsOwnBeforeAnythingIsMeasured) {
+TEST_F(PanelShellTest, HasADefaultSizeBeforeMeasuring) {
   makeShell(PanelWindow::Kind::ordinary);
   shell->open();
   EXPECT_EQ(shell->window()->size(), QSize(400, 490));
@@ -231,7 +231,7 @@ TEST_F(PanelShellTest, OrdinaryWindowThatGrowsMovesUpInsteadOfLeavingTheScreen) 
   EXPECT_EQ(shell->window()->x(), 100);
 }
 
-TEST_F(PanelShellTest, OrdinaryWindowThatHasRoomBelowStaysWhereItIs) {
+TEST_F(PanelShellTest, OrdinaryWindowWithRoomBelowKeepsItsPosition) {
   makeShell(PanelWindow::Kind::ordinary);
   openPanel();
   shell->window()->setPosition(100, 30);
@@ -241,7 +241,7 @@ TEST_F(PanelShellTest, OrdinaryWindowThatHasRoomBelowStaysWhereItIs) {
   EXPECT_EQ(shell->window()->position(), QPoint(100, 30));
 }
 
-TEST_F(PanelShellTest, StandsInTheUpperRightCornerWhereNobodyKnowsTheIconsPlace) {
+TEST_F(PanelShellTest, IsInTheUpperRightCornerIfTheIconsPositionIsUnknown) {
   makeShell(PanelWindow::Kind::attached);
   openPanel();
   QGuiApplication::processEvents();
@@ -250,15 +250,15 @@ TEST_F(PanelShellTest, StandsInTheUpperRightCornerWhereNobodyKnowsTheIconsPlace)
             QGuiApplication::primaryScreen()->availableGeometry().right() - 20);
 }
 
-TEST_F(PanelShellTest, StandsNextToTheClickWhereTheTrayTellsOfOneOnly) {
+TEST_F(PanelShellTest, IsNextToTheClickIfTheTrayReportsOnlyThat) {
   makeShell(PanelWindow::Kind::attached);
   openPanel({.click = QPoint(10, screenHeight() - 5)});
-  QGuiApplication::processEvents(); // its size follows its content
+  QGuiApplication::processEvents(); // its size adapts to its content
   EXPECT_LT(shell->window()->x(), 20);
   EXPECT_GT(shell->window()->geometry().bottom(), screenHeight() - 20);
 }
 
-TEST_F(PanelShellTest, BecomesAnOrdinaryWindowWhenTheTrayHasGone) {
+TEST_F(PanelShellTest, BecomesAnOrdinaryWindowAfterTheTrayStops) {
   makeShell(PanelWindow::Kind::attached);
   openPanel();
   shell->close();
@@ -266,10 +266,10 @@ TEST_F(PanelShellTest, BecomesAnOrdinaryWindowWhenTheTrayHasGone) {
   openPanel();
   EXPECT_TRUE(shell->isOpen());
   EXPECT_FALSE(shell->window()->flags().testFlag(Qt::FramelessWindowHint));
-  EXPECT_EQ(machine->askCount(Question::usb), 1U); // nothing is scanned anew for that
+  EXPECT_EQ(machine->askCount(Question::usb), 1U); // that starts no scan
 }
 
-TEST_F(PanelShellTest, StaysTheWindowThatItIsWhileItIsOpen) {
+TEST_F(PanelShellTest, KeepsItsKindOfWindowWhileOpen) {
   makeShell(PanelWindow::Kind::ordinary);
   openPanel();
   const PanelWindow* const window = shell->window();
@@ -280,7 +280,7 @@ TEST_F(PanelShellTest, StaysTheWindowThatItIsWhileItIsOpen) {
 
 class PanelAmongBarsTest : public PanelShellTest {
 protected:
-  /// A panel with more in its list than any screen can show.
+  /// Opens a panel whose list is higher than any screen.
   void openHighPanel(PanelWindow::Kind newKind, const TrayPlace& place = {}) {
     makeShell(newKind);
     shell->context().sizing()->measure(PanelSizing::Channel::list, &list, 5000);
@@ -301,7 +301,7 @@ private:
   const char list = 0;
 };
 
-TEST_F(PanelAmongBarsTest, BecomesLowerWhenABarComes) {
+TEST_F(PanelAmongBarsTest, ShrinksWhenABarAppears) {
   openHighPanel(PanelWindow::Kind::ordinary);
   EXPECT_EQ(shell->window()->height(), screenHeight() - 40);
   leaveFree({0, 0, 800, 500});
@@ -311,7 +311,7 @@ TEST_F(PanelAmongBarsTest, BecomesLowerWhenABarComes) {
   EXPECT_EQ(shell->window()->height(), 700 - 40);
 }
 
-TEST_F(PanelAmongBarsTest, LeavesTheirPlaceToThem) {
+TEST_F(PanelAmongBarsTest, DoesNotOverlapBars) {
   openHighPanel(PanelWindow::Kind::ordinary);
   shell->window()->setPosition(100, 30);
   leaveFree({0, 0, 800, 500});
@@ -330,7 +330,7 @@ TEST_F(PanelAmongBarsTest, MovesAwayFromABarThatLeavesItsHeight) {
     freePlace = {0, 0, 800, 800};
     makeShell(newKind);
     openPanel({.icon = QRect(300, 760, 24, 24)});
-    shell->window()->grabWindow(); // lays out
+    shell->window()->grabWindow(); // forces the layout
     queue->settle();
     shell->window()->setPosition(100, 700 - shell->window()->height());
     QGuiApplication::processEvents();
@@ -342,16 +342,16 @@ TEST_F(PanelAmongBarsTest, MovesAwayFromABarThatLeavesItsHeight) {
   }
 }
 
-TEST_F(PanelAmongBarsTest, LooksAtThemEachTimeItOpens) {
+TEST_F(PanelAmongBarsTest, ReadsTheBarsEachTimeItOpens) {
   openHighPanel(PanelWindow::Kind::attached);
   shell->close();
-  freePlace = {0, 0, 800, 500}; // and nobody says so
+  freePlace = {0, 0, 800, 500}; // without a notification
   openPanel();
   EXPECT_EQ(cap(), 500);
   EXPECT_EQ(shell->window()->height(), 500 - 40);
 }
 
-TEST_F(PanelAmongBarsTest, LooksAtThoseOfTheScreenThatItComesTo) {
+TEST_F(PanelAmongBarsTest, ReadsTheBarsOfTheScreenThatItMovesTo) {
   openHighPanel(PanelWindow::Kind::ordinary);
   freePlace = {0, 0, 800, 500};
   emit shell->window()->screenChanged(shell->window()->screen());
@@ -362,7 +362,7 @@ TEST_F(PanelAmongBarsTest, LooksAtThoseOfTheScreenThatItComesTo) {
   EXPECT_EQ(cap(), 450);
 }
 
-TEST_F(PanelAmongBarsTest, SurvivesThatItsScreenGoes) {
+TEST_F(PanelAmongBarsTest, SurvivesTheRemovalOfItsScreen) {
   openHighPanel(PanelWindow::Kind::ordinary);
   emit shell->window()->screenChanged(nullptr);
   EXPECT_EQ(cap(), freePlace.height());
@@ -382,7 +382,7 @@ TEST_F(HeldPanelTest, IsHeldInTheCornerOfTheClick) {
   EXPECT_EQ(places->corners, std::vector{Qt::BottomRightCorner});
 }
 
-TEST_F(HeldPanelTest, RemembersTheCornerForAStartThatIsNoClick) {
+TEST_F(HeldPanelTest, RemembersTheCornerForAStartWithoutAClick) {
   makeHeldShell();
   openPanel();
   shell->close();
@@ -402,19 +402,19 @@ TEST_F(HeldPanelTest, IsHeldOnceForEachOpening) {
   EXPECT_EQ(places->corners.size(), 1U);
 }
 
-TEST_F(HeldPanelTest, BecomesNoHigherThanBarsLeaveFree) {
+TEST_F(HeldPanelTest, IsNoHigherThanTheFreeAreaBetweenBars) {
   makeHeldShell();
   openPanel();
   places->events.freeHeightTold(300);
   const auto& sizing = *shell->context().sizing();
   EXPECT_LE(sizing.windowTotalHeight(), 300 - 40);
   shell->close();
-  openPanel(); // and nothing is told anew
+  openPanel(); // the height is not sent again
   emit shell->window()->screenChanged(shell->window()->screen());
   EXPECT_EQ(*shell->context().sizing()->screenHeight(), 300);
 }
 
-TEST_F(HeldPanelTest, ClosesOnAClickOutsideAndIsNotHeldAnyMore) {
+TEST_F(HeldPanelTest, ClosesOnAClickOutsideAndIsReleased) {
   makeHeldShell();
   openPanel();
   EXPECT_EQ(places->holds, 1);
@@ -423,7 +423,7 @@ TEST_F(HeldPanelTest, ClosesOnAClickOutsideAndIsNotHeldAnyMore) {
   EXPECT_EQ(places->holds, 0);
 }
 
-TEST_F(HeldPanelTest, IsNotHeldAnyMoreWhoeverClosesIt) {
+TEST_F(HeldPanelTest, IsReleasedHoweverItIsClosed) {
   makeHeldShell();
   openPanel();
   shell->window()->close();
@@ -440,7 +440,7 @@ protected:
   const PanelSizing& sizing() const { return *shell->context().sizing(); }
 };
 
-TEST_F(UntoldPanelTest, HasARoomyHeightThatLeavesPlaceForBarsAndTitle) {
+TEST_F(UntoldPanelTest, HasALargeHeightThatLeavesRoomForBarsAndTitle) {
   openUntoldPanel();
   const int height = std::min(720, screenHeight() - 128);
   EXPECT_EQ(shell->window()->size(), QSize(400, height));
@@ -448,28 +448,28 @@ TEST_F(UntoldPanelTest, HasARoomyHeightThatLeavesPlaceForBarsAndTitle) {
   EXPECT_EQ(shell->window()->maximumSize(), QSize(400, height));
 }
 
-TEST_F(UntoldPanelTest, KeepsItsHeightWhateverItShows) {
+TEST_F(UntoldPanelTest, KeepsItsHeightWhenItsContentChanges) {
   openUntoldPanel();
   const QSize size = shell->window()->size();
-  shell->window()->grabWindow(); // lays out
+  shell->window()->grabWindow(); // forces the layout
   queue->settle();
   EXPECT_EQ(shell->window()->size(), size);
 }
 
-TEST_F(UntoldPanelTest, GivesTheListWhatTheDesktopLeavesOfTheWindow) {
+TEST_F(UntoldPanelTest, GivesTheListTheRestOfTheWindow) {
   openUntoldPanel();
   shell->window()->grabWindow();
   queue->settle();
   EXPECT_EQ(sizing().listAreaHeight(), shell->window()->height() - sizing().chromeHeight() - 2);
 }
 
-TEST_F(UntoldPanelTest, IsShownAnewWhenItIsWantedWhileAnotherWindowHasTheKeyboard) {
+TEST_F(UntoldPanelTest, IsReopenedIfAnotherWindowHasKeyboardFocus) {
   openUntoldPanel();
   int shown = 0;
   QObject::connect(shell->window(), &QWindow::visibleChanged, shell->window(),
                    [&shown](bool isVisible) { shown += isVisible ? 1 : 0; });
   openPanel();
-  EXPECT_EQ(shown, 0); // it is in front
+  EXPECT_EQ(shown, 0); // it is already in front
   clickElsewhere();
   openPanel();
   EXPECT_EQ(shown, 1);
@@ -489,7 +489,7 @@ TEST_F(UntoldPanelTest, FillsTheScreenWhileItIsMaximized) {
   EXPECT_EQ(shell->window()->size(), size);
 }
 
-TEST_F(UntoldPanelTest, KeepsTheContentsWidthInTheMiddleOfAWideWindow) {
+TEST_F(UntoldPanelTest, CentresItsContentInAWideWindow) {
   openUntoldPanel();
   shell->window()->setMaximumSize({1000, 1000});
   shell->window()->resize(700, 500);
@@ -499,7 +499,7 @@ TEST_F(UntoldPanelTest, KeepsTheContentsWidthInTheMiddleOfAWideWindow) {
   EXPECT_EQ(shell->window()->rootObject()->height(), 500);
 }
 
-TEST_F(UntoldPanelTest, ForgetsTheHeightsOfTheWindowThatItWas) {
+TEST_F(UntoldPanelTest, DropsTheHeightsOfItsFormerWindow) {
   makeShell(PanelWindow::Kind::ordinary,
             std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::corner));
   openPanel();
@@ -515,7 +515,7 @@ TEST_F(UntoldPanelTest, ForgetsTheHeightsOfTheWindowThatItWas) {
   EXPECT_EQ(sizing().chromeHeight(), chrome);
 }
 
-TEST_F(UntoldPanelTest, FollowsItsContentAgainWhereATrayHasCome) {
+TEST_F(UntoldPanelTest, FollowsItsContentAgainAfterATrayStarts) {
   makeShell(PanelWindow::Kind::ordinary,
             std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::corner));
   openPanel();

@@ -14,7 +14,7 @@
 namespace tamberline {
 namespace {
 
-/// A manual of three pages; its contents stand on the first.
+/// A manual of three pages, with its contents on the first.
 class ManualView : public testing::Test {
 protected:
   ManualView() {
@@ -39,7 +39,7 @@ protected:
     send(QEvent::MouseButtonRelease, place, Qt::LeftButton);
   }
 
-  /// Of a place on the first page, in points from its upper left corner.
+  /// Of a position on the first page, in points from its upper left corner.
   QPoint placeOf(double x, double y) const {
     const QRect page = view.pageRectangles().front();
     const double scale = page.width() / document->pagePointSize(0).width();
@@ -68,7 +68,7 @@ QRect paperIn(const QImage& picture) {
   return paper;
 }
 
-TEST_F(ManualView, KnowsWhereItsPagesAre) {
+TEST_F(ManualView, KnowsThePositionsOfItsPages) {
   view.verticalScrollBar()->setValue(topOfPage(1) - 1);
   const QRect expected = view.pageRectangles()[1].translated(0, -scrolled());
   EXPECT_TRUE(expected.height() > 600 && expected.width() > 400);
@@ -86,7 +86,7 @@ TEST_F(ManualView, GoesToTheChapterWhoseLineIsClicked) {
   click(secondChapter());
   EXPECT_EQ(scrolled(), topOfPage(2));
   press(Qt::Key_Home);
-  click(placeOf(253, 117)); // its number
+  click(placeOf(253, 117)); // the page number
   EXPECT_EQ(scrolled(), topOfPage(1));
 }
 
@@ -101,10 +101,10 @@ TEST_F(ManualView, GoesToTheHeadingWhereAPageIsHigherThanTheView) {
   EXPECT_NEAR(scrolled(), page.top() + 0.45 * page.height(), 1);
 }
 
-TEST_F(ManualView, StaysWhereItIsAtAnyOtherClick) {
+TEST_F(ManualView, DoesNotMoveOnAnyOtherClick) {
   click(placeOf(60, 60));
-  click(placeOf(60, 177)); // a sentence that begins as a line of the contents does
-  click(placeOf(60, 377)); // the foot of the page
+  click(placeOf(60, 177)); // a sentence that starts like a line of the contents
+  click(placeOf(60, 377)); // the footer
   EXPECT_EQ(scrolled(), 0);
   send(QEvent::MouseButtonPress, secondChapter(), Qt::RightButton);
   send(QEvent::MouseButtonRelease, secondChapter(), Qt::RightButton);
@@ -114,7 +114,7 @@ TEST_F(ManualView, StaysWhereItIsAtAnyOtherClick) {
   EXPECT_EQ(scrolled(), 0);
 }
 
-TEST_F(ManualView, PointsAtWhatCanBeClicked) {
+TEST_F(ManualView, ShowsAPointingHandOverClickableLines) {
   send(QEvent::MouseMove, secondChapter(), Qt::NoButton);
   EXPECT_EQ(view.viewport()->cursor().shape(), Qt::PointingHandCursor);
   send(QEvent::MouseMove, placeOf(60, 60), Qt::NoButton);
@@ -129,7 +129,7 @@ TEST_F(ManualView, GoesToItsStartAndItsEnd) {
   EXPECT_EQ(scrolled(), 0);
 }
 
-TEST_F(ManualView, TurnsItsPages) {
+TEST_F(ManualView, MovesByPages) {
   press(Qt::Key_PageDown);
   EXPECT_NEAR(scrolled(), topOfPage(1), view.documentMargins().top());
   press(Qt::Key_PageUp);
@@ -152,7 +152,7 @@ TEST_F(ManualView, GrowsAndShrinksWithTheKeyboard) {
   EXPECT_EQ(width(), fitting);
 }
 
-TEST_F(ManualView, KeepsItsMiddleWhenItGrows) {
+TEST_F(ManualView, KeepsItsCentreWhenItGrows) {
   click(secondChapter());
   const auto middle = [this] {
     const QRect page = view.pageRectangles()[2];
@@ -165,7 +165,7 @@ TEST_F(ManualView, KeepsItsMiddleWhenItGrows) {
   EXPECT_NEAR(middle(), before, 0.02);
 }
 
-TEST_F(ManualView, HasASmallestAndALargestSize) {
+TEST_F(ManualView, HasAMinAndAMaxSize) {
   for (int step = 0; step < 30; ++step) {
     press(Qt::Key_Minus, Qt::ControlModifier);
   }

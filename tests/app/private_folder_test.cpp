@@ -22,7 +22,7 @@ protected:
   TemporaryFolder temporary;
 };
 
-TEST_F(PrivateFolder, IsMadeForTheOwnerAlone) {
+TEST_F(PrivateFolder, IsCreatedForTheOwnerOnly) {
   const fs::path folder = pathOf(privateFolderIn(parent()));
   EXPECT_EQ(folder.parent_path(), temporary.path());
   EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
@@ -50,11 +50,11 @@ TEST_F(PrivateFolder, IsNoFile) {
   EXPECT_EQ(privateFolderIn(parent()), QString());
 }
 
-TEST_F(PrivateFolder, CannotBeHadInAParentThatIsMissing) {
+TEST_F(PrivateFolder, IsUnavailableIfTheParentIsMissing) {
   EXPECT_EQ(privateFolderIn(parent() + "/missing"), QString());
 }
 
-/// The environment variables that decide, as they were when the scope ends.
+/// Sets an environment variable, and restores it when the scope ends.
 class EnvironmentScope {
 public:
   EnvironmentScope(const char* name, const std::string& value)
@@ -77,7 +77,7 @@ private:
   bool wasSet_;
 };
 
-/// A folder that belongs to somebody else.
+/// A folder that belongs to another user.
 std::string homeOfSomebodyElse(const TemporaryFolder& temporary) {
   constexpr uid_t somebodyElse = 54321;
   return chown(temporary.path().c_str(), somebodyElse, static_cast<gid_t>(-1)) == 0
@@ -85,7 +85,7 @@ std::string homeOfSomebodyElse(const TemporaryFolder& temporary) {
              : "/";
 }
 
-TEST_F(PrivateFolder, IsThatOfTheProcessWhoeverOwnsTheHomeFolder) {
+TEST_F(PrivateFolder, BelongsToTheUserOfTheProcessWhoeverOwnsTheHomeFolder) {
   const TemporaryFolder home;
   const EnvironmentScope environment("HOME", homeOfSomebodyElse(home));
   const std::string expected = "tamberline-" + std::to_string(geteuid());

@@ -12,7 +12,7 @@ void hear(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QStri
   heard.append(message);
 }
 
-/// Hears what is not left out. Qt's own handler is put back after each test.
+/// Records the messages that are not suppressed. Qt's own handler is restored after each test.
 class QtNotices : public testing::Test {
 protected:
   QtNotices() : usual_(qInstallMessageHandler(hear)) { heard.clear(); }
@@ -40,7 +40,7 @@ QStringList firstWords() {
   return words;
 }
 
-TEST_F(QtNotices, OfAnEncodingThatWasLeftAreLeftOut) {
+TEST_F(QtNotices, AboutAReplacedEncodingAreSuppressed) {
   leaveOutEncodingNotice();
   sayEverything();
   EXPECT_EQ(firstWords(), QStringList({"Detected", "This", "QStandardPaths:", "Something"}));
@@ -48,13 +48,13 @@ TEST_F(QtNotices, OfAnEncodingThatWasLeftAreLeftOut) {
       << heard.front().toStdString();
 }
 
-TEST_F(QtNotices, OfAMissingDesktopAreLeftOut) {
+TEST_F(QtNotices, AboutAMissingDesktopAreSuppressed) {
   leaveOutDesktopNotices();
   sayEverything();
   EXPECT_EQ(firstWords(), QStringList({"Detected", "Detected", "Something"}));
 }
 
-TEST_F(QtNotices, OfBothKindsAreLeftOut) {
+TEST_F(QtNotices, OfBothKindsAreSuppressed) {
   leaveOutEncodingNotice();
   leaveOutDesktopNotices();
   sayEverything();

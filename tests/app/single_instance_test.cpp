@@ -37,7 +37,7 @@ protected:
     return QString::fromStdString((folder.path() / "tamberline.socket").string());
   }
 
-  /// A socket file that nobody listens to any more.
+  /// A socket file on which no process listens any more.
   void leaveDeadSocket() const {
     const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
     sockaddr_un address{};
@@ -59,7 +59,7 @@ TEST_F(OneRun, TheFirstStartOwnsIt) {
   EXPECT_EQ(raises, 0);
 }
 
-TEST_F(OneRun, ASecondThatTheSessionStartsRaisesNothing) {
+TEST_F(OneRun, ASecondStartByTheSessionDoesNotRaiseTheFirst) {
   const auto first = start();
   bool isSecondFirst = true;
   std::thread([&] {
@@ -72,7 +72,7 @@ TEST_F(OneRun, ASecondThatTheSessionStartsRaisesNothing) {
   EXPECT_EQ(raises, 0);
 }
 
-TEST_F(OneRun, ASecondRaisesTheFirst) {
+TEST_F(OneRun, ASecondStartRaisesTheFirst) {
   const auto first = start();
   std::atomic<bool> isSecondFirst = true;
   std::thread second([&] { isSecondFirst = start(1min)->isFirst(); });
@@ -81,7 +81,7 @@ TEST_F(OneRun, ASecondRaisesTheFirst) {
   EXPECT_FALSE(isSecondFirst);
 }
 
-TEST_F(OneRun, EverySecondRaisesIt) {
+TEST_F(OneRun, EveryFurtherStartRaisesTheFirst) {
   const auto first = start();
   for (int expected = 1; expected <= 3; ++expected) {
     std::thread second([&] { start(1min); });
@@ -90,14 +90,14 @@ TEST_F(OneRun, EverySecondRaisesIt) {
   }
 }
 
-TEST_F(OneRun, TheNextIsFirstWhenTheFirstIsGone) {
+TEST_F(OneRun, TheNextStartIsFirstAfterTheFirstHasEnded) {
   auto first = start();
   first.reset();
   EXPECT_TRUE(fs::is_empty(folder.path()));
   EXPECT_TRUE(start()->isFirst());
 }
 
-TEST_F(OneRun, ASecondDoesNotWaitForAFrozenFirst) {
+TEST_F(OneRun, ASecondStartDoesNotWaitForAFrozenFirst) {
   const auto first = start();
   QElapsedTimer elapsed;
   elapsed.start();
@@ -107,13 +107,13 @@ TEST_F(OneRun, ASecondDoesNotWaitForAFrozenFirst) {
   EXPECT_TRUE(runEventsUntil([&] { return raises == 1; })) << "it thaws";
 }
 
-TEST_F(OneRun, AFirstThatCannotBeReachedKeepsItsPlace) {
+TEST_F(OneRun, AnUnreachableFirstKeepsTheLock) {
   const auto first = start();
   fs::remove(folder.path() / "tamberline.socket");
   EXPECT_FALSE(start(50ms)->isFirst());
 }
 
-TEST_F(OneRun, ACrashLeavesNothingThatCounts) {
+TEST_F(OneRun, FilesLeftByACrashAreIgnored) {
   struct Row {
     std::string description;
     std::string lockContent;
@@ -148,7 +148,7 @@ TEST_F(OneRun, WhatIsSentIsNotRead) {
   EXPECT_TRUE(runEventsUntil([&] { return raises == 2; }));
 }
 
-TEST_F(OneRun, WithoutAFolderEveryStartIsAFirstAndLeavesNothing) {
+TEST_F(OneRun, WithoutAFolderEveryStartIsFirstAndWritesNothing) {
   const QDir here;
   const QStringList before = here.entryList(QDir::AllEntries | QDir::Hidden);
   const SingleInstance first(QString(), [] {});
@@ -158,13 +158,13 @@ TEST_F(OneRun, WithoutAFolderEveryStartIsAFirstAndLeavesNothing) {
   EXPECT_EQ(here.entryList(QDir::AllEntries | QDir::Hidden), before);
 }
 
-TEST_F(OneRun, TheSocketIsForTheSamePersonOnly) {
+TEST_F(OneRun, OnlyTheSameUserCanUseTheSocket) {
   const auto first = start();
   const fs::perms permissions = fs::status(folder.path() / "tamberline.socket").permissions();
   EXPECT_EQ(permissions & (fs::perms::group_all | fs::perms::others_all), fs::perms::none);
 }
 
-TEST_F(OneRun, EveryStartRunsWhereSomethingElseIsInTheLocksPlace) {
+TEST_F(OneRun, EveryStartRunsIfThePathOfTheLockIsTaken) {
   const fs::path lock = folder.path() / "tamberline.lock";
   const struct {
     const char* description;
@@ -185,7 +185,7 @@ TEST_F(OneRun, EveryStartRunsWhereSomethingElseIsInTheLocksPlace) {
   }
 }
 
-TEST_F(OneRun, EveryStartRunsWhereNothingCanBeLocked) {
+TEST_F(OneRun, EveryStartRunsIfLockingIsImpossible) {
   fs::remove_all(folder.path());
   EXPECT_TRUE(start()->isFirst());
   EXPECT_TRUE(start()->isFirst());

@@ -37,7 +37,7 @@ protected:
     return panels;
   }
 
-  /// Closes the panel in a running event loop, which the application is to end.
+  /// Closes the panel in a running event loop, and returns whether that ends the application.
   static bool endsWithItsWindow() {
     bool isEnded = false;
     const auto connection = QObject::connect(qApp, &QCoreApplication::aboutToQuit, qApp,
@@ -70,25 +70,25 @@ protected:
       std::make_unique<TamberlineApp>(outside(), queue, TamberlineApp::Desktop{});
 };
 
-TEST_F(TamberlineAppTest, OpensAnOrdinaryWindowWhereThereIsNoTray) {
+TEST_F(TamberlineAppTest, OpensAnOrdinaryWindowWithoutATray) {
   EXPECT_TRUE(visiblePanels().empty());
   app->start();
   ASSERT_EQ(visiblePanels().size(), 1U);
   EXPECT_FALSE(visiblePanels().front()->flags().testFlag(Qt::FramelessWindowHint));
 }
 
-TEST_F(TamberlineAppTest, EndsWithItsOnlyWindowWhereThereIsNoTray) {
+TEST_F(TamberlineAppTest, EndsWithItsOnlyWindowWithoutATray) {
   app->start();
   EXPECT_TRUE(endsWithItsWindow());
 }
 
-TEST_F(TamberlineAppTest, ShowsTheOneWindowToAnotherStart) {
+TEST_F(TamberlineAppTest, RaisesTheWindowForAnotherStart) {
   app->start();
   app->raise();
   EXPECT_EQ(visiblePanels().size(), 1U);
 }
 
-TEST_F(TamberlineAppTest, ScansWithToolsThatAreMissingAndGoesOn) {
+TEST_F(TamberlineAppTest, KeepsRunningIfToolsAreMissing) {
   app->start();
   queue->settle();
   queue->advance(std::chrono::seconds(1));
@@ -96,10 +96,10 @@ TEST_F(TamberlineAppTest, ScansWithToolsThatAreMissingAndGoesOn) {
   EXPECT_EQ(visiblePanels().size(), 1U);
 }
 
-TEST_F(TamberlineAppTest, StaysWithoutAWindowWhereTheSessionStartedIt) {
+TEST_F(TamberlineAppTest, RunsWithoutAWindowIfTheSessionStartedIt) {
   app->start(TamberlineApp::StartedBy::session);
   EXPECT_TRUE(visiblePanels().empty());
-  app->raise(); // by a person who starts it once more
+  app->raise(); // as when the user starts the program again
   EXPECT_EQ(visiblePanels().size(), 1U);
 }
 
@@ -124,14 +124,14 @@ protected:
   FakeTray* tray = nullptr;
 };
 
-TEST_F(AppWithTrayTest, OpensThePanelForAPerson) {
+TEST_F(AppWithTrayTest, OpensThePanelWhenTheUserStartsIt) {
   app->start();
   EXPECT_TRUE(tray->isShown);
   ASSERT_EQ(visiblePanels().size(), 1U);
   EXPECT_TRUE(isAttached());
 }
 
-TEST_F(AppWithTrayTest, PutsTheIconIntoTheTrayOnlyForTheSession) {
+TEST_F(AppWithTrayTest, ShowsOnlyTheIconWhenTheSessionStartsIt) {
   app->start(TamberlineApp::StartedBy::session);
   EXPECT_TRUE(tray->isShown);
   EXPECT_TRUE(visiblePanels().empty());
@@ -157,12 +157,12 @@ TEST_F(AppWithTrayTest, TogglesThePanelOnAClickAndOpensItFromTheMenu) {
   EXPECT_EQ(visiblePanels().size(), 1U);
 }
 
-TEST_F(AppWithTrayTest, GoesOnWithoutAWindow) {
+TEST_F(AppWithTrayTest, KeepsRunningWithoutAWindow) {
   app->start();
   EXPECT_FALSE(endsWithItsWindow());
 }
 
-TEST_F(AppWithTrayTest, GoesOnWhenATrayCameWhileTheWindowWasOpen) {
+TEST_F(AppWithTrayTest, KeepsRunningIfATrayStartedWhileTheWindowWasOpen) {
   tray->isThere = false;
   app->start();
   EXPECT_FALSE(isAttached());
@@ -172,7 +172,7 @@ TEST_F(AppWithTrayTest, GoesOnWhenATrayCameWhileTheWindowWasOpen) {
   EXPECT_TRUE(isAttached());
 }
 
-TEST_F(AppWithTrayTest, OpensAWindowThatEndsItWhenTheTrayHasGone) {
+TEST_F(AppWithTrayTest, OpensAWindowThatEndsItAfterTheTrayHasStopped) {
   app->start(TamberlineApp::StartedBy::session);
   tray->isThere = false;
   app->raise();
@@ -180,14 +180,14 @@ TEST_F(AppWithTrayTest, OpensAWindowThatEndsItWhenTheTrayHasGone) {
   EXPECT_TRUE(endsWithItsWindow());
 }
 
-TEST_F(AppWithTrayTest, OpensAnOrdinaryWindowWhereTheDesktopAloneDecidesOfPlaces) {
+TEST_F(AppWithTrayTest, OpensAnOrdinaryWindowIfTheDesktopPositionsWindows) {
   makeApp(std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::desktop));
   app->start();
   EXPECT_FALSE(isAttached());
   EXPECT_FALSE(endsWithItsWindow()); // the icon opens it again
 }
 
-TEST_F(AppWithTrayTest, DrawsTheIconAnewInOtherColours) {
+TEST_F(AppWithTrayTest, RedrawsTheIconWhenColoursChange) {
   app->start();
   QPalette palette = QApplication::palette();
   palette.setColor(QPalette::Window, Qt::black);
@@ -229,7 +229,7 @@ TEST_F(TamberlineAppTest, EjectsVolumes) {
   EXPECT_EQ(ejector->mountPoints, std::vector<std::string>{"/Volumes/Data"});
 }
 
-TEST_F(TamberlineAppTest, OffersOnlyWhatTheSystemCanDo) {
+TEST_F(TamberlineAppTest, OffersOnlyWhatTheSystemSupports) {
   app->start();
   EXPECT_FALSE(panel().canEject());
 }
@@ -237,7 +237,7 @@ TEST_F(TamberlineAppTest, OffersOnlyWhatTheSystemCanDo) {
 TEST_F(TamberlineAppTest, RemovesTheFilesOfTestsWhenItEnds) {
   app->start();
   panel().runBenchmark("/Volumes/Data");
-  while (files->files().empty()) { // the first scan's work waits too
+  while (files->files().empty()) { // the first scan's work waits as well
     ASSERT_GT(queue->backgroundCount(), 0U);
     queue->finishOneBackgroundWork();
   }

@@ -9,7 +9,7 @@
 namespace tamberline {
 namespace {
 
-/// A window at a place on the screen, measured downwards from the screen's top.
+/// A window at a position on the screen, measured downwards from the screen's top.
 class FakeFrame final : public PanelFrame {
 public:
   double contentHeight() const override { return height; }
@@ -72,7 +72,7 @@ TEST_F(WindowManagerTest, GivesTheWindowTheHeightThatFits) {
   }
 }
 
-TEST_F(WindowManagerTest, WaitsForTheNextTurnOfTheQueue) {
+TEST_F(WindowManagerTest, WaitsForTheNextEventLoopIteration) {
   manager->setTargetHeight(700);
   EXPECT_EQ(manager->targetHeight(), 700);
   EXPECT_EQ(frame.changes, 0);
@@ -80,7 +80,7 @@ TEST_F(WindowManagerTest, WaitsForTheNextTurnOfTheQueue) {
   EXPECT_EQ(frame.height, 700);
 }
 
-TEST_F(WindowManagerTest, MovesTheWindowOnceForSeveralTargetsInOneTurn) {
+TEST_F(WindowManagerTest, MovesTheWindowOnceForSeveralTargetsInOneIteration) {
   manager->setTargetHeight(700);
   manager->setTargetHeight(300);
   manager->setTargetHeight(650);
@@ -89,7 +89,7 @@ TEST_F(WindowManagerTest, MovesTheWindowOnceForSeveralTargetsInOneTurn) {
   EXPECT_EQ(frame.changes, 1);
 }
 
-TEST_F(WindowManagerTest, LeavesTheWindowAloneWhenTheLastTargetIsWhatItHas) {
+TEST_F(WindowManagerTest, DoesNotMoveTheWindowIfTheLastTargetIsItsHeight) {
   manager->setTargetHeight(700);
   manager->setTargetHeight(490);
   queue->runPosted();
@@ -103,14 +103,14 @@ TEST_F(WindowManagerTest, FollowsOneTargetAfterAnother) {
   EXPECT_EQ(frame.changes, 2);
 }
 
-TEST_F(WindowManagerTest, FitsTheSameTargetAnewWhenTheScreenHasChanged) {
+TEST_F(WindowManagerTest, FitsTheSameTargetAgainWhenTheScreenHasChanged) {
   setTargetHeight(2000);
   frame.screenHeight = 1440;
   setTargetHeight(manager->targetHeight());
   EXPECT_EQ(frame.height, 1440);
 }
 
-TEST_F(WindowManagerTest, MayGoWhileATargetWaits) {
+TEST_F(WindowManagerTest, MayBeDestroyedWhileATargetIsPending) {
   manager->setTargetHeight(700);
   manager.reset();
   queue->runPosted();

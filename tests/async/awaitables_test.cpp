@@ -11,7 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// What a coroutine did, and that it has let go of everything when the last copy goes.
+/// Records what a coroutine did. When the last copy is destroyed, the coroutine has released
+/// everything.
 using Log = std::shared_ptr<std::string>;
 
 QCoro::Task<> waitAndNote(std::shared_ptr<MainQueue> queue, Log log) {
@@ -87,14 +88,14 @@ TEST_F(Awaitables, GiveADefaultResultWhenBackgroundWorkThrows) {
   EXPECT_EQ(*log, "[] ");
 }
 
-TEST_F(Awaitables, HearAnAnnouncementAllAtOnceOnALaterTurn) {
+TEST_F(Awaitables, AllHearAnAnnouncementOnALaterIteration) {
   const auto news = std::make_shared<Announcement>(queue);
   awaitNews(news, log);
   awaitNews(news, log);
   queue->runPosted();
   EXPECT_EQ(*log, "");
   news->announce();
-  awaitNews(news, log); // the next one
+  awaitNews(news, log); // waits for the next news
   EXPECT_EQ(*log, "");
   queue->runPosted();
   EXPECT_EQ(*log, "heard heard ");
@@ -104,7 +105,7 @@ TEST_F(Awaitables, HearAnAnnouncementAllAtOnceOnALaterTurn) {
   EXPECT_EQ(log.use_count(), 1);
 }
 
-TEST_F(Awaitables, UnwindWhatWaitsWhenTheQueueEnds) {
+TEST_F(Awaitables, UnwindWhenTheQueueEnds) {
   waitAndNote(queue, log);
   awaitAnother(queue, log);
   computeAndNote(queue, log, [] { return "result"; });

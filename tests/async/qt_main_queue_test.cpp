@@ -21,11 +21,11 @@ using namespace std::chrono_literals;
 
 class QtMainQueueTest : public testing::Test {
 protected:
-  /// Runs the event loop until something on the queue quits it.
+  /// Runs the event loop until work on the queue quits it.
   static void runLoop() { QCoreApplication::exec(); }
   static void quitLoop() { QCoreApplication::quit(); }
 
-  /// Whether it happens before a patient person would give up.
+  /// Whether it happens within a generous time limit.
   template <typename Condition>
   static bool waitFor(std::condition_variable& event, std::unique_lock<std::mutex>& lock,
                       Condition condition) {
@@ -101,7 +101,7 @@ TEST_F(QtMainQueueTest, ForgetsCancelledWork) {
   EXPECT_FALSE(didRun);
 }
 
-TEST_F(QtMainQueueTest, CancelsNothingElseByTheNumberOfWorkThatRan) {
+TEST_F(QtMainQueueTest, CancelsNothingByTheNumberOfFinishedWork) {
   bool didSecondRun = false;
   MainQueue::WorkItem first = 0;
   first = queue.postLater(0ms, [&] {
@@ -116,7 +116,7 @@ TEST_F(QtMainQueueTest, CancelsNothingElseByTheNumberOfWorkThatRan) {
   EXPECT_TRUE(didSecondRun);
 }
 
-TEST_F(QtMainQueueTest, RunsBackgroundWorkOffTheMainThreadAndGoesOnOnIt) {
+TEST_F(QtMainQueueTest, RunsBackgroundWorkOffTheMainThreadAndContinuesOnIt) {
   int result = 0;
   queue.runInBackground(
       [&] {
@@ -144,7 +144,7 @@ TEST_F(QtMainQueueTest, RunsManyBackgroundWorksAtTheSameTime) {
           ++started;
           allStarted.notify_all();
           EXPECT_TRUE(waitFor(allStarted, lock, [&] { return started >= count; }));
-          started = count; // one that waited in vain is enough
+          started = count; // one failed wait is enough
         },
         [&] {
           if (++finished == count) {
@@ -156,7 +156,7 @@ TEST_F(QtMainQueueTest, RunsManyBackgroundWorksAtTheSameTime) {
   EXPECT_EQ(finished, count);
 }
 
-/// Has let go of `held` when it is over, by its end or by that of the queue.
+/// Releases `held` when it ends, by itself or because the queue ends.
 QCoro::Task<> waitAnHour(std::shared_ptr<MainQueue> queue,
                          [[maybe_unused]] std::shared_ptr<void> held) {
   Delay delay(std::move(queue), 1h);
@@ -206,7 +206,7 @@ TEST_F(QtMainQueueTest, UnwindsACoroutineOfAnotherThreadOnTheMainThreadAfterItsE
   EXPECT_EQ(kept.use_count(), 1);
 }
 
-TEST_F(QtMainQueueTest, RunsNothingMoreOfWhatWasPostedOnceItHasEnded) {
+TEST_F(QtMainQueueTest, RunsNoPostedWorkAfterItsEnd) {
   bool didRun = false;
   queue.post([&] {
     queue.end();

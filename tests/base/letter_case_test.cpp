@@ -45,7 +45,7 @@ TEST(TitleCase, SeparatesWordsAtBlanksOnly) {
   EXPECT_EQ(titleCased("one\ttwo-three_four\u00A0five"), "One\ttwo-three_four\u00A0five");
 }
 
-TEST(LetterCase, KeepsBytesThatAreNoUtf8) {
+TEST(LetterCase, KeepsInvalidUtf8) {
   EXPECT_EQ(lowerCased("A\xFF"
                        "B\xC3"),
             "a\xFF"

@@ -67,7 +67,7 @@ TEST(DecimalText, IsNothingElse) {
   }
 }
 
-TEST(DecimalText, EndsAtNoNulByte) {
+TEST(DecimalText, DoesNotEndAtANulByte) {
   EXPECT_EQ(parseDecimal(std::string_view("5\0", 2)), std::nullopt);
 }
 
@@ -123,14 +123,14 @@ TEST(NumberOfAText, IsNothingElse) {
 
 TEST(FixedNumberText, HasAsManyDecimalsAsAsked) {
   EXPECT_EQ(fixedText(7.25, 1), "7.2"); // a tie goes to the even digit
-  EXPECT_EQ(fixedText(7.35, 1), "7.3"); // which is stored as a little less
+  EXPECT_EQ(fixedText(7.35, 1), "7.3"); // which is stored as slightly less
   EXPECT_EQ(fixedText(7.75, 1), "7.8");
   EXPECT_EQ(fixedText(0.75, 2), "0.75");
   EXPECT_EQ(fixedText(15, 1), "15.0");
   EXPECT_EQ(fixedText(2.5, 0), "2");
   EXPECT_EQ(fixedText(-0.5, 1), "-0.5");
   EXPECT_EQ(fixedText(1234567.0, 1), "1234567.0");
-  EXPECT_EQ(fixedText(1e300, 1).size(), 303U); // the greatest numbers too
+  EXPECT_EQ(fixedText(1e300, 1).size(), 303U); // also the max numbers
 }
 
 TEST(GeneralNumberText, HasNoMoreDigitsThanNeeded) {
@@ -142,7 +142,7 @@ TEST(GeneralNumberText, HasNoMoreDigitsThanNeeded) {
   EXPECT_EQ(generalText(1234567), "1.23457e+06");
 }
 
-/// Numbers as in much of Europe, in the language's own streams, for as long as it lives.
+/// Sets a decimal comma, as in much of Europe, for the language's own streams during its lifetime.
 class DecimalCommaScope {
 public:
   DecimalCommaScope() : before_(std::locale::global(std::locale(std::locale(), new Comma))) {}

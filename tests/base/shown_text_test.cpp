@@ -58,7 +58,7 @@ TEST(ShownText, ReplacesEachCharacterThatCouldDisturbATerminal) {
   }
 }
 
-TEST(ShownText, ReplacesWhateverTurnsTheDirectionOfWriting) {
+TEST(ShownText, ReplacesDirectionOverrides) {
   for (const char* character : {"\u061C", "\u200E", "\u200F", "\u202A", "\u202B", "\u202C",
                                 "\u202D", "\u202E", "\u2066", "\u2067", "\u2068", "\u2069"}) {
     EXPECT_EQ(shownText(std::string("a") + character + "b"), "a\uFFFDb");
@@ -72,7 +72,7 @@ TEST(ShownText, KeepsTheNeighboursOfWhatItReplaces) {
   }
 }
 
-TEST(ShownText, ReplacesEveryByteThatIsNoCharacter) {
+TEST(ShownText, ReplacesEveryInvalidByte) {
   EXPECT_EQ(shownText("a\xFF\xFE"
                       "b"),
             "a\uFFFD\uFFFDb");
@@ -93,7 +93,7 @@ TEST(ShownText, CountsCharactersAndNotBytes) {
 
 TEST(ShownText, ReadsOnlyTheEndsOfATextThatIsFarTooLong) {
   const std::string middle = repeated("m", 1'000'000);
-  for (const std::size_t shift : {0U, 1U, 2U, 3U}) { // the ends begin inside a character
+  for (const std::size_t shift : {0U, 1U, 2U, 3U}) { // the ends start inside a character
     const std::string text =
         repeated("日", 200) + middle + repeated("m", shift) + repeated("本", 200);
     EXPECT_EQ(shownText(text), repeated("日", 60) + "…" + repeated("本", 59));

@@ -8,7 +8,7 @@
 namespace tamberline {
 namespace {
 
-/// A panel of 400 by 300 points with an item on it and a bubble of 100 by 40.
+/// A panel of 400 by 300 points with an item on it, and a bubble of 100 by 40.
 class BubbleTest : public testing::Test {
 protected:
   BubbleTest() {
@@ -17,7 +17,7 @@ protected:
     item->setSize({60, 20});
   }
 
-  /// Where the bubble of an item at this place comes to stand.
+  /// Where the bubble is placed for an item at this position.
   QPointF placeBeside(QPointF itemPosition) {
     item->setPosition(itemPosition);
     bubble.setTarget(item.get());

@@ -72,7 +72,7 @@ protected:
   static std::string number(double value) { return QString::number(value).toStdString(); }
 
   LineLayout layout;
-  std::vector<std::unique_ptr<QQuickItem>> children; // before the layout
+  std::vector<std::unique_ptr<QQuickItem>> children; // destroyed after the layout
 };
 
 TEST_F(LineLayoutTest, PlacesItsChildren) {

@@ -45,8 +45,8 @@ std::string textOf(const std::vector<ListChange>& changes) {
   return text;
 }
 
-/// Walks the steps as a view of the list does. Everything that is inserted must be there in the new
-/// list, everything else must be there in the old one.
+/// Applies the changes like a view of the list. Everything inserted must be in the new list, and
+/// everything else in the old one.
 Keys applied(const std::vector<ListChange>& changes, Keys list, const Keys& after) {
   const auto at = [](auto begin, std::size_t offset) {
     return begin + static_cast<std::ptrdiff_t>(offset);

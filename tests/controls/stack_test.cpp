@@ -28,7 +28,7 @@ protected:
     return text + "of " + QString::number(stack.implicitHeight()).toStdString();
   }
 
-  std::array<QQuickItem, 3> children; // before the stack
+  std::array<QQuickItem, 3> children; // destroyed after the stack
   Stack stack;
 };
 

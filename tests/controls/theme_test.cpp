@@ -15,7 +15,7 @@ namespace {
 const QPalette light = lightTestPalette();
 const QPalette dark = darkTestPalette();
 
-/// The platform's look is put back after each test.
+/// The platform's look is restored after each test.
 class ThemeTest : public testing::Test {
 protected:
   ThemeTest() { QGuiApplication::setPalette(light); }

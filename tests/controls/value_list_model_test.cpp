@@ -9,7 +9,7 @@ namespace {
 
 class ValueListModelTest : public testing::Test {
 protected:
-  /// What the model tells when it comes from one list to the other.
+  /// The signals of the model when it changes from one list to the other.
   std::string change(const QVariantList& from, const QVariantList& to) {
     model.setValues(from);
     ModelRecorder recorder(model);

@@ -12,7 +12,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-/// The offscreen platform has no tray; what a tray would say of its clicks, the tests say.
+/// The offscreen platform has no tray; the tests send the clicks that a tray would.
 class QtTrayTest : public testing::Test {
 protected:
   std::unique_ptr<QtTray> shownTray(QtTray::MenuOpener opener) {
@@ -39,7 +39,7 @@ protected:
   Calls calls;
 };
 
-TEST_F(QtTrayTest, TellsOfAClick) {
+TEST_F(QtTrayTest, ReportsAClick) {
   for (const auto opener : {QtTray::MenuOpener::tray, QtTray::MenuOpener::program}) {
     calls.clear();
     const auto tray = shownTray(opener);
@@ -57,7 +57,7 @@ TEST_F(QtTrayTest, LeavesItsMenuToATrayThatOpensIt) {
   EXPECT_EQ(openMenu(), nullptr);
 }
 
-TEST_F(QtTrayTest, OpensItsMenuOnARightClickWhereATrayWouldOpenItOnEveryClick) {
+TEST_F(QtTrayTest, OpensItsMenuOnlyOnARightClickIfTheProgramOpensIt) {
   const auto tray = shownTray(QtTray::MenuOpener::program);
   EXPECT_EQ(tray->icon().contextMenu(), nullptr);
   emit tray->icon().activated(QSystemTrayIcon::Context);
@@ -77,18 +77,18 @@ TEST_F(QtTrayTest, DrawsTheIconForTheBarThatIsAroundItNow) {
   EXPECT_EQ(tones, (std::vector{BarTone::unknown, BarTone::dark}));
 }
 
-TEST_F(QtTrayTest, TakesTheIconOutOfTheTrayAndPutsItInAgain) {
+TEST_F(QtTrayTest, RemovesTheIconFromTheTrayAndAddsItAgain) {
   const auto tray = shownTray(QtTray::MenuOpener::tray);
   EXPECT_TRUE(tray->icon().isVisible());
   tray->setShown(false);
   EXPECT_FALSE(tray->icon().isVisible());
-  barTone = BarTone::light; // another bar
+  barTone = BarTone::light; // the icon is now on another bar
   tray->setShown(true);
   EXPECT_TRUE(tray->icon().isVisible());
   EXPECT_EQ(tones.back(), BarTone::light);
 }
 
-TEST_F(QtTrayTest, IsNotThereWithoutATray) {
+TEST_F(QtTrayTest, IsUnavailableWithoutATray) {
   EXPECT_FALSE(shownTray(QtTray::MenuOpener::tray)->isAvailable());
 }
 

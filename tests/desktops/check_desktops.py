@@ -18,7 +18,7 @@ from screen import HEIGHT, WIDTH, Box, Failure, Screen, wait_for
 
 MACHINE = (pathlib.Path(__file__).parent.parent / "platform" / "linux" / "machines" /
            "docked-laptop.umockdev")
-# A little more than the panel's 400 points: some desktops draw a frame around a window.
+# Slightly more than the panel's 400 points: some desktops draw a frame around a window.
 PANEL_WIDTHS = range(400, 412)
 
 
@@ -28,7 +28,7 @@ class Look:
     def __init__(self, screen, desktop, path):
         self.screen, self.desktop, self.path = screen, desktop, path
         screen.move(WIDTH // 2, HEIGHT - 150)
-        time.sleep(2)  # bars come by and by
+        time.sleep(2) # bars appear at intervals
         self.empty = screen.still_picture()
         self.process = None
 

@@ -25,7 +25,7 @@ class Desktop:
 
     name = ""
     command = []
-    # What the desktop itself may change at any time: bars with clocks.
+    # Excludes what the desktop itself may change at any time: bars with clocks.
     work_area = Box(0, 0, WIDTH - 1, HEIGHT - 1)
 
     @classmethod

@@ -85,7 +85,7 @@ class Screen:
     def __init__(self, pictures):
         self.pictures = pathlib.Path(pictures)
         self.pictures.mkdir(parents=True, exist_ok=True)
-        # The number is free: the server chooses it.
+        # The server chooses a free number.
         # pylint: disable=consider-using-with
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", "1", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-ac",
@@ -115,7 +115,7 @@ class Screen:
 
     def click(self, x, y, button=1):
         self.move(x, y)
-        time.sleep(0.2)  # nested desktops learn of the pointer in a turn of their own
+        time.sleep(0.2) # nested desktops process the pointer in their own event loop
         self._run(["xdotool", "click", str(button)])
 
     def keys(self, *names):

@@ -73,7 +73,7 @@ TEST(AppLanguage, IsFoundByItsOwnCode) {
   }
 }
 
-TEST(AppLanguage, IsFoundByNothingButItsCode) {
+TEST(AppLanguage, IsFoundOnlyByItsCode) {
   for (const std::string_view code : {"", "pt", "DE", "de-DE", " de", "e", "eng"}) {
     SCOPED_TRACE(code);
     EXPECT_FALSE(AppLanguage::forCode(code));

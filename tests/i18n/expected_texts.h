@@ -1,5 +1,5 @@
-// What every text without an argument says, written down a second time: a text that is changed by
-// accident differs from its twin here.
+// Every text without an argument, written down a second time: an accidental change of a text
+// differs from the copy here.
 #pragma once
 
 #include "i18n/app_language.h"

@@ -47,7 +47,7 @@ TEST(FixedTexts, HintsInEveryLanguage) {
   expectTexts(expectedHints());
 }
 
-TEST(FixedTexts, AreAllWrittenDownHere) {
+TEST(FixedTexts, AreAllListedHere) {
   std::multiset<std::string_view> known;
   for (const auto& table : {expectedLabels(), expectedMessages(), expectedHints()}) {
     for (const ExpectedText& expected : table) {
@@ -71,7 +71,7 @@ TEST(FixedTexts, AreNowhereEmpty) {
   }
 }
 
-TEST(FixedTexts, GoByTheNameOfTheirFunction) {
+TEST(FixedTexts, HaveTheNameOfTheirFunction) {
   EXPECT_EQ(textsByKey().at("quit")(), Loc::quit());
   EXPECT_EQ(textsByKey().at("hintWhySlow")(), Loc::hintWhySlow());
 }

@@ -73,7 +73,7 @@ TEST(RelativeTime, IsNowWithinTheFirstSecondAndWhenTheClockWasSetBack) {
   }
 }
 
-TEST(RelativeTime, ReadsBehindTheWordForUpdated) {
+TEST(RelativeTime, ReadsWellAfterTheWordForUpdated) {
   const auto expected = std::to_array<std::string_view>(
       {"Updated 4 seconds ago", "Aktualisiert vor 4 Sekunden", "Mis à jour il y a 4 secondes",
        "Aggiornato 4 secondi fa", "Actualizado hace 4 segundos"});

@@ -40,7 +40,7 @@ TEST(Document, OfASuccessAfterAFailureHasNoError) {
   EXPECT_EQ(jsonText(scan.run()), jsonText(deskDocument()));
 }
 
-TEST(Document, OfAFailureAfterASuccessKeepsWhatWasShown) {
+TEST(Document, OfAFailureAfterASuccessKeepsTheEarlierContent) {
   Scan scan;
   answerWithDesk(*scan.machine);
   scan.run();
@@ -49,7 +49,7 @@ TEST(Document, OfAFailureAfterASuccessKeepsWhatWasShown) {
   EXPECT_EQ(jsonText(scan.run()), jsonText(deskDocument()));
 }
 
-TEST(Document, DuringTheFirstScanSaysSo) {
+TEST(Document, DuringTheFirstScanHasTheStateScanning) {
   Scan scan;
   scan.scanner->scan();
 

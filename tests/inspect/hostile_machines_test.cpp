@@ -21,7 +21,7 @@ void countNames(const Document& nodes, std::map<std::string, int>& counts) {
   }
 }
 
-/// How often each device stands in the tree.
+/// How often each device is in the tree.
 std::map<std::string, int> deviceCounts(const Document& document) {
   std::map<std::string, int> counts;
   countNames(document["portTree"], counts);
@@ -49,7 +49,7 @@ std::string start(const std::string& name) {
   return name.substr(0, 60) + " (" + std::to_string(name.size()) + " bytes)";
 }
 
-TEST(HostileNames, StandInTheDocumentAsTheyAre) {
+TEST(HostileNames, AreUnchangedInTheDocument) {
   for (const std::string& name : hostileNames()) {
     SCOPED_TRACE(start(name));
     Scan scan;
@@ -63,7 +63,7 @@ TEST(HostileNames, StandInTheDocumentAsTheyAre) {
   }
 }
 
-TEST(HostileNames, DisturbNobodyWhoReadsThemInATerminal) {
+TEST(HostileNames, AreHarmlessInATerminal) {
   for (const std::string& name : hostileNames()) {
     SCOPED_TRACE(start(name));
     Scan scan;
@@ -107,7 +107,7 @@ TEST(HostileMachines, MayHaveFiveThousandDevicesAndLoseNone) {
   EXPECT_EQ(identifiers(scan.run()), identifiers(document));
 }
 
-TEST(HostileMachines, MayHoldAHubThatStandsBehindItself) {
+TEST(HostileMachines, MayHaveAHubBehindItself) {
   Scan scan;
   answerWithHubThatHoldsItself(*scan.machine);
   EXPECT_EQ(deviceCounts(scan.run()), (std::map<std::string, int>{{"Outer", 1},
@@ -119,7 +119,7 @@ TEST(HostileMachines, MayHoldAHubThatStandsBehindItself) {
                                                                   {"Disk", 1}}));
 }
 
-TEST(HostileMachines, MayHoldHubsThatTakeOverEachOtherWithoutEnd) {
+TEST(HostileMachines, MayHaveALongChainOfHubsThatMergeIntoEachOther) {
   constexpr unsigned hubCount = 3'000;
   Scan scan;
   Containers containers;
@@ -137,7 +137,7 @@ TEST(HostileMachines, MayHoldHubsThatTakeOverEachOtherWithoutEnd) {
   EXPECT_EQ(deviceCounts(scan.run()).size(), 2U * hubCount);
 }
 
-TEST(Twins, AreToldApartByTheHundredAndInTheNextScanToo) {
+TEST(Twins, HaveDistinctIdentifiersThatTheNextScanKeeps) {
   constexpr int twinCount = 300;
   Scan scan;
   answerWithTwins(*scan.machine, twinCount);
@@ -151,7 +151,7 @@ TEST(Twins, AreToldApartByTheHundredAndInTheNextScanToo) {
   EXPECT_EQ(scan.run(), document);
 }
 
-/// A key may spell what is put after the key of a twin, or what leads to a device behind another.
+/// A key may spell the suffix of an identical device's key, or the path to a device behind another.
 TEST(Twins, AreNotLostWhenADeviceSpellsTheIdentifierOfAnother) {
   Scan scan;
   answerWithThunderboltEntries(*scan.machine, {portEntry(0)});

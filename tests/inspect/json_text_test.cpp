@@ -10,7 +10,7 @@ namespace {
 
 using Document = nlohmann::ordered_json;
 
-TEST(JsonText, EscapesWhatATerminalObeysAndWhatHides) {
+TEST(JsonText, EscapesControlAndInvisibleCharacters) {
   const struct {
     const char* description;
     const char* text;
@@ -47,11 +47,11 @@ TEST(JsonText, EscapesKeysToo) {
   EXPECT_EQ(jsonText(Document{{"a\u202e", 1}}, -1), R"({"a\u202e":1})");
 }
 
-TEST(JsonText, IndentsWhereAsked) {
+TEST(JsonText, IndentsOnRequest) {
   EXPECT_EQ(jsonText(Document{{"a", "\u009b"}}, 2), "{\n  \"a\": \"\\u009b\"\n}");
 }
 
-TEST(JsonText, ReplacesWhatIsNoUtf8) {
+TEST(JsonText, ReplacesInvalidUtf8) {
   EXPECT_EQ(jsonText(Document("a\xff"), -1), "\"a\uFFFD\"");
 }
 

@@ -7,7 +7,7 @@
 namespace tamberline {
 namespace {
 
-/// The lines below each other, each span in its place.
+/// The wrapped lines, one below the other.
 std::string wrapped(const TextLine& line, int firstColumns, int nextColumns) {
   std::string text;
   for (const TextLine& part : wrapLine(line, firstColumns, nextColumns)) {

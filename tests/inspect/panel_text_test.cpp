@@ -109,7 +109,7 @@ USB 2.0 Bus  0.5W rated
 )");
 }
 
-TEST(PanelText, SaysWhatALinkTrulyCarriesWhereTheBarDoesNot) {
+TEST(PanelText, ShowsALinksActualSpeedIfTheBarDoesNot) {
   const auto textOfDevice = [](const ThunderboltDevice& device) {
     return textOf({portNode(1, {TreeNode(TreeNode::TBDevice{device})})});
   };
@@ -141,7 +141,7 @@ TEST(PanelText, SaysThatNothingIsAttachedToABus) {
   EXPECT_EQ(textOf({busNode("USB31Bus", {})}), "USB 3.1 Bus\n   Nothing attached\n");
 }
 
-TEST(PanelText, ShowsAMessageWhereThereAreNoCards) {
+TEST(PanelText, ShowsAMessageIfThereAreNoCards) {
   EXPECT_EQ(panelText(describePanel({}), false), "No ports detected\n");
   EXPECT_EQ(panelText(describePanel({.errorMessage = "Could not parse"}), false),
             "Could not parse\n");
@@ -205,7 +205,7 @@ std::string panelFullOf(const std::string& text) {
   return textOf({adapter, portNode(1, {dock, adapter}, {text, text, text})});
 }
 
-TEST(HostileTexts, StandWhereNamesStand) {
+TEST(HostileTexts, AreShownInPlaceOfNames) {
   EXPECT_EQ(panelFullOf("x"), R"(Power Adapter  MagSafe
 └─ ⚡ x  96 W rated
 
@@ -218,7 +218,7 @@ TEST(HostileTexts, StandWhereNamesStand) {
 )");
 }
 
-TEST(HostileTexts, ReachTheTerminalOnlyInAHarmlessForm) {
+TEST(HostileTexts, AreMadeHarmlessForTheTerminal) {
   const struct {
     const char* description;
     std::string text;
@@ -259,7 +259,7 @@ TEST(HostileTexts, ReachTheTerminalOnlyInAHarmlessForm) {
   }
 }
 
-TEST(HostileTexts, KeepTheirPlaceWhenThereIsNothingToSee) {
+TEST(HostileTexts, KeepTheirPlaceWhenTheyAreInvisible) {
   EXPECT_EQ(panelFullOf("  "), R"(Power Adapter  MagSafe
 └─ ⚡ —  96 W rated
 
@@ -272,7 +272,7 @@ TEST(HostileTexts, KeepTheirPlaceWhenThereIsNothingToSee) {
 )");
 }
 
-TEST(HostileTexts, AreCutWhereverTheyAreLong) {
+TEST(HostileTexts, AreShortenedIfTheyAreLong) {
   const std::string text = panelFullOf(std::string(100'000, 'x'));
   const std::string kept(59, 'x');
   const auto ellipses = [&](std::size_t start, std::size_t count) {

@@ -48,7 +48,7 @@ constexpr const char* powerReport = R"({"SPPowerDataType": [
    "sppower_battery_charger_connected": "TRUE", "sppower_battery_is_charging": "TRUE"}
 ]})";
 
-/// A port controller's entry; `more` are further members.
+/// A port controller's entry; `more` has further members.
 std::string controller(const std::string& portNumber, const std::string& type,
                        const std::string& more) {
   return "<dict><key>PortNumber</key><integer>" + portNumber +

@@ -17,7 +17,7 @@ using Document = nlohmann::ordered_json;
 struct Scan {
   Scan();
 
-  /// The document after one scan, with time for the second attempt of a report that failed.
+  /// The document after one scan, with time for the second attempt if a report fails.
   Document run();
 
   std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
@@ -25,25 +25,25 @@ struct Scan {
   std::shared_ptr<PortScanner> scanner;
 };
 
-/// Four ports. Port 1 holds a dock with an add-on bus and a hub on it, port 2 a disk, port 3 an
+/// Four ports. Port 1 has a dock with an add-on bus and a hub on it, port 2 a disk, port 3 an
 /// adapter, port 4 a device that only draws power.
 void answerWithDesk(FakeMachine& machine);
 Document deskDocument();
 
-/// An adapter on MagSafe and an add-on bus that no dock brought.
+/// An adapter on MagSafe and an add-on bus that does not come from a dock.
 Document cornerDocument();
 
 /// The part of a document at a JSON pointer such as "/panel/cards/0".
 Document at(const Document& document, const std::string& pointer);
 
-/// The names of an object's members in their order.
+/// The names of an object's members, in order.
 std::string keysOf(const Document& object);
 
-/// A document as text, one member a line. Members, their order, and whether a number is an integer
-/// all show.
+/// A document as text, one member per line. It shows the members, their order, and whether a number
+/// is an integer.
 std::string jsonText(const Document& document);
 
-/// The same of a document that is written by hand.
+/// The same for a document that is written by hand.
 std::string normalized(const std::string& json);
 
 } // namespace tamberline

@@ -5,7 +5,7 @@
 namespace tamberline {
 namespace {
 
-TEST(TextColumns, CountsWhatATerminalGivesToEachCharacter) {
+TEST(TextColumns, CountsTheTerminalColumnsOfEachCharacter) {
   const struct {
     const char* text;
     int columns;
@@ -13,18 +13,18 @@ TEST(TextColumns, CountsWhatATerminalGivesToEachCharacter) {
       {"", 0},
       {"Port 1", 6},
       {"Küste", 5},
-      {"Ku\u0308ste", 5}, // the dots are a character of their own
+      {"Ku\u0308ste", 5}, // the dots are a separate character
       {"●○ █▒░ ▲↑ ×·—…", 14},
       {"├─ │  └─ ", 9},
       {"\uFFFD", 1},
       {"⚡ 96W", 6},
       {"外付けSSD", 9},
       {"디스크", 6},
-      {"\u1112\u1161\u11AB", 2}, // the same kind of syllable, from its letters
+      {"\u1112\u1161\u11AB", 2}, // the same kind of syllable, from separate letters
       {"ＵＳＢ", 6},
       {"\U00020BB7", 2},
       {"🎧", 2},
-      {"👩‍💻", 2}, // joined from two
+      {"👩‍💻", 2}, // two characters joined
       {"👍🏽", 2},
       {"🇨🇭", 2},
       {"❤\uFE0F", 2},
@@ -37,7 +37,7 @@ TEST(TextColumns, CountsWhatATerminalGivesToEachCharacter) {
   }
 }
 
-TEST(TextColumns, KeepsTogetherWhatIsOneCharacterForAPerson) {
+TEST(TextColumns, KeepsGraphemesTogether) {
   std::vector<std::string> texts;
   for (const Grapheme& grapheme : graphemesOf("u\u0308外👩‍💻x🇨🇭🇩🇪")) {
     texts.push_back(grapheme.text);

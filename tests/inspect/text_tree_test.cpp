@@ -121,7 +121,7 @@ TEST(TextTree, WrapsLinesBesideTheConnectors) {
 )");
 }
 
-TEST(TextTree, GivesEvenTheDeepestEntryRoomForABar) {
+TEST(TextTree, LeavesRoomForABarInTheDeepestEntry) {
   TextTree tree = entry({"████████████████████  at port max"});
   for (int level = 0; level < 10; ++level) {
     tree = entry({"hub"}, {std::move(tree)});

@@ -33,7 +33,7 @@ TEST(TreeDocument, HasNodesWithMembersByKind) {
   }
 }
 
-TEST(TreeDocument, LeavesOutOfARecordWhatTheTreeShowsItself) {
+TEST(TreeDocument, LeavesOutPartsOfARecordThatTheTreeShowsItself) {
   const Document document = deskDocument();
 
   EXPECT_EQ(keysOf(at(document, "/portTree/0/bus")), "busNumber hostName uid displayName port");

@@ -5,17 +5,17 @@
 namespace tamberline {
 namespace {
 
-TEST(MacDesktop, HasNoFolderForTheTracesOfARun) {
+TEST(MacDesktop, HasNoRuntimeFolder) {
   EXPECT_TRUE(systemRuntimeFolder().isEmpty());
 }
 
-TEST(MacDesktop, LetsProgramsDecideWhereTheirWindowsStand) {
+TEST(MacDesktop, LetsProgramsPositionTheirWindows) {
   EXPECT_EQ(windowPlacesHere()->decider(), WindowPlaces::Decider::program);
 }
 
 TEST(MacDesktop, StartsWithTheIconOnly) {
   EXPECT_FALSE(opensPanelAtStart());
-  EXPECT_FALSE(takeStartInBackground()); // so that a second start raises the panel of the first
+  EXPECT_FALSE(takeStartInBackground()); // so that a second start raises the first one's panel
 }
 
 } // namespace

@@ -32,7 +32,7 @@ struct Registration {
   io_iterator_t iterator = 0;
 };
 
-/// The objects behind the handles that the calls hand out.
+/// The objects behind the handles that the calls return.
 struct Handles {
   StandInNotificationPort port;
   StandInDispatchQueue mainQueue;
@@ -179,7 +179,7 @@ CFMutableDictionaryRef IOServiceMatching(const char* name) {
   return handles().dictionaries.back().get();
 }
 
-/// Takes over the reference to `matching`, also when it fails.
+/// Takes over the reference to `matching`, even if it fails.
 kern_return_t IOServiceAddMatchingNotification(IONotificationPortRef port,
                                                const io_name_t notificationType,
                                                CFDictionaryRef matching,

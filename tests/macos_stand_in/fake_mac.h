@@ -5,32 +5,32 @@
 
 namespace tamberline {
 
-/// What the stand-ins for the Mac's calls do, and what was asked of them. One for the whole
-/// process; each test begins with a fresh one.
+/// Controls the stand-ins for the Mac's calls, and records the calls. One for the whole process;
+/// each test starts with a fresh one.
 class FakeMac {
 public:
   static FakeMac& get();
   static void reset();
 
-  // What the test decides.
+  // Set by the test.
   bool givesNotificationPort = true;
   bool givesPowerSource = true;
   std::vector<std::string> refusedClasses;
-  /// Objects that each new iterator holds.
+  /// The number of objects in each new iterator.
   int attachedObjects = 2;
   double timeRemaining = -2;
   bool givesLanguages = true;
   std::vector<std::string> languages;
 
-  /// Something appears or goes that the nth registration, counted from 0, watches.
+  /// An object that the nth registration, counted from 0, watches appears or disappears.
   void notifyRegistration(std::size_t index, int objectCount);
   void notifyPowerSource() const;
 
-  /// One line a call: "watch IOServiceMatched IOUSBDevice", "take", "release object".
+  /// One line per call: "watch IOServiceMatched IOUSBDevice", "take", "release object".
   std::vector<std::string> calls;
-  /// Objects and iterators that were given and not released; negative after a release too many.
+  /// The number of unreleased objects and iterators; negative after too many releases.
   int heldObjects = 0;
-  int heldReferences = 0; // of Core Foundation
+  int heldReferences = 0; // of Core Foundation objects
 };
 
 } // namespace tamberline

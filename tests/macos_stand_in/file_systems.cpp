@@ -63,7 +63,8 @@ int fstatfs(int descriptor, struct statfs* buffer) {
   return -1;
 }
 
-/// Without a buffer the number of file systems; otherwise as many as fit, and their number.
+/// Without a buffer, the number of file systems; otherwise fills the buffer and returns the number
+/// of entries.
 int getfsstat(struct statfs* buffer, int bufferSize, int mode) {
   if (mode != MNT_NOWAIT || fileSystems.looksThatSucceed == 0) {
     errno = EINVAL;

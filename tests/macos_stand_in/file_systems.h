@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-/// The Mac's calls about file systems in the hands of a test. One test at a time.
+/// The Mac's calls about file systems, controlled by a test. Only one test at a time.
 struct MacFileSystems {
   struct Mounted {
     std::string device;
@@ -19,19 +19,19 @@ struct MacFileSystems {
   };
 
   std::vector<Mounted> mounted;
-  /// What lies on which of these file systems, by descriptor and mount point.
+  /// The file system at each descriptor and each mount point.
   std::map<int, std::string> openFolders;
-  /// Mounted between the first look at the table and the second.
+  /// Mounted between the first and the second read of the table.
   std::vector<Mounted> mountedMeanwhile;
-  /// Later looks at the table fail.
+  /// Later reads of the table fail.
   int looksThatSucceed = 1000;
 
-  /// Requests to open files, as "48 on 7 with 1", and whether they fail.
+  /// Requests for open files, as "48 on 7 with 1", and whether they fail.
   std::vector<std::string> requests;
   bool refusesRequests = false;
 };
 
-/// What the calls answer from; empty again at the start of each test that asks.
+/// The state that the calls use; emptied at the start of each test that calls this.
 MacFileSystems& freshMacFileSystems();
 
 } // namespace tamberline

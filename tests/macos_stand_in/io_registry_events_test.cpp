@@ -43,7 +43,7 @@ protected:
   int powerChanges = 0;
 };
 
-TEST_F(IORegistryEventsTest, WatchWhatAppearsAndWhatGoes) {
+TEST_F(IORegistryEventsTest, WatchAttachedAndDetachedDevices) {
   start();
   EXPECT_EQ(
       startingWith("watch", mac.calls),
@@ -59,16 +59,16 @@ TEST_F(IORegistryEventsTest, AreDeliveredOnTheMainQueue) {
   EXPECT_EQ(mac.calls.at(1), "deliver on the main queue");
 }
 
-TEST_F(IORegistryEventsTest, DoNotTellOfWhatIsAttachedAlready) {
+TEST_F(IORegistryEventsTest, DoNotReportDevicesThatAreAlreadyAttached) {
   start();
   EXPECT_EQ(registryChanges, 0);
   EXPECT_EQ(powerChanges, 0);
-  // Each of the six is emptied at once: without that, nothing would ever be told.
+  // Each of the six must be emptied at once: otherwise no event would ever be sent.
   EXPECT_EQ(startingWith("find none left", mac.calls).size(), 6U);
   EXPECT_EQ(startingWith("release object", mac.calls).size(), 12U);
 }
 
-TEST_F(IORegistryEventsTest, TellOfEachChangeOnceAndTakeAllThatItBrought) {
+TEST_F(IORegistryEventsTest, ReportEachChangeOnceAndEmptyItsIterator) {
   start();
   for (std::size_t registration = 0; registration < 6; ++registration) {
     SCOPED_TRACE(registration);
@@ -81,7 +81,7 @@ TEST_F(IORegistryEventsTest, TellOfEachChangeOnceAndTakeAllThatItBrought) {
   }
 }
 
-TEST_F(IORegistryEventsTest, TellOfThePowerSource) {
+TEST_F(IORegistryEventsTest, ReportThePowerSource) {
   start();
   EXPECT_EQ(startingWith("add", mac.calls), Lines{"add power source to the main loop"});
   mac.notifyPowerSource();
@@ -118,7 +118,7 @@ TEST_F(IORegistryEventsTest, CanStopTwiceAndWithoutAStart) {
   EXPECT_TRUE(mac.calls.empty());
 }
 
-TEST_F(IORegistryEventsTest, StopWhenTheyGo) {
+TEST_F(IORegistryEventsTest, StopWhenDestroyed) {
   {
     IORegistryEvents others;
     others.start({.registryChanged = [] {}, .powerChanged = [] {}});
@@ -128,7 +128,7 @@ TEST_F(IORegistryEventsTest, StopWhenTheyGo) {
   EXPECT_EQ(mac.heldObjects, 0);
 }
 
-TEST_F(IORegistryEventsTest, GoQuietlyWithoutAStart) {
+TEST_F(IORegistryEventsTest, CanBeDestroyedWithoutAStart) {
   { const IORegistryEvents others; }
   EXPECT_TRUE(mac.calls.empty());
 }
@@ -137,7 +137,7 @@ TEST_F(IORegistryEventsTest, CanStartAgain) {
   start();
   events.stop();
   start();
-  mac.notifyRegistration(6, 1); // the first of the second start
+  mac.notifyRegistration(6, 1); // the first registration of the second start
   EXPECT_EQ(registryChanges, 1);
 }
 
@@ -145,7 +145,7 @@ TEST_F(IORegistryEventsTest, DoWithoutAClassThatTheSystemRefuses) {
   mac.refusedClasses = {"IOUSBDevice"};
   start();
   EXPECT_EQ(startingWith("watch", mac.calls).size(), 6U);
-  mac.notifyRegistration(3, 1); // of the four that are left
+  mac.notifyRegistration(3, 1); // of the remaining four
   EXPECT_EQ(registryChanges, 1);
   events.stop();
   EXPECT_EQ(startingWith("release iterator", mac.calls).size(), 4U);

@@ -22,7 +22,7 @@ TEST_F(MacLanguages, CanHoldAnyLetter) {
   EXPECT_EQ(preferredLanguages(), std::vector<std::string>{"dé-€"});
 }
 
-TEST_F(MacLanguages, AreNoneWhereTheSystemSaysNothing) {
+TEST_F(MacLanguages, AreNoneIfTheSystemHasNone) {
   EXPECT_TRUE(preferredLanguages().empty());
   FakeMac::get().givesLanguages = false;
   EXPECT_TRUE(preferredLanguages().empty());

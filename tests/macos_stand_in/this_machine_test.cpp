@@ -22,7 +22,7 @@ TEST(ThisMac, HasEverythingThatAMacHas) {
   EXPECT_EQ(mac.benchmark->sizeMB(), Benchmark::defaultSizeMB);
 }
 
-TEST(ThisMac, TellsOfItsEvents) {
+TEST(ThisMac, ReportsItsEvents) {
   FakeMac::reset();
   const ScannerOutside mac = thisMachine(std::make_shared<HandDrivenQueue>());
   int changes = 0;

@@ -27,7 +27,7 @@ TEST(ContainerIDs, KeepsTheFirstIdentifierOfALocation) {
   EXPECT_EQ(identifiers.size(), 1U);
 }
 
-TEST(ContainerIDs, TakesANegativeLocationForItsUnsignedSpelling) {
+TEST(ContainerIDs, TreatsANegativeLocationAsItsUnsignedSpelling) {
   ContainerIDs identifiers;
   identifiers.add(-15728640, "negative");
   EXPECT_EQ(identifiers.find(0xFF100000), "negative");
@@ -43,7 +43,7 @@ TEST(ContainerIDs, PrefersTheSpellingThatItIsAskedFor) {
   EXPECT_EQ(identifiers.find(std::numeric_limits<std::int32_t>::min()), "signed");
 }
 
-TEST(ContainerIDs, LeavesNumbersThatAreNoLocationAsTheyAre) {
+TEST(ContainerIDs, LeavesNumbersBeyond32BitsUnchanged) {
   ContainerIDs identifiers;
   identifiers.add(std::numeric_limits<std::int64_t>::min(), "lowest");
   identifiers.add(std::int64_t{std::numeric_limits<std::int32_t>::min()} - 1, "33 bits, negative");

@@ -34,7 +34,7 @@ TEST(FriendlyPortName, IsThePortsLabel) {
   }
 }
 
-TEST(FriendlyPortName, TakesTheNumberBehindTheLastAt) {
+TEST(FriendlyPortName, TakesTheNumberAfterTheLastAt) {
   constexpr PortName names[] = {
       {"Port-USB-C@1@3", "Thunderbolt Port 3"}, {"Port-USB-C@@4", "Thunderbolt Port 4"},
       {"Port-USB-C@5@", "Thunderbolt Port 5"},  {"1@USB-C@007", "Thunderbolt Port 7"},
@@ -46,7 +46,7 @@ TEST(FriendlyPortName, TakesTheNumberBehindTheLastAt) {
   }
 }
 
-TEST(FriendlyPortName, TakesZeroForANumberThatIsNone) {
+TEST(FriendlyPortName, UsesZeroForAnInvalidNumber) {
   constexpr PortName names[] = {
       {"Port-USB-C@x", "Thunderbolt Port 0"},  {"Port-USB-C@2a", "Thunderbolt Port 0"},
       {"Port-USB-C@ 2", "Thunderbolt Port 0"}, {"2@Port-USB-C", "Thunderbolt Port 0"},

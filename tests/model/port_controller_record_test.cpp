@@ -28,7 +28,7 @@ HPMPort idle(HPMPort port) {
   return port;
 }
 
-TEST(HPMPort, TellsAChargerFromADeviceThatOnlyDrawsPower) {
+TEST(HPMPort, DistinguishesAChargerFromADeviceThatOnlyDrawsPower) {
   const Attachment attachments[] = {
       {"an adapter on MagSafe", magSafePort(1), true, false},
       {"MagSafe with data", with(magSafePort(1), &HPMPort::hasData), true, false},
@@ -57,7 +57,7 @@ TEST(HPMPort, AccessoriesOnMagSafeStayChargers) {
   EXPECT_FALSE(port.isChargeOnlyDevice());
 }
 
-TEST(HPMPort, TakesEveryAccessoryButMinusOneForADevice) {
+TEST(HPMPort, TreatsEveryAccessoryExceptMinusOneAsADevice) {
   for (const std::int64_t accessoryID : {0, 1, 5, -2}) {
     SCOPED_TRACE(accessoryID);
     HPMPort port = chargerPort(1);

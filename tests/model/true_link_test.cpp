@@ -9,20 +9,20 @@ namespace {
 constexpr TrueLink symmetric = {40, 40, 2, 2};
 constexpr TrueLink asymmetric = {120, 40, 3, 1};
 
-TEST(TrueLink, SaysOnceWhatHoldsEachWay) {
+TEST(TrueLink, ShowsOneValueIfBothDirectionsAreEqual) {
   EXPECT_EQ(symmetric.label(), "Link each way: 40 Gb/s, 2 lanes");
   EXPECT_EQ((TrueLink{10.3, 10.3, 1, 1}.label()), "Link each way: 10.3 Gb/s, 1 lane");
   EXPECT_EQ((TrueLink{80, 80}.label()), "Link each way: 80 Gb/s");
 }
 
-TEST(TrueLink, TellsTheDirectionsApart) {
+TEST(TrueLink, ShowsBothDirectionsIfTheyDiffer) {
   EXPECT_EQ(asymmetric.label(),
             "Link to the device: 120 Gb/s, 3 lanes · Link from the device: 40 Gb/s, 1 lane");
   EXPECT_EQ((TrueLink{40, 40, 2, 1}.label()),
             "Link to the device: 40 Gb/s, 2 lanes · Link from the device: 40 Gb/s, 1 lane");
 }
 
-TEST(TrueLink, SaysNothingOfADirectionThatIsNotKnown) {
+TEST(TrueLink, OmitsAnUnknownDirection) {
   EXPECT_EQ((TrueLink{.transmitGbps = 40}.label()), "Link to the device: 40 Gb/s");
   EXPECT_EQ((TrueLink{.receiveGbps = 20, .transmitLanes = 2}.label()),
             "Link from the device: 20 Gb/s");

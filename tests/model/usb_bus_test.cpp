@@ -15,7 +15,7 @@ struct BusName {
   std::int64_t portMaxMa;
 };
 
-TEST(UsbBus, IsOfTheKindThatItsNameHolds) {
+TEST(UsbBus, HasTheKindInItsName) {
   constexpr BusName names[] = {
       {"USB31Bus", "USB 3.1 Bus", 10.0, "max 10 Gb/s", 900},
       {"USB30Bus", "USB 3.0 Bus", 5.0, "max 5 Gb/s", 900},

@@ -305,7 +305,7 @@ TEST_F(PanelControllerTest, DoesNothingForActionsThatAreAbsent) {
   panel->quit();
 }
 
-/// A panel whose actions write down that they were asked for.
+/// A panel whose actions record their calls.
 class PanelActionsTest : public PanelFixture {
 protected:
   PanelActions actions() override {
@@ -349,7 +349,7 @@ protected:
     toggle("Thunderbolt Port 2");
   }
 
-  /// As a jump does it, so that the same row pulses anew.
+  /// Like a jump, so that the same row pulses again.
   void highlight(const std::string& name) {
     scanner->highlightedNodeID.set(std::nullopt);
     scanner->highlightedNodeID.set(idOf(name));

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "support/model_recorder.h"
 #include "panel/panel_controller.h"
 #include "scanner/scanner_fixture.h"
+#include "support/model_recorder.h"
 #include "tree/search_entries.h"
 
 #include <QAbstractItemModelTester>
@@ -15,7 +15,7 @@
 
 namespace tamberline {
 
-/// A panel on a scanner in the test's hands.
+/// A panel on a scanner that the test controls.
 class PanelFixture : public ScannerFixture {
 protected:
   void SetUp() override {
@@ -28,7 +28,7 @@ protected:
 
   virtual PanelActions actions() { return {}; }
 
-  /// Port 1 holds a dock with a bus with a hub with keys on it, port 2 a disk with a volume.
+  /// Port 1 has a dock with a bus with a hub with keys on it, port 2 a disk with a volume.
   void answerWithADesk() {
     machine->answer(Question::thunderbolt, R"({"SPThunderboltDataType": [
       {"_name": "thunderboltusb4_bus_0", "_items": [{"_name": "Harbour Dock",
@@ -71,7 +71,7 @@ protected:
         .text.toStdString();
   }
 
-  /// The names of the rows, the tree indented, with what is special.
+  /// The names of the rows, indented as in the tree, with their special properties.
   std::string list() {
     std::string text;
     for (int index = 0; index < panel->rows()->rowCount(); ++index) {
@@ -98,7 +98,7 @@ protected:
     return row == nullptr ? "" : pulseName(row->pulse);
   }
 
-  /// Where the row with the name stands; -1 when it is not shown.
+  /// The index of the row with this name; -1 if it is not shown.
   int indexOf(const std::string& name) {
     for (int row = 0; row < panel->rows()->rowCount(); ++row) {
       if (nameAt(row) == name) {
@@ -110,7 +110,7 @@ protected:
 
   void toggle(const std::string& name) { panel->toggle(indexOf(name)); }
 
-  /// The identifier of a device, shown or not.
+  /// The identifier of a device, whether or not it is shown.
   std::string idOf(const std::string& name) const {
     for (const SearchEntry& entry : flattenSearchable(scanner->portTree.get())) {
       if (entry.name == name) {

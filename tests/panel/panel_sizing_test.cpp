@@ -162,7 +162,7 @@ TEST_F(PanelSizingTest, MayGoWhileAMeasurementWaits) {
   EXPECT_EQ(changes.count(), 0);
 }
 
-/// Keys that stand in an engine with a context, as those in QML do.
+/// Keys in an engine with a context, as in QML.
 class HeightKeyTest : public ScannerFixture {
 protected:
   void SetUp() override {

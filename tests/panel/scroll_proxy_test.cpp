@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A list of fifty rows of 20 points, of which 100 points are seen.
+/// A list of fifty rows of 20 points, of which 100 points are visible.
 class ScrollProxyTest : public ScannerFixture {
 protected:
   void SetUp() override {
@@ -31,7 +31,7 @@ protected:
   }
 
   double position() const { return list->property("contentY").toDouble(); }
-  /// After the time that a way takes.
+  /// The position after the animation.
   double positionInTheEnd() {
     animations.advanceBy(250ms);
     return position();

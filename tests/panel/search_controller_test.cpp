@@ -42,7 +42,7 @@ protected:
   std::optional<std::string> highlighted() const { return scanner->highlightedNodeID.get(); }
 
   std::unique_ptr<SearchController> search;
-  std::string scrolledTo; // which rows were looked up to scroll to them
+  std::string scrolledTo; // the rows that were looked up for scrolling to them
 };
 
 TEST_F(SearchControllerTest, FindsDevicesByNameOrMakerIgnoringCase) {

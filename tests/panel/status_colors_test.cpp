@@ -22,7 +22,7 @@ std::vector<Color> allColors() {
   return colors;
 }
 
-/// The platform's look is put back after each test.
+/// The platform's look is restored after each test.
 class StatusColorsTest : public testing::Test {
 protected:
   StatusColorsTest() { QGuiApplication::setPalette(lightTestPalette()); }

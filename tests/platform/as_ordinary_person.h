@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-/// Root is an ordinary person until the scope ends; whoever is one already stays it.
+/// Drops root's privileges until the scope ends; does nothing for other users.
 class AsOrdinaryPerson {
 public:
   AsOrdinaryPerson() = default;
@@ -15,7 +15,7 @@ public:
   AsOrdinaryPerson& operator=(const AsOrdinaryPerson&) = delete;
   ~AsOrdinaryPerson() { EXPECT_TRUE(!wasRoot_ || seteuid(0) == 0); }
 
-  /// False in a namespace where nobody but root exists.
+  /// False in a namespace that has no users but root.
   bool isPossible() const { return isPossible_; }
 
 private:

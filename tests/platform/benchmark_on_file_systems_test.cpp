@@ -53,7 +53,7 @@ std::vector<std::string> namesIn(const std::filesystem::path& folder) {
   return names;
 }
 
-/// Free bytes of a volume: for an ordinary person, and with what only the system may take.
+/// Free bytes of a volume: for ordinary users, and including those reserved for the system.
 struct Room {
   std::uint64_t ordinary = 0;
   std::uint64_t withReserve = 0;
@@ -73,7 +73,7 @@ void occupy(const std::string& mountPoint, std::uint64_t bytes) {
 
 class BenchmarkOnVolume : public testing::Test {
 protected:
-  /// Skips the test where the machine cannot do that; the test returns then.
+  /// If the machine cannot do that, skips the test; the test must return then.
   void mount(const VolumeSetting& setting) {
     try {
       volume_.emplace(setting);
@@ -85,7 +85,7 @@ protected:
   std::string mountPoint() const { return volume_->mountPoint(); }
   std::filesystem::path file() const { return fileOn(mountPoint()); }
 
-  /// A speed test whose clock does something when writing or reading begins, and when it ends.
+  /// A speed test whose clock performs an action when writing or reading starts and ends.
   Benchmark whoseClockDoes(std::function<void()> action) {
     return Benchmark(realFiles(), {.now = [action = std::move(action)] {
                        action();
@@ -101,10 +101,9 @@ struct FileSystem {
   std::string testName;
   VolumeSetting setting;
   bool isNothingButCache = false;
-  /// Whether writing goes to the medium without a stay in the cache.
+  /// Whether writing goes directly to the medium, without the cache.
   bool writesPastCache = false;
-  /// Whether the thread that asks for the bytes has them moved, so that the system counts them for
-  /// it.
+  /// Whether the calling thread transfers the bytes, so that the system counts them for it.
   bool isCounted = true;
   bool isServedByProgram = false;
 };
@@ -158,7 +157,7 @@ class BenchmarkPastCache : public BenchmarkOnFileSystem {};
 class BenchmarkOnMedium : public BenchmarkOnFileSystem {};
 class BenchmarkOnServedFiles : public BenchmarkOnFileSystem {
 protected:
-  /// What was ever read from the volume's device.
+  /// The total number of bytes read from the volume's device.
   std::uint64_t bytesReadFromDevice() const {
     std::ifstream counts("/sys/block/" + volume_->device().substr(5) + "/stat");
     std::uint64_t reads = 0;
@@ -209,7 +208,7 @@ TEST_P(BenchmarkOnFileSystem, ReadsAgainWhatItRead) {
   EXPECT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
 }
 
-TEST_P(BenchmarkOnFileSystem, ReplacesAFileThatAFormerRunLeft) {
+TEST_P(BenchmarkOnFileSystem, ReplacesAFileLeftByAnEarlierRun) {
   std::ofstream(file()) << std::string(3'000'000, 'x');
   EXPECT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 1)));
   EXPECT_EQ(std::filesystem::file_size(file()), bytesPerMB);
@@ -217,15 +216,15 @@ TEST_P(BenchmarkOnFileSystem, ReplacesAFileThatAFormerRunLeft) {
   EXPECT_FALSE(std::filesystem::exists(file()));
 }
 
-TEST_P(BenchmarkBesideCache, FindsNothingOfTheFileThereWhenReadingBegins) {
+TEST_P(BenchmarkBesideCache, FindsNoPagesOfTheFileThereWhenReadingStarts) {
   std::uint64_t cachedWhenReadingBegins = 1;
-  int looks = 0; // as writing begins and ends, and as reading does
+  int looks = 0; // at the start and end of writing and of reading
   Benchmark looking = whoseClockDoes([&] {
     if (++looks == 3) {
       cachedWhenReadingBegins = cachedBytes(file());
     }
   });
-  // Somebody who looks at the file fills the cache again, whatever writing did.
+  // A program that reads the file fills the cache again, however the file was written.
   ASSERT_TRUE(isSpeed(looking.writeSync(mountPoint(), 17)));
   std::ifstream(file()).ignore(17 * bytesPerMB);
   ASSERT_GT(cachedBytes(file()), 0U);
@@ -233,25 +232,25 @@ TEST_P(BenchmarkBesideCache, FindsNothingOfTheFileThereWhenReadingBegins) {
   EXPECT_EQ(cachedWhenReadingBegins, 0U);
 }
 
-/// A size that is a multiple of every file system's blocks, as that of the real test is.
+/// A size that is a multiple of every file system's block size, like that of the real test.
 constexpr std::int64_t wholeBlocksMB = 64;
 
-/// btrfs writes a chunk through the cache when the kernel took back a page of the memory that it
-/// comes from, and drops what is not in use at that moment.
+/// btrfs writes a chunk through the cache if the kernel has reclaimed a page of the source memory,
+/// and then drops only pages that are unused at that moment.
 constexpr std::uint64_t hardlyAnything = wholeBlocksMB * bytesPerMB / 100;
 
-TEST_P(BenchmarkPastCache, LeavesHardlyAnythingThereByWriting) {
+TEST_P(BenchmarkPastCache, LeavesHardlyAnyPagesThereAfterWriting) {
   ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), wholeBlocksMB)));
   EXPECT_LE(cachedBytes(file()), hardlyAnything);
 }
 
-TEST_P(BenchmarkPastCache, LeavesHardlyAnythingThereByReading) {
+TEST_P(BenchmarkPastCache, LeavesHardlyAnyPagesThereAfterReading) {
   ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), wholeBlocksMB)));
   ASSERT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
   EXPECT_LE(cachedBytes(file()), hardlyAnything);
 }
 
-TEST_P(BenchmarkOnMedium, MovesEveryByteToItAndFromIt) {
+TEST_P(BenchmarkOnMedium, TransfersEveryByteToItAndFromIt) {
   const std::optional<MediumTraffic> before = mediumTraffic();
   if (!before) {
     GTEST_SKIP() << "this system does not count what its threads move";
@@ -270,7 +269,7 @@ TEST_P(BenchmarkOnServedFiles, ReadsEveryByteFromTheDeviceItself) {
   EXPECT_GE(bytesReadFromDevice() - before, 64 * bytesPerMB);
 }
 
-/// The content of a device, mapped, so that the system cannot forget it.
+/// A mapping of a device's content, so that the system cannot drop its pages.
 class RememberedDevice {
 public:
   explicit RememberedDevice(const std::string& path) {
@@ -288,13 +287,13 @@ private:
   void* start_ = nullptr;
 };
 
-TEST_P(BenchmarkOnServedFiles, GivesNoSpeedForWhatTheSystemRemembered) {
+TEST_P(BenchmarkOnServedFiles, GivesNoSpeedForCachedData) {
   ASSERT_TRUE(isSpeed(benchmark_.writeSync(mountPoint(), 64)));
   const RememberedDevice remembered(volume_->device());
   EXPECT_TRUE(isError(benchmark_.readSync(mountPoint()), BenchmarkError::notMeasurable));
 }
 
-TEST_P(BenchmarkOnServedFiles, WritesNothingWhereThePersonMayNotMakeTheSystemForget) {
+TEST_P(BenchmarkOnServedFiles, WritesNothingIfTheUserMayNotDropTheCache) {
   mount({.fileSystem = GetParam().setting.fileSystem,
          .mountOptions = "allow_other,umask=0,uid=65534"});
   const AsOrdinaryPerson scope;
@@ -309,9 +308,9 @@ TEST_P(BenchmarkOnServedFiles, WritesNothingWhereThePersonMayNotMakeTheSystemFor
   EXPECT_EQ(namesIn(mountPoint()), namesBefore);
 }
 
-// --- which volume ---
+// --- identity of the volume ---
 
-TEST_F(BenchmarkOnVolume, TellsAVolumeFromAnotherOneInItsPlaceAndFromNone) {
+TEST_F(BenchmarkOnVolume, DistinguishesAVolumeFromItsReplacementAndFromNone) {
   for (const std::string fileSystem : {"tmpfs", "ext4", "btrfs"}) {
     SCOPED_TRACE(fileSystem);
     mount({.fileSystem = fileSystem});
@@ -335,7 +334,7 @@ TEST_F(BenchmarkOnVolume, TellsAVolumeFromAnotherOneInItsPlaceAndFromNone) {
   }
 }
 
-TEST_F(BenchmarkOnVolume, TakesNoVolumeThatIsMountedOverItsOwn) {
+TEST_F(BenchmarkOnVolume, RejectsAVolumeMountedOverItsOwn) {
   mount({.fileSystem = "ext4"});
   if (IsSkipped()) {
     return;
@@ -357,7 +356,7 @@ TEST_F(BenchmarkOnVolume, KnowsTheDeviceOfAVolume) {
   EXPECT_EQ(realFiles()->openFolder(mountPoint())->identity().deviceNumber, device.st_rdev);
 }
 
-// --- room ---
+// --- free space ---
 
 constexpr std::uint64_t bytesForDefaultSize = 384 * bytesPerMB;
 
@@ -418,7 +417,7 @@ TEST_F(BenchmarkOnVolume, LeavesAloneWhatIsReservedForTheSystem) {
   expectNoSpace(benchmark_, mountPoint());
 }
 
-/// The real folder of a volume that does not tell how much is free.
+/// The real folder of a volume that does not report its free space.
 class SilentFolder final : public VolumeFolder {
 public:
   explicit SilentFolder(std::unique_ptr<VolumeFolder> folder) : folder_(std::move(folder)) {}
@@ -454,9 +453,9 @@ TEST_F(BenchmarkOnVolume, GivesTheRoomBackOfAVolumeThatIsFullSoonerThanExpected)
   EXPECT_EQ(roomOf(mountPoint()).ordinary, roomBefore);
 }
 
-// --- volumes of other kinds ---
+// --- other kinds of volumes ---
 
-TEST_F(BenchmarkOnVolume, TakesAVolumeThatDoesNotTellItsSize) {
+TEST_F(BenchmarkOnVolume, AcceptsAVolumeThatDoesNotReportItsFreeSpace) {
   mount({.fileSystem = "ramfs"});
   if (IsSkipped()) {
     return;
@@ -497,9 +496,9 @@ TEST_F(BenchmarkOnVolume, TakesEveryNameThatAVolumeCanHave) {
   }
 }
 
-// --- what happens meanwhile ---
+// --- changes during a test ---
 
-TEST_F(BenchmarkOnVolume, TakesItsFileFromAVolumeThatIsNotMountedAnyMore) {
+TEST_F(BenchmarkOnVolume, RemovesItsFileFromAVolumeThatIsNoLongerMounted) {
   mount({.fileSystem = "tmpfs"});
   if (IsSkipped()) {
     return;
@@ -548,7 +547,7 @@ TEST_F(BenchmarkOnVolume, FailsWhenTheMediumCannotBeRead) {
   EXPECT_TRUE(isError(benchmark_.readSync(mountPoint()), BenchmarkError::ioError));
 }
 
-TEST_F(BenchmarkOnVolume, FailsWhenTheMediumTakesLessThanItSays) {
+TEST_F(BenchmarkOnVolume, FailsWhenTheMediumAcceptsLessThanItReports) {
   mount({.fileSystem = "ext4", .mediumBytes = 40 * bytesPerMB});
   if (IsSkipped()) {
     return;
@@ -556,7 +555,7 @@ TEST_F(BenchmarkOnVolume, FailsWhenTheMediumTakesLessThanItSays) {
   EXPECT_TRUE(isError(benchmark_.writeSync(mountPoint(), 64), BenchmarkError::noSpace));
 }
 
-TEST_F(BenchmarkOnVolume, ReadsWhatIsLeftOfAFileThatSomebodyCutsShort) {
+TEST_F(BenchmarkOnVolume, ReadsTheRestOfAFileThatAnotherProgramTruncates) {
   mount({.fileSystem = "tmpfs"});
   if (IsSkipped()) {
     return;
@@ -566,7 +565,7 @@ TEST_F(BenchmarkOnVolume, ReadsWhatIsLeftOfAFileThatSomebodyCutsShort) {
   EXPECT_TRUE(isSpeed(benchmark_.readSync(mountPoint())));
 }
 
-TEST_F(BenchmarkOnVolume, GivesNoSpeedForAFileThatSomebodyEmptied) {
+TEST_F(BenchmarkOnVolume, GivesNoSpeedForAFileThatAnotherProgramEmptied) {
   mount({.fileSystem = "tmpfs"});
   if (IsSkipped()) {
     return;
@@ -576,7 +575,7 @@ TEST_F(BenchmarkOnVolume, GivesNoSpeedForAFileThatSomebodyEmptied) {
   EXPECT_FALSE(isSpeed(benchmark_.readSync(mountPoint())));
 }
 
-TEST_F(BenchmarkOnVolume, CannotReadAFileThatSomebodyRemoved) {
+TEST_F(BenchmarkOnVolume, CannotReadAFileThatAnotherProgramRemoved) {
   mount({.fileSystem = "tmpfs"});
   if (IsSkipped()) {
     return;
@@ -586,7 +585,7 @@ TEST_F(BenchmarkOnVolume, CannotReadAFileThatSomebodyRemoved) {
   EXPECT_TRUE(isError(benchmark_.readSync(mountPoint()), BenchmarkError::ioError));
 }
 
-TEST_F(BenchmarkOnVolume, TakesTheFileAwayWhenTheProgramEnds) {
+TEST_F(BenchmarkOnVolume, RemovesTheFileWhenTheProgramEnds) {
   mount({.fileSystem = "ext4"});
   if (IsSkipped()) {
     return;
@@ -608,7 +607,7 @@ constexpr bool allocatorKeepsMemory =
 constexpr bool allocatorKeepsMemory = false;
 #endif
 
-/// Two hundred in two halves; sanitizers are slow, and find in a few what they can find.
+/// 200 in two halves; sanitizers are slow, and a few tests are enough for them.
 constexpr int halfOfTheTests = allocatorKeepsMemory ? 25 : 100;
 
 void runWholeTests(int count, const std::string& mountPoint) {

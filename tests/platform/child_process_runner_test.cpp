@@ -42,7 +42,7 @@ TEST(ChildProcessRunner, ReturnsTheOutputOfAToolThatDiesWithoutAStatus) {
   EXPECT_EQ(output.exitStatus, std::nullopt);
 }
 
-TEST(ChildProcessRunner, ReturnsNothingForAToolThatIsMissingOrNoProgram) {
+TEST(ChildProcessRunner, ReturnsNothingForAToolThatIsMissingOrNotExecutable) {
   for (const std::string executable : {"/nowhere/tool", "/etc/passwd", "/", ""}) {
     SCOPED_TRACE(executable);
     const ToolOutput output = ChildProcessRunner().run(executable, {"-json"});
@@ -57,7 +57,7 @@ TEST(ChildProcessRunner, TakesAHundredMegabytes) {
   EXPECT_EQ(output.exitStatus, 0);
 }
 
-TEST(ChildProcessRunner, EndsAToolThatPrintsWithoutEnd) {
+TEST(ChildProcessRunner, KillsAToolWithEndlessOutput) {
   const ToolOutput output = runTool({"endless"});
   EXPECT_EQ(output.standardOutput, "");
   EXPECT_EQ(output.exitStatus, std::nullopt);
@@ -75,11 +75,11 @@ TEST(ChildProcessRunner, IsNotHeldUpByAToolThatFillsItsStandardError) {
   EXPECT_EQ(output.standardOutput, "done");
 }
 
-TEST(ChildProcessRunner, KeepsBytesThatAreNoText) {
+TEST(ChildProcessRunner, KeepsBinaryOutput) {
   EXPECT_EQ(runTool({"bytes"}).standardOutput, std::string("a\0\xff\xfe\n", 5));
 }
 
-TEST(ChildProcessRunner, HandsDownNoDescriptorsButTheStandardOnes) {
+TEST(ChildProcessRunner, PassesOnlyTheStandardDescriptorsToTheTool) {
   const int inheritable = open("/dev/null", O_RDONLY); // NOLINT: left without O_CLOEXEC on purpose
   ASSERT_GE(inheritable, 3);
   EXPECT_EQ(runTool({"descriptors"}).standardOutput, "0 1 2 ");
@@ -90,7 +90,7 @@ TEST(ChildProcessRunner, GivesTheToolNothingToRead) {
   EXPECT_EQ(runTool({"input"}).standardOutput, "nothing to read");
 }
 
-TEST(ChildProcessRunner, HandsDownTheEnvironment) {
+TEST(ChildProcessRunner, PassesTheEnvironmentToTheTool) {
   setenv("TAMBERLINE_TEST_VALUE", "handed down", 1);
   EXPECT_EQ(runTool({"environment", "TAMBERLINE_TEST_VALUE"}).standardOutput, "handed down");
   unsetenv("TAMBERLINE_TEST_VALUE");

@@ -15,8 +15,8 @@ namespace {
 
 constexpr int longEnoughForAnyMachine = 30'000; // milliseconds
 
-/// Starts a program that writes everything into a pipe. Not QProcess: the thread sanitizer takes
-/// its way of starting one for a fork of this process.
+/// Starts a program that writes all its output to a pipe. QProcess is not used, because the thread
+/// sanitizer mistakes its way of starting a program for a fork of this process.
 pid_t spawn(std::vector<std::string> words, int output) {
   std::vector<char*> pointers;
   pointers.reserve(words.size() + 1);

@@ -7,24 +7,24 @@
 
 namespace tamberline {
 
-/// A program that runs beside a test. It is killed when this goes, and when the thread that made
-/// this ends, however it does. What it writes goes nowhere but here.
+/// A program that runs during a test. It is killed when this object is destroyed, and when the
+/// thread that created it ends in any way. Its output only goes here.
 class ChildProgram {
 public:
-  /// Finds the program like a shell does.
+  /// Finds the program in PATH.
   explicit ChildProgram(const std::vector<std::string>& programAndArguments);
   ChildProgram(const ChildProgram&) = delete;
   ChildProgram& operator=(const ChildProgram&) = delete;
   ~ChildProgram();
 
-  /// Waits for a line of output that begins so; a test fails when there is none.
+  /// Waits for a line of output that starts like this; the test fails if there is none.
   void waitForLine(std::string_view beginning);
 
-  /// What it has written up to now.
+  /// Its output so far.
   const std::string& output();
 
 private:
-  /// False when nothing comes in the time, in milliseconds, or nothing can come any more.
+  /// False if there is no output within this time, in milliseconds, or no more output is possible.
   bool readMore(int patience);
 
   int output_ = -1;

@@ -8,7 +8,7 @@
 namespace tamberline {
 namespace {
 
-/// The disk utility, which answers what the test wants.
+/// A disk utility that gives the answers set by the test.
 class FakeDiskUtility final : public ToolRunner {
 public:
   explicit FakeDiskUtility(ToolOutput answer) : answer_(std::move(answer)) {}
@@ -35,7 +35,7 @@ EjectOutcome outcomeOf(ToolOutput answer) {
       .eject({.mountPoint = "/Volumes/Data"});
 }
 
-TEST(DiskUtilityEjector, HandsTheMountPointOverAsOneWord) {
+TEST(DiskUtilityEjector, PassesTheMountPointAsOneArgument) {
   for (const std::string mountPoint :
        {"/Volumes/Data", "/Volumes/My Disk", "/Volumes/\"quoted\" 'twice'", "/Volumes/Füße",
         "/Volumes/-rf", "/Volumes/$HOME;ls", "/Volumes/a\nb"}) {
@@ -52,7 +52,7 @@ TEST(DiskUtilityEjector, SucceedsOnlyWithStatusZero) {
   EXPECT_FALSE(outcomeOf({"", std::nullopt}).isEjected);
 }
 
-TEST(DiskUtilityEjector, GivesWhatTheToolSays) {
+TEST(DiskUtilityEjector, ReturnsTheToolsMessage) {
   EXPECT_EQ(outcomeOf({"Volume busy\n", 1}).message, "Volume busy\n");
   EXPECT_EQ(outcomeOf({"", std::nullopt}).message, "");
 }

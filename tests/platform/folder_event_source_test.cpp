@@ -28,7 +28,7 @@ protected:
     std::ofstream(folder / fileName, std::ios::binary) << content;
   }
 
-  /// Whether a change is told, and forgets it.
+  /// Whether a change was reported; resets the flag.
   bool wasTold() {
     const bool wasTold = runEventsUntil([this] { return changes > 0; });
     QCoreApplication::processEvents();
@@ -36,8 +36,8 @@ protected:
     return wasTold;
   }
 
-  /// Whether the change that follows is the only one told: events come in their order, and a new
-  /// folder is one event.
+  /// Whether the following change is the only one reported: events come in order, and a new folder
+  /// is one event.
   bool wasNothingToldBefore() {
     fs::create_directory(folder / "marker");
     return runEventsUntil([this] { return changes > 0; }) && changes == 1;
@@ -54,7 +54,7 @@ protected:
   int changes = 0;
 };
 
-TEST_F(FolderEvents, TellAChangedFile) {
+TEST_F(FolderEvents, ReportAChangedFile) {
   start();
   save("SPUSBDataType.json", "second");
   EXPECT_TRUE(wasTold());
@@ -62,7 +62,7 @@ TEST_F(FolderEvents, TellAChangedFile) {
   EXPECT_TRUE(wasTold());
 }
 
-TEST_F(FolderEvents, TellANewFileAndWhatBecomesOfIt) {
+TEST_F(FolderEvents, ReportANewFileAndItsChanges) {
   start();
   save("SPPowerDataType.json", "first");
   EXPECT_TRUE(wasTold());
@@ -70,13 +70,13 @@ TEST_F(FolderEvents, TellANewFileAndWhatBecomesOfIt) {
   EXPECT_TRUE(wasTold());
 }
 
-TEST_F(FolderEvents, TellARemovedFile) {
+TEST_F(FolderEvents, ReportARemovedFile) {
   start();
   fs::remove(folder / "SPUSBDataType.json");
   EXPECT_TRUE(wasTold());
 }
 
-TEST_F(FolderEvents, TellAFileThatWasReplacedAndWhatBecomesOfTheNewOne) {
+TEST_F(FolderEvents, ReportAReplacedFileAndChangesOfTheNewOne) {
   start();
   for (const std::string content : {"second", "third"}) {
     std::ofstream(parent.path() / "new") << content;
@@ -87,7 +87,7 @@ TEST_F(FolderEvents, TellAFileThatWasReplacedAndWhatBecomesOfTheNewOne) {
   EXPECT_TRUE(wasTold());
 }
 
-TEST_F(FolderEvents, TellAFolderThatGoesAndComesBack) {
+TEST_F(FolderEvents, ReportAFolderThatDisappearsAndReappears) {
   start();
   fs::remove_all(folder);
   EXPECT_TRUE(wasTold());
@@ -99,7 +99,7 @@ TEST_F(FolderEvents, TellAFolderThatGoesAndComesBack) {
   EXPECT_TRUE(wasTold());
 }
 
-TEST_F(FolderEvents, TellAFolderThatWasReplacedAndWhatBecomesOfTheNewOne) {
+TEST_F(FolderEvents, ReportAReplacedFolderAndChangesOfTheNewOne) {
   start();
   fs::create_directory(parent.path() / "new");
   std::ofstream(parent.path() / "new" / "SPPowerDataType.json") << "first";
@@ -110,7 +110,7 @@ TEST_F(FolderEvents, TellAFolderThatWasReplacedAndWhatBecomesOfTheNewOne) {
   EXPECT_TRUE(wasTold());
 }
 
-TEST_F(FolderEvents, TellAFolderThatComesWithTheFoldersAboveIt) {
+TEST_F(FolderEvents, ReportAFolderThatAppearsWithItsParents) {
   fs::remove_all(parent.path());
   start();
   fs::create_directories(folder);
@@ -119,7 +119,7 @@ TEST_F(FolderEvents, TellAFolderThatComesWithTheFoldersAboveIt) {
   EXPECT_TRUE(wasTold());
 }
 
-TEST_F(FolderEvents, TellNothingOfWhatIsBesideTheFolder) {
+TEST_F(FolderEvents, IgnoreOtherFolders) {
   start();
   parent.save("beside", "first");
   parent.save("beside", "second");
@@ -127,13 +127,13 @@ TEST_F(FolderEvents, TellNothingOfWhatIsBesideTheFolder) {
   EXPECT_TRUE(wasNothingToldBefore());
 }
 
-TEST_F(FolderEvents, TellNothingOfWhatWasBefore) {
+TEST_F(FolderEvents, DoNotReportEarlierChanges) {
   save("SPUSBDataType.json", "second");
   start();
   EXPECT_TRUE(wasNothingToldBefore());
 }
 
-TEST_F(FolderEvents, TellNothingWhileStopped) {
+TEST_F(FolderEvents, ReportNothingWhileStopped) {
   start();
   save("SPUSBDataType.json", "second");
   source.stop();
@@ -152,7 +152,7 @@ TEST_F(FolderEvents, MayBeStoppedTwiceAndWithoutAStart) {
   EXPECT_TRUE(wasTold());
 }
 
-TEST_F(FolderEvents, MayBeStoppedByWhoeverIsTold) {
+TEST_F(FolderEvents, MayBeStoppedByTheirHandler) {
   source.start({.registryChanged =
                     [this] {
                       ++changes;

@@ -6,7 +6,7 @@
 namespace tamberline {
 namespace {
 
-TEST(MacBackgroundTask, HasThePriorityOfWhatAPersonWaitsFor) {
+TEST(MacBackgroundTask, HasTheUserInitiatedPriority) {
   const std::vector<std::string>& priorities = freshMacPriorities();
   becomeUserInitiatedTask();
   EXPECT_EQ(priorities, std::vector<std::string>{"19 0"});

@@ -14,11 +14,11 @@ namespace {
 
 using Requests = std::vector<std::string>;
 
-/// As the Mac numbers what a program may ask of an open file.
+/// The Mac's number of this request for an open file.
 const std::string noCache = "48";
 const std::string fullSync = "51";
 
-TEST(MacVolumeIo, TellsWhatMayStillBeWritten) {
+TEST(MacVolumeIo, ReportsTheFreeSpace) {
   constexpr std::uint64_t manyBlocks = std::uint64_t{1} << 40U;
   MacFileSystems& fileSystems = freshMacFileSystems();
   fileSystems.mounted = {{"/dev/disk4s1", "/Volumes/Data", 4096, 25},
@@ -34,7 +34,7 @@ TEST(MacVolumeIo, TellsWhatMayStillBeWritten) {
   EXPECT_EQ(availableBytes(7), std::nullopt);
 }
 
-TEST(MacVolumeIo, TellsAVolumeFromAnotherOneInItsPlace) {
+TEST(MacVolumeIo, DistinguishesAVolumeFromItsReplacement) {
   MacFileSystems& fileSystems = freshMacFileSystems();
   fileSystems.mounted = {{.device = "/dev/disk4s1", .mountPoint = "/Volumes/Data", .number = 16}};
   fileSystems.openFolders = {{3, "/Volumes/Data"}};
@@ -47,7 +47,7 @@ TEST(MacVolumeIo, TellsAVolumeFromAnotherOneInItsPlace) {
   EXPECT_FALSE(identityOf(3, "/Volumes/Data").isSameVolumeAs(first));
 }
 
-TEST(MacVolumeIo, TakesAFolderThatOnlyLiesOnAVolumeForNone) {
+TEST(MacVolumeIo, DoesNotTreatAnOrdinaryFolderAsAVolume) {
   MacFileSystems& fileSystems = freshMacFileSystems();
   fileSystems.mounted = {{.device = "/dev/disk3s1", .mountPoint = "/"}};
   fileSystems.openFolders = {{3, "/"}};
@@ -67,8 +67,8 @@ TEST(MacVolumeIo, SaysWhenTheCacheCannotBeTurnedOff) {
   EXPECT_FALSE(bypassCache(7));
 }
 
-/// No file is open under -1, so the ordinary way, which is this system's own, leaves its error.
-TEST(MacVolumeIo, FlushesToTheMediumAndTheOrdinaryWayWhereThatIsRefused) {
+/// No file is open under -1, so the ordinary way, which is this system's own, sets its error.
+TEST(MacVolumeIo, FlushesToTheMediumOrElseTheOrdinaryWay) {
   MacFileSystems& fileSystems = freshMacFileSystems();
   EXPECT_TRUE(flushToMedium(-1));
   EXPECT_EQ(fileSystems.requests, Requests{fullSync + " on -1"});
@@ -79,7 +79,7 @@ TEST(MacVolumeIo, FlushesToTheMediumAndTheOrdinaryWayWhereThatIsRefused) {
   EXPECT_EQ(errno, EBADF);
 }
 
-TEST(MacVolumeIo, HasNothingToForgetBeforeReading) {
+TEST(MacVolumeIo, HasNoCacheToDropBeforeReading) {
   const MacFileSystems& fileSystems = freshMacFileSystems();
   dropCachedPages(7);
   EXPECT_FALSE(isServedByProgram(7));

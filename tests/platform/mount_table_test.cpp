@@ -45,7 +45,7 @@ TEST(MountTable, HasWhatIsMountedWhileItIsRead) {
   }
 }
 
-TEST(MountTable, IsEmptyWhereTheSystemDoesNotTell) {
+TEST(MountTable, IsEmptyIfTheSystemReportsNothing) {
   for (const int looks : {0, 1, 2}) {
     SCOPED_TRACE(looks);
     MacFileSystems& fileSystems = freshMacFileSystems();

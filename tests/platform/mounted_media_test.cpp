@@ -11,7 +11,7 @@
 namespace tamberline {
 namespace {
 
-/// A line for each volume, by location: "34603008 | Data | /Volumes/Data".
+/// One line for each volume, by location: "34603008 | Data | /Volumes/Data".
 std::string volumesText(const VolumesByLocation& volumes) {
   std::vector<std::int64_t> locations;
   for (const auto& [location, volumesThere] : volumes) {
@@ -88,13 +88,13 @@ TEST(MountedMedia, OfADeviceWithoutLocationDoNotGoToTheHubAboveIt) {
   }
 }
 
-TEST(MountedMedia, OutsideOfEveryDeviceGoToNone) {
+TEST(MountedMedia, OutsideOfEveryDeviceBelongToNone) {
   EXPECT_EQ(joined("<array>" + medium("disk4") + device("1", "") + medium("disk5") + "</array>",
                    {{"/dev/disk4", "/a"}, {"/dev/disk5", "/b"}}),
             "");
 }
 
-TEST(MountedMedia, ThatTheDumpShowsTwiceCountWhereTheyStandFirst) {
+TEST(MountedMedia, ThatAreInTheDumpTwiceBelongToTheFirstPlace) {
   const std::string disk = device("2", medium("disk4"));
   EXPECT_EQ(joined("<array>" + device("1", disk) + disk + device("3", medium("disk4")) + "</array>",
                    {{"/dev/disk4", "/a"}}),
@@ -149,7 +149,7 @@ TEST(MountedMedia, AreRecognisedByTheWholeNameOfTheirDevice) {
   }
 }
 
-TEST(MountedMedia, AreRecognisedWhereAProgramServesThem) {
+TEST(MountedMedia, AreRecognisedOnFuseFileSystems) {
   const struct {
     std::string source;
     std::string expected;

@@ -32,15 +32,15 @@ namespace {
 constexpr std::uint64_t mediumSize = 512U << 20U;
 constexpr unsigned long mountFlags = MS_NOSUID | MS_NODEV;
 
-/// A driver that runs as a program, in the foreground.
+/// A file system driver that runs as a program, in the foreground.
 struct Driver {
   const char* program;
-  const char* foreground; // the option that keeps it there
-  const char* maker;      // of the file system
+  const char* foreground; // the option that keeps it in the foreground
+  const char* maker;      // the program that makes the file system
   std::vector<std::string> makerOptions;
 };
 
-/// Null where the kernel itself is the driver.
+/// Null if the kernel itself is the driver.
 const Driver* driverOf(const std::string& fileSystem) {
   static const std::map<std::string, Driver> drivers = {
       {"exfat-fuse", {"/usr/sbin/mount.exfat-fuse", "-d", "mkfs.exfat", {}}},
@@ -58,7 +58,7 @@ void saveText(const std::string& path, const std::string& text) {
   std::ofstream(path) << text;
 }
 
-/// An ordinary person may mount in a namespace where it takes itself for root.
+/// Ordinary users may mount in a namespace in which they are root.
 bool enterAsOrdinaryPerson() {
   const uid_t user = geteuid();
   const gid_t group = getegid();
@@ -71,7 +71,7 @@ bool enterAsOrdinaryPerson() {
   return true;
 }
 
-/// The reason why not; empty when it worked.
+/// The reason for a failure; empty on success.
 std::string tryToEnterPrivateMounts() {
   if (unshare(CLONE_NEWNS) != 0 && !enterAsOrdinaryPerson()) {
     return errorText("no mounts of its own for the process");
@@ -99,7 +99,7 @@ std::vector<std::string> makerOf(const std::string& fileSystem) {
   return command;
 }
 
-/// Another process may take the device in between; the caller tries again then.
+/// Another process may take the device in between; then the caller tries again.
 Descriptor tryToAttach(const Descriptor& control, const Descriptor& medium, std::string& path) {
   path = "/dev/loop" + std::to_string(ioctl(control.number(), LOOP_CTL_GET_FREE));
   Descriptor device(open(path.c_str(), O_RDWR | O_CLOEXEC));
@@ -112,7 +112,7 @@ Descriptor tryToAttach(const Descriptor& control, const Descriptor& medium, std:
   return device;
 }
 
-/// A block device over the file; it goes when nobody has it open or mounted.
+/// A block device on the file; it is removed when it is neither open nor mounted.
 Descriptor attach(const std::string& medium, std::string& path) {
   const Descriptor control(open("/dev/loop-control", O_RDWR | O_CLOEXEC));
   const Descriptor file(open(medium.c_str(), O_RDWR | O_CLOEXEC));
@@ -130,7 +130,7 @@ int openProcess(pid_t process) {
   return static_cast<int>(syscall(SYS_pidfd_open, process, 0));
 }
 
-/// Becomes the driver, which says nothing.
+/// Runs the driver in this process, without output.
 [[noreturn]] void becomeDriver(const Driver& driver, const char* options, const char* device,
                                const char* mountPoint) {
   const int nothing = open("/dev/null", O_RDWR);
@@ -141,11 +141,12 @@ int openProcess(pid_t process) {
   _exit(EXIT_FAILURE);
 }
 
-/// Becomes the keeper of a driver, which ends with it. When the test's process ends first, the
-/// keeper unmounts: a driver that is killed while nobody else has its volume never ends.
+/// Makes this process the keeper of a driver; it ends with the driver. If the test's process ends
+/// first, the keeper unmounts the volume: a driver that is killed while no other process has its
+/// volume never ends.
 [[noreturn]] void becomeKeeper(int testProcess, const Driver& program, const char* options,
                                const char* device, const char* mountPoint) {
-  setsid(); // out of reach of the keyboard
+  setsid(); // not reached by signals from the keyboard
   const pid_t driver = fork();
   if (driver == 0) {
     becomeDriver(program, options, device, mountPoint);
@@ -167,7 +168,8 @@ bool isServedByDriver(const std::string& mountPoint) {
   return statfs(mountPoint.c_str(), &status) == 0 && status.f_type == fuseType;
 }
 
-/// False when the keeper ended, or when nothing happens for a time that is long enough anywhere.
+/// False if the keeper ended, or if nothing happened for a time that is long enough for any
+/// machine.
 bool awaitDriver(pid_t keeper, const Descriptor& mounts, const std::string& mountPoint) {
   const Descriptor process(openProcess(keeper));
   constexpr int patienceMilliseconds = 30'000;
@@ -199,7 +201,7 @@ MountedVolume::Folder::Folder() {
   std::string pattern = testing::TempDir() + "/tamberline völume XXXXXX";
   require(mkdtemp(pattern.data()) != nullptr, pattern);
   path = std::filesystem::canonical(pattern);
-  require(chmod(path.c_str(), 0755) == 0, pattern); // tests are ordinary persons, too
+  require(chmod(path.c_str(), 0755) == 0, pattern); // tests also run as ordinary users
 }
 
 MountedVolume::Folder::~Folder() {

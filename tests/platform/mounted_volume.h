@@ -9,24 +9,24 @@
 
 namespace tamberline {
 
-/// This machine cannot make the volume; the text says what it lacks.
+/// This machine cannot make the volume; the text says what is missing.
 class VolumeUnavailable final : public std::runtime_error {
 public:
   using runtime_error::runtime_error;
 };
 
 struct VolumeSetting {
-  /// As the kernel names it; "exfat-fuse" and "ntfs-3g" are drivers that run as programs.
+  /// The kernel's name for it; "exfat-fuse" and "ntfs-3g" are drivers that run as programs.
   std::string fileSystem = "tmpfs";
   std::string mountOptions = {};
   /// The last component of the mount point.
   std::string name = "volume";
-  /// How much the medium really takes before it fails; everything when absent.
+  /// How much the medium accepts before it fails; everything if absent.
   std::optional<std::uint64_t> mediumBytes = std::nullopt;
 };
 
-/// A file system of the running test, empty, mounted where no other process sees it: the system
-/// takes it back with the process, however that ends. What is not in memory is on a sparse file.
+/// An empty file system of the running test, mounted where no other process sees it: the system
+/// removes it when the process ends in any way. If it is not in memory, it is on a sparse file.
 class MountedVolume {
 public:
   /// Throws VolumeUnavailable.
@@ -37,29 +37,29 @@ public:
 
   std::string mountPoint() const { return mountPoint_.string(); }
 
-  /// "/dev/loop0"; empty for what is in memory.
+  /// "/dev/loop0"; empty for a file system in memory.
   const std::string& device() const { return device_; }
 
   void makeReadOnly() const;
 
-  /// Somebody unmounts the volume and mounts another one of its kind in its place.
+  /// Unmounts the volume and mounts another one of the same kind in its place.
   void replace();
 
-  /// Somebody mounts something else over the volume.
+  /// Mounts something else over the volume.
   void mountOver() const;
 
-  /// The volume goes away, while what is open stays open.
+  /// Detaches the volume; open files stay open.
   void detach() const;
 
-  /// Every later access to the volume fails, as when the drive is pulled. Only ext4 and xfs.
+  /// Makes every later access to the volume fail, as when the drive is pulled. Only ext4 and xfs.
   void pullDrive() const;
 
-  /// What the medium holds is gone and cannot be read.
+  /// Makes the content of the medium unreadable.
   void loseMediumContent() const;
 
 private:
-  /// A folder of its own with a blank and a letter beyond ASCII in its path, removed last,
-  /// with what is mounted in it.
+  /// A folder with a blank and a non-ASCII letter in its path, removed last, together with what is
+  /// mounted in it.
   struct Folder {
     Folder();
     Folder(const Folder&) = delete;
@@ -81,7 +81,7 @@ private:
   std::filesystem::path medium_;
   std::filesystem::path mountPoint_;
   std::string device_;
-  pid_t keeper_ = -1; // of a driver that is a program
+  pid_t keeper_ = -1; // if the driver is a program
 };
 
 } // namespace tamberline

@@ -38,12 +38,12 @@ bool isError(const BenchmarkResult& result, BenchmarkError error) {
 
 const std::string name(Benchmark::fileName);
 
-/// The file that was made in a folder, which must have been possible.
+/// The file created in a folder; fails the test if it was not.
 std::unique_ptr<VolumeFile> fileMadeIn(VolumeFolder& folder) {
   return std::get<std::unique_ptr<VolumeFile>>(folder.create(name));
 }
 
-/// What can be said of a name without following or opening it.
+/// The properties of a name, read without following or opening it.
 struct Look {
   mode_t mode = 0;
   ino_t number = 0;
@@ -61,7 +61,7 @@ Look lookAt(const fs::path& path) {
           fs::is_symlink(path) ? fs::read_symlink(path).string() : ""};
 }
 
-/// A folder that stands for a volume, beside a file of somebody.
+/// A folder that stands for a volume, next to another user's file.
 class PosixVolumeFilesTest : public testing::Test {
 protected:
   PosixVolumeFilesTest() {
@@ -77,7 +77,7 @@ protected:
     return PosixVolumeFiles().openFolder(mountPoint());
   }
 
-  /// Whatever has the name stays as it is, and so does the file of somebody.
+  /// The entry with the name must not change, and neither must the other user's file.
   void expectToBeLeftAlone() {
     const Look before = lookAt(file());
     EXPECT_TRUE(isError(benchmark_.writeSync(mountPoint(), 1), BenchmarkError::notWritable));
@@ -119,7 +119,7 @@ TEST_F(PosixVolumeFilesTest, LeavesFoldersAlone) {
   EXPECT_EQ(contentOf(file() / "inside"), "content");
 }
 
-TEST_F(PosixVolumeFilesTest, WaitsForNobodyAtAPipeWithoutReader) {
+TEST_F(PosixVolumeFilesTest, DoesNotWaitAtAPipeWithoutAReader) {
   ASSERT_EQ(mkfifo(file().c_str(), 0600), 0);
   expectToBeLeftAlone();
 }
@@ -159,7 +159,7 @@ TEST_F(PosixVolumeFilesTest, LeavesAFileThatHasAnotherNameTooAlone) {
   expectToBeLeftAlone();
 }
 
-TEST_F(PosixVolumeFilesTest, NeverWritesToWhatTakesTheNameAtTheLastMoment) {
+TEST_F(PosixVolumeFilesTest, NeverWritesToAnEntryThatTakesTheNameAtTheLastMoment) {
   const fs::path link = folder_.path() / "link";
   std::atomic<bool> isOver = false;
   std::thread somebody([&] {
@@ -188,9 +188,9 @@ TEST_F(PosixVolumeFilesTest, NeverWritesToWhatTakesTheNameAtTheLastMoment) {
   EXPECT_EQ(contentOf(somebodysFile_), "somebody's content");
 }
 
-// --- files of former runs ---
+// --- files of earlier runs ---
 
-TEST_F(PosixVolumeFilesTest, ReplacesAFileThatAFormerRunLeftAndRemovesIt) {
+TEST_F(PosixVolumeFilesTest, ReplacesAFileLeftByAnEarlierRunAndRemovesIt) {
   folder_.save("volume/" + std::string(Benchmark::fileName), std::string(3'000'000, 'x'));
   EXPECT_TRUE(std::holds_alternative<double>(benchmark_.writeSync(mountPoint(), 1)));
   EXPECT_EQ(fs::file_size(file()), 1'000'000U);
@@ -198,7 +198,7 @@ TEST_F(PosixVolumeFilesTest, ReplacesAFileThatAFormerRunLeftAndRemovesIt) {
   EXPECT_TRUE(fs::is_empty(volume_));
 }
 
-TEST_F(PosixVolumeFilesTest, ReplacesAFileOfAFormerRunThatCannotBeWritten) {
+TEST_F(PosixVolumeFilesTest, ReplacesAReadOnlyFileLeftByAnEarlierRun) {
   folder_.save("volume/" + std::string(Benchmark::fileName), "left");
   fs::permissions(file(), fs::perms{0444});
   const AsOrdinaryPerson scope;
@@ -209,7 +209,7 @@ TEST_F(PosixVolumeFilesTest, ReplacesAFileOfAFormerRunThatCannotBeWritten) {
   EXPECT_EQ(fs::file_size(file()), 1'000'000U);
 }
 
-TEST_F(PosixVolumeFilesTest, CannotWriteToAVolumeOfSomebodyElse) {
+TEST_F(PosixVolumeFilesTest, CannotWriteToAnotherUsersVolume) {
   fs::permissions(volume_, fs::perms{0555});
   const AsOrdinaryPerson scope;
   if (!scope.isPossible()) {
@@ -219,9 +219,9 @@ TEST_F(PosixVolumeFilesTest, CannotWriteToAVolumeOfSomebodyElse) {
   EXPECT_TRUE(fs::is_empty(volume_));
 }
 
-// --- mount points that name no volume ---
+// --- mount points that are not volumes ---
 
-/// The folder is the working directory until the scope ends.
+/// Makes the folder the working directory until the scope ends.
 class WorkingIn {
 public:
   explicit WorkingIn(const fs::path& folder) { fs::current_path(folder); }
@@ -233,7 +233,7 @@ private:
   const fs::path before_ = fs::current_path();
 };
 
-TEST_F(PosixVolumeFilesTest, TakesNoMountPointThatIsRelativeOrHoldsAZeroByte) {
+TEST_F(PosixVolumeFilesTest, RejectsMountPointsThatAreRelativeOrContainANulByte) {
   const WorkingIn scope(volume_);
   fs::create_directory("inner");
   const std::string zero(1, '\0');
@@ -259,7 +259,7 @@ TEST_F(PosixVolumeFilesTest, RemovesNothingThroughARelativeMountPoint) {
   }
 }
 
-TEST_F(PosixVolumeFilesTest, TakesAnEmptyMountPointForNoVolume) {
+TEST_F(PosixVolumeFilesTest, RejectsAnEmptyMountPoint) {
   const fs::path rootFile = fs::path("/") / Benchmark::fileName;
   ASSERT_FALSE(fs::exists(fs::symlink_status(rootFile)));
   const WorkingIn scope(volume_);
@@ -269,7 +269,7 @@ TEST_F(PosixVolumeFilesTest, TakesAnEmptyMountPointForNoVolume) {
   EXPECT_TRUE(fs::is_empty(volume_));
 }
 
-TEST_F(PosixVolumeFilesTest, TakesNothingThatIsNoFolder) {
+TEST_F(PosixVolumeFilesTest, RejectsAnythingButFolders) {
   for (const fs::path& notOne : {folder_.path() / "missing", somebodysFile_}) {
     SCOPED_TRACE(notOne);
     EXPECT_TRUE(isError(benchmark_.writeSync(notOne, 1), BenchmarkError::notWritable));
@@ -281,7 +281,7 @@ TEST_F(PosixVolumeFilesTest, TakesNothingThatIsNoFolder) {
 
 // --- the files themselves ---
 
-TEST_F(PosixVolumeFilesTest, MakesFilesThatOnlyTheOwnerWritesAndNoChildInherits) {
+TEST_F(PosixVolumeFilesTest, CreatesFilesThatOnlyTheOwnerMayWriteAndNoChildInherits) {
   const mode_t maskBefore = umask(0);
   const auto before = openDescriptors();
   const std::unique_ptr<VolumeFolder> volume = openVolume();
@@ -295,7 +295,7 @@ TEST_F(PosixVolumeFilesTest, MakesFilesThatOnlyTheOwnerWritesAndNoChildInherits)
       EXPECT_EQ(fcntl(std::stoi(number), F_GETFD) & FD_CLOEXEC, FD_CLOEXEC) << target;
     }
   }
-  EXPECT_EQ(newCount, 3); // the folder, the file, and what keeps the file's number
+  EXPECT_EQ(newCount, 3); // the folder, the file, and the descriptor that holds its number
 }
 
 TEST_F(PosixVolumeFilesTest, ReadsTheBytesThatWereWrittenAtAnySizeAndAddress) {
@@ -322,12 +322,12 @@ TEST_F(PosixVolumeFilesTest, ReadsNoOtherFileThanTheOneThatItMade) {
   EXPECT_FALSE(volume->open(name));
 }
 
-TEST_F(PosixVolumeFilesTest, TellsTheFreeRoom) {
+TEST_F(PosixVolumeFilesTest, ReportsTheFreeSpace) {
   EXPECT_GT(openVolume()->freeBytes(), 0U);
   EXPECT_FALSE(PosixVolumeFiles().openFolder(folder_.path() / "missing"));
 }
 
-// --- what happens to the mount point meanwhile ---
+// --- changes of the mount point ---
 
 TEST_F(PosixVolumeFilesTest, RemovesItsFileWhereverTheMountPointWasMovedTo) {
   ASSERT_TRUE(std::holds_alternative<double>(benchmark_.writeSync(mountPoint(), 1)));
@@ -357,7 +357,7 @@ TEST_F(PosixVolumeFilesTest, DoesNotFollowASymbolicLinkToTheVolume) {
   EXPECT_TRUE(fs::is_empty(volume_));
 }
 
-TEST_F(PosixVolumeFilesTest, TakesAFolderThatOnlyLiesOnAVolumeForNone) {
+TEST_F(PosixVolumeFilesTest, DoesNotTreatAnOrdinaryFolderAsAVolume) {
   EXPECT_EQ(openVolume()->identity().text, "");
   EXPECT_NE(PosixVolumeFiles().openFolder("/proc")->identity().text, "");
 }

@@ -18,7 +18,7 @@ std::vector<std::string> preferredIn(const Environment& environment) {
   });
 }
 
-TEST(PreferredLanguages, ComeFromTheFirstVariableThatSaysAnything) {
+TEST(PreferredLanguages, ComeFromTheFirstVariableThatIsSet) {
   const struct {
     Environment environment;
     std::vector<std::string> expected;

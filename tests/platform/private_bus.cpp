@@ -6,7 +6,7 @@
 namespace tamberline {
 namespace {
 
-/// Abstract, so that no file is left behind.
+/// Abstract, so it leaves no file.
 std::string address() {
   return "unix:abstract=tamberline-test-bus-" + std::to_string(getpid());
 }

@@ -27,7 +27,7 @@ std::map<std::string, std::string> openDescriptors() {
     entries.push_back(entry.path());
   }
   for (const std::filesystem::path& entry : entries) {
-    std::error_code hasClosedMeanwhile; // the one that listed them
+    std::error_code hasClosedMeanwhile; // the descriptor that listed them
     const std::filesystem::path target = std::filesystem::read_symlink(entry, hasClosedMeanwhile);
     if (!hasClosedMeanwhile) {
       descriptors[entry.filename()] = target;

@@ -1,4 +1,4 @@
-// What the system says about the running process and about what it remembers of files.
+// Information from the system about the running process and about its file cache.
 #pragma once
 
 #include <cstdint>
@@ -9,21 +9,21 @@
 
 namespace tamberline {
 
-/// What each open descriptor leads to.
+/// The target of each open descriptor.
 std::map<std::string, std::string> openDescriptors();
 
 std::uint64_t residentBytes();
 
-/// What the calling thread made media move, which the cache never adds to.
+/// The transfers to and from media that the calling thread caused; the cache never counts.
 struct MediumTraffic {
   std::uint64_t readBytes = 0;
   std::uint64_t writtenBytes = 0;
 };
 
-/// Absent where the system does not count.
+/// Absent if the system does not count them.
 std::optional<MediumTraffic> mediumTraffic();
 
-/// How much of the file is in the system's cache. Asking reads nothing.
+/// How much of the file is in the system's cache. Calling it reads nothing.
 std::uint64_t cachedBytes(const std::filesystem::path& file);
 
 } // namespace tamberline

@@ -64,7 +64,7 @@ TEST_F(SavedReportsTest, AreEmptyWhereAFileIsLargerThanAnyReport) {
   EXPECT_EQ(answer(Question::usb), "");
 }
 
-/// A thread that puts a pipe nobody writes to and a file in each other's place until it goes.
+/// A thread that keeps exchanging a pipe without a writer and a file, until it is destroyed.
 class Exchange {
 public:
   explicit Exchange(const std::filesystem::path& folder)

@@ -25,7 +25,7 @@ protected:
     }
   }
 
-  /// Whether all signals so far are told once.
+  /// Whether all signals so far are reported once.
   bool isTold() {
     return runEventsUntil([this] { return askedCount > 0; });
   }
@@ -37,18 +37,18 @@ protected:
   int askedCount = 0;
 };
 
-TEST_F(TerminationSignalsTest, TellEachSignalThatAsksForTheEnd) {
+TEST_F(TerminationSignalsTest, ReportEachTerminationSignal) {
   const TerminationSignals termination([this] { ++askedCount; });
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     SCOPED_TRACE(signal);
     askedCount = 0;
     std::raise(signal);
-    EXPECT_EQ(askedCount, 0); // not inside the handler
+    EXPECT_EQ(askedCount, 0); // not inside the signal handler
     EXPECT_TRUE(isTold());
   }
 }
 
-TEST_F(TerminationSignalsTest, TellOnTheMainThread) {
+TEST_F(TerminationSignalsTest, ReportOnTheMainThread) {
   std::thread::id toldOn;
   const TerminationSignals termination([&] {
     toldOn = std::this_thread::get_id();
@@ -59,7 +59,7 @@ TEST_F(TerminationSignalsTest, TellOnTheMainThread) {
   EXPECT_EQ(toldOn, std::this_thread::get_id());
 }
 
-TEST_F(TerminationSignalsTest, TellManySignalsAtOnceOnlyOnce) {
+TEST_F(TerminationSignalsTest, ReportSeveralSignalsAtOnceOnlyOnce) {
   const TerminationSignals termination([this] { ++askedCount; });
   for (int count = 0; count < 50; ++count) {
     std::raise(SIGTERM);
@@ -69,7 +69,7 @@ TEST_F(TerminationSignalsTest, TellManySignalsAtOnceOnlyOnce) {
   EXPECT_EQ(askedCount, 1);
 }
 
-TEST_F(TerminationSignalsTest, LeaveSignalsIgnoredThatWereBefore) {
+TEST_F(TerminationSignalsTest, KeepIgnoredSignalsIgnored) {
   std::signal(SIGHUP, SIG_IGN); // as for a program that outlives its terminal
   {
     const TerminationSignals termination([this] { ++askedCount; });
@@ -78,7 +78,7 @@ TEST_F(TerminationSignalsTest, LeaveSignalsIgnoredThatWereBefore) {
   EXPECT_EQ(treatmentOf(SIGHUP), SIG_IGN);
 }
 
-TEST_F(TerminationSignalsTest, GiveTheFormerTreatmentBack) {
+TEST_F(TerminationSignalsTest, RestoreTheFormerHandlers) {
   {
     const TerminationSignals termination([] {});
   }
@@ -87,14 +87,14 @@ TEST_F(TerminationSignalsTest, GiveTheFormerTreatmentBack) {
   }
 }
 
-TEST_F(TerminationSignalsTest, IgnoreWhatComesWhileTheProgramEnds) {
+TEST_F(TerminationSignalsTest, IgnoreSignalsWhileTheProgramEnds) {
   {
     const TerminationSignals termination([this] { ++askedCount; });
     std::raise(SIGTERM);
     EXPECT_TRUE(isTold());
   }
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-    std::raise(signal); // would end this test
+    std::raise(signal); // this would end the test
     EXPECT_EQ(treatmentOf(signal), SIG_IGN);
   }
 }

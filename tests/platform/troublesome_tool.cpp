@@ -1,4 +1,4 @@
-// A child process that does what its first argument says; the tests of the process runner run it.
+// A child process that does what its first argument says, for the tests of the process runner.
 
 #include <array>
 #include <cerrno>

@@ -33,7 +33,7 @@ std::vector<USBBus> busesOf(const std::string& section, VolumesByLocation volume
   return parseUSB(translated(section, std::move(volumes), ports), {});
 }
 
-/// What becomes of a device with these members, as JSON.
+/// The translation of a device with these members, as JSON.
 json translatedDevice(const std::string& members) {
   return translated(R"([{"_items": [{)" + members + "}]}]")["SPUSBDataType"][0]["_items"][0];
 }
@@ -90,8 +90,8 @@ TEST(UsbHostReport, GivesEveryFieldOfADevice) {
   EXPECT_TRUE(disk.volumes.empty());
 }
 
-/// The buses with what is taken for a port's marked, of a machine whose ports 1, 2 and 4 have
-/// Thunderbolt.
+/// The buses of a machine whose ports 1, 2 and 4 have Thunderbolt, with those marked that are
+/// assigned to a port.
 std::string placesText(const std::string& section) {
   std::string text;
   for (const USBBus& bus : parseUSB(translated(section, {}, {0, 1, 3}), {})) {
@@ -123,7 +123,7 @@ TEST(UsbHostReport, KeepsEveryDeviceOfASmallDesktop) {
             "ports' own [AppleT8132USBXHCI] Stick\n");
 }
 
-TEST(UsbHostReport, GivesNoDockTheDevicesOfTheComputersOwnControllers) {
+TEST(UsbHostReport, AssignsDevicesOnTheComputersOwnControllersToNoDock) {
   const std::vector<USBBus> buses = busesOf(R"json([
     {"Driver": "AppleT8132USBXHCI", "_items": [{"_name": "Front", "USBKeyLocationID": "0x02100000"}]},
     {"Driver": "AppleUSBXHCIFL1100", "_items": [{"_name": "Disk", "USBKeyLocationID": "0x03100000"}]}
@@ -199,7 +199,7 @@ TEST(UsbHostReport, SplitsABusWhoseDevicesAreNotAllOnPorts) {
             "bus USB 3.1 Bus [AppleT8122USBXHCI] b\n");
 }
 
-TEST(UsbHostReport, MakesNoCardOfTheComputersOwnBusesWithoutDevices) {
+TEST(UsbHostReport, MakesNoCardForTheComputersOwnBusesWithoutDevices) {
   EXPECT_EQ(placesText(R"([{"Driver": "AppleT8122USBXHCI", "USBKeyLocationID": "0x02000000"},
                            {"Driver": "AppleT8132USBXHCI", "USBKeyLocationID": "0x01000000"},
                            {"Driver": "AppleUSBXHCIPCI"}, {}])"),
@@ -232,14 +232,14 @@ TEST(UsbHostReport, AsksForThePortsOnlyWhereADeviceNeedsThem) {
   EXPECT_FALSE(needsThunderboltPorts(json::object()));
 }
 
-TEST(UsbHostReport, GivesNothingThatTheReportDoesNotSay) {
+TEST(UsbHostReport, AddsNothingToTheReport) {
   EXPECT_EQ(translatedDevice(""), json::object());
   EXPECT_EQ(translatedDevice(R"("_name": "x", "_items": [], "Unknown": {"a": [1]})"),
             json({{"_name", "x"}}));
   EXPECT_EQ(translated("[{}]"), json::parse(R"({"SPUSBDataType": [{}]})"));
 }
 
-TEST(UsbHostReport, TakesValuesOfAnotherTypeForAbsent) {
+TEST(UsbHostReport, TreatsValuesOfAnotherTypeAsAbsent) {
   EXPECT_EQ(translatedDevice(R"("_name": 1, "USBDeviceKeyVendorID": 781,
       "USBDeviceKeyProductID": [], "USBDeviceKeyVendorName": {}, "USBDeviceKeySerialNumber": true,
       "USBDeviceKeyLinkSpeed": 5, "USBDeviceKeyPowerAllocation": 896, "USBKeyLocationID": 33554432,
@@ -258,7 +258,7 @@ TEST(UsbHostReport, WithoutItsSectionIsEmpty) {
   }
 }
 
-TEST(UsbHostReport, TakesWhatIsSpelledOutAsNotProvidedForAbsent) {
+TEST(UsbHostReport, TreatsNotProvidedAsAbsent) {
   EXPECT_EQ(translatedDevice(R"("_name": "Not Provided", "USBDeviceKeyVendorID": "Not Provided",
       "USBDeviceKeyVendorName": "Not Provided", "USBDeviceKeySerialNumber": "Not Provided",
       "USBDeviceKeyLinkSpeed": "Not Provided", "USBDeviceKeyPowerAllocation": "Not Provided")"),
@@ -318,7 +318,7 @@ TEST(UsbHostReport, GivesSpeedsInWhateverSpelling) {
       {"Up to 10 Gb/s", "10 Gb/s", 10},
       {"USB 3.2 Gen 2, 10 Gb/s", "10 Gb/s", 10},
       {"super_speed_plus", "10 Gb/s", 10},
-      // Beyond what a speed bar knows, and what no USB device has: said, and not judged.
+      // Faster than any speed bar or USB device: shown without a verdict.
       {"20 Gb/s", "20 Gb/s", 0},
       {"Up to 20 GBPS", "20 Gb/s", 0},
       {"40 Gb/s", "40 Gb/s", 0},
@@ -361,7 +361,7 @@ TEST(UsbHostReport, GivesTheAllocatedCurrentAsRatedDraw) {
       {"4.48 W", 896},
       {"2,5 W", 500},
       {"4.48 W (none)", 896},
-      {"-1 mA", 1}, // no sign is known there
+      {"-1 mA", 1}, // signs are not allowed there
       {"4 Wh", std::nullopt},
       {"896", std::nullopt},
       {"mA", std::nullopt},
@@ -378,7 +378,7 @@ TEST(UsbHostReport, GivesTheAllocatedCurrentAsRatedDraw) {
   }
 }
 
-TEST(UsbHostReport, TellsWhatIsBuiltInAndWhatIsTunneled) {
+TEST(UsbHostReport, MarksBuiltInAndTunneledDevices) {
   const USBDevice front =
       deviceOf({{"USBKeyHardwareType", "Non-removable"}, {"USBDeviceKeyUSB4Tunnel", "No"}});
   EXPECT_EQ(front.isBuiltIn, true);
@@ -432,7 +432,7 @@ TEST(UsbHostReport, GivesVolumesOnlyOnce) {
   EXPECT_TRUE(buses.at(1).devices[0].volumes.empty());
 }
 
-TEST(UsbHostReport, HandsOnNamesWithWhateverIsInThem) {
+TEST(UsbHostReport, PassesNamesOnUnchanged) {
   const std::string name("<b>\x1b[31m\0\u202e", 12);
   EXPECT_EQ(deviceOf({{"_name", " \n" + name + " "}}).name, name);
   EXPECT_EQ(deviceOf({{"_name", "  "}}).name, "");
@@ -440,7 +440,7 @@ TEST(UsbHostReport, HandsOnNamesWithWhateverIsInThem) {
   EXPECT_EQ(deviceOf({{"USBDeviceKeySerialNumber", " 1 "}}).serialNumber, " 1 ");
 }
 
-/// A report whose devices hang on each other, each with a location.
+/// A report with a chain of devices, each with a location.
 std::string chain(int length) {
   std::string opening;
   std::string closing;
@@ -474,7 +474,7 @@ TEST(UsbHostReport, OfTheDeepestReportThatDecodesCanBeDecodedAgain) {
   }
 }
 
-TEST(UsbHostReport, FindsWhatStandsBehindManyNumbers) {
+TEST(UsbHostReport, FindsValuesAfterManyNumbers) {
   std::string numbers;
   for (int count = 0; count < 300'000; ++count) {
     numbers += "1 ";

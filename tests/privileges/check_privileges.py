@@ -22,7 +22,7 @@ CHANGING_CALLS = (
     "symlink,symlinkat,truncate,chmod,fchmodat,chown,lchown,fchownat,setxattr,lsetxattr,mount,umount2"
 )
 TRACED_CALLS = f"open,openat,openat2,socket,connect,bind,setuid,setresuid,{CHANGING_CALLS}"
-# The kernel's devices, which hold nothing, and the shared memory of the display.
+# The kernel's devices, which store nothing, and the shared memory of the display.
 HARMLESS = re.compile(r"/dev/(null|tty|ptmx|dri/.*|shm/[^/]*)$|/memfd:|/proc/self/.*|/proc/\d+/.*")
 FAMILIES_OF_THIS_MACHINE = {"AF_UNIX", "AF_LOCAL", "AF_NETLINK"}
 
@@ -73,7 +73,7 @@ def trace_of(command, environment, work, until_shown=False):
         time.sleep(5)
         os.kill(children_of(process.pid)[-1], signal.SIGTERM)
     _, errors = process.communicate(timeout=60)
-    # A machine without ports is scanned in vain, which is an answer too.
+    # The scan of a machine without ports fails, which is also a valid result.
     if process.returncode != 0:
         sys.exit(f"{command[0]} ended with {process.returncode}: {errors}")
     return trace.read_text(errors="replace")
@@ -117,7 +117,7 @@ def main():
     work = Path(tempfile.mkdtemp(prefix="tamberline-privileges-"))
     runtime = work / "runtime"
     runtime.mkdir(mode=0o700)
-    # Qt binds a socket in a folder of its own before it moves it to its place.
+    # Qt binds a socket in a temporary folder before it moves it to its final path.
     own_traces = [re.escape(str(runtime)) + r"/(tamberline\.(lock|socket)(\.\w+)?|\.\w{6}(/s)?)"]
     volume = work / "volume"
     test_file = [re.escape(str(volume)) + r"/\.tamberline_benchmark\.tmp"]
@@ -127,7 +127,7 @@ def main():
     server, display = start_display(work)
     environment = {"PATH": "/usr/bin:/bin", "HOME": str(work), "XDG_RUNTIME_DIR": str(runtime),
                    "DISPLAY": display, "LANG": "C.UTF-8",
-                   # Desktops have a bus for the person; without an address one would be started.
+                   # Desktops have a bus for the user; without an address, one would be started.
                    "DBUS_SESSION_BUS_ADDRESS": f"unix:path={work}/no-bus"}
     inspect = tools / "tamberline-inspect/tamberline-inspect"
     replay = tools / "tamberline-replay/tamberline-replay"

@@ -84,7 +84,7 @@ TEST(BatteryControllerPorts, GiveValuesOfAnotherTypeDefaults) {
             FedPortState{});
 }
 
-TEST(BatteryControllerPorts, CountElementsThatAreNoDictionaries) {
+TEST(BatteryControllerPorts, CountElementsThatAreNotDictionaries) {
   EXPECT_EQ(detailsIn(dump("<string>x</string><dict/><array><dict/></array><dict/>")).ports,
             (Ports{{.index = 1}, {.index = 3}}));
 }

@@ -36,7 +36,7 @@ TEST(ContainerIdEntries, AreFoundBehindOtherEntries) {
   EXPECT_EQ(identifiers.find(2), "B");
 }
 
-TEST(ContainerIdEntries, OfOneLocationTheFirstInWalkOrderHolds) {
+TEST(ContainerIdEntries, OfOneLocationTheFirstInWalkOrderWins) {
   const ContainerIDs identifiers =
       identifiersIn("<array>" + entry("1", "first", entry("1", "second") + entry("2", "third")) +
                     entry("2", "fourth") + "</array>");

@@ -9,7 +9,7 @@
 
 namespace tamberline {
 
-/// The list with `content` as its value; a test with a list that does not decode cannot go on.
+/// The list with `content` as its value; throws if it cannot be decoded.
 inline PropertyList decodedList(const std::string& content) {
   std::optional<PropertyList> list = PropertyList::decode(propertyList(content));
   return std::move(list.value());

@@ -68,7 +68,7 @@ TEST(PortControllers, GiveAPortWithValuesOfAnotherTypeDefaults) {
             HPMPort{.portNumber = 1});
 }
 
-TEST(PortControllers, TakeFalseForFalse) {
+TEST(PortControllers, TreatFalseAsFalse) {
   EXPECT_EQ(portWith("<key>ConnectionActive</key><false/><key>ActiveCable</key><false/>"
                      "<key>OpticalCable</key><false/><key>DisplayPortPinAssignment</key><false/>"),
             HPMPort{.portNumber = 1});
@@ -115,7 +115,7 @@ TEST(PortControllers, KnowWhichTransportsCarryDataOrVideo) {
   }
 }
 
-TEST(PortControllers, LookAtAllTransportsAndSkipWhatIsNoText) {
+TEST(PortControllers, ReadAllTransportsAndSkipOtherValues) {
   const HPMPort found = portWith(transports("<integer>2</integer><string>CC</string><true/>"
                                             "<string>DisplayPort</string><string>USB2</string>"));
   EXPECT_TRUE(found.hasData);
@@ -128,13 +128,13 @@ TEST(PortControllers, ReadOnlyTransportsThatAreActive) {
                    .hasData);
 }
 
-TEST(PortControllers, TakeAnAssignedDisplayPortPinForVideo) {
+TEST(PortControllers, TreatAnAssignedDisplayPortPinAsVideo) {
   EXPECT_TRUE(portWith("<key>DisplayPortPinAssignment</key><true/>").hasVideo);
   EXPECT_FALSE(portWith("<key>DisplayPortPinAssignment</key><false/>").hasVideo);
   EXPECT_FALSE(portWith("<key>DisplayPortPinAssignment</key><integer>3</integer>").hasVideo);
 }
 
-TEST(PortControllers, TakeAConnectedPortWithoutAccessoryForACharger) {
+TEST(PortControllers, TreatAConnectedPortWithoutAccessoryAsACharger) {
   const HPMPort found = portWith("<key>ConnectionActive</key><true/>");
   EXPECT_EQ(found.accessoryID, -1);
   EXPECT_TRUE(found.isCharger());

@@ -86,7 +86,7 @@ TEST(PortPowerOut, HasAnEntryForEachPort) {
       (PowerOut{{1, {.usedWatts = 1}}, {3, {.usedWatts = 3}}}));
 }
 
-TEST(PortPowerOut, TakesTheLaterOfTwoElementsForOnePort) {
+TEST(PortPowerOut, UsesTheLaterOfTwoElementsForOnePort) {
   EXPECT_EQ(powerOutIn("<array><dict>" + details(element(watts(100)) + element(watts(200))) +
                        "</dict></array>"),
             (PowerOut{{1, {.usedWatts = 2}}}));

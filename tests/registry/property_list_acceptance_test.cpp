@@ -44,7 +44,7 @@ TEST(PropertyList, AcceptsWellFormedLists) {
   }
 }
 
-TEST(PropertyList, RefusesWhatIsNoList) {
+TEST(PropertyList, RejectsOtherText) {
   constexpr Bytes texts[] = {
       {"empty output", ""},
       {"white space", " \n"},
@@ -90,7 +90,7 @@ TEST(PropertyList, RefusesTruncatedAndMismatchedElements) {
   }
 }
 
-TEST(PropertyList, RefusesValuesThatAreNone) {
+TEST(PropertyList, RejectsInvalidValues) {
   constexpr std::string_view values[] = {
       "<number>5</number>",
       "<String>text</String>",
@@ -128,7 +128,7 @@ TEST(PropertyList, RefusesKeysAndValuesThatDoNotPair) {
   }
 }
 
-TEST(PropertyList, RefusesIntegersThatAreNone) {
+TEST(PropertyList, RejectsInvalidIntegers) {
   for (const std::string content : {"", " ", "-", "+", "0x", "-0x", "five", "1.5", "1e3", "5 5",
                                     "--5", "+-5", "- 5", "0xg", "ff", "1,000"}) {
     SCOPED_TRACE(content);
@@ -154,7 +154,7 @@ TEST(PropertyList, RefusesInvalidUtf8) {
   EXPECT_FALSE(decodes("<plist><dict/></plist><!-- \xFF -->"));
 }
 
-TEST(PropertyList, RefusesReferencesToWhatIsNoCharacter) {
+TEST(PropertyList, RejectsReferencesToInvalidCharacters) {
   for (const std::string reference :
        {"&#0;", "&#x0;", "&#xD800;", "&#xDFFF;", "&#55296;", "&#x110000;", "&#xFFFFFFFF;"}) {
     SCOPED_TRACE(reference);
@@ -162,7 +162,7 @@ TEST(PropertyList, RefusesReferencesToWhatIsNoCharacter) {
   }
 }
 
-TEST(PropertyList, RefusesThemAlsoBehindWhatLooksLikeAComment) {
+TEST(PropertyList, RejectsThemEvenAfterWhatLooksLikeAComment) {
   const std::string list = "<string>a&#xD800;b</string></plist>";
   EXPECT_FALSE(decodes("<?instruction <!-- ?><plist>" + list));
   EXPECT_FALSE(decodes("<?instruction <![CDATA[ ?><plist>" + list));
@@ -205,7 +205,7 @@ TEST(PropertyList, RefusesDeepNestingThatIsCutShort) {
 }
 
 TEST(PropertyListAcceptance, RefusesMoreTagsThanAnyRegistryHas) {
-  constexpr int around = 4; // of list and array
+  constexpr int around = 4; // for the list and the array
   const auto listOfTags = [](int count) {
     return "<plist><array>" + repeated("<true/>", count - around) + "</array></plist>";
   };
@@ -225,12 +225,12 @@ TEST(PropertyList, CountsNestingAndNotNeighbours) {
   EXPECT_TRUE(decodes(propertyList("<array>" + repeated("<array/>", 10'000) + "</array>")));
 }
 
-TEST(PropertyList, RefusesEntitiesOfItsOwn) {
+TEST(PropertyList, RejectsItsOwnEntities) {
   EXPECT_FALSE(decodes(R"(<!DOCTYPE plist [<!ENTITY a "aaaaaaaaaa"><!ENTITY b "&a;&a;&a;&a;&a;">]>)"
                        "<plist><string>&b;</string></plist>"));
 }
 
-TEST(PropertyList, KeepsItsValuesWhereverItIsMoved) {
+TEST(PropertyList, KeepsItsValuesWhenMoved) {
   PropertyList list = decodedList("<dict><key>a</key><string>text</string></dict>");
   const PropertyListValue value = list.root().member("a");
   const PropertyList moved = std::move(list);

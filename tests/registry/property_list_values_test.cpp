@@ -33,7 +33,7 @@ struct Element {
   std::string_view text;
 };
 
-TEST(PropertyListText, IsWhatStandsInTheElement) {
+TEST(PropertyListText, IsTheContentOfTheElement) {
   constexpr Element elements[] = {
       {"<string>port-usb-c@1</string>", "port-usb-c@1"},
       {"<string></string>", ""},
@@ -130,7 +130,7 @@ TEST(PropertyListData, MayBeBrokenIntoLines) {
   EXPECT_EQ(dataIn("AQ<!-- comment -->ID"), (Data{1, 2, 3}));
 }
 
-TEST(PropertyListData, IsAbsentWithDigitsThatAreNone) {
+TEST(PropertyListData, IsAbsentWithInvalidDigits) {
   for (const char* content : {"A*ID", "AQ-D", "AQ_D", "AQID.", "Ä", "0x01,"}) {
     SCOPED_TRACE(content);
     EXPECT_EQ(dataIn(content), std::nullopt);
@@ -153,7 +153,7 @@ TEST(PropertyListDictionary, FindsValuesByTheirKeys) {
   EXPECT_EQ(list.root().member("fg").integer(), 3);
 }
 
-TEST(PropertyListDictionary, KnowsNoOtherKeys) {
+TEST(PropertyListDictionary, HasNoOtherKeys) {
   const PropertyList list = decodedList("<dict><key>PortNumber</key><integer>1</integer>"
                                         "<key>inner</key><dict><key>deep</key><true/></dict>"
                                         "</dict>");
@@ -186,7 +186,7 @@ TEST(PropertyListArray, HasItsElementsInOrder) {
   EXPECT_EQ(elements[3].integer(), 1);
 }
 
-/// Which questions a value answers, in a fixed order.
+/// The types for which a value returns something, in a fixed order.
 std::string answersOf(PropertyListValue value) {
   std::string answers;
   answers += value.isDictionary() ? "dictionary " : "";

@@ -28,11 +28,11 @@ TEST(RegistryEntries, AreVisitedBeforeTheirChildrenDepthFirst) {
             "root a a1 a2 b ");
 }
 
-TEST(RegistryEntries, MayStandInAnArrayAtTheTop) {
+TEST(RegistryEntries, MayBeInAnArrayAtTheTop) {
   EXPECT_EQ(visited("<array>" + entry("a", entry("a1")) + entry("b") + "</array>"), "a a1 b ");
 }
 
-TEST(RegistryEntries, MayStandInArraysWithinArrays) {
+TEST(RegistryEntries, MayBeInNestedArrays) {
   EXPECT_EQ(visited("<array><array>" + entry("a") + "</array>" + entry("b") + "</array>"), "a b ");
   EXPECT_EQ(visited(entry("root", "<array>" + entry("a") + "</array>")), "root a ");
 }

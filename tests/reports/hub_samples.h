@@ -1,4 +1,4 @@
-// Devices that share container identifiers, told apart by their names.
+// Devices that share container identifiers, distinguished by their names.
 #pragma once
 
 #include "model/usb_records.h"

@@ -65,7 +65,7 @@ TEST(JsonValues, IntegersFitSixtyFourSignedBits) {
   EXPECT_EQ(integerWritten("-0"), 0);
 }
 
-TEST(JsonValues, NumbersThatAreNoSuchIntegersAreAbsent) {
+TEST(JsonValues, OtherNumbersAreAbsent) {
   for (const char* number :
        {"9223372036854775808", "-9223372036854775809", "18446744073709551615",
         "18446744073709551616", "99999999999999999999999999", "5.0", "5e0", "5E2", "0.5"}) {
@@ -123,7 +123,7 @@ TEST(JsonValues, ArrayOfObjectsHoldsNothingElse) {
   }
 }
 
-TEST(JsonValues, NothingIsAMemberOfWhatIsNoObject) {
+TEST(JsonValues, OtherValuesThanObjectsHaveNoMembers) {
   for (const json& value : {json(), json(1), json("x"), json(true), json::array({1})}) {
     SCOPED_TRACE(value.type_name());
     EXPECT_EQ(textMember(value, "a"), std::nullopt);

@@ -104,12 +104,12 @@ TEST(NestedHubs, OfEquallyFastInstancesTheUpperOneStays) {
                                                 "    disk\n");
 }
 
-TEST(NestedHubs, StayApartWhenTheKeeperStandsBelowAnotherInstance) {
+TEST(NestedHubs, StayApartWhenTheKeeperIsBelowAnotherInstance) {
   expectUnchanged(
       {addOnBus("USB30Bus", {slow("outer", "H", {fast("inner", "H", {plain("disk")})})})});
 }
 
-TEST(NestedHubs, StayApartWhenTheKeeperStandsFarBelowAnotherInstance) {
+TEST(NestedHubs, StayApartWhenTheKeeperIsFarBelowAnotherInstance) {
   expectUnchanged(
       {addOnBus("USB30Bus",
                 {slow("outer", "H", {plain("between", {fast("inner", "H", {plain("disk")})})})})});
@@ -120,12 +120,12 @@ TEST(NestedHubs, StayApartTogetherWithAThirdInstanceElsewhere) {
                    addOnBus("USB20Bus", {slow("elsewhere", "H", {plain("mouse")})})});
 }
 
-TEST(NestedHubs, StayApartWhenTwoContainersHoldEachOther) {
+TEST(NestedHubs, StayApartWhenTwoContainersContainEachOther) {
   expectUnchanged({addOnBus("one", {slow("A2", "A", {fast("B3", "B", {plain("disk")})})}),
                    addOnBus("two", {slow("B2", "B", {fast("A3", "A", {plain("mouse")})})})});
 }
 
-TEST(NestedHubs, StayApartWhenThreeContainersHoldEachOtherInARound) {
+TEST(NestedHubs, StayApartWhenThreeContainersFormACycle) {
   expectUnchanged({addOnBus("one", {slow("A2", "A", {fast("B3", "B")})}),
                    addOnBus("two", {slow("B2", "B", {plain("x", {fast("C3", "C")})})}),
                    addOnBus("three", {slow("C2", "C", {fast("A3", "A", {plain("disk")})})})});
@@ -180,7 +180,7 @@ TEST(NestedHubs, MergeOnTheWayToAContainerThatStaysApart) {
                                                 "          mouse\n");
 }
 
-TEST(NestedHubs, MergeWhenEachKeeperHoldsAnInstanceOfTheOther) {
+TEST(NestedHubs, MergeWhenEachKeeperContainsAnInstanceOfTheOther) {
   const Buses buses = {addOnBus("one", {fast("A3", "A", {slow("B2", "B", {plain("mouse")})})}),
                        addOnBus("two", {fast("B3", "B", {slow("A2", "A", {plain("disk")})})})};
   EXPECT_EQ(busText(mergeContainerHubs(buses)), "one\n"
@@ -205,8 +205,8 @@ TEST(NestedHubs, MergeInLongChains) {
   EXPECT_EQ(idsOf(merged).size(), 1U + 200U + 2U);
 }
 
-/// Each hub's USB 3 half stands behind the USB 2 half of the one before, on another bus: merged,
-/// each would hang behind the one before.
+/// Each hub's USB 3 half is behind the USB 2 half of the previous one, on another bus. If they were
+/// merged, each hub would be behind the previous one.
 Buses hubsBehindEachOther(std::size_t count) {
   Buses buses;
   for (std::size_t hub = 0; hub < count; ++hub) {
@@ -231,8 +231,8 @@ TEST(NestedHubs, StayApartWhereTheirTreeWouldBeFarDeeperThanAnyReport) {
   EXPECT_EQ(idsOf(merged), idsOf(buses));
 }
 
-/// Two trees of up to 14 devices each in which containers hold each other in every possible way;
-/// each device has a name of its own.
+/// Two trees of up to 14 devices each in which containers contain each other in every possible way;
+/// each device has a different name.
 class RandomTrees {
 public:
   explicit RandomTrees(unsigned seed) : engine_(seed) {}
@@ -259,13 +259,13 @@ private:
     return devices;
   }
 
-  std::mt19937 engine_; // the same numbers with every library
+  std::mt19937 engine_; // gives the same numbers with every library
   int names_ = 0;
 };
 
 struct Inventory {
   std::multiset<std::string> names;
-  /// By container; a device without one under its own name.
+  /// By container; a device without one is under its own name.
   std::map<std::string, std::multiset<std::string>> instances;
 };
 
@@ -285,7 +285,7 @@ Inventory inventoryOf(const Buses& buses) {
   return inventory;
 }
 
-TEST(NestedHubs, NeverLoseOrDoubleADevice) {
+TEST(NestedHubs, NeverLoseOrDuplicateADevice) {
   RandomTrees trees(20);
   for (int count = 0; count < 2000; ++count) {
     const Buses buses = trees.draw();

@@ -168,7 +168,7 @@ TEST(PowerReport, SetsFlagsOnlyForOneText) {
   }
 }
 
-TEST(PowerReport, TellsConnectedFromCharging) {
+TEST(PowerReport, DistinguishesConnectedFromCharging) {
   const ChargerInfo connected = chargerOf({{"sppower_battery_charger_connected", "TRUE"}});
   EXPECT_TRUE(connected.isConnected);
   EXPECT_FALSE(connected.isCharging);
@@ -177,7 +177,7 @@ TEST(PowerReport, TellsConnectedFromCharging) {
   EXPECT_TRUE(charging.isCharging);
 }
 
-TEST(PowerReport, TellsFullyChargedFromCharging) {
+TEST(PowerReport, DistinguishesFullyChargedFromCharging) {
   const PowerReading reading = readingOf(R"([{"_name": "spbattery_information",
     "sppower_battery_charge_info": {"sppower_battery_fully_charged": "TRUE",
                                     "sppower_battery_is_charging": "FALSE"}}])");
@@ -201,7 +201,7 @@ TEST(PowerReport, TakesTheFirstEntryOfEachKind) {
   EXPECT_EQ(reading.battery->stateOfCharge, 1);
 }
 
-TEST(PowerReport, SaysNothingOfWhatItDoesNotHold) {
+TEST(PowerReport, OmitsMissingEntries) {
   for (const char* report :
        {"{}", R"({"SPPowerDataType": []})", R"({"SPPowerDataType": {}})",
         R"({"SPPowerDataType": "x"})", R"({"SPPowerDataType": [{}, {"_name": 1}]})",

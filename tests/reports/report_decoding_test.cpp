@@ -9,7 +9,7 @@
 namespace tamberline {
 namespace {
 
-/// An object whose innermost value stands `depth` brackets deep.
+/// An object whose innermost value is inside `depth` brackets.
 std::string nestedReport(int depth) {
   const auto inner = static_cast<std::size_t>(depth - 1);
   return R"({"a": )" + std::string(inner, '[') + "1" + std::string(inner, ']') + "}";
@@ -36,7 +36,7 @@ struct Refused {
   std::string_view bytes;
 };
 
-TEST(ReportDecoding, RefusesWhatIsNoReport) {
+TEST(ReportDecoding, RejectsOtherText) {
   constexpr Refused outputs[] = {
       {"empty output", ""},
       {"white space", " \n"},
@@ -100,7 +100,7 @@ TEST(ReportDecoding, RefusesObjectsNestedTooDeeply) {
   EXPECT_FALSE(decodeReport(bytes));
 }
 
-/// A report with so many entries; `entry` is one of them.
+/// A report with `count` copies of `entry`.
 std::string reportOf(const std::string& entry, std::size_t count) {
   std::string bytes = R"({"SPUSBDataType":[)";
   for (std::size_t index = 0; index < count; ++index) {
@@ -132,7 +132,7 @@ TEST(ReportDecoding, RefusesALongerReportThanAnyMachineGives) {
   EXPECT_TRUE(isTooLargeReport(bytes));
 }
 
-TEST(ReportDecoding, TellsWhatIsTooLargeFromWhatIsNoReport) {
+TEST(ReportDecoding, DistinguishesTooLargeReportsFromInvalidOnes) {
   EXPECT_TRUE(isTooLargeReport(reportOf("{}", mostReportObjects)));
   EXPECT_TRUE(isTooLargeReport(nestedReport(deepestReportNesting + 1)));
   EXPECT_FALSE(isTooLargeReport(""));
@@ -158,7 +158,7 @@ TEST(ReportDecoding, DoesNotCountBracketsInTexts) {
   EXPECT_TRUE(decodeReport(R"({"a\\": "\\\")" + brackets + "\"}"));
 }
 
-TEST(ReportDecoding, CountsBracketsBehindATextThatEndsInABackslash) {
+TEST(ReportDecoding, CountsBracketsAfterATextThatEndsInABackslash) {
   const std::string nested = std::string(1000, '[') + std::string(1000, ']');
   EXPECT_FALSE(decodeReport(R"({"a": "\\", "b": )" + nested + "}"));
 }

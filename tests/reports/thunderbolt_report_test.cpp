@@ -84,7 +84,7 @@ struct BusName {
   std::int64_t busNumber;
 };
 
-TEST(ThunderboltReport, TakesTheBusNumberBehindTheLastUnderscore) {
+TEST(ThunderboltReport, TakesTheBusNumberAfterTheLastUnderscore) {
   constexpr BusName names[] = {
       {R"("thunderbolt_bus_2")", 2},
       {R"("thunderboltusb4_bus_0")", 0},
@@ -155,7 +155,7 @@ TEST(ThunderboltReport, KnowsAllSocketsOfAController) {
   EXPECT_EQ(buses[0].port.link, std::nullopt);
 }
 
-TEST(ThunderboltReport, ReadsTheTrueLinkOfADevice) {
+TEST(ThunderboltReport, ReadsTheActualLinkOfADevice) {
   const auto buses = busesOf(R"([{"_items": [
     {"_name": "Dock", "receptacle_upstream_ambiguous_tag":
        {"current_speed_key": "Up to 40 Gb/s x1", "current_link_width_key": "0x2"}, "_items": [
@@ -181,7 +181,7 @@ std::string socketLinks(const std::string& members) {
   return text;
 }
 
-TEST(ThunderboltReport, TakesForALinkOfAPortWhatItsOnlyDeviceSays) {
+TEST(ThunderboltReport, TakesTheLinkOfAPortFromItsOnlyDevice) {
   const std::string connected = R"({"receptacle_status_key": "receptacle_connected",
                                     "current_speed_key": "Up to 40 Gb/s"})";
   const std::string empty = R"({"receptacle_status_key": "receptacle_no_devices_connected",
@@ -259,7 +259,7 @@ TEST(ThunderboltReport, FollowsAChainOfDevices) {
                               "    Box\n");
 }
 
-TEST(ThunderboltReport, SkipsADeviceWithoutNameWithAllBehindIt) {
+TEST(ThunderboltReport, SkipsADeviceWithoutANameAndEverythingBehindIt) {
   const auto buses = busesOf(R"([{"_name": "bus_0", "_items": [
     {"_name": "before"},
     {"vendor_name_key": "nameless", "_items": [{"_name": "behind"}]},

@@ -16,7 +16,7 @@ std::string textOf(const std::optional<double>& gbps, const std::optional<std::i
   return (gbps ? generalText(*gbps) : "?") + " on " + (lanes ? std::to_string(*lanes) : "?");
 }
 
-/// What goes to the device, then what comes back: "40 on 2, 40 on 2".
+/// The speed to the device, then from it: "40 on 2, 40 on 2".
 std::string textOf(const std::optional<TrueLink>& link) {
   return link ? textOf(link->transmitGbps, link->transmitLanes) + ", " +
                     textOf(link->receiveGbps, link->receiveLanes)
@@ -27,7 +27,7 @@ json receptacle(const char* speed, const char* width) {
   return {{"current_speed_key", speed}, {"current_link_width_key", width}};
 }
 
-TEST(TrueLinkReport, UnderstandsTheWaysInWhichMacsSayIt) {
+TEST(TrueLinkReport, UnderstandsAllNotationsOfMacs) {
   const struct {
     const char* speed;
     const char* width;
@@ -69,7 +69,7 @@ TEST(TrueLinkReport, FindsNoneWithoutASpeed) {
   EXPECT_EQ(textOf(parseTrueLink(json::object())), "none");
 }
 
-TEST(TrueLinkReport, TakesNoNonsenseForANumberOfLinks) {
+TEST(TrueLinkReport, RejectsInvalidNumbersOfLinks) {
   for (const char* speed : {"Up to 40 Gb/s x", "Up to 40 Gb/s x0", "Up to 40 Gb/s x99999999999",
                             "Up to 40 Gb/s x-2", "Up to 40 Gb/s 2"}) {
     SCOPED_TRACE(speed);
@@ -87,7 +87,7 @@ json ownKeys(const char* transmitGbps, const char* receiveGbps, const char* tran
           {"current_link_width_key", "0x2"}};
 }
 
-TEST(TrueLinkReport, PrefersWhatIsSaidForItAlone) {
+TEST(TrueLinkReport, PrefersTheDedicatedKeys) {
   EXPECT_EQ(textOf(parseTrueLink(ownKeys("120", "40.0", "3", "1"))), "120 on 3, 40 on 1");
   EXPECT_EQ(textOf(parseTrueLink(ownKeys("80", "", "2", ""))), "80 on 2, ? on ?");
   EXPECT_EQ(textOf(parseTrueLink(ownKeys("80", "80", "2 lanes", "17"))), "80 on ?, 80 on ?");
@@ -95,7 +95,7 @@ TEST(TrueLinkReport, PrefersWhatIsSaidForItAlone) {
       << "without a speed the others hold";
 }
 
-TEST(TrueLinkReport, FindsItBesideTheReceptacleOfADeviceToo) {
+TEST(TrueLinkReport, AlsoReadsTheKeysOfTheDeviceItself) {
   const json upstream = receptacle("20 Gb/s", "0x1");
   EXPECT_EQ(textOf(parseTrueLink(upstream, json::object())), "20 on 1, 20 on 1");
   EXPECT_EQ(textOf(parseTrueLink(upstream, ownKeys("80", "80", "2", "2"))), "80 on 2, 80 on 2");

@@ -18,7 +18,7 @@ std::vector<USBBus> busesOf(const std::string& section, const ContainerIDs& cont
   return parseUSB(json::parse(R"({"SPUSBDataType": )" + section + "}"), containerIDs);
 }
 
-/// The one device of a bus that holds nothing but this entry.
+/// The one device of a bus that contains only this entry.
 USBDevice deviceOf(const std::string& entry, const ContainerIDs& containerIDs = {}) {
   return parseUSBDevices(json::array({json::parse(entry)}), containerIDs).at(0);
 }
@@ -35,7 +35,7 @@ TEST(UsbReport, ReadsEachBus) {
   EXPECT_EQ(buses[1].hostController, "AppleUSBXHCIPCI");
 }
 
-TEST(UsbReport, ReadsWhatADeviceDrawsBesides) {
+TEST(UsbReport, ReadsTheExtraCurrentOfADevice) {
   const USBDevice phone = deviceOf(
       R"({"_name": "Phone", "bus_power_used": "500", "extra_current_used": "1600",
           "sleep_current": "2100"})");
@@ -105,7 +105,7 @@ TEST(UsbReport, GivesADeviceWithNothingButANameDefaults) {
   expectNothingButAName(deviceOf(R"({"_name": "Mouse "})"));
 }
 
-TEST(UsbReport, TakesValuesOfAnotherTypeForAbsent) {
+TEST(UsbReport, TreatsValuesOfAnotherTypeAsAbsent) {
   expectNothingButAName(deviceOf(R"({
     "_name": "Mouse ", "vendor_id": 1, "product_id": 2, "device_speed": 3, "manufacturer": 4,
     "serial_num": 5, "bus_power": 500, "bus_power_used": 100, "location_id": 17825792,
@@ -214,7 +214,7 @@ TEST(UsbReport, ReadsHubsBehindHubsInReportOrder) {
                             "USB20Bus\n");
 }
 
-TEST(UsbReport, SkipsADeviceWithoutNameWithAllBehindIt) {
+TEST(UsbReport, SkipsADeviceWithoutANameAndEverythingBehindIt) {
   const auto buses = busesOf(R"([{"_name": "USB31Bus", "_items": [
     {"_name": "before"},
     {"vendor_id": "nameless", "_items": [{"_name": "behind"}]},

@@ -11,7 +11,7 @@
 
 namespace tamberline {
 
-/// What can go wrong with a run of a tool, and `none`.
+/// The possible faults of a tool's run, and `none`.
 enum class ToolFault : std::uint8_t {
   none,
   isMissing,
@@ -51,7 +51,7 @@ public:
 
   void setAnswers(const Answers& answers);
   void setFaults(ToolFaults faults) { faults_ = std::move(faults); }
-  /// How much a tool prints that prints too much.
+  /// The size of huge output.
   void setHugeSize(std::size_t bytes) { hugeSize_ = bytes; }
 
   std::size_t runCount(Question question) const { return machine_.askCount(question); }

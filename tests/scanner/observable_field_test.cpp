@@ -9,7 +9,7 @@
 namespace tamberline {
 namespace {
 
-TEST(ObservableField, TellsItsObserversAboutAChange) {
+TEST(ObservableField, NotifiesItsObserversOfAChange) {
   ObservableField<int> field(1);
   int seen = 0;
   const Observation observation = field.observe([&] { seen = field.get(); });
@@ -17,7 +17,7 @@ TEST(ObservableField, TellsItsObserversAboutAChange) {
   EXPECT_EQ(seen, 2);
 }
 
-TEST(ObservableField, TellsNothingWhenAComparableValueStaysTheSame) {
+TEST(ObservableField, DoesNotNotifyWhenAComparableValueStaysTheSame) {
   ObservableField<std::optional<std::string>> field;
   int told = 0;
   const Observation observation = field.observe([&] { ++told; });
@@ -39,7 +39,7 @@ TEST(ObservableField, ComparesRecordsThatHaveAnEquality) {
   EXPECT_EQ(told, 2);
 }
 
-TEST(ObservableField, TellsAboutEveryWriteOfValuesThatCannotBeCompared) {
+TEST(ObservableField, NotifiesOfEveryWriteOfValuesThatCannotBeCompared) {
   ObservableField<std::vector<ThunderboltBus>> field;
   int told = 0;
   const Observation observation = field.observe([&] { ++told; });
@@ -48,7 +48,7 @@ TEST(ObservableField, TellsAboutEveryWriteOfValuesThatCannotBeCompared) {
   EXPECT_EQ(told, 2);
 }
 
-TEST(ObservableField, TellsOnlyTheObserversOfThatField) {
+TEST(ObservableField, NotifiesOnlyTheObserversOfThatField) {
   ObservableField<int> first;
   ObservableField<int> second;
   int told = 0;
@@ -57,7 +57,7 @@ TEST(ObservableField, TellsOnlyTheObserversOfThatField) {
   EXPECT_EQ(told, 0);
 }
 
-TEST(ObservableField, StopsTellingWhenTheObservationEnds) {
+TEST(ObservableField, StopsNotifyingWhenTheObservationEnds) {
   ObservableField<int> field;
   int told = 0;
   {
@@ -83,7 +83,7 @@ TEST(ObservableField, MovesAnObservation) {
   EXPECT_EQ(told, 2);
 }
 
-TEST(ObservableField, AllowsObserversToComeAndGoWhileTheyAreTold) {
+TEST(ObservableField, AllowsObserversToBeAddedAndRemovedDuringANotification) {
   ObservableField<int> field;
   std::string told;
   Observation later;
@@ -101,7 +101,7 @@ TEST(ObservableField, AllowsObserversToComeAndGoWhileTheyAreTold) {
   EXPECT_EQ(told, "bcd");
 }
 
-TEST(ObservableField, MayGoBeforeItsObservation) {
+TEST(ObservableField, MayBeDestroyedBeforeItsObservation) {
   Observation observation;
   {
     ObservableField<int> field;

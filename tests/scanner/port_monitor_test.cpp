@@ -17,7 +17,7 @@ protected:
   PortMonitor monitor{[this] { ++changes; }, events, queue};
 };
 
-TEST_F(PortMonitorTest, StartsNothingBeforeItIsTold) {
+TEST_F(PortMonitorTest, DoesNothingBeforeItIsStarted) {
   EXPECT_EQ(events->startCount, 0);
   monitor.start();
   EXPECT_EQ(events->startCount, 1);
@@ -50,7 +50,7 @@ TEST_F(PortMonitorTest, KeepsNothingPendingFromAHundredThousandEvents) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(PortMonitorTest, TellsEventsThatAreFarApartAsTwoChanges) {
+TEST_F(PortMonitorTest, ReportsDistantEventsAsTwoChanges) {
   monitor.start();
   events->changeRegistry();
   queue->advance(400ms);
@@ -80,7 +80,7 @@ TEST_F(PortMonitorTest, IgnoresAPowerSourceThatFlickers) {
   EXPECT_EQ(changes, 0);
 }
 
-TEST_F(PortMonitorTest, StartsTheTimeAnewWithEveryPowerEvent) {
+TEST_F(PortMonitorTest, RestartsTheTimerWithEveryPowerEvent) {
   monitor.start();
   events->changePower(false);
   queue->advance(1s);
@@ -91,7 +91,7 @@ TEST_F(PortMonitorTest, StartsTheTimeAnewWithEveryPowerEvent) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(PortMonitorTest, ForgetsAPowerChangeThatWentBackWithoutAnEvent) {
+TEST_F(PortMonitorTest, ForgetsAPowerChangeThatWasRevertedWithoutAnEvent) {
   monitor.start();
   events->changePower(false);
   events->isOnAC = true;
@@ -107,7 +107,7 @@ TEST_F(PortMonitorTest, IgnoresPowerEventsThatChangeNothing) {
   EXPECT_EQ(changes, 0);
 }
 
-TEST_F(PortMonitorTest, TellsThereAndBackAgainWhenBothHold) {
+TEST_F(PortMonitorTest, ReportsBothChangesOfAPowerSourceThatHolds) {
   monitor.start();
   events->changePower(false);
   queue->advance(1500ms);
@@ -127,7 +127,7 @@ TEST_F(PortMonitorTest, MergesPowerAndRegistryEventsIntoOneChange) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(PortMonitorTest, NeverTellsOfWhatWasPendingWhenItStopped) {
+TEST_F(PortMonitorTest, NeverReportsPendingChangesAfterItStops) {
   monitor.start();
   events->changeRegistry();
   events->changePower(false);
@@ -146,7 +146,7 @@ TEST_F(PortMonitorTest, MayBeStoppedTwiceAndWithoutAStart) {
   EXPECT_FALSE(events->isRunning());
 }
 
-TEST(PortMonitorLife, StopsItselfWhenItGoes) {
+TEST(PortMonitorLife, StopsWhenDestroyed) {
   const auto events = std::make_shared<SimulatedEventSource>();
   const auto queue = std::make_shared<HandDrivenQueue>();
   int changes = 0;

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 class PortScannerTest : public ScannerFixture {
 protected:
-  /// Notes the name of every field that a scan publishes, in order.
+  /// Records the name of every field that a scan publishes, in order.
   void note(auto& field, const std::string& name) {
     observations.push_back(field.observe([this, name] { published.push_back(name); }));
   }
@@ -107,10 +107,10 @@ TEST_F(PortScannerTest, PublishesEachFieldInItsTurnAndTheTreeLast) {
                            "portCurrentLimitMa", "portTree", "lastScanned", "isScanning"}));
 }
 
-TEST_F(PortScannerTest, TakesTheErrorBackLast) {
+TEST_F(PortScannerTest, ClearsTheErrorLast) {
   machine->answer(Question::usb, "");
   scan();
-  queue->advance(1s); // the second attempt fails too
+  queue->advance(1s); // the second attempt also fails
   ASSERT_TRUE(scanner->errorMessage.get().has_value());
   answerWithOnePort();
   machine->answer(Question::usb, R"({"SPUSBDataType": []})");
@@ -121,7 +121,7 @@ TEST_F(PortScannerTest, TakesTheErrorBackLast) {
                                       "lastScanned", "errorMessage", "isScanning"}));
 }
 
-TEST_F(PortScannerTest, PublishesOnlyWhatDiffersWhereThatCanBeKnown) {
+TEST_F(PortScannerTest, PublishesOnlyChangedValuesIfTheyCanBeCompared) {
   answerWithAFullMachine();
   scan();
   noteAllFields();
@@ -185,7 +185,7 @@ TEST_F(PortScannerTest, HopsToTheMainThreadWhenCalledElsewhere) {
   queue->settle();
 }
 
-TEST_F(PortScannerTest, SaysWhichReportIsMissingWhenNothingWasShownYet) {
+TEST_F(PortScannerTest, NamesTheMissingReportIfNothingWasShownYet) {
   machine->answer(Question::usb, "not JSON");
   scan();
   EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPUSBDataType");
@@ -205,7 +205,7 @@ TEST_F(PortScannerTest, NamesTheFirstOfSeveralMissingReports) {
   EXPECT_EQ(scanner->errorMessage.get(), "Could not parse SPThunderboltDataType");
 }
 
-TEST_F(PortScannerTest, PublishesNothingOfAScanThatFailed) {
+TEST_F(PortScannerTest, PublishesNothingFromAFailedScan) {
   machine->answer(Question::power, "");
   noteAllFields();
   scan();
@@ -223,14 +223,14 @@ TEST_F(PortScannerTest, WaitsForTheToolsThatStillRunWhenOneFailed) {
   EXPECT_EQ(queue->backgroundCount(), 0U);
 }
 
-TEST_F(PortScannerTest, AsksForNoSecondAttemptOnceTheScanHasFailed) {
+TEST_F(PortScannerTest, MakesNoSecondAttemptOnceTheScanHasFailed) {
   for (const Question section : {Question::thunderbolt, Question::usb}) {
     machine->answer(section, "no report");
   }
   scanner->scan();
-  queue->finishOneBackgroundWork(); // Thunderbolt, before the three others
+  queue->finishOneBackgroundWork(); // Thunderbolt, before the other three
   queue->advanceWithoutBackground(150ms);
-  queue->finishNewestBackgroundWork(); // its second attempt, with which the scan has failed
+  queue->finishNewestBackgroundWork(); // its second attempt, after which the scan has failed
   queue->settle();
   queue->advance(1s);
   EXPECT_EQ(machine->askCount(Question::thunderbolt), 2U);
@@ -238,7 +238,7 @@ TEST_F(PortScannerTest, AsksForNoSecondAttemptOnceTheScanHasFailed) {
   EXPECT_FALSE(scanner->isScanning.get());
 }
 
-TEST_F(PortScannerTest, KeepsWhatItShowsWhenALaterScanFails) {
+TEST_F(PortScannerTest, KeepsItsContentWhenALaterScanFails) {
   answerWithOnePort();
   scan();
   const auto firstTime = scanner->lastScanned.get();
@@ -316,7 +316,7 @@ TEST_F(PortScannerTest, MergesTheHalvesOfAHub) {
                                               "    Stick\n");
 }
 
-/// So many Thunderbolt buses of number 0, and devices on that port.
+/// `count` Thunderbolt buses with number 0, and devices on that port.
 void answerWithTwinPorts(FakeMachine& machine, int count) {
   std::string buses;
   std::string devices;
@@ -345,7 +345,7 @@ TEST_F(PortScannerTest, SaysThatThereAreMoreDevicesThanCanBeShown) {
   EXPECT_EQ(scanner->portTree.get().size(), 10U) << "what is shown stays";
 }
 
-TEST_F(PortScannerTest, TakesAnExceptionForAFailure) {
+TEST_F(PortScannerTest, TreatsAnExceptionAsAFailure) {
   const Observation observation =
       scanner->usbBuses.observe([] { throw std::runtime_error("out of memory"); });
   scan();

@@ -66,7 +66,7 @@ TEST_F(Rescan, DropsEventsThatFallIntoARunningScanButNotTheScanTwoSecondsLater) 
   scan();
   events->changeRegistry();
   queue->advance(300ms);
-  machine->answerOnce(Question::usb, ""); // so that the scan is in its pause when they come
+  machine->answerOnce(Question::usb, ""); // the scan is between its attempts then
   scanner->scan();
   queue->advance(100ms);
   EXPECT_TRUE(scanner->isScanning.get());
@@ -86,7 +86,7 @@ TEST_F(Rescan, NothingHappensOnceTheScannerIsGone) {
   EXPECT_EQ(scanCount(), 1U);
 }
 
-TEST_F(Rescan, EverythingGoesWhenTheQueueEndsInTheMiddleOfAScan) {
+TEST_F(Rescan, EverythingIsDestroyedWhenTheQueueEndsDuringAScan) {
   scan();
   const std::weak_ptr<PortScanner> weak = scanner;
   events->changeRegistry();
@@ -102,7 +102,7 @@ TEST_F(Rescan, EverythingGoesWhenTheQueueEndsInTheMiddleOfAScan) {
   EXPECT_FALSE(events->isRunning());
 }
 
-TEST_F(Rescan, TheSecondScanIsLeftOutWhenTheScannerWentInBetween) {
+TEST_F(Rescan, TheSecondScanIsSkippedIfTheScannerWasDestroyedInBetween) {
   scan();
   events->changeRegistry();
   queue->advance(400ms);

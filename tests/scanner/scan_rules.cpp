@@ -17,7 +17,8 @@
 namespace tamberline {
 namespace {
 
-/// Whether a run with this fault still gives its report: neither status nor length count.
+/// Whether a run with this fault still produces its report: the exit status and the length of the
+/// output do not matter.
 bool givesItsReport(ToolFault fault) {
   return fault == ToolFault::none || fault == ToolFault::failsWithItsReport ||
          fault == ToolFault::printsHugeReport || fault == ToolFault::diesAfterItsReport;

@@ -1,5 +1,5 @@
-// What a scan may leave behind, said once more and without a scanner: which inventories change,
-// which keep and which lose their values, what the error says and what the tree is made of.
+// The allowed results of a scan, implemented a second time and without a scanner: which inventories
+// change, which keep and which lose their values, the error, and the tree.
 #pragma once
 
 #include "model/container_ids.h"
@@ -18,8 +18,8 @@
 
 namespace tamberline {
 
-/// What a scanner shows, made comparable: records without identities, the tree with its stable
-/// ones.
+/// The state that a scanner shows, in comparable form: records without identities, the tree with
+/// its stable identifiers.
 struct ShownState {
   std::string thunderboltBuses = {};
   std::string usbBuses = {};
@@ -40,10 +40,10 @@ struct ShownState {
 
 ShownState shownBy(const PortScanner& scanner);
 
-/// Which parts differ, for messages.
+/// Which parts differ, for failure messages.
 std::string difference(const ShownState& expected, const ShownState& actual);
 
-/// A machine whose tools all go well, read once.
+/// A machine whose tools all succeed, read once.
 class ReadMachine {
 public:
   explicit ReadMachine(const Answers& answers);

@@ -21,7 +21,7 @@ protected:
 
   void SetUp() override { scanner = makeScanner(); }
 
-  /// What still waits in the queue goes with it.
+  /// Destroys everything that is still waiting in the queue.
   void TearDown() override { queue->end(); }
 
   std::shared_ptr<PortScanner> makeScanner() {
@@ -30,7 +30,7 @@ protected:
                                 .now = [this] { return now; }});
   }
 
-  /// Starts a scan and lets it end.
+  /// Runs a whole scan.
   void scan() {
     scanner->scan();
     queue->advance(std::chrono::milliseconds(150));

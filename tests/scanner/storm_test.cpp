@@ -70,8 +70,9 @@ TEST_F(Storm, WhileAToolIsSlowStartsNoOther) {
   EXPECT_EQ(scanCount(), 6U) << "the follow-ups that were not due before";
 }
 
-/// When scans are due, by the monitor's rules alone: 0.4 s after the last event of a burst, and two
-/// seconds after that; a power source counts as an event once it has held for 1.5 s.
+/// The times of scans according to the monitor's rules: 0.4 s after the last event of a burst, and
+/// again two seconds later. A change of the power source counts as an event once it has held for
+/// 1.5 s.
 class DueScans {
 public:
   using Time = std::chrono::milliseconds;
@@ -86,7 +87,7 @@ public:
     powerHolds_ = isOnAC == wasOnAC_ ? std::nullopt : std::optional(time + 1'500ms);
   }
 
-  /// How many were due until then, that moment included.
+  /// The number of scans that are due up to and including this time.
   std::size_t countUntil(Time time) {
     letPass(time);
     return static_cast<std::size_t>(
@@ -97,7 +98,7 @@ private:
   void letPass(Time time) {
     if (powerHolds_ && *powerHolds_ <= time) {
       endBurstBy(*powerHolds_ -
-                 1ms); // at the same moment the source, which waited longer, is first
+                 1ms); // at the same time, the source comes first because it waited longer
       wasOnAC_ = !wasOnAC_;
       burstEnds_ = *powerHolds_ + 400ms;
       powerHolds_ = std::nullopt;
@@ -119,12 +120,12 @@ private:
   std::vector<Time> due_;
 };
 
-/// Somebody who plugs devices in and out of a computer, and its charger.
+/// Plugs devices and the charger in and out at random.
 class RestlessHands : public Storm {
 protected:
   using Generator = std::mt19937_64;
 
-  /// Devices by number, whether they are attached.
+  /// Whether each device is attached, by its number.
   static constexpr std::size_t deviceCount = 12;
 
   void plug() {

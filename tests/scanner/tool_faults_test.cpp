@@ -31,7 +31,7 @@ const Answers& deskMachine() {
   return machine;
 }
 
-/// Everything else plugged into the same computer: its ports keep their limits.
+/// Different devices on the same computer: its ports keep their limits.
 const Answers& changedMachine() {
   static const Answers machine = [] {
     Answers changed = sample("road");
@@ -59,8 +59,7 @@ std::string text(const ToolFaults& faults) {
   return text;
 }
 
-/// A scanner and, beside it, the rules; both see the same machine, the same faults and the same
-/// time.
+/// A scanner and the rules, with the same machine, faults and time.
 class WatchedScanner {
 public:
   ~WatchedScanner() { queue->end(); }
@@ -75,7 +74,7 @@ public:
     scanner->scan();
   }
 
-  /// Lets the scan end, and the rules say what it should have left.
+  /// Finishes the scan and compares its result with the rules.
   void endScan(const ReadMachine& machine, const ToolFaults& faults) {
     queue->advance(150ms);
     rules.scan(machine, faults, now);
@@ -116,7 +115,7 @@ const nlohmann::ordered_json& documentOfChangedMachine() {
   return document;
 }
 
-/// The first scan of a program meets the faults, the next one goes well.
+/// The first scan of a program has the faults, the next one succeeds.
 void expectTheRulesInTheFirstScan(WatchedScanner& watched, const ToolFaults& faults) {
   watched.startScan(deskMachine(), faults);
   watched.endScan(readDesk(), faults);
@@ -127,7 +126,7 @@ void expectTheRulesInTheFirstScan(WatchedScanner& watched, const ToolFaults& fau
   watched.expectWhatTheRulesAllow("the scan after " + text(faults));
 }
 
-/// A program that shows one machine meets the faults when everything on it has changed.
+/// The faults occur in a program that already shows a machine, after everything on it has changed.
 void expectTheRulesInALaterScan(WatchedScanner& watched, const ToolFaults& faults) {
   watched.startScan(deskMachine(), {});
   watched.endScan(readDesk(), {});
@@ -139,7 +138,8 @@ void expectTheRulesInALaterScan(WatchedScanner& watched, const ToolFaults& fault
   watched.expectWhatTheRulesAllow("the scan after " + text(faults));
 }
 
-/// Both, each in a scanner of its own, and in the end the documents of scanners that met no fault.
+/// Both cases, each with a new scanner. The final documents must be those of scanners without
+/// faults.
 void expectTheRulesAndFullRecovery(const ToolFaults& faults) {
   WatchedScanner first;
   expectTheRulesInTheFirstScan(first, faults);
@@ -167,8 +167,8 @@ std::string nameOfPair(const testing::TestParamInfo<PairOfRuns>& info) {
 
 class PairsOfFaults : public testing::TestWithParam<PairOfRuns> {
 protected:
-  /// Every fault of the one run with every fault of the other. Slow builds have time for a fifth of
-  /// them, in which each fault of each run still occurs twice.
+  /// Every fault of one run with every fault of the other. Slow builds use a fifth of the pairs, in
+  /// which each fault of each run still occurs twice.
   static std::vector<ToolFaults> allFaults() {
     constexpr std::size_t share = isSlow ? 5 : 1;
     const auto& [first, second] = GetParam();
@@ -183,15 +183,15 @@ protected:
   }
 };
 
-TEST_P(PairsOfFaults, LeaveWhatTheRulesAllowInTheFirstScanAndNothingInTheNext) {
+TEST_P(PairsOfFaults, FollowTheRulesInTheFirstScanAndLeaveNoTraceInTheNext) {
   for (const ToolFaults& faults : allFaults()) {
     WatchedScanner watched;
     expectTheRulesInTheFirstScan(watched, faults);
   }
 }
 
-TEST_P(PairsOfFaults, LeaveWhatTheRulesAllowInALaterScanAndNothingInTheNext) {
-  WatchedScanner watched; // the same one for all: nothing of a fault may stay
+TEST_P(PairsOfFaults, FollowTheRulesInALaterScanAndLeaveNoTraceInTheNext) {
+  WatchedScanner watched; // the same one for all pairs: no fault may leave a trace
   for (const ToolFaults& faults : allFaults()) {
     expectTheRulesInALaterScan(watched, faults);
   }
@@ -200,7 +200,7 @@ TEST_P(PairsOfFaults, LeaveWhatTheRulesAllowInALaterScanAndNothingInTheNext) {
 
 INSTANTIATE_TEST_SUITE_P(OfAllRuns, PairsOfFaults, testing::ValuesIn(allPairs()), nameOfPair);
 
-TEST(SingleFaults, LeaveWhatTheRulesAllow) {
+TEST(SingleFaults, FollowTheRules) {
   for (const Question question : questionsOfAScan) {
     for (const ToolFault fault : allToolFaults) {
       expectTheRulesAndFullRecovery({{question, fault}});
@@ -220,8 +220,8 @@ TEST(AllRunsAtOnce, MayFailInTheSameWay) {
 
 class HugeOutput : public testing::TestWithParam<Question> {};
 
-/// Thirty megabytes, little less than what is read at most; ten where that takes long.
-TEST_P(HugeOutput, IsTakenLikeAnyOther) {
+/// 30 MB, slightly below the limit for reports; 10 MB in slow builds.
+TEST_P(HugeOutput, IsHandledLikeAnyOther) {
   constexpr std::size_t hugeSize = isSlow ? 10'000'000 : 30'000'000;
   for (const ToolFault fault : {ToolFault::printsHugeReport, ToolFault::printsHugeGarbage}) {
     const ToolFaults faults = {{GetParam(), fault}};
@@ -239,10 +239,10 @@ std::string nameOfRun(const testing::TestParamInfo<Question>& info) {
 
 INSTANTIATE_TEST_SUITE_P(OfEachRun, HugeOutput, testing::ValuesIn(questionsOfAScan), nameOfRun);
 
-/// A scan in which one run takes an hour while another one may go wrong.
+/// A scan in which one run takes an hour while another one may fail.
 class SlowRuns : public testing::TestWithParam<Question> {
 protected:
-  /// Lets everything end that comes before the slow run; false when the scan ended without it.
+  /// Finishes everything before the slow run; false if the scan ends without it.
   static bool reachSlowRun(WatchedScanner& watched) {
     constexpr std::size_t runsAtOnce = 4;
     const Question slow = GetParam();
@@ -256,7 +256,7 @@ protected:
     if (index < runsAtOnce) {
       return true;
     }
-    watched.queue->advanceWithoutBackground(150ms); // to second attempts, where there are any
+    watched.queue->advanceWithoutBackground(150ms); // second attempts start, if any
     while (watched.queue->backgroundCount() > 0 && !isNext(watched, index)) {
       watched.queue->finishOneBackgroundWork();
     }
@@ -288,7 +288,7 @@ protected:
   }
 
 private:
-  /// Whether the work that waits is the probe with this index: all that comes before it ran.
+  /// Whether the waiting work is the probe with this index: everything before it has run.
   static bool isNext(const WatchedScanner& watched, std::size_t index) {
     constexpr std::size_t firstProbe = 4;
     constexpr std::size_t scansBefore = 1;
@@ -300,7 +300,7 @@ private:
   }
 };
 
-TEST_P(SlowRuns, HoldTheirScanUpAndNothingElseWhateverHappensToTheOtherRuns) {
+TEST_P(SlowRuns, BlockOnlyTheirScanWhateverHappensToTheOtherRuns) {
   expectTheRules({});
   for (const Question other : questionsOfAScan) {
     if (other != GetParam()) {

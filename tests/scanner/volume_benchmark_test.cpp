@@ -29,7 +29,7 @@ TEST_F(VolumeBenchmark, IsPublishedStepByStep) {
   EXPECT_TRUE(files->files().empty());
 }
 
-TEST_F(VolumeBenchmark, SaysInThePersonsLanguageHowFarItIs) {
+TEST_F(VolumeBenchmark, ShowsItsPhaseInTheUsersLanguage) {
   const LanguageScope german(AppLanguage::de);
   files->canOpen = false;
   test();
@@ -110,11 +110,11 @@ TEST_F(VolumeBenchmark, RemovesItsFileBeforeItSaysThatItIsDone) {
   EXPECT_EQ(files->steps().back(), std::string("remove ") + path);
 }
 
-TEST_F(VolumeBenchmark, RunsOnceWhenThePersonPressesTwice) {
+TEST_F(VolumeBenchmark, RunsOnceWhenTheUserPressesTwice) {
   scanner->runBenchmark("/V");
   scanner->runBenchmark("/V");
   EXPECT_EQ(queue->backgroundCount(), 1U);
-  queue->finishOneBackgroundWork(); // now it reads
+  queue->finishOneBackgroundWork(); // now it is reading
   scanner->runBenchmark("/V");
   queue->settle();
   EXPECT_EQ(published.size(), 3U);
@@ -154,7 +154,7 @@ TEST_F(VolumeBenchmark, WaitsWhileAnotherVolumeOfItsDriveIsMeasured) {
   EXPECT_LT(removed, created);
 }
 
-TEST_F(VolumeBenchmark, IsRunOnceThoughThePersonPressesWhileItWaits) {
+TEST_F(VolumeBenchmark, RunsOnceEvenIfPressedWhileItWaits) {
   scanSticks({{"/A", "/B"}});
   scanner->runBenchmark("/A");
   scanner->runBenchmark("/B");
@@ -164,7 +164,7 @@ TEST_F(VolumeBenchmark, IsRunOnceThoughThePersonPressesWhileItWaits) {
   EXPECT_EQ(std::count(steps.begin(), steps.end(), "create /B/.tamberline_benchmark.tmp"), 1);
 }
 
-TEST_F(VolumeBenchmark, WaitsInVainForAVolumeThatGoesWhenItsDriveIsEjected) {
+TEST_F(VolumeBenchmark, IsDroppedIfItsVolumeDisappearsWhileItWaits) {
   scanSticks({{"/A", "/B"}});
   scanner->eject("/A");
   scanner->runBenchmark("/B");
@@ -186,9 +186,9 @@ TEST_F(VolumeBenchmark, UnwindsWithItsScannerWhenTheQueueEndsWhileAnotherWaits) 
   EXPECT_TRUE(observed.expired());
 }
 
-// --- how far it is, and its end before time ---
+// --- progress and stopping ---
 
-TEST_F(VolumeBenchmark, TellsHowFarItIsInStepsOfFivePercent) {
+TEST_F(VolumeBenchmark, ReportsItsProgressInStepsOfFivePercent) {
   Lines told;
   const Observation observation = scanner->testProgress.observe([&] {
     const auto& progress = scanner->testProgress.get();
@@ -199,12 +199,12 @@ TEST_F(VolumeBenchmark, TellsHowFarItIsInStepsOfFivePercent) {
   EXPECT_EQ(told, (Lines{"40", "80", "100", "none", "40", "80", "100", "none"}));
 }
 
-TEST_F(VolumeBenchmark, EndsAsIfItHadNeverBeenWhenItIsStopped) {
+TEST_F(VolumeBenchmark, LeavesNoTraceWhenStopped) {
   for (const char* kind : {"write", "read"}) {
     SCOPED_TRACE(kind);
     files->during = [&](const std::string& step) {
       if (step.starts_with(kind)) {
-        scanner->stopBenchmark("/V"); // the test's thread waits for the one that works
+        scanner->stopBenchmark("/V"); // safe: meanwhile the test's thread waits for this one
       }
     };
     test();
@@ -226,14 +226,14 @@ TEST_F(VolumeBenchmark, CanBeStoppedWhileItWaits) {
   EXPECT_EQ(published.back(), "/A: W 0 R 0");
 }
 
-TEST_F(VolumeBenchmark, IsNotStoppedWhereNoneRuns) {
+TEST_F(VolumeBenchmark, IsNotAffectedByStoppingWhenNoneRuns) {
   scanner->stopBenchmark("/V");
   test();
   scanner->stopBenchmark("/V");
   EXPECT_EQ(published.back(), "/V: W 0 R 0");
 }
 
-TEST_F(VolumeBenchmark, FailsWhenSomethingIsThrownMeanwhile) {
+TEST_F(VolumeBenchmark, FailsOnAnException) {
   for (const char* phase : {"Writing…", "Reading…"}) {
     SCOPED_TRACE(phase);
     const Observation observation = scanner->benchmarks.observe([&] {
@@ -258,7 +258,7 @@ TEST_F(VolumeBenchmark, ResultStaysThroughScans) {
   EXPECT_EQ(phaseText(scanner->benchmarks.get().at("/V")), "W 0 R 0");
 }
 
-TEST_F(VolumeBenchmark, ResultGoesWithItsVolume) {
+TEST_F(VolumeBenchmark, ResultDisappearsWithItsVolume) {
   scanSticks({{"/V"}, {"/W"}});
   test();
   scanner->runBenchmark("/W");
@@ -270,7 +270,7 @@ TEST_F(VolumeBenchmark, ResultGoesWithItsVolume) {
   EXPECT_EQ(published.back(), "/W: W 0 R 0");
 }
 
-TEST_F(VolumeBenchmark, ResultGoesWhenAnotherVolumeIsInItsPlace) {
+TEST_F(VolumeBenchmark, ResultDisappearsWhenItsVolumeIsReplaced) {
   files->identities["/V"] = {.text = "first stick"};
   scanSticks({{"/V"}});
   test();
@@ -281,7 +281,7 @@ TEST_F(VolumeBenchmark, ResultGoesWhenAnotherVolumeIsInItsPlace) {
   EXPECT_EQ(published.back(), "nothing");
 }
 
-TEST_F(VolumeBenchmark, FailsWhenAnotherVolumeIsInThePlaceOfTheOneThatWasShown) {
+TEST_F(VolumeBenchmark, FailsIfTheVolumeThatWasShownHasBeenReplaced) {
   files->identities["/V"] = {.text = "shown stick"};
   scanSticks({{"/V"}});
   for (const char* present : {"other stick", ""}) {
@@ -292,7 +292,7 @@ TEST_F(VolumeBenchmark, FailsWhenAnotherVolumeIsInThePlaceOfTheOneThatWasShown) 
   EXPECT_TRUE(files->steps().empty());
 }
 
-TEST_F(VolumeBenchmark, FailsWhereNothingWasMountedWhenTheScanLooked) {
+TEST_F(VolumeBenchmark, FailsIfNothingWasMountedDuringTheScan) {
   files->identities["/V"] = {.text = ""};
   scanSticks({{"/V"}});
   test();
@@ -300,7 +300,7 @@ TEST_F(VolumeBenchmark, FailsWhereNothingWasMountedWhenTheScanLooked) {
   EXPECT_TRUE(files->steps().empty());
 }
 
-TEST_F(VolumeBenchmark, LooksAtVolumesAgainAfterAScanThatCameWhileItLooked) {
+TEST_F(VolumeBenchmark, ChecksVolumesAgainAfterAScanDuringTheCheck) {
   scanSticks({{"/V"}});
   const std::size_t looksBefore = files->folderCount();
   scanner->scan();
@@ -308,13 +308,13 @@ TEST_F(VolumeBenchmark, LooksAtVolumesAgainAfterAScanThatCameWhileItLooked) {
   while (queue->backgroundCount() > 0 && scanner->isScanning.get()) {
     queue->finishOneBackgroundWork();
   }
-  ASSERT_EQ(queue->backgroundCount(), 1U); // it looks
+  ASSERT_EQ(queue->backgroundCount(), 1U); // the check of the volume
   scanner->scan();
   queue->settle();
   EXPECT_EQ(files->folderCount(), looksBefore + 2);
 }
 
-TEST_F(VolumeBenchmark, RunsThroughAScan) {
+TEST_F(VolumeBenchmark, ContinuesDuringAScan) {
   scanSticks({{"/V"}});
   scanner->runBenchmark("/V");
   queue->finishOneBackgroundWork();
@@ -322,7 +322,7 @@ TEST_F(VolumeBenchmark, RunsThroughAScan) {
   EXPECT_EQ(published.back(), "/V: W 0 R 0");
 }
 
-TEST_F(VolumeBenchmark, IsPublishedOnTheMainThreadWhoeverAskedForIt) {
+TEST_F(VolumeBenchmark, IsPublishedOnTheMainThreadWhoeverRequestedIt) {
   queue->pretendOtherThread(true);
   scanner->runBenchmark("/V");
   EXPECT_TRUE(published.empty());
@@ -331,7 +331,7 @@ TEST_F(VolumeBenchmark, IsPublishedOnTheMainThreadWhoeverAskedForIt) {
   EXPECT_EQ(published.size(), 3U);
 }
 
-TEST_F(VolumeBenchmark, DoesNotBeginWhereVolumesAreOnlyShown) {
+TEST_F(VolumeBenchmark, DoesNotStartIfVolumesAreOnlyShown) {
   scanner = makeScanner();
   test();
   EXPECT_TRUE(scanner->benchmarks.get().empty());

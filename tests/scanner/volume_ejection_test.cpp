@@ -62,7 +62,7 @@ TEST_F(VolumeEjection, TrimsTheMessage) {
   EXPECT_EQ(published.back(), "/V: failed: Volume busy");
 }
 
-TEST_F(VolumeEjection, HasAMessageOfItsOwnWhereTheServiceSaysNothing) {
+TEST_F(VolumeEjection, HasADefaultMessageIfTheServiceGivesNone) {
   for (const char* silence : {"", " \n"}) {
     ejector->failures = {silence};
     eject();
@@ -89,7 +89,7 @@ TEST_F(VolumeEjection, SaysWhyADriveIsLeftAlone) {
   }
 }
 
-TEST_F(VolumeEjection, RunsOnceWhenThePersonPressesTwice) {
+TEST_F(VolumeEjection, RunsOnceWhenTheUserPressesTwice) {
   scanner->eject("/V");
   scanner->eject("/V");
   queue->settle();
@@ -107,13 +107,13 @@ TEST_F(VolumeEjection, CanBeTriedAgainWhileTheMessageIsShown) {
   EXPECT_EQ(published.size(), 4U);
 }
 
-TEST_F(VolumeEjection, LeavesANewerOneAloneThatStillRuns) {
+TEST_F(VolumeEjection, DoesNotAffectANewerOneThatIsStillRunning) {
   ejector->failures = {"Volume busy"};
   eject();
   queue->advance(2s);
   scanner->eject("/V");
   ASSERT_EQ(queue->backgroundCount(), 1U);
-  // The clock passes the end of the message while the second ejection is at work.
+  // The clock passes the end of the message while the second ejection is in progress.
   const auto work = [this] { return ejectText(scanner->ejectStates.get().at("/V")); };
   EXPECT_EQ(work(), "ejecting");
   queue->advanceWithoutBackground(3s);
@@ -133,7 +133,7 @@ TEST_F(VolumeEjection, ShowsANewerMessageForFourSecondsToo) {
   EXPECT_EQ(published.back(), "nothing");
 }
 
-TEST_F(VolumeEjection, OfOneVolumeSaysNothingOfAnother) {
+TEST_F(VolumeEjection, DoesNotAffectAnotherVolume) {
   ejector->failures = {"Volume busy"};
   eject();
   scanner->eject("/W");
@@ -142,14 +142,14 @@ TEST_F(VolumeEjection, OfOneVolumeSaysNothingOfAnother) {
   EXPECT_EQ(published.back(), "/V: failed: Volume busy");
 }
 
-TEST_F(VolumeEjection, HandsOnTheDeviceOfTheVolumeThatWasShown) {
+TEST_F(VolumeEjection, PassesTheDeviceOfTheVolumeThatWasShown) {
   files->identities["/V"] = {.text = "stick", .deviceNumber = 2065};
   scanSticks({{"/V"}});
   eject();
   EXPECT_EQ(ejector->lastDeviceNumber, 2065U);
 }
 
-TEST_F(VolumeEjection, LeavesAnotherVolumeAloneThatIsInThePlaceOfTheOneThatWasShown) {
+TEST_F(VolumeEjection, DoesNotEjectAReplacementOfTheVolumeThatWasShown) {
   files->identities["/V"] = {.text = "shown stick"};
   scanSticks({{"/V"}});
   for (const char* present : {"other stick", ""}) {
@@ -174,7 +174,7 @@ TEST_F(VolumeEjection, DoesNotBeginWhileAVolumeOfTheDriveIsMeasured) {
   EXPECT_EQ(ejector->mountPoints, (Lines{"/X", "/V"}));
 }
 
-TEST_F(VolumeEjection, DoesNotBeginTwiceForOneDrive) {
+TEST_F(VolumeEjection, DoesNotStartTwiceForOneDrive) {
   scanSticks({{"/V", "/W"}});
   scanner->eject("/W");
   scanner->eject("/V");
@@ -182,7 +182,7 @@ TEST_F(VolumeEjection, DoesNotBeginTwiceForOneDrive) {
   EXPECT_EQ(ejector->mountPoints, Lines{"/W"});
 }
 
-TEST_F(VolumeEjection, FailsWhenSomethingIsThrownMeanwhile) {
+TEST_F(VolumeEjection, FailsOnAnException) {
   const Observation observation = scanner->ejectStates.observe([&] {
     const auto found = scanner->ejectStates.get().find("/V");
     if (found != scanner->ejectStates.get().end() && ejectText(found->second) == "ejecting") {
@@ -195,7 +195,7 @@ TEST_F(VolumeEjection, FailsWhenSomethingIsThrownMeanwhile) {
   EXPECT_EQ(published.back(), "nothing");
 }
 
-TEST_F(VolumeEjection, IsPublishedOnTheMainThreadWhoeverAskedForIt) {
+TEST_F(VolumeEjection, IsPublishedOnTheMainThreadWhoeverRequestedIt) {
   queue->pretendOtherThread(true);
   scanner->eject("/V");
   EXPECT_TRUE(published.empty());
@@ -204,7 +204,7 @@ TEST_F(VolumeEjection, IsPublishedOnTheMainThreadWhoeverAskedForIt) {
   EXPECT_EQ(published.size(), 2U);
 }
 
-TEST_F(VolumeEjection, DoesNotBeginWhereVolumesAreOnlyShown) {
+TEST_F(VolumeEjection, DoesNotStartIfVolumesAreOnlyShown) {
   scanner = makeScanner();
   eject();
   EXPECT_TRUE(scanner->ejectStates.get().empty());

@@ -29,7 +29,7 @@ void VolumeFixture::scanSticks(const std::vector<std::vector<std::string>>& stic
     items.push_back(R"({"_name": "Stick", "Media": [{"volumes": [)" + joined(volumes, ",") +
                     "]}]}");
   }
-  // Behind a hub, where devices stand as a rule.
+  // Behind a hub, like most devices.
   machine->answer(
       Question::usb,
       R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [{"_name": "Hub", "_items": [)" +

@@ -11,8 +11,8 @@
 
 namespace tamberline {
 
-/// A scanner with volumes in memory and an ejector in the test's hands, and what it publishes of
-/// them.
+/// A scanner with volumes in memory and an ejector that the test controls, and what it publishes
+/// about them.
 class VolumeFixture : public ScannerFixture {
 protected:
   void SetUp() override {
@@ -26,7 +26,7 @@ protected:
     observations_.push_back(scanner->ejectStates.observe([this] { noteEjectStates(); }));
   }
 
-  /// Scans a machine with a stick for each list of mount points.
+  /// Scans a machine with one stick for each list of mount points.
   void scanSticks(const std::vector<std::vector<std::string>>& sticks);
 
   /// "Writing…", "failed: Volume is read-only", "W 20 R 40".
@@ -38,7 +38,7 @@ protected:
   std::shared_ptr<Benchmark> benchmark = std::make_shared<Benchmark>(
       files, Benchmark::Setting{.sizeMB = 20, .now = [this] { return diskTime; }});
   std::shared_ptr<FakeEjector> ejector = std::make_shared<FakeEjector>();
-  /// Each publication on a line.
+  /// One line for each publication.
   std::vector<std::string> published;
 
 private:

@@ -21,12 +21,11 @@ std::ptrdiff_t countOf(const std::string& kind, const std::vector<std::string>& 
                        [&](const std::string& step) { return step.starts_with(kind); });
 }
 
-/// A test under way on a thread of its own, which stands still in the middle of one step until the
-/// program that ends has asked it to stop.
+/// A running test on a separate thread. It stops in the middle of one step until the ending program
+/// has asked it to stop.
 class BenchmarkStop : public testing::Test {
 protected:
-  /// `begin` runs a routine that comes to the step for the nth time; when it does not, the test
-  /// fails.
+  /// `begin` runs a routine that reaches the step for the nth time; if it does not, the test fails.
   BenchmarkResult resultOfStoppingAt(const std::string& step, int occurrence,
                                      const std::function<BenchmarkResult()>& begin) {
     std::promise<void> reached;
@@ -49,7 +48,7 @@ protected:
     return result.get();
   }
 
-  /// A routine that begins is turned away from then on; nothing else shows it.
+  /// From then on new routines are rejected, which is the only sign of it.
   void waitUntilStopIsAsked() {
     const auto end = std::chrono::steady_clock::now() + patience;
     while (!std::holds_alternative<std::monostate>(benchmark.writeSync("/Volumes/Other", 0))) {

@@ -18,7 +18,7 @@ using Create = VolumeFolder::CreateFailure;
 constexpr const char* mountPoint = "/Volumes/Data";
 const std::string path = "/Volumes/Data/.tamberline_benchmark.tmp";
 
-/// A benchmark over volumes in memory, whose clock the test moves.
+/// A benchmark over volumes in memory, with a clock that the test moves.
 class BenchmarkTest : public testing::Test {
 protected:
   BenchmarkResult write(std::int64_t sizeMB = 20, const BenchmarkOrder& order = {}) {
@@ -28,7 +28,7 @@ protected:
     return benchmark.readSync(mountPoint, order);
   }
 
-  /// Every step of the kind takes so long.
+  /// Sets the duration of every step of this kind.
   void letTake(const std::string& kind, std::chrono::milliseconds duration) {
     files->during = [this, kind, duration](const std::string& step) {
       if (step.starts_with(kind)) {
@@ -72,7 +72,7 @@ TEST_F(BenchmarkTest, WritesTwoHundredAndFiftySixMegabytesUnlessToldOtherwise) {
 TEST_F(BenchmarkTest, CountsDecimalMegabytesASecond) {
   letTake("write", 100ms); // three writes of 20 MB
   EXPECT_DOUBLE_EQ(speedOf(write()), 20 / 0.3);
-  letTake("read", 50ms); // three reads and the one that finds the end
+  letTake("read", 50ms); // three reads and the one that finds the end of the file
   EXPECT_DOUBLE_EQ(speedOf(read()), 20 / 0.2);
 }
 
@@ -81,14 +81,14 @@ TEST_F(BenchmarkTest, CountsTheTimeUntilTheMediumHasEverything) {
   EXPECT_DOUBLE_EQ(speedOf(write()), 40);
 }
 
-TEST_F(BenchmarkTest, CountsAFlushThatFailsLikeAnyOther) {
+TEST_F(BenchmarkTest, CountsAFailedFlushLikeAnyOther) {
   files->canFlush = false;
   letTake("flush", 500ms);
   EXPECT_DOUBLE_EQ(speedOf(write()), 40);
   EXPECT_EQ(files->steps().back(), "close");
 }
 
-TEST_F(BenchmarkTest, LeavesOpeningAndClosingOutOfTheTime) {
+TEST_F(BenchmarkTest, ExcludesOpeningAndClosingFromTheTime) {
   letTake("write", 1s);
   files->during = [this](const std::string& step) {
     now += step == "write 3222784" ? 1s : step.starts_with("create") || step == "close" ? 1h : 0s;
@@ -101,7 +101,7 @@ TEST_F(BenchmarkTest, GivesNoSpeedWhenNoTimePassed) {
   EXPECT_EQ(read(), BenchmarkResult(0.0));
 }
 
-TEST_F(BenchmarkTest, GoesOnAfterAWriteThatTookFewerBytes) {
+TEST_F(BenchmarkTest, ContinuesAfterAPartialWrite) {
   files->mostBytesAtOnce = 5'000'000;
   letTake("write", 100ms);
   EXPECT_DOUBLE_EQ(speedOf(write()), 20 / 0.4);
@@ -109,7 +109,7 @@ TEST_F(BenchmarkTest, GoesOnAfterAWriteThatTookFewerBytes) {
   EXPECT_EQ(speedOf(read()), 0);
 }
 
-TEST_F(BenchmarkTest, ReadsOnlyWhatIsLeftOfAFileThatSomebodyCutShort) {
+TEST_F(BenchmarkTest, ReadsOnlyTheRestOfATruncatedFile) {
   write();
   files->truncate(path, 5'000'000);
   letTake("read", 250ms);
@@ -123,7 +123,7 @@ TEST_F(BenchmarkTest, ReadsNothingFromAnEmptyFile) {
   EXPECT_EQ(speedOf(read()), 0);
 }
 
-TEST_F(BenchmarkTest, NeedsAHundredAndTwentyEightMegabytesBesideItsOwn) {
+TEST_F(BenchmarkTest, Needs128MegabytesInAdditionToItsFile) {
   struct Row {
     std::optional<std::uint64_t> freeBytes;
     bool fits;
@@ -146,7 +146,7 @@ TEST_F(BenchmarkTest, MakesNoFileWithoutRoomForIt) {
   EXPECT_EQ(files->steps(), std::vector<std::string>{"look for room in /Volumes/Data"});
 }
 
-TEST_F(BenchmarkTest, TellsWhatWentWrong) {
+TEST_F(BenchmarkTest, ReportsTheReasonOfAFailure) {
   struct Row {
     const char* what;
     void (*arrange)(FakeVolumeFiles& files);
@@ -212,7 +212,7 @@ TEST_F(BenchmarkTest, WritesRandomBytesThatItMadeOnce) {
   std::vector<std::uint64_t> words(first.size() / sizeof(std::uint64_t));
   std::memcpy(words.data(), first.data(), first.size());
   std::sort(words.begin(), words.end());
-  EXPECT_EQ(std::adjacent_find(words.begin(), words.end()), words.end()); // nothing to leave out
+  EXPECT_EQ(std::adjacent_find(words.begin(), words.end()), words.end()); // no repeated values
 }
 
 TEST_F(BenchmarkTest, WritesFromMemoryThatADriveCanTakeDirectly) {
@@ -222,7 +222,7 @@ TEST_F(BenchmarkTest, WritesFromMemoryThatADriveCanTakeDirectly) {
   write();
 }
 
-TEST_F(BenchmarkTest, RemovesItsFileAndMindsNoneThatIsMissing) {
+TEST_F(BenchmarkTest, RemovesItsFileAndIgnoresAMissingOne) {
   write();
   benchmark.cleanup(mountPoint);
   EXPECT_TRUE(files->files().empty());
@@ -243,26 +243,26 @@ TEST_F(BenchmarkTest, RemovesEveryFileWhenTheProgramEnds) {
       std::count(steps.begin(), steps.end(), "remove /Volumes/Third/.tamberline_benchmark.tmp"), 1);
 }
 
-TEST_F(BenchmarkTest, BeginsNoTestOnceTheProgramEnds) {
+TEST_F(BenchmarkTest, StartsNoTestOnceTheProgramEnds) {
   benchmark.stop();
   EXPECT_EQ(write(), BenchmarkResult());
   EXPECT_TRUE(files->files().empty());
   EXPECT_TRUE(files->steps().empty());
 }
 
-TEST_F(BenchmarkTest, LeavesTheMakingOfRandomBytesOutOfTheTime) {
+TEST_F(BenchmarkTest, ExcludesTheCreationOfRandomBytesFromTheTime) {
   Benchmark filling(files, {.now = [this] { return now; },
                             .fill = [this](ChunkBuffer& /*buffer*/) { now += 1h; }});
   letTake("write", 100ms); // three writes of 20 MB
   EXPECT_DOUBLE_EQ(speedOf(filling.writeSync(mountPoint, 20)), 20 / 0.3);
 }
 
-TEST_F(BenchmarkTest, TakesOnlyTheVolumeThatWasAskedFor) {
+TEST_F(BenchmarkTest, AcceptsOnlyTheRequestedVolume) {
   files->identities[mountPoint] = {.text = "stick"};
   EXPECT_TRUE(std::holds_alternative<double>(write(1, {.volume = VolumeIdentity{"stick"}})));
   benchmark.cleanup(mountPoint);
   const std::vector<std::string> before = files->steps();
-  files->truncate(path, 17); // somebody's
+  files->truncate(path, 17); // another program's change
   for (const char* other : {"other stick", ""}) {
     files->identities[mountPoint] = {.text = other};
     for (const char* asked : {"stick", ""}) {
@@ -288,7 +288,7 @@ TEST_F(BenchmarkTest, ReadsNoFurtherThanAChunkBeyondWhatItWrote) {
   EXPECT_EQ(std::count(steps.begin(), steps.end(), "read 8388608"), 3);
 }
 
-TEST_F(BenchmarkTest, TellsHowFarItIsAfterEachChunk) {
+TEST_F(BenchmarkTest, ReportsItsProgressAfterEachChunk) {
   std::vector<int> percents;
   const BenchmarkOrder order{
       .progress = [&](double fraction) { percents.push_back(static_cast<int>(fraction * 100)); }};
@@ -299,7 +299,7 @@ TEST_F(BenchmarkTest, TellsHowFarItIsAfterEachChunk) {
   EXPECT_EQ(percents, (std::vector<int>{41, 83, 100, 100})); // the last read finds the end
 }
 
-TEST_F(BenchmarkTest, EndsWithTheChunkThatItIsAtWhenItIsCancelled) {
+TEST_F(BenchmarkTest, EndsAfterTheCurrentChunkWhenCancelled) {
   bool isCancelled = false;
   const BenchmarkOrder order{.isCancelled = [&] { return isCancelled; }};
   files->during = [&](const std::string& step) { isCancelled = step.starts_with("write"); };

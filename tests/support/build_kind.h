@@ -1,5 +1,5 @@
-// What the build does to the tests: sanitizers keep memory in an allocator of their own, and both
-// they and the counting of lines make everything many times slower.
+// How the kind of build affects the tests: sanitizers use their own allocator, and both they and
+// line counting make everything many times slower.
 #pragma once
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)

@@ -4,7 +4,7 @@
 
 namespace tamberline {
 
-/// How often an object emitted a signal since this began.
+/// How often an object has emitted a signal since this was constructed.
 class CountedSignal : public QObject {
 public:
   template <typename Sender, typename Signal>

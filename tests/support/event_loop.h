@@ -9,8 +9,8 @@
 
 namespace tamberline {
 
-/// Runs the event loop until the condition holds. False when it still does not after a time that is
-/// long enough for any machine. Needs an application object.
+/// Runs the event loop until the condition holds. Returns false if it still does not hold after a
+/// time that is long enough for any machine. Needs an application object.
 inline bool runEventsUntil(const std::function<bool()>& condition) {
   using namespace std::chrono_literals;
   const QDeadlineTimer deadline(30s);

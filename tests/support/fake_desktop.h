@@ -1,4 +1,4 @@
-// A desktop that the test plays: its tray and where its windows stand.
+// A desktop that the test controls: its tray and the positions of windows.
 #pragma once
 
 #include "desktop/tray.h"
@@ -30,7 +30,7 @@ public:
   int redraws = 0;
 };
 
-/// Holds windows in corners, or says nothing of their places.
+/// Holds windows in corners, or never reports their positions.
 class FakeWindowPlaces final : public WindowPlaces {
 public:
   explicit FakeWindowPlaces(Decider decider) : decider_(decider) {}
@@ -47,7 +47,7 @@ public:
 
   std::vector<Qt::Corner> corners; // of each hold
   HoldEvents events;               // of the last hold
-  int holds = 0;                   // that are there now
+  int holds = 0;                   // current number of holds
 
 private:
   class Hold final : public CornerHold {

@@ -11,7 +11,7 @@
 
 namespace tamberline {
 
-/// An ejector that answers what the test tells it to, and succeeds otherwise.
+/// An ejector that gives the answers set by the test, and succeeds otherwise.
 class FakeEjector final : public VolumeEjector {
 public:
   EjectOutcome eject(const EjectRequest& request) override {

@@ -30,7 +30,7 @@ class FakeMachine final : public MachineSource {
 public:
   std::string answer(Question question) override;
 
-  /// The answer from now on.
+  /// Sets the answer from now on.
   void answer(Question question, std::string answer);
 
   /// Answers for the next time the question is asked, one each, before the lasting one counts
@@ -39,7 +39,7 @@ public:
 
   /// The questions so far, in the order in which they were asked.
   std::vector<Question> questions() const;
-  /// For tests that run for long and look at the memory they take.
+  /// For long tests that measure memory.
   void forgetQuestions();
   std::size_t askCount(Question question) const;
 
@@ -51,7 +51,7 @@ private:
   std::map<Question, std::size_t> askCounts_;
 };
 
-/// Empty sections, so that a scan succeeds and finds nothing.
+/// Sets empty sections, so that a scan succeeds and finds nothing.
 void answerWithEmptyReports(FakeMachine& machine);
 
 } // namespace tamberline

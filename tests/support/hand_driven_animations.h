@@ -7,12 +7,12 @@
 
 namespace tamberline {
 
-/// All of Qt's animations, in the hands of a test while this lives: they move when the test says
-/// how much later it is, in as many frames as it likes. One at a time.
+/// Controls all of Qt's animations during its lifetime: the test says how much time has passed and
+/// in how many frames. Only one at a time.
 class HandDrivenAnimations : public QAnimationDriver {
 public:
   HandDrivenAnimations() {
-    // Time counts from the moment at which something begins to move.
+    // Time starts when something starts to move.
     connect(this, &QAnimationDriver::started, this, [this] { elapsed_ = {}; });
     install();
   }
@@ -23,7 +23,7 @@ public:
 
   qint64 elapsed() const override { return elapsed_.count(); }
 
-  /// The next frame comes this much later.
+  /// Renders the next frame after this time.
   void advanceBy(std::chrono::milliseconds duration) {
     letQtKeepUp();
     if (isRunning()) {
@@ -33,7 +33,8 @@ public:
   }
 
 private:
-  /// Qt starts and stops its timer later than the first and last animation, and these later still.
+  /// Qt starts and stops its timer after the first and last animation, and the animations still
+  /// later.
   static void letQtKeepUp() {
     for (int step = 0; step < 2; ++step) {
       QCoreApplication::processEvents();

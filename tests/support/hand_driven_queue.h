@@ -9,9 +9,9 @@
 
 namespace tamberline {
 
-/// A main queue whose clock stands still until a test moves it. Background work waits until the
-/// test lets it run, each piece on a thread of its own, one after another. Single-threaded
-/// otherwise: the test is the main thread.
+/// A main queue whose clock only moves when a test moves it. Background work waits until the test
+/// runs it, each piece on a separate thread, one after another. Otherwise single-threaded: the test
+/// is the main thread.
 class HandDrivenQueue final : public MainQueue {
 public:
   bool isMainThread() const override { return isMainThread_; }
@@ -20,32 +20,32 @@ public:
   void cancel(WorkItem item) override { delayed_.erase(item); }
   void runInBackground(Work work, Work next) override;
 
-  /// Drops everything that waits, and what comes later, as a queue that ends does.
+  /// Drops everything that waits, and everything posted later, like a queue that has ended.
   void end();
 
-  /// Runs everything that can run at the present time, background work included.
+  /// Runs everything that can run at the current time, including background work.
   void settle();
 
   /// Moves the clock, stopping at every delayed item on the way and settling there.
   void advance(std::chrono::milliseconds duration);
 
-  /// The same with background work that takes longer than that.
+  /// The same, but no background work finishes in that time.
   void advanceWithoutBackground(std::chrono::milliseconds duration);
 
-  /// Runs what was posted; background work keeps waiting.
+  /// Runs posted work; background work keeps waiting.
   void runPosted();
 
-  /// Runs the oldest waiting background work to its end, and what it posted.
+  /// Finishes the oldest waiting background work, and runs the work that it posted.
   void finishOneBackgroundWork();
 
-  /// The same with the newest: it overtakes the others.
+  /// The same for the newest, which overtakes the others.
   void finishNewestBackgroundWork();
 
   std::chrono::milliseconds now() const { return now_; }
   std::size_t delayedCount() const { return delayed_.size(); }
   std::size_t backgroundCount() const { return background_.size(); }
 
-  /// What isMainThread answers, to act as a caller on another thread.
+  /// Sets the result of isMainThread, to act as a caller on another thread.
   void pretendOtherThread(bool isOther) { isMainThread_ = !isOther; }
 
 private:

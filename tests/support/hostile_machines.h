@@ -1,4 +1,4 @@
-// Machines to which nobody means well.
+// Machines with malicious or absurd data.
 #pragma once
 
 #include "support/fake_machine.h"
@@ -11,25 +11,25 @@
 
 namespace tamberline {
 
-/// Names as no maker gives them: markup, control characters, turned directions, sequences of emoji,
-/// marks without end, a hundred thousand characters, white space only, nothing.
+/// Names that no real device has: markup, control characters, direction overrides, emoji sequences,
+/// thousands of combining marks, a hundred thousand characters, only white space, nothing.
 std::vector<std::string> hostileNames();
 
-/// Locations and container identifiers, as the registry tells them.
+/// Locations and container identifiers, as in the registry.
 using Containers = std::vector<std::pair<unsigned, std::string>>;
 
-/// Reports made of entries.
+/// Sets a report with these entries.
 void answerWithThunderboltEntries(FakeMachine& machine, const std::vector<nlohmann::json>& entries);
 void answerWithUSBEntries(FakeMachine& machine, const std::vector<nlohmann::json>& entries);
 void answerWithContainers(FakeMachine& machine, const Containers& containers);
 
-/// A port without anything, 0-based.
+/// A port with nothing attached, 0-based.
 nlohmann::json portEntry(int index);
 
-/// A bus inside of something that is plugged in.
+/// A bus inside an attached device.
 nlohmann::json busEntry(const std::vector<nlohmann::json>& devices);
 
-/// One on the computer's own controller.
+/// A bus on the computer's own controller.
 nlohmann::json ownBusEntry(const std::vector<nlohmann::json>& devices);
 
 nlohmann::json deviceEntry(const std::string& name,
@@ -37,19 +37,20 @@ nlohmann::json deviceEntry(const std::string& name,
 
 nlohmann::json located(nlohmann::json device, unsigned location);
 
-/// `name` wherever a name can stand: a dock, its maker, a device on it, its volume, the adapter.
+/// Uses `name` for everything that has a name: a dock, its maker, a device on it, its volume, the
+/// adapter.
 void answerWithNameEverywhere(FakeMachine& machine, const std::string& name);
 
-/// Ports with a device each, whose names end in the number of their port.
+/// Ports with one device each, whose name ends with the number of the port.
 void answerWithManyPorts(FakeMachine& machine, int count);
 
 /// Hubs of ten devices on one port.
 void answerWithManyDevices(FakeMachine& machine, int count);
 
-/// A hub which has itself behind it, twice, with devices on every level.
+/// A hub that contains itself twice, with devices on every level.
 void answerWithHubThatHoldsItself(FakeMachine& machine);
 
-/// As many hubs on one port, equal in everything, with an equal device behind each.
+/// `count` identical hubs on one port, with an identical device behind each.
 void answerWithTwins(FakeMachine& machine, int count);
 
 } // namespace tamberline

@@ -4,7 +4,7 @@
 
 namespace tamberline {
 
-/// Texts are in `language` until the scope ends, and then in English again.
+/// Sets the language until the scope ends, and then English again.
 class LanguageScope {
 public:
   explicit LanguageScope(AppLanguage language) { AppLanguage::choose(language); }

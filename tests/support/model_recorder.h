@@ -7,8 +7,8 @@
 
 namespace tamberline {
 
-/// Writes down what a list model tells its views, one signal a line: "+2..4" rows came, "-2" a row
-/// went, ">5 before 1" a row moved, "~3" a row changed.
+/// Records the signals of a list model, one per line: "+2..4" rows were inserted, "-2" a row was
+/// removed, ">5 before 1" a row moved, "~3" a row changed.
 class ModelRecorder : public QObject {
 public:
   explicit ModelRecorder(const QAbstractItemModel& model) {

@@ -5,7 +5,7 @@
 
 namespace tamberline {
 
-/// The process's C locale, as a graphical program sets it at its start.
+/// Sets the process's C locale, as a graphical program does when it starts.
 class ProcessLocaleScope {
 public:
   explicit ProcessLocaleScope(const char* name)

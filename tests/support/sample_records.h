@@ -1,4 +1,4 @@
-// Short ways to make records for tests.
+// Shorthands that make records for tests.
 #pragma once
 
 #include "model/power_records.h"

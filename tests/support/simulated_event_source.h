@@ -6,7 +6,7 @@
 
 namespace tamberline {
 
-/// Events that a test makes by hand.
+/// Events that the test sends.
 class SimulatedEventSource final : public PortEventSource {
 public:
   void start(PortEvents events) override {
@@ -19,7 +19,7 @@ public:
   }
   bool isOnExternalPower() const override { return isOnAC; }
 
-  /// Something was attached or removed.
+  /// Reports that something was attached or removed.
   void changeRegistry() const { events_.registryChanged(); }
   void changePower(bool toExternal) {
     isOnAC = toExternal;

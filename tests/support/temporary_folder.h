@@ -9,7 +9,7 @@
 
 namespace tamberline {
 
-/// An empty folder of the running test, with a blank and a letter beyond ASCII in its name.
+/// An empty folder for the running test, with a blank and a non-ASCII letter in its name.
 class TemporaryFolder {
 public:
   TemporaryFolder() {

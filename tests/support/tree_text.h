@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-/// A tree as indented text, one node a line: its kind and the name of its record.
+/// A tree as indented text, one node per line: its kind and the name of its record.
 ///
 ///     port 1
 ///       tb Harbour Dock

@@ -6,7 +6,7 @@
 
 namespace tamberline {
 
-/// As long as it lives, the desktop's folders of data are without any icon theme.
+/// Hides all icon themes from the desktop's data folders during its lifetime.
 class WithoutIconTheme {
 public:
   WithoutIconTheme() {

@@ -22,7 +22,7 @@ bool isTransparent(const QImage& image) {
   return true;
 }
 
-TEST(SymbolImage, IsInTheAskedColorOnly) {
+TEST(SymbolImage, HasOnlyTheRequestedColor) {
   for (const SymbolIcon& row : symbolTable()) {
     SCOPED_TRACE(row.symbol);
     const QImage image = symbolImage(row.symbol, blue, 16, 2);
@@ -72,7 +72,7 @@ TEST(SymbolImage, HasAsManyPixelsAsThePointsNeed) {
   }
 }
 
-TEST(SymbolImage, IsDrawnAnewForMorePixels) {
+TEST(SymbolImage, IsRedrawnForMorePixels) {
   const QImage enlarged = symbolImage("chevron.right", blue, 14, 1).scaled(QSize(28, 28));
   EXPECT_NE(symbolImage("chevron.right", blue, 14, 2).convertToFormat(enlarged.format()), enlarged);
 }
@@ -82,12 +82,12 @@ TEST(SymbolImage, OfAnUnknownSymbolIsTransparent) {
   EXPECT_TRUE(isTransparent(symbolImage("", blue, 14, 2)));
 }
 
-TEST(SymbolImage, WithoutASizeIsNothing) {
+TEST(SymbolImage, WithoutASizeIsEmpty) {
   EXPECT_TRUE(symbolImage("camera", blue, 0, 2).isNull());
   EXPECT_TRUE(symbolImage("camera", blue, -1, 2).isNull());
 }
 
-TEST(SymbolImageCache, GivesWhatIsDrawnWithoutIt) {
+TEST(SymbolImageCache, GivesTheSameImagesAsWithoutACache) {
   SymbolImageCache cache;
   EXPECT_EQ(cache.image("camera", blue, 14, 2), symbolImage("camera", blue, 14, 2));
   EXPECT_TRUE(isTransparent(cache.image("no.such.symbol", blue, 14, 2)));

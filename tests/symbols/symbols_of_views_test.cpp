@@ -84,7 +84,7 @@ TEST(SymbolsOfViews, OfVolumesAreInTheTable) {
   expectAllInTable(symbols);
 }
 
-/// Those that badges, cards, header, search field and menus of the panel show.
+/// The symbols of badges, cards, header, search field and menus of the panel.
 TEST(SymbolsOfViews, OfThePanelItselfAreInTheTable) {
   expectAllInTable({"arrow.clockwise", "arrow.up.circle", "arrow.up.circle.fill", "bolt.fill",
                     "bolt.horizontal", "cable.connector", "chevron.right",

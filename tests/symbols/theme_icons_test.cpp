@@ -37,7 +37,7 @@ TEST(ThemeIcons, HasNoIconForOtherNames) {
   }
 }
 
-/// Lines of one pixel of the drawing's grid spread over two pixels at these sizes.
+/// At these sizes, one-pixel lines of the drawing's grid are spread over two pixels.
 TEST(ThemeIcons, NamesOnlyIconsThatTheThemeDraws) {
   for (const SymbolIcon& row : symbolTable()) {
     SCOPED_TRACE(row.symbol);

@@ -61,14 +61,14 @@ TEST(InspectProgram, ShowsEverySampleAsTextAndAsADocument) {
   }
 }
 
-TEST(InspectProgram, ShowsWhatHangsOnTheDesk) {
+TEST(InspectProgram, ShowsWhatIsAttachedToTheDesk) {
   const Outcome outcome = inspect({"--reports", sampleFolder + "/desk"});
   EXPECT_TRUE(contains(outcome.output, "├─ Quarry Slate NVMe Enclosure  [TB3]\n"));
   EXPECT_TRUE(contains(outcome.output, "Volume  Küste Sommer  /Volumes/Küste Sommer\n"));
   EXPECT_TRUE(contains(outcome.output, "↑ Port supports up to 10 Gb/s — device or cable is"));
 }
 
-/// Names and speeds of devices as indented text.
+/// Names and speeds of devices, as indented text.
 std::string devicesText(const json& devices, const std::string& indent) {
   std::string text;
   for (const json& device : devices) {
@@ -103,11 +103,11 @@ TEST(InspectProgram, ShowsAMachineWhoseUSBReportIsInTheNewerSection) {
   EXPECT_EQ(cards[1]["rows"][0]["powerBar"]["usedMa"], 200);
 }
 
-TEST(InspectProgram, UsesNoColorsWhereNoTerminalIs) {
+TEST(InspectProgram, UsesNoColorsWithoutATerminal) {
   EXPECT_FALSE(contains(inspect({"--reports", sampleFolder + "/desk"}).output, "\x1b"));
 }
 
-TEST(InspectProgram, SpeaksTheLanguageThatItIsToldOrThatThePersonPrefers) {
+TEST(InspectProgram, SpeaksTheRequestedOrThePreferredLanguage) {
   const struct {
     std::vector<std::string> options;
     std::string environment;
@@ -143,7 +143,7 @@ TEST(InspectProgram, WritesADecimalPointInEveryLocale) {
   EXPECT_TRUE(contains(outcome.output, "8.8 W genutzt"));
 }
 
-TEST(InspectProgram, RefusesArgumentsThatMakeNoSense) {
+TEST(InspectProgram, RejectsInvalidArguments) {
   const TemporaryFolder folder;
   folder.save("file", "");
   const std::string file = (folder.path() / "file").string();
@@ -235,8 +235,8 @@ TEST(InspectProgram, SaysWhyItsOutputCannotBeWritten) {
   }
 }
 
-/// The exit status as a shell sees it, after what the program had to say. The reader has gone when
-/// `yes` has noticed it.
+/// The exit status as a shell sees it, after the shell command `before`. `yes` waits until the
+/// reader has gone: it ends when it cannot write.
 std::string endWithoutAReader(const std::string& before) {
   const std::string script =
       before + R"( { yes >&3 2>/dev/null; "$@" >&3; echo "status $?"; } 3>&1 >&2 | true)";
@@ -246,13 +246,13 @@ std::string endWithoutAReader(const std::string& before) {
       .standardOutput;
 }
 
-TEST(InspectProgram, EndsBySIGPIPEWithoutAWordWhenItsReaderHasGone) {
+TEST(InspectProgram, EndsBySIGPIPEWithoutAMessageWhenItsReaderHasGone) {
   const std::string bySIGPIPE = "status " + std::to_string(128 + SIGPIPE) + "\n";
   EXPECT_EQ(endWithoutAReader(""), bySIGPIPE);
   EXPECT_EQ(endWithoutAReader("trap '' PIPE;"), bySIGPIPE);
 }
 
-TEST(InspectProgram, HandsOnNamesOfDevicesAsTheyAreInTheDocument) {
+TEST(InspectProgram, PassesNamesOfDevicesUnchangedToTheDocument) {
   const TemporaryFolder folder;
   saveEmptySections(folder);
   folder.save("SPUSBDataType.json", R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [

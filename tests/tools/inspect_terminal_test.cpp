@@ -16,7 +16,7 @@ bool contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;
 }
 
-/// In code points; the desk sample has nothing that is wider.
+/// In code points; no character of the desk sample is wider than one column.
 std::size_t longestLine(const std::string& text) {
   std::size_t longest = 0;
   std::istringstream lines(text);
@@ -31,7 +31,7 @@ std::size_t longestLine(const std::string& text) {
 
 class InspectInATerminal : public testing::Test {
 protected:
-  /// What the program writes about the desk sample, with this environment.
+  /// The program's output for the desk sample in this environment.
   static std::string output(unsigned short columns, const QString& environment) {
     PseudoTerminal terminal(columns);
     const QString script =
@@ -62,7 +62,7 @@ TEST_F(InspectInATerminal, WrapsItsLinesAtTheWidthOfTheTerminal) {
   EXPECT_LE(longestLine(output(60, "NO_COLOR=1")), 60U);
 }
 
-TEST_F(InspectInATerminal, WrapsItsLinesAtTheColumnsThatItIsTold) {
+TEST_F(InspectInATerminal, WrapsItsLinesAtTheGivenColumns) {
   EXPECT_EQ(output(80, "NO_COLOR=1 COLUMNS=60"), output(60, "NO_COLOR=1"));
   for (const char* nonsense : {"COLUMNS=", "COLUMNS=0", "COLUMNS=-3", "COLUMNS=wide"}) {
     EXPECT_EQ(output(60, QString("NO_COLOR=1 ") + nonsense), output(60, "NO_COLOR=1"));
@@ -74,7 +74,7 @@ TEST_F(InspectInATerminal, WrapsNothingWhereTheWidthIsUnknown) {
   EXPECT_EQ(output(80, "NO_COLOR=1 COLUMNS=99999999999"), output(200, "NO_COLOR=1"));
 }
 
-TEST_F(InspectInATerminal, HasColoursWhereTheyAreWanted) {
+TEST_F(InspectInATerminal, HasColoursOnRequest) {
   EXPECT_TRUE(contains(output(80, ""), "\x1b["));
   EXPECT_TRUE(contains(output(80, "NO_COLOR="), "\x1b["));
   EXPECT_FALSE(contains(output(80, "NO_COLOR=1"), "\x1b["));

@@ -17,7 +17,7 @@ namespace {
 
 using nlohmann::json;
 
-/// The program watching a folder of saved reports.
+/// The program, watching a folder of saved reports.
 class WatchingProgram : public testing::Test {
 protected:
   WatchingProgram() {
@@ -47,7 +47,7 @@ protected:
     return program.readLine().toStdString();
   }
 
-  /// The line above a text; the time in it as if it were that of Greenwich.
+  /// The time in the line above a text, read as UTC.
   QDateTime nextTime() {
     const std::string line = nextLine();
     const QRegularExpression form(QStringLiteral("^──── (.*) ────\n$"));
@@ -66,7 +66,7 @@ protected:
     return text;
   }
 
-  /// Ends the program with a signal; whether it ended in order.
+  /// Ends the program with a signal; returns whether it shut down cleanly.
   bool ends(int signal) {
     kill(static_cast<pid_t>(program.processId()), signal);
     return program.waitForFinished() && program.exitStatus() == QProcess::NormalExit &&
@@ -101,7 +101,7 @@ TEST_F(WatchingProgram, PrintsTheTextAgainForEachChange) {
 }
 
 TEST_F(WatchingProgram, PrintsTheLocalTimeAboveEachText) {
-  qputenv("TZ", "XYZ-05:30"); // five and a half hours before Greenwich
+  qputenv("TZ", "XYZ-05:30"); // 5.5 hours ahead of UTC
   const QDateTime before = QDateTime::currentDateTimeUtc();
   start({});
   const QDateTime time = nextTime();
@@ -122,7 +122,7 @@ TEST_F(WatchingProgram, PrintsNothingForAChangeThatChangesNothing) {
   EXPECT_TRUE(ends(SIGTERM));
 }
 
-TEST_F(WatchingProgram, GoesOnAfterAScanThatFailed) {
+TEST_F(WatchingProgram, ContinuesAfterAFailedScan) {
   folder.save("SPUSBDataType.json", "this is no JSON");
   start({"--json"});
   EXPECT_EQ(json::parse(nextLine())["errorMessage"], "Could not parse SPUSBDataType");
@@ -133,7 +133,7 @@ TEST_F(WatchingProgram, GoesOnAfterAScanThatFailed) {
             "tamberline-inspect: Could not parse SPUSBDataType\n");
 }
 
-TEST_F(WatchingProgram, EndsWhenNobodyReadsItAnyMore) {
+TEST_F(WatchingProgram, EndsWhenItsReaderHasGone) {
   program.start("/bin/sh", QStringList{"-c", R"({ "$@"; echo "status $?" >&2; } | head -n 1)", "sh",
                                        INSPECT_PROGRAM} +
                                arguments({"--json"}));

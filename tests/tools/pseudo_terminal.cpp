@@ -21,7 +21,7 @@ Descriptor openReader() {
   return reader;
 }
 
-/// Line breaks go through as they are.
+/// Line breaks are passed on unchanged.
 void leaveOutputAlone(int terminal) {
   termios settings{};
   EXPECT_EQ(tcgetattr(terminal, &settings), 0);

@@ -6,21 +6,21 @@
 
 namespace tamberline {
 
-/// A terminal without a screen: what a program writes to it can be read here.
+/// A terminal without a screen: the test reads what a program writes to it.
 class PseudoTerminal {
 public:
   explicit PseudoTerminal(unsigned short columns);
 
-  /// What programs open to write to it.
+  /// The path that programs open to write to it.
   const std::string& path() const { return path_; }
 
-  /// What was written since, without waiting for more.
+  /// The output since the last call, without waiting for more.
   std::string takeOutput();
 
 private:
   Descriptor reader_;
   std::string path_;
-  /// Kept open, so that what was written stays when the program has ended.
+  /// Kept open, so that the output is still there after the program has ended.
   Descriptor writer_;
 };
 

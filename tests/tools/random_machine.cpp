@@ -111,7 +111,7 @@ private:
     return "0x" + digits.substr(0, static_cast<std::size_t>(length)) + " / 1";
   }
 
-  /// Devices on the computer's own controllers are left out where their port has no bus.
+  /// Devices on the computer's own controllers are left out if their port has no bus.
   json usbBus(unsigned portCount) {
     const bool isInternal = inOneOf(2);
     json entry = {{"_name", inOneOf(2) ? "USB31Bus" : "USB20Bus"},
@@ -140,7 +140,7 @@ private:
     return half;
   }
 
-  /// The slower half goes and leaves its devices to the faster one.
+  /// The slower half is dropped, and its devices move to the faster one.
   void addSplitHub(json& usb) {
     usb.push_back({{"_name", "USB20Bus"}, {"_items", json::array({hubHalf("high_speed", false)})}});
     usb.push_back({{"_name", "USB31Bus"}, {"_items", json::array({hubHalf("super_speed", true)})}});

@@ -14,13 +14,13 @@ namespace tamberline {
 struct RandomMachine {
   std::map<Question, std::string> answers;
 
-  /// Names of the devices that must stand in the tree exactly once.
+  /// Names of the devices that must be in the tree exactly once.
   std::set<std::string> shownDevices;
   /// Names of the devices that the rules leave out.
   std::set<std::string> hiddenDevices;
 };
 
-/// The same machine for the same seed, on every system.
+/// The same seed gives the same machine on every system.
 RandomMachine makeRandomMachine(std::uint32_t seed);
 
 } // namespace tamberline

@@ -22,7 +22,7 @@ using Json = nlohmann::ordered_json;
 
 constexpr std::uint32_t machineCount = isSlow ? 200 : 1'000;
 
-/// A scanner that scanned one random machine.
+/// A scanner that has scanned one random machine.
 struct ScannedMachine {
   explicit ScannedMachine(std::uint32_t seed) : machine(makeRandomMachine(seed)) {
     for (const auto& [question, answer] : machine.answers) {
@@ -156,7 +156,7 @@ void expectPlainTextForATerminal(const ScannedMachine& scanned) {
   EXPECT_EQ(text.find("\u202e"), std::string::npos);
 }
 
-/// Without line breaks, spaces and what stands beside the tree's lines.
+/// Without line breaks, spaces and the drawing characters of the tree.
 std::string wordsOf(std::string text) {
   for (const char* part : {"│", "├", "└", "─", " ", "\n"}) {
     text = replacedAll(text, part, "");

@@ -23,7 +23,7 @@ struct Outcome {
   std::optional<int> exitStatus;
 };
 
-/// Without a display, whatever the machine has.
+/// Without a display, even if the machine has one.
 ToolOutput runInShell(const std::string& redirection, const std::vector<std::string>& arguments) {
   std::vector<std::string> words = {
       "-c",
@@ -46,7 +46,7 @@ std::string contentOf(const std::filesystem::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// As the header of a PNG tells; 0 x 0 for what is none.
+/// From the header of a PNG; 0 x 0 if it is not a PNG.
 struct PictureSize {
   std::uint32_t width = 0;
   std::uint32_t height = 0;
@@ -68,7 +68,7 @@ PictureSize sizeOfPicture(const std::string& png) {
 
 class ReplayProgram : public testing::Test {
 protected:
-  /// A picture with these options, after checking that nothing went wrong.
+  /// A picture with these options, after checking that there was no error.
   std::string picture(std::vector<std::string> options) {
     const std::filesystem::path file = folder.path() / "panel.png";
     std::filesystem::remove(file);
@@ -117,7 +117,7 @@ TEST_F(ReplayProgram, SearchingDoesNotMakeThePanelHigher) {
   EXPECT_EQ(sizeOfPicture(picture({"--search", "a"})).height, sizeOfPicture(picture({})).height);
 }
 
-TEST_F(ReplayProgram, TellsWhereTheTextsOfThePictureAre) {
+TEST_F(ReplayProgram, WritesThePositionsOfThePicturesTexts) {
   const std::filesystem::path file = folder.path() / "places.json";
   const PictureSize size = sizeOfPicture(picture({"--places", file.string(), "--language", "it"}));
   std::map<std::string, nlohmann::json> places;
@@ -186,7 +186,7 @@ TEST_F(ReplayProgram, SaysWhatIsWrongWithItsArguments) {
   }
 }
 
-TEST_F(ReplayProgram, TellsOfItselfWhenAsked) {
+TEST_F(ReplayProgram, PrintsHelpAndVersionOnRequest) {
   for (const char* option : {"--help", "-h"}) {
     EXPECT_EQ(replay({option}).output.substr(0, 28), "Usage: tamberline-replay DIR");
     EXPECT_EQ(replay({option}).exitStatus, 0);

@@ -20,8 +20,8 @@ std::vector<std::string> filesIn(const fs::path& folder) {
   return files;
 }
 
-/// Qt would keep there what it has compiled of the panel, if the program did not bring that.
-TEST(ReplayTraces, NothingIsLeftInThePersonsFolder) {
+/// Qt would cache the compiled panel there if the program did not contain it.
+TEST(ReplayTraces, NothingIsLeftInTheUsersFolder) {
   const TemporaryFolder folder;
   const fs::path home = folder.path() / "home";
   fs::create_directory(home);

@@ -74,7 +74,7 @@ TEST(StableIdentifiers, ContinueTheParentsPath) {
   EXPECT_EQ(identifiersOf(assignStableIDs({bus("A")}, "/port1")), (Identifiers{"/port1/bus:A"}));
 }
 
-TEST(StableIdentifiers, LeaveEverythingElseOfTheTreeAsItIs) {
+TEST(StableIdentifiers, LeaveTheRestOfTheTreeUnchanged) {
   const std::vector<TreeNode> nodes = assignStableIDs({port(4, {bus("A"), bus("B")})}, "");
 
   ASSERT_EQ(nodes.size(), 1U);
@@ -130,7 +130,7 @@ TEST(AncestorIDs, AreThePathsThatLeadToANode) {
   }
 }
 
-TEST(AncestorIDs, OfAKeyWithASlashNameOneNodeTooMany) {
+TEST(AncestorIDs, OfAKeyWithASlashIncludeOneExtraNode) {
   ThunderboltDevice device{.name = "Dock", .vendorName = "Harbour"};
   const std::vector<TreeNode> nodes =
       assignStableIDs({port(1, {TreeNode(TreeNode::TBDevice{device}, {bus("A")})})}, "");

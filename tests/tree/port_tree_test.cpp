@@ -129,7 +129,7 @@ TEST(PortTree, IgnoresPortLimitsOnAddOnBuses) {
 )");
 }
 
-TEST(PortTree, LetsAbsurdPortNumbersStandAtTheLimit) {
+TEST(PortTree, ClampsAbsurdPortNumbers) {
   const std::int64_t highest = std::numeric_limits<std::int64_t>::max();
   const std::vector<TreeNode> tree =
       buildPortTree({.thunderboltBuses = {thunderboltBus(highest)},
@@ -174,7 +174,7 @@ TEST(PortTree, LabelsTheAdaptersPortInTheLanguageOfTheRun) {
   EXPECT_EQ(treeText(tree), "port 1\n  charger 96W Adapter on Thunderbolt-Port 1 via USB-C\n");
 }
 
-TEST(PortTree, BelievesTheFirstControllerThatSeesAnAdapter) {
+TEST(PortTree, UsesTheFirstControllerThatDetectsAnAdapter) {
   const std::vector<TreeNode> tree =
       buildPortTree({.thunderboltBuses = {thunderboltBus(0), thunderboltBus(1), thunderboltBus(2)},
                      .charger = adapter(),
@@ -230,7 +230,7 @@ TEST(PortTree, MarksAnEmptyPortThatOnlyPowersADevice) {
   EXPECT_EQ(treeText(tree), "port 1\n  charging only\nport 2\n");
 }
 
-TEST(PortTree, LooksAtEveryControllerOfAPortForAChargingOnlyDevice) {
+TEST(PortTree, ChecksEveryControllerOfAPortForAChargingOnlyDevice) {
   const std::vector<TreeNode> tree =
       buildPortTree({.thunderboltBuses = {thunderboltBus(0)},
                      .hpmPorts = {HPMPort{.portNumber = 1}, chargeOnlyPort(1)}});
@@ -271,7 +271,7 @@ bus USB 2.0 Bus
 )");
 }
 
-TEST(PortTree, GivesTheAddOnBusesToTheDockThatBroughtThem) {
+TEST(PortTree, AssignsTheAddOnBusesToTheirDock) {
   const std::vector<TreeNode> tree = buildPortTree(
       {.thunderboltBuses = {thunderboltBus(0, {thunderboltDevice("Harbour Dock")})},
        .usbBuses = {addOnBus("USB31Bus", {usbDevice("Disk")}), addOnBus("USB20Bus", {})}});
@@ -284,7 +284,7 @@ TEST(PortTree, GivesTheAddOnBusesToTheDockThatBroughtThem) {
 )");
 }
 
-TEST(PortTree, GivesNoDockTheBusesThatAreBuiltIn) {
+TEST(PortTree, AssignsBuiltInBusesToNoDock) {
   USBBus builtIn = addOnBus("USB20Bus", {usbDevice("Camera")});
   builtIn.isBuiltIn = true;
   EXPECT_EQ(treeText(buildPortTree(
@@ -321,7 +321,7 @@ TEST(PortTree, PutsAnAdapterThatIsOnNoKnownPortFirst) {
             "port 1\n");
 }
 
-TEST(PortTree, GivesTheAddOnBusesToTheDeepestDockOfAChain) {
+TEST(PortTree, AssignsTheAddOnBusesToTheLastDockOfAChain) {
   const std::vector<TreeNode> tree =
       buildPortTree({.thunderboltBuses = {thunderboltBus(
                          0, {thunderboltDevice("Upper Dock", {thunderboltDevice("Lower Dock")})})},
@@ -335,7 +335,7 @@ TEST(PortTree, GivesTheAddOnBusesToTheDeepestDockOfAChain) {
 )");
 }
 
-TEST(PortTree, GivesTheAddOnBusesToTheDockOfTheReportsFirstPort) {
+TEST(PortTree, AssignsTheAddOnBusesToTheDockOnTheReportsFirstPort) {
   const std::vector<TreeNode> tree =
       buildPortTree({.thunderboltBuses = {thunderboltBus(1, {thunderboltDevice("First Dock")}),
                                           thunderboltBus(0, {thunderboltDevice("Second Dock")})},
@@ -349,7 +349,7 @@ port 2
 )");
 }
 
-TEST(PortTree, ShowsADocksOwnChainBeforeTheBusesThatItBrought) {
+TEST(PortTree, ShowsADocksChainBeforeItsBuses) {
   const std::vector<TreeNode> tree =
       buildPortTree({.thunderboltBuses = {thunderboltBus(
                          0, {thunderboltDevice("Dock", {thunderboltDevice("Display")})})},
@@ -386,7 +386,7 @@ TEST(DockNames, AreRecognisedByAWordInAnyLetterCase) {
   }
 }
 
-TEST(DockNames, GiveNothingThatAnotherDockTookBefore) {
+TEST(DockNames, DoNotClaimBusesOfAnEarlierDock) {
   const std::vector<USBBus> buses = {addOnBus("USB31Bus", {}), addOnBus("USB20Bus", {})};
   std::set<Uuid> usedBusIDs = {buses[0].id};
   const std::vector<TreeNode> nodes =
@@ -395,7 +395,7 @@ TEST(DockNames, GiveNothingThatAnotherDockTookBefore) {
   EXPECT_EQ(treeText(nodes), "tb Dock\n  bus USB 2.0 Bus\n");
 }
 
-TEST(USBDeviceNodes, HandBothCeilingsDownThroughHubs) {
+TEST(USBDeviceNodes, PassBothLimitsThroughHubs) {
   const std::vector<TreeNode> nodes = usbDeviceNodes(
       {usbDevice("Hub", {usbDevice("Inner Hub", {usbDevice("Disk")}), usbDevice("Keys")}),
        usbDevice("Mouse")},

@@ -22,7 +22,7 @@ TreeNode portNode(std::vector<TreeNode> children) {
   return TreeNode(TreeNode::TBPort{thunderboltBus(1)}, std::move(children));
 }
 
-/// One entry a line: identifier, name, detail, breadcrumb.
+/// One entry per line: identifier, name, detail, breadcrumb.
 std::string entriesText(const std::vector<SearchEntry>& entries) {
   std::string text;
   for (const SearchEntry& entry : entries) {
@@ -40,7 +40,7 @@ std::vector<TreeNode> deskTree() {
                          "");
 }
 
-TEST(SearchEntries, NameDevicesAndAdaptersInTreeOrderWithWhatContainsThem) {
+TEST(SearchEntries, ListDevicesAndAdaptersInTreeOrderWithTheirContainers) {
   EXPECT_EQ(entriesText(flattenSearchable(deskTree())),
             R"(/charger | Adapter | Volta | 
 /port1/tb:uid-Dock | Dock | Harbour | Thunderbolt Port 1
@@ -81,7 +81,7 @@ TEST(SearchEntries, NamePortsInTheLanguageOfTheRun) {
   EXPECT_EQ(entries[0].breadcrumb, "Port Thunderbolt 1");
 }
 
-TEST(ShownSearchEntries, LeaveOutTheBlanksThatDevicesPadTheirNamesWith) {
+TEST(ShownSearchEntries, TrimThePaddingOfNames) {
   const std::vector<TreeNode> tree = assignStableIDs(
       {portNode({usbNode(" USB3.1 Hub    ", "Harbour  ", {usbNode("Keys\t", " ")})})}, "");
 

@@ -27,7 +27,7 @@ bool exceedsWithThunderbolt(std::vector<ThunderboltDevice> devices) {
   return exceedsTreeLimits({.thunderboltBuses = {thunderboltBus(0, std::move(devices))}});
 }
 
-TEST(TreeLimits, LeaveRoomForMoreThanAnyMachineHas) {
+TEST(TreeLimits, AllowMoreThanAnyMachineHas) {
   EXPECT_FALSE(exceedsTreeLimits({}));
   EXPECT_FALSE(exceedsWithUSB({addOnBus("USB31Bus", repeated(usbDevice("Disk"), 16'000))}));
   EXPECT_FALSE(exceedsWithUSB({addOnBus(longName(1'000'000), {usbDevice(longName(1'000'000))})}));
@@ -62,7 +62,7 @@ TEST(TreeLimits, CountANameOnceForEverythingBehindIt) {
   EXPECT_TRUE(exceedsWithThunderbolt({thunderboltDevice(longName(1'000'000), chain)}));
 }
 
-TEST(TreeLimits, CountTheNamesOfABusAndOfTheDockThatItMayHangOn) {
+TEST(TreeLimits, CountTheNamesOfABusAndOfItsPossibleDock) {
   const std::vector<USBDevice> devices = repeated(usbDevice("Keys"), 32);
   EXPECT_TRUE(exceedsWithUSB({addOnBus(longName(1'000'000), devices)}));
   const ThunderboltDevice dock =

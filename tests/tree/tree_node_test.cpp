@@ -49,7 +49,7 @@ TEST(TreeNode, CopiesItsSubtree) {
   EXPECT_NE(original.children.front().id, "changed");
 }
 
-TEST(LocalKey, NamesWhatTellsANodeFromItsSiblings) {
+TEST(LocalKey, DistinguishesANodeFromItsSiblings) {
   const struct {
     const char* description;
     TreeNode::Kind kind;

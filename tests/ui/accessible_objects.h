@@ -1,4 +1,4 @@
-// The panel as somebody meets it who listens instead of looking.
+// The panel as a screen reader sees it.
 #pragma once
 
 #include <QAccessible>
@@ -12,7 +12,7 @@ class QQuickItem;
 
 namespace tamberline {
 
-/// One object of the accessibility tree. Holds as long as its item.
+/// One object of the accessibility tree. Valid as long as its item.
 class AccessibleObject {
 public:
   explicit AccessibleObject(QAccessibleInterface* interface) : interface_(interface) {}
@@ -27,21 +27,21 @@ public:
   /// Such as `Button "Scan again"`.
   QString text() const;
 
-  /// False when the object cannot be pressed.
+  /// False if the object cannot be pressed.
   bool press() const;
 
 private:
   QAccessibleInterface* interface_;
 };
 
-/// All objects that are seen, in the order of the tree.
+/// All visible objects, in the order of the tree.
 std::vector<AccessibleObject> accessibleObjects(QWindow& window);
 
-/// The first object that is seen with the role and exactly the name.
+/// The first visible object with the role and exactly this name.
 std::optional<AccessibleObject> findAccessible(QWindow& window, QAccessible::Role role,
                                                const QString& name);
 
-/// The first object that is seen with the role and a name that begins so.
+/// The first visible object with the role and a name that starts like this.
 std::optional<AccessibleObject> findAccessibleStarting(QWindow& window, QAccessible::Role role,
                                                        const QString& start);
 

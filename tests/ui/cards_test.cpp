@@ -18,7 +18,7 @@ protected:
   bool isOpen(const QString& start) { return nameOf(start).endsWith(", expanded"); }
   bool isClosed(const QString& start) { return nameOf(start).endsWith(", collapsed"); }
 
-  /// Whether the rows that can be opened are all in one state.
+  /// Whether all rows that can be opened are in the same state.
   bool areAll(bool isExpanded) {
     for (int index = 0; index < rows().rowCount(); ++index) {
       const QModelIndex row = rows().index(index);
@@ -57,7 +57,7 @@ TEST_F(PanelCards, OpenAtAClick) {
   EXPECT_TRUE(isOpen("Thunderbolt Port 2"));
 }
 
-TEST_F(PanelCards, StayAsTheyAreAtAClickBesideThem) {
+TEST_F(PanelCards, IgnoreAClickBesideThem) {
   const QQuickItem* header = rowItem(indexOfRowNamed("Thunderbolt Port 2"));
   for (const double x : {4.0, 11.0, header->width() - 11, header->width() - 4}) {
     click(header->mapToScene({x, 16}));
@@ -84,7 +84,7 @@ TEST_F(PanelCards, CloseARowThatWasOpenedWithAllOthers) {
   EXPECT_TRUE(isOpen("Thunderbolt Port 1"));
 }
 
-TEST_F(PanelCards, DoNotOpenWhereNothingIsBelow) {
+TEST_F(PanelCards, DoNotOpenIfNothingIsBelow) {
   press("Expand all");
   const int count = rows().rowCount();
   const QQuickItem* row = rowItem(0);

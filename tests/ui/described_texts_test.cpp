@@ -16,7 +16,7 @@ namespace {
 
 using Document = nlohmann::ordered_json;
 
-/// Members that nobody reads: they choose a colour, a symbol, a component or an action.
+/// Members that are not text for users: they choose a colour, a symbol, a component or an action.
 bool isRead(const std::string& member, const Document& value) {
   static const std::set<std::string> unread = {"card", "color", "icon",       "id",
                                                "kind", "state", "mountPoint", "speedColor"};
@@ -24,7 +24,7 @@ bool isRead(const std::string& member, const Document& value) {
   return !unread.contains(member) && !isKindOfRow;
 }
 
-/// Without members that only come when they are asked for: popovers, and what tooltips say.
+/// Excludes members that are only shown on request: popovers and tooltips.
 bool isDrawn(const std::string& member, const Document& value) {
   return isRead(member, value) && member != "speedNote" && member != "link" &&
          !member.ends_with("ooltip");
@@ -55,7 +55,7 @@ class DescribedTexts : public PanelFixture, public testing::WithParamInterface<S
 protected:
   DescribedTexts() : language(GetParam().language) {}
 
-  /// What the panel describes, wherever it shows it, as far as it is wanted.
+  /// The selected texts of the panel's description, wherever the panel shows them.
   template <typename IsWanted>
   std::set<std::string> describedTexts(IsWanted isWanted) const {
     std::set<std::string> texts;
@@ -77,7 +77,7 @@ protected:
     }
   }
 
-  /// Everything, those rows included to which the list must be scrolled.
+  /// Visits everything, including the rows to which the list must be scrolled.
   void meetEverything() {
     const double end = listView()->property("contentHeight").toDouble();
     for (double top = 0; top < end; top += 300) {
@@ -92,7 +92,7 @@ protected:
   const LanguageScope language;
 };
 
-TEST_P(DescribedTexts, AllReachWhoListensAndWhoLooks) {
+TEST_P(DescribedTexts, AreAllAccessibleAndDrawn) {
   useSample(GetParam().sample);
   openPanel({.isBoundByScreen = false});
   expandAll();

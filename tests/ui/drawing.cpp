@@ -31,8 +31,8 @@ bool isRectangle(const QQuickItem& item) {
   return item.inherits("QQuickRectangle");
 }
 
-/// Cards, rings and bubbles have one; they are no grounds of a row. Who has none gets a black one
-/// by being asked, which is not drawn.
+/// Cards, rings and bubbles have a border; they are not backgrounds of a row. Reading `border` of
+/// an item without one creates a black one, which is not drawn.
 bool hasBorder(const QQuickItem& item) {
   const auto* border = item.property("border").value<QObject*>();
   return border != nullptr && border->property("width").toDouble() > 0 &&
@@ -47,7 +47,7 @@ std::string percent(double share) {
   return std::to_string(std::lround(share * 100)) + "%";
 }
 
-/// Centres that differ by less stand in one line.
+/// Items whose centres differ by less are in one line.
 constexpr double sameLine = 6;
 
 /// The first in the alphabet, where several look the same.
@@ -87,13 +87,13 @@ public:
   }
 
 private:
-  /// Something that is drawn by itself.
+  /// One drawn element.
   struct Element {
     std::string text = {};
     QRectF place = {};
   };
 
-  /// What others stand on.
+  /// A background of other elements.
   struct Ground {
     std::string text = {};
     QRectF place = {};
@@ -124,7 +124,7 @@ private:
            });
   }
 
-  /// The last one that was painted beneath it.
+  /// The last background that was painted below it.
   std::string groundOf(const Element& element) const {
     for (auto ground = grounds_.rbegin(); ground != grounds_.rend(); ++ground) {
       if (ground->place.contains(element.place)) {
@@ -231,7 +231,7 @@ private:
            percent((layer.x() + layer.width()) / bar.width()) + (fillsHeight ? "" : ", narrow");
   }
 
-  /// Of each column from the left: a guide, a connector to the row, or "?" for what is neither.
+  /// For each column from the left: a guide, a connector to the row, or "?" for anything else.
   std::string connectorsOf(const QQuickItem& hierarchy) const {
     const QQuickItem& columns = *hierarchy.childItems().constFirst();
     std::string text;
@@ -299,7 +299,7 @@ std::string Drawing::colorName(const QColor& wanted) const {
   return wanted.name(QColor::HexArgb).toStdString();
 }
 
-/// Whether not all of the place has one colour.
+/// Whether the area has more than one colour.
 bool Drawing::leavesTrace(const QRectF& place) const {
   constexpr int clearlyDifferent = 24;
   const QRect pixels = place.toAlignedRect() & picture_.rect();

@@ -9,7 +9,7 @@
 
 namespace tamberline {
 
-/// A size of the text at which nothing wraps, whatever the version of the font.
+/// A text size at which nothing wraps, whatever the version of the font.
 inline constexpr double unwrappedScale = 0.6;
 
 /// Says what is drawn of parts of a window: texts, symbols, bars and backgrounds as they look, not
@@ -20,19 +20,19 @@ public:
   /// this is used.
   Drawing(QQuickWindow& window, PanelContext& context);
 
-  /// The part's lines from top to bottom, in each what it shows from left to right:
+  /// The part's lines from top to bottom, each with its content from left to right:
   ///
   ///     on yellow 0.07: <bolt.horizontal yellow>  70W Adapter  70 W rated (secondary)
   ///     bar fill green, 6 high, round: 0.10 to 100%, 0.85 to 49%
   ///
-  /// First the background of all of it, if it has one. A colour that inks have is named as there,
-  /// one that only areas are filled with has "fill" before its name; the plain colour of text is
-  /// not mentioned. What is see-through, turned or on a background of its own says so, with the
-  /// corners of that. A row's connectors come first: "│ ├". What leaves no trace in the picture is
-  /// "unseen".
+  /// The background of the whole part comes first, if it has one. Colours of text and symbols have
+  /// their names in the theme, colours that only fill areas have "fill" before the name, and the
+  /// plain text colour is left out. Translucent and rotated elements and those on another
+  /// background are marked as such, with that background's corners. A row's connectors come first:
+  /// "│ ├". An element that leaves no trace in the picture is "unseen".
   std::string of(const QQuickItem& part) const;
 
-  /// The name of a colour, or its value where the theme has none for it.
+  /// The name of a colour, or its value if the theme has no name for it.
   std::string colorName(const QColor& color) const;
 
   const QImage& picture() const { return picture_; }

@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// What stands around the list, or in its place.
+/// Everything around the list, or in its place.
 class DrawnChrome : public PanelFixture {
 protected:
   std::string drawn(const char* type) {
@@ -60,7 +60,7 @@ No matching devices (secondary)
 )");
 }
 
-/// Only the first is what Return leads to.
+/// Return selects the first one, so only that is highlighted.
 TEST_F(DrawnChrome, OfTheSecondSuggestion) {
   useSample("desk");
   openPanel();
@@ -94,8 +94,8 @@ Scanning ports… (secondary)
 )");
 }
 
-/// Round once a second, as long as it is seen.
-TEST_F(DrawnChrome, TurnsWhileAScanIsUnderWay) {
+/// One turn per second, while it is visible.
+TEST_F(DrawnChrome, SpinsDuringAScan) {
   answerWithPorts(*machine, 1);
   openPanel();
   const QQuickItem* spinner =
@@ -114,7 +114,7 @@ TEST_F(DrawnChrome, TurnsWhileAScanIsUnderWay) {
   EXPECT_FALSE(spinner->isVisible());
 }
 
-TEST_F(DrawnChrome, TurnsWhileAVolumeIsTestedOrEjected) {
+TEST_F(DrawnChrome, SpinsWhileAVolumeIsTestedOrEjected) {
   answerWithDisk(*machine);
   scanner->benchmarks.set({{"/Volumes/Data", {BenchmarkPhase::Running{"Writing…"}}}});
   scanner->ejectStates.set({{"/Volumes/Data", {EjectState::Ejecting{}}}});

@@ -8,7 +8,7 @@
 namespace tamberline {
 namespace {
 
-/// The types that Qt makes of QML files have a number behind their names.
+/// The types that Qt generates from QML files have a number after their names.
 bool isOfType(const QQuickItem& item, const QString& type) {
   const QString name = QString::fromLatin1(item.metaObject()->className());
   return name == type || name == "tamberline::" + type || name.startsWith(type + "_QML");

@@ -1,4 +1,4 @@
-// What is drawn, read from the items that draw it.
+// What is drawn, according to the items that draw it.
 #pragma once
 
 #include <QQuickItem>
@@ -7,14 +7,14 @@
 
 namespace tamberline {
 
-/// The items within `part` that are seen and that come from the QML file `type`.qml, or are of the
-/// C++ class `type`; parents before their children.
+/// The visible items within `part` that come from the QML file `type`.qml or have the C++ class
+/// `type`; parents before their children.
 std::vector<QQuickItem*> drawnItems(const QQuickItem& part, const char* type);
 
-/// The only one of them. Fails where there is none, or another one too.
+/// The only one of them. Throws if there is none or more than one.
 QQuickItem& drawnItem(const QQuickItem& part, const char* type);
 
-/// How opaque the item is with everything that it stands in.
+/// The opacity of the item together with all its parents.
 double drawnOpacity(const QQuickItem& item);
 
 } // namespace tamberline

@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// As long as a chevron turns.
+/// The time in which a chevron turns.
 constexpr auto turning = 150ms;
 
 class DrawnRows : public PanelFixture {
@@ -21,7 +21,7 @@ protected:
     advance(turning);
   }
 
-  /// The row must be one that the list shows.
+  /// The row must be visible in the list.
   std::string drawn(const QString& start) { return drawnAt(indexOfRowNamed(start)); }
 
   std::string drawnAt(int index) {
@@ -49,7 +49,7 @@ dot (fill green)  Thunderbolt Port 2  3 items (secondary) on fill grey 0.15 r5  
 )");
 }
 
-TEST_F(DrawnRows, OfAPortThatAnAdapterIsOn) {
+TEST_F(DrawnRows, OfAPortWithAnAdapter) {
   open("road");
   EXPECT_EQ(drawn("Thunderbolt Port 2"), R"(
 dot (fill green)  Thunderbolt Port 2  1 item (secondary) on fill grey 0.15 r5  15 W (secondary)  <bolt.fill> (green) on fill green 0.12 r4  69W (green) on fill green 0.12 r4  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary turned 90)
@@ -60,7 +60,7 @@ on fill yellow 0.07 r6: <bolt.horizontal> (fill yellow)  70W USB-C Power Adapter
 )");
 }
 
-TEST_F(DrawnRows, OfAPortThatNothingIsOn) {
+TEST_F(DrawnRows, OfAnEmptyPort) {
   open("bare");
   EXPECT_EQ(drawn("Thunderbolt Port 1"), R"(
 dot (fill grey 0.35)  Thunderbolt Port 1  15 W (secondary)  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary turned 90)
@@ -151,7 +151,7 @@ bar fill green, 6 high, round: 0.10 to 100%, 0.30 to 56%, 0.85 to 11%
 )");
 }
 
-/// A volume in the states that its tools go through.
+/// A volume in all the states of its tools.
 TEST_F(DrawnRows, OfVolumes) {
   answerWithDisk(*machine);
   openPanel({.fontScale = unwrappedScale});
@@ -187,8 +187,8 @@ TEST_F(DrawnRows, OfVolumes) {
   EXPECT_EQ(lastLine(), volume + "<speedometer> (secondary)  <exclamationmark.circle> (orange)");
 }
 
-/// Quarter of a turn, slow at both ends.
-TEST_F(DrawnRows, TurnTheirChevronWhenTheyOpen) {
+/// A quarter of a turn, slow at both ends.
+TEST_F(DrawnRows, RotateTheirChevronWhenTheyOpen) {
   useSample("bare");
   openPanel();
   const QQuickItem& chevron = drawnItem(*rowItem(0), "Chevron");
@@ -203,8 +203,8 @@ TEST_F(DrawnRows, TurnTheirChevronWhenTheyOpen) {
   EXPECT_EQ(chevron.rotation(), 90);
 }
 
-/// The rows of a card together are one rounded rectangle.
-TEST_F(DrawnRows, StandOnTheBackgroundOfTheirCard) {
+/// The rows of a card form one rounded rectangle.
+TEST_F(DrawnRows, HaveTheBackgroundOfTheirCard) {
   useSample("bare");
   openPanel();
   const Drawing drawing(window(), context());
@@ -222,7 +222,7 @@ TEST_F(DrawnRows, StandOnTheBackgroundOfTheirCard) {
   EXPECT_EQ(colorAt(card.center().x(), card.bottom() + 3), window); // between the cards
 }
 
-TEST_F(DrawnRows, OfAnAdapterStandOnOneBaseline) {
+TEST_F(DrawnRows, OfAnAdapterShareOneBaseline) {
   for (const double scale : {1.0, 1.2, 1.3}) {
     useSample("road");
     openPanel({.fontScale = scale});

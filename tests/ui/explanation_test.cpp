@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 constexpr const char* why = "Why isn't this at full speed?";
 
-/// What floats above the panel.
+/// Everything that floats above the panel.
 class PanelBubbles : public PanelFixture {
 protected:
   void SetUp() override {
@@ -29,7 +29,7 @@ protected:
     return nullptr;
   }
 
-  /// All texts in it, one a line.
+  /// All texts in it, one per line.
   std::string bubbleText() {
     std::string text;
     for (const QQuickItem* item : visibleItems(window())) {
@@ -83,7 +83,7 @@ TEST_F(PanelExplanation, ClosesWithEscape) {
   EXPECT_EQ(closeCount, 0);
 }
 
-TEST_F(PanelExplanation, ClosesAtAPressOutsideThatDoesNothingElse) {
+TEST_F(PanelExplanation, ClosesOnAPressOutsideThatDoesNothingElse) {
   press(why);
   const int count = rows().rowCount();
   const QQuickItem* header = rowItem(0);
@@ -92,7 +92,7 @@ TEST_F(PanelExplanation, ClosesAtAPressOutsideThatDoesNothingElse) {
   EXPECT_EQ(rows().rowCount(), count);
 }
 
-TEST_F(PanelExplanation, ClosesWhenItsRowGoes) {
+TEST_F(PanelExplanation, ClosesWhenItsRowDisappears) {
   press(why);
   collapseAll();
   EXPECT_FALSE(isOpen());
@@ -100,7 +100,7 @@ TEST_F(PanelExplanation, ClosesWhenItsRowGoes) {
   EXPECT_FALSE(isOpen());
 }
 
-TEST_F(PanelExplanation, ClosesWhenTheDeviceGoes) {
+TEST_F(PanelExplanation, ClosesWhenTheDeviceIsUnplugged) {
   press(why);
   answerWithPorts(*machine, 1);
   machine->answer(Question::usb, R"({"SPUSBDataType": []})");
@@ -118,7 +118,7 @@ TEST_F(PanelExplanation, ClosesWithThePanel) {
 
 class PanelTooltips : public PanelBubbles {};
 
-TEST_F(PanelTooltips, ComeWhenThePointerRests) {
+TEST_F(PanelTooltips, AppearWhenThePointerRests) {
   movePointer(middleOf(QAccessible::Button, "Scan again"));
   advance(599ms);
   EXPECT_EQ(bubbleText(), "");
@@ -156,7 +156,7 @@ TEST_F(PanelTooltips, CoverAllOfABadge) {
   EXPECT_EQ(bubbleText(), "Number of devices attached to this port");
 }
 
-TEST_F(PanelTooltips, GoWithAPress) {
+TEST_F(PanelTooltips, DisappearOnAPress) {
   movePointer(middleOf(QAccessible::Button, "Expand all"));
   advance(600ms);
   EXPECT_EQ(bubbleText(), "Expand all");
@@ -164,14 +164,14 @@ TEST_F(PanelTooltips, GoWithAPress) {
   EXPECT_EQ(bubbleText(), "");
 }
 
-TEST_F(PanelTooltips, GoWithAKey) {
+TEST_F(PanelTooltips, DisappearOnAKeyPress) {
   movePointer(middleOf(QAccessible::Button, "Expand all"));
   advance(600ms);
   typeKey(Qt::Key_Tab);
   EXPECT_EQ(bubbleText(), "");
 }
 
-TEST_F(PanelTooltips, GoWithTheItemThatTheyExplain) {
+TEST_F(PanelTooltips, DisappearWithTheirItem) {
   movePointer(middleOf(QAccessible::StaticText, "480 Mb/s"));
   advance(600ms);
   ASSERT_NE(bubble(), nullptr);
@@ -189,7 +189,7 @@ TEST_F(PanelTooltips, ShowTheMessageOfAFailedEjection) {
   EXPECT_EQ(bubbleText(), "A <b>file</b> is open");
 }
 
-TEST_F(PanelTooltips, AreInOneLineWhereThereIsRoom) {
+TEST_F(PanelTooltips, AreOnOneLineIfThereIsRoom) {
   movePointer(middleOf(QAccessible::Button, "Scan again"));
   advance(600ms);
   ASSERT_NE(bubble(), nullptr);

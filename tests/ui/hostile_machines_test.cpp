@@ -37,7 +37,7 @@ protected:
 
 class HostileNameInPanel : public HostilePanel, public testing::WithParamInterface<std::size_t> {};
 
-TEST_P(HostileNameInPanel, LeavesEveryTextInItsPlace) {
+TEST_P(HostileNameInPanel, DoesNotDisplaceAnyText) {
   answerWithNameEverywhere(*machine, hostileNames().at(GetParam()));
   openPanel();
   expandAll();
@@ -76,7 +76,7 @@ TEST_F(HostilePanel, ShowsAndFindsFiveThousandDevices) {
   EXPECT_TRUE(isInView(*rowItem(found)));
 }
 
-TEST_F(HostilePanel, ShowsAHubThatStandsBehindItself) {
+TEST_F(HostilePanel, ShowsAHubBehindItself) {
   answerWithHubThatHoldsItself(*machine);
   openPanel();
   expandAll();
@@ -87,7 +87,7 @@ TEST_F(HostilePanel, ShowsAHubThatStandsBehindItself) {
   expectNoFaults();
 }
 
-TEST_F(HostilePanel, OpensOneOfThreeHundredTwinsAlone) {
+TEST_F(HostilePanel, OpensOnlyOneOfThreeHundredTwins) {
   answerWithTwins(*machine, 300);
   openPanel();
   press("Thunderbolt Port 1");

@@ -16,7 +16,7 @@ class PanelKeyboard : public PanelFixture {
 protected:
   QQuickItem* focused() { return window().activeFocusItem(); }
 
-  /// Whether anything on the panel shows that the keyboard is at the item.
+  /// Whether anything in the panel shows that the item has keyboard focus.
   bool isFocusSeen(const QQuickItem* item) {
     if (item->inherits("QQuickTextInput")) {
       return QQmlProperty::read(item->parentItem(), "border.width").toInt() == 2;
@@ -30,7 +30,7 @@ protected:
     return false;
   }
 
-  /// Everything that Tab comes to before it comes round.
+  /// All items that Tab reaches before it starts over.
   std::set<const QQuickItem*> tabChain() {
     std::set<const QQuickItem*> chain;
     do {
@@ -46,7 +46,7 @@ protected:
     return focused() == nullptr ? "nothing" : focused()->metaObject()->className();
   }
 
-  /// A row of a list is reached with the arrows, once its list is reached.
+  /// The arrow keys reach a row once its list has focus.
   static bool isRow(const QQuickItem& item) { return item.property("sentence").isValid(); }
 
   void expectTabReachesEveryControl() {
@@ -169,7 +169,7 @@ TEST_F(PanelKeyboard, OpensAndClosesTheCurrentRow) {
   EXPECT_EQ(focused(), rowItem(1));
 }
 
-TEST_F(PanelKeyboard, StaysAtItsRowAcrossARescan) {
+TEST_F(PanelKeyboard, StaysOnItsRowDuringARescan) {
   answerWithPorts(*machine, 3);
   openPanel();
   focusList();
@@ -191,7 +191,7 @@ TEST_F(PanelKeyboard, ScrollsToTheRowThatItMovesTo) {
   EXPECT_TRUE(comesIntoView(29));
 }
 
-TEST_F(PanelKeyboard, ScrollsToTheRowThatSuggestionsLeaveNoRoomFor) {
+TEST_F(PanelKeyboard, ScrollsToARowHiddenBySuggestions) {
   useSample("desk");
   openPanel();
   typeText("lumen 27");
@@ -276,7 +276,7 @@ TEST_F(PanelKeyboard, StaysInTheFieldWhenNothingWasFound) {
   EXPECT_TRUE(isFieldFocused());
 }
 
-TEST_F(PanelKeyboard, DoesNotLoseTheKeyboardAfterAJump) {
+TEST_F(PanelKeyboard, KeepsFocusAfterAJump) {
   useSample("desk");
   openPanel();
   typeText("lumen 27");
@@ -288,7 +288,7 @@ TEST_F(PanelKeyboard, DoesNotLoseTheKeyboardAfterAJump) {
   EXPECT_TRUE(isFocusSeen(focused()));
 }
 
-TEST_F(PanelKeyboard, EscapesFromTheLatestFirst) {
+TEST_F(PanelKeyboard, ClosesTheLatestFirstWithEscape) {
   answerWithDisk(*machine);
   openPanel();
   expandAll();

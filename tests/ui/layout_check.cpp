@@ -16,13 +16,13 @@ namespace {
 constexpr double tolerance = 0.5;
 constexpr int plainText = 0; // Text.PlainText
 
-/// An item whose place counts.
+/// An item whose position is checked.
 struct Shown {
   const QQuickItem* item = nullptr;
   QRectF place = {};
-  QRectF seen = {}; // what is not cut off of the place
+  QRectF seen = {}; // the visible part of the area
   bool isText = false;
-  const Bubble* bubble = nullptr; // that it floats in
+  const Bubble* bubble = nullptr; // the bubble that contains it
 };
 
 bool isInput(const QQuickItem& item) {
@@ -41,7 +41,7 @@ const Bubble* bubbleAround(const QQuickItem* item) {
   return qobject_cast<const Bubble*>(item);
 }
 
-/// As if it stood still: a symbol may be turning.
+/// Without rotation, because a symbol may be turning.
 QRectF placeOf(const QQuickItem& item) {
   return item.parentItem()->mapRectToScene(QRectF(item.position(), item.size()));
 }
@@ -108,7 +108,7 @@ private:
     }
   }
 
-  /// What a report cut in the middle already says so itself. The tooltip may say more behind it.
+  /// The report may already contain an ellipsis. The tooltip may have more text after it.
   static bool isWholeInTooltip(const QQuickItem& item) {
     const QString tooltip = tooltipOf(item);
     const QStringList parts = item.property("text").toString().split(QChar(0x2026));
@@ -126,7 +126,7 @@ private:
     return {};
   }
 
-  /// Against everything that it stands on; a list is longer than what is seen of it.
+  /// Against all its backgrounds; a list is longer than its visible part.
   void checkBounds(const Shown& shown) {
     bool isInList = false;
     for (const QQuickItem* around = shown.item->parentItem(); around != window_.contentItem();

@@ -7,9 +7,9 @@
 
 namespace tamberline {
 
-/// What is wrong with the texts that are seen, one line for each fault: cut without a tooltip that
-/// holds the whole text, taller or wider than its item, beyond what it stands on, over another text
-/// or a symbol, or read as anything but plain text.
+/// The faults of the visible texts, one per line: cut off without a tooltip that has the whole
+/// text, taller or wider than the item, outside the background, overlapping another text or a
+/// symbol, or not plain text.
 std::vector<std::string> layoutFaults(QQuickWindow& window);
 
 } // namespace tamberline

@@ -23,7 +23,7 @@ protected:
     }
   }
 
-  /// `look` is called with the panel open, for each theme and size of the text.
+  /// `look` is called with the panel open, for each theme and text size.
   template <typename Look>
   void inEachLook(Look look) {
     for (const double fontScale : {1.0, 2.0}) {
@@ -51,7 +51,7 @@ protected:
 
 class PanelLayoutOfSamples : public PanelLayout, public testing::WithParamInterface<SampleCase> {
 protected:
-  /// Of the rows that the list made.
+  /// Of the rows that the list has created.
   std::map<const QQuickItem*, double> rowHeights() {
     std::map<const QQuickItem*, double> heights;
     for (int index = 0; index < rows().rowCount(); ++index) {
@@ -65,8 +65,8 @@ protected:
   const LanguageScope language{GetParam().language};
 };
 
-/// A list view that finds rows higher than they were when it made them may never come to rest.
-TEST_P(PanelLayoutOfSamples, KnowsTheHeightOfARowAsSoonAsItIsMade) {
+/// A list view may never settle if its rows become higher after it has created them.
+TEST_P(PanelLayoutOfSamples, KnowsTheHeightOfARowAsSoonAsItIsCreated) {
   useSample(GetParam().sample);
   openPanel();
   expandAll();
@@ -97,7 +97,7 @@ TEST_P(PanelLayoutInLanguages, HasRoomForLongNames) {
   checkClosedAndOpen();
 }
 
-TEST_P(PanelLayoutInLanguages, HasRoomForWhatVolumesTell) {
+TEST_P(PanelLayoutInLanguages, HasRoomForTheStatesOfVolumes) {
   answerWithLongNames(*machine);
   scanner->ejectStates.set(
       {{"/Volumes/Fieldwork", {EjectState::Failed{std::string(Loc::ejectFailed())}}},
@@ -138,7 +138,7 @@ TEST_P(PanelLayoutInLanguages, HasRoomForTheExplanation) {
   });
 }
 
-TEST_P(PanelLayoutInLanguages, HasRoomForWhatStandsInPlaceOfCards) {
+TEST_P(PanelLayoutInLanguages, HasRoomForMessagesInPlaceOfCards) {
   inEachLook([this](const std::string& look) { expectNoFaults(look + ", empty"); });
   machine->answer(Question::thunderbolt, "");
   scanner = anotherScanner();

@@ -7,7 +7,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The panel over a scanner that tests and ejects a volume for real, in steps that the test takes.
+/// A panel on a scanner that really tests and ejects a volume, in steps that the test triggers.
 class LiveVolumes : public PanelFixture {
 protected:
   void SetUp() override {
@@ -16,7 +16,7 @@ protected:
     expandAll();
   }
 
-  /// Presses a button and leaves what it sets off waiting.
+  /// Presses a button without running the work that this posts.
   void start(const QString& buttonName) { find(QAccessible::Button, buttonName).press(); }
 
   void finishOneStep() {
@@ -37,7 +37,7 @@ TEST_F(LiveVolumes, ShowEveryPhaseOfATest) {
   EXPECT_TRUE(isTextShown("Reading…"));
   EXPECT_FALSE(isEnabled(ejectName));
   finishOneStep();
-  EXPECT_TRUE(isTextShown("Reading…")); // until the file is gone
+  EXPECT_TRUE(isTextShown("Reading…")); // until the file is removed
   finishOneStep();
   EXPECT_FALSE(isTextShown("Reading…"));
   EXPECT_TRUE(isShown(QAccessible::Button, retestName));
@@ -66,7 +66,7 @@ TEST_F(LiveVolumes, AreNotEjectedWhileTheyAreTested) {
   EXPECT_TRUE(ejector->mountPoints.empty());
 }
 
-TEST_F(LiveVolumes, KeepTheirResultThroughRescansAsLongAsTheyAreThere) {
+TEST_F(LiveVolumes, KeepTheirResultThroughRescansWhileMounted) {
   files->free = 0;
   press(testName);
   rescan();
@@ -92,7 +92,7 @@ TEST_F(LiveVolumes, StopTheirTestAndOfferItAgain) {
   EXPECT_TRUE(files->files().empty());
 }
 
-TEST_F(LiveVolumes, GoWithTheirDeviceWhenTheyAreEjected) {
+TEST_F(LiveVolumes, DisappearWithTheirDeviceWhenEjected) {
   start(ejectName);
   EXPECT_TRUE(isShown(QAccessible::Indicator, "Ejecting…"));
   answerWithDevices(*machine, {});
@@ -114,7 +114,7 @@ TEST_F(LiveVolumes, ShowWhyTheyCannotBeEjectedForFourSeconds) {
   EXPECT_TRUE(isEnabled(ejectName));
 }
 
-TEST_F(LiveVolumes, SayWhyToThePointerThatPressedTheButton) {
+TEST_F(LiveVolumes, ShowTheReasonToThePointerThatPressedTheButton) {
   ejector->failures = {"Volume busy"};
   const QPointF place = find(QAccessible::Button, ejectName).item()->mapToScene({5, 5});
   movePointer(place);
@@ -133,7 +133,7 @@ TEST_F(LiveVolumes, CanBeEjectedAgainByTheMessageItself) {
   EXPECT_EQ(ejector->mountPoints.size(), 2U);
 }
 
-TEST_F(LiveVolumes, AreTestedOnWhenThePanelCloses) {
+TEST_F(LiveVolumes, ContinueTheirTestWhenThePanelCloses) {
   start(testName);
   closePanel();
   queue->settle();

@@ -13,12 +13,12 @@
 
 namespace tamberline {
 
-/// One component of the panel alone in a window. Whatever QML warns of fails the test.
+/// A single component of the panel in a window. Any QML warning fails the test.
 class LoneComponent : public testing::Test {
 protected:
   ~LoneComponent() override { EXPECT_EQ(warnings.text(), ""); }
 
-  /// Shows `name`.qml with these properties, so wide, and as high as it wants to be.
+  /// Shows `name`.qml with these properties and this width, at its implicit height.
   void showComponent(const QString& name, const QVariantMap& properties, int width,
                      double fontScale = 1);
   void draw();

@@ -5,8 +5,8 @@
 #include <QQuickWindow>
 #include <gtest/gtest.h>
 
-/// Windows on the offscreen platform, drawn in software, in our own font and colours: the same on
-/// every machine. Whoever listens is at home.
+/// Windows on the offscreen platform, with software rendering and our own font and colours, so that
+/// they look the same on every machine. Accessibility is active.
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -19,7 +19,7 @@ bool isControl(QAccessible::Role role) {
 
 class ControlNames : public PanelFixture {
 protected:
-  /// Returns how many controls there are.
+  /// Returns the number of controls.
   int expectNames() {
     int count = 0;
     for (const AccessibleObject& object : objects()) {
@@ -38,14 +38,14 @@ protected:
   const LanguageScope language{GetParam().language};
 };
 
-TEST_P(ControlNamesOfSamples, AreThereWithEverythingOpen) {
+TEST_P(ControlNamesOfSamples, ExistWithEverythingOpen) {
   useSample(GetParam().sample);
   openPanel({.isBoundByScreen = false});
   expandAll();
   EXPECT_GT(expectNames(), 8);
 }
 
-TEST_P(ControlNamesOfSamples, AreThereWhileSearching) {
+TEST_P(ControlNamesOfSamples, ExistWhileSearching) {
   useSample(GetParam().sample);
   openPanel({.isBoundByScreen = false});
   typeText("e");
@@ -63,7 +63,7 @@ protected:
   const LanguageScope language{GetParam()};
 };
 
-TEST_P(ControlNamesInLanguages, AreThereWithoutCards) {
+TEST_P(ControlNamesInLanguages, ExistWithoutCards) {
   machine->answer(Question::thunderbolt, "");
   openPanelWhileScanning({});
   draw();
@@ -75,7 +75,7 @@ TEST_P(ControlNamesInLanguages, AreThereWithoutCards) {
   EXPECT_GT(expectNames(), 4);
 }
 
-TEST_P(ControlNamesInLanguages, AreThereWhileVolumesAreTestedAndEjected) {
+TEST_P(ControlNamesInLanguages, ExistWhileVolumesAreTestedAndEjected) {
   answerWithDisk(*machine);
   openPanel();
   expandAll();

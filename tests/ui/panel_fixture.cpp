@@ -14,7 +14,7 @@ namespace tamberline {
 namespace {
 
 constexpr int mostRounds = 60;
-/// A second attempt at a report that failed comes this much later.
+/// The delay of the second attempt at a report that failed.
 constexpr std::chrono::milliseconds scanTakes{150};
 
 void sendMouse(QWindow& window, QEvent::Type type, QPointF position, Qt::MouseButtons buttons) {
@@ -87,7 +87,7 @@ void PanelFixture::closePanel() {
   shell.reset();
 }
 
-/// Brings all layouts to their end.
+/// Finishes all layouts.
 void PanelFixture::draw() {
   QEvent update(QEvent::UpdateRequest);
   QCoreApplication::sendEvent(&window(), &update);

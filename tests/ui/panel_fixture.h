@@ -30,12 +30,12 @@ protected:
   PanelFixture(const PanelFixture&) = delete;
   PanelFixture& operator=(const PanelFixture&) = delete;
 
-  /// What a test can still change before the panel opens.
+  /// Settings that a test can change before the panel opens.
   struct Setting {
     double fontScale = 1;
     bool isBoundByScreen = true;
     bool hasActions = true;
-    /// Volumes are tested and ejected by the scanner, instead of only noting that it was asked for.
+    /// The scanner tests and ejects volumes, instead of only recording the requests.
     bool areVolumesLive = false;
   };
 
@@ -44,21 +44,20 @@ protected:
   /// A scanner over the fake machine that knows nothing yet.
   std::shared_ptr<PortScanner> anotherScanner() { return scannerOver(machine); }
 
-  /// Opens the panel and lets its first scan end.
+  /// Opens the panel and finishes its first scan.
   void openPanel(Setting setting);
   void openPanel() { openPanel(Setting{}); }
-  /// The same without letting the queue run: the first scan is under way.
+  /// The same without running the queue: the first scan is in progress.
   void openPanelWhileScanning(Setting setting);
   void closePanel();
 
-  /// One frame of the screen.
+  /// Renders one frame.
   void draw();
-  /// Lets everything happen that happens at the present time, until the panel stands still.
+  /// Runs everything that can happen at the current time, until the panel is stable.
   void settle();
-  /// Moves the clock and settles. What moves comes to its new place in a single frame, as on a very
-  /// slow machine.
+  /// Moves the clock and settles. Animations finish in a single frame, as on a very slow machine.
   void advance(std::chrono::milliseconds duration);
-  /// Another scan, to its end.
+  /// Runs another whole scan.
   void rescan();
 
   void expandAll();
@@ -73,22 +72,22 @@ protected:
     return findAccessible(window(), role, name).has_value();
   }
   bool isTextShown(const QString& text) { return isShown(QAccessible::StaticText, text); }
-  /// The object must be there.
+  /// Fails if there is no such object.
   AccessibleObject find(QAccessible::Role role, const QString& name);
-  /// Presses the button whose name begins so, and settles.
+  /// Presses the button whose name starts like this, and settles.
   void press(const QString& buttonName);
 
   void typeKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   void typeText(const QString& text);
-  /// Moves the pointer there and presses it.
+  /// Moves the pointer to the position and clicks.
   void click(QPointF position);
   void movePointer(QPointF position);
 
   QQuickItem* listView();
   double listPosition() { return listView()->property("contentY").toDouble(); }
-  /// What the row of the list shows is within the part of the list that is seen.
+  /// Whether the row's content is within the visible part of the list.
   bool isInView(const QQuickItem& row);
-  /// The item of a row of the list; null where the list made none.
+  /// The item of a row of the list; null if the list has not created one.
   QQuickItem* rowItem(int index);
   int indexOfRowNamed(const QString& start);
 

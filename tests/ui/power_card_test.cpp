@@ -46,7 +46,7 @@ protected:
                       .isCharging = true};
 };
 
-TEST_F(PowerCardOnItsOwn, TellsWhatTheAdapterGives) {
+TEST_F(PowerCardOnItsOwn, ShowsThePowerOfTheAdapter) {
   adapter.connectsViaUSBC = true;
   adapter.portLabel = "Thunderbolt Port 3";
   show(adapter, std::nullopt);
@@ -85,7 +85,7 @@ TEST_F(PowerCardOnItsOwn, ShowsTheHealthOfTheBattery) {
   }
 }
 
-TEST_F(PowerCardOnItsOwn, LooksLikeWhatItTells) {
+TEST_F(PowerCardOnItsOwn, MatchesItsDescription) {
   adapter.connectsViaUSBC = true;
   show(adapter,
        BatteryInfo{
@@ -120,7 +120,7 @@ TEST_F(PowerCardOnItsOwn, HasRoomForLongTexts) {
   show(adapter, battery, 2);
 }
 
-TEST_F(PowerCardOnItsOwn, ShowsAnAdapterThatTellsNothing) {
+TEST_F(PowerCardOnItsOwn, ShowsAnAdapterWithoutData) {
   show({}, std::nullopt);
   EXPECT_TRUE(isTextShown("Power Adapter"));
   EXPECT_FALSE(isTextShown("96W rated"));

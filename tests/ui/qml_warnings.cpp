@@ -10,14 +10,14 @@ namespace {
 
 std::string collected;
 
-/// The offscreen platform cannot raise windows and says so.
+/// The offscreen platform cannot raise windows and warns about it.
 bool isOfThePlatform(const QString& message) {
   return message.startsWith(QLatin1String("This plugin does not support "));
 }
 
 void collect(QtMsgType type, const QMessageLogContext&, const QString& message) {
   if (type == QtFatalMsg) {
-    std::fprintf(stderr, "%s\n", qPrintable(message)); // nobody comes to read it otherwise
+    std::fprintf(stderr, "%s\n", qPrintable(message)); // otherwise the test would not report it
   }
   const bool isWarning = type != QtDebugMsg && type != QtInfoMsg;
   if (isWarning && !isOfThePlatform(message)) {

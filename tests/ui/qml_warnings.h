@@ -4,7 +4,7 @@
 
 namespace tamberline {
 
-/// Collects what Qt and QML warn of while it lives. One at a time.
+/// Collects the warnings of Qt and QML during its lifetime. Only one at a time.
 class QmlWarnings {
 public:
   QmlWarnings();
@@ -12,7 +12,7 @@ public:
   QmlWarnings& operator=(const QmlWarnings&) = delete;
   ~QmlWarnings();
 
-  /// One line for each; empty when there was none.
+  /// One line for each; empty if there were none.
   std::string text() const;
 };
 

@@ -9,7 +9,7 @@ using namespace std::chrono_literals;
 
 class PanelRescan : public PanelFixture {
 protected:
-  /// The items of the list, seen or not; their addresses tell whether any was made anew.
+  /// The items of the list, visible or not; their addresses show whether any was created anew.
   std::vector<const QQuickItem*> listItems() {
     std::vector<const QQuickItem*> items;
     append(listView(), items);
@@ -37,7 +37,7 @@ protected:
   }
 };
 
-TEST_F(PanelRescan, ChangesNothingWhereNothingChanged) {
+TEST_F(PanelRescan, ChangesNothingIfNothingChanged) {
   useSample("desk");
   openPanel();
   expandAll();
@@ -51,7 +51,7 @@ TEST_F(PanelRescan, ChangesNothingWhereNothingChanged) {
   EXPECT_EQ(listPosition(), 200);
 }
 
-TEST_F(PanelRescan, KeepsRowsOpenAndTheListWhereItIs) {
+TEST_F(PanelRescan, KeepsRowsOpenAndThePositionOfTheList) {
   useSample("desk");
   openPanel();
   press("Thunderbolt Port 1");
@@ -66,7 +66,7 @@ TEST_F(PanelRescan, KeepsRowsOpenAndTheListWhereItIs) {
   EXPECT_EQ(listPosition(), 20);
 }
 
-TEST_F(PanelRescan, MovesOnlyWhatIsBelowADeviceThatCame) {
+TEST_F(PanelRescan, MovesOnlyRowsBelowANewDevice) {
   answerWithDevices(*machine, devices({"Keys", "Mouse"}));
   openPanel();
   expandAll();
@@ -84,7 +84,7 @@ TEST_F(PanelRescan, MovesOnlyWhatIsBelowADeviceThatCame) {
   EXPECT_TRUE(isOpen("Thunderbolt Port 1"));
 }
 
-TEST_F(PanelRescan, ClosesUpWhereADeviceWent) {
+TEST_F(PanelRescan, ClosesTheGapOfARemovedDevice) {
   answerWithDevices(*machine, devices({"Keys", "Camera", "Mouse"}));
   openPanel();
   expandAll();
@@ -97,7 +97,7 @@ TEST_F(PanelRescan, ClosesUpWhereADeviceWent) {
   EXPECT_LT(window().height(), height);
 }
 
-TEST_F(PanelRescan, KeepsTheListWhereItIsWhenADeviceComesBelow) {
+TEST_F(PanelRescan, KeepsThePositionWhenADeviceAppearsBelow) {
   answerWithPorts(*machine, 30);
   openPanel();
   listView()->setProperty("contentY", 300);
@@ -108,7 +108,7 @@ TEST_F(PanelRescan, KeepsTheListWhereItIsWhenADeviceComesBelow) {
   EXPECT_EQ(listPosition(), 300);
 }
 
-TEST_F(PanelRescan, RewritesARowInItsPlace) {
+TEST_F(PanelRescan, UpdatesARowInPlace) {
   answerWithDevices(*machine, {{"Keys", R"("serial_num": "1", "bus_power_used": "100")"}});
   openPanel();
   expandAll();

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// As long as the list takes to get to what was searched.
+/// The time in which the list scrolls to a search result.
 constexpr auto scrolling = 250ms;
 
 class PanelSearch : public PanelFixture {
@@ -33,7 +33,7 @@ protected:
   }
 };
 
-TEST_F(PanelSearch, SuggestsWhatHasTheTextInItsName) {
+TEST_F(PanelSearch, SuggestsDevicesWithTheTextInTheirNames) {
   EXPECT_FALSE(isShown(QAccessible::List, "Suggestions"));
   typeText("lumen 27 c");
   EXPECT_EQ(fieldText(), "lumen 27 c");
@@ -44,7 +44,7 @@ TEST_F(PanelSearch, SuggestsWhatHasTheTextInItsName) {
   EXPECT_FALSE(findAccessibleStarting(window(), QAccessible::Button, "Lumen 27 Speakers"));
 }
 
-TEST_F(PanelSearch, TellsThatNothingWasFound) {
+TEST_F(PanelSearch, SaysThatNothingWasFound) {
   typeText("no such device");
   EXPECT_TRUE(isTextShown("No matching devices"));
   EXPECT_FALSE(isShown(QAccessible::List, "Suggestions"));
@@ -77,7 +77,7 @@ TEST_F(PanelSearch, JumpsToTheFirstSuggestionAtReturn) {
   EXPECT_TRUE(isInView(*rowItem(index)));
 }
 
-TEST_F(PanelSearch, GivesTheKeyboardToTheRowThatItFound) {
+TEST_F(PanelSearch, FocusesTheFoundRow) {
   typeText("card reader");
   typeKey(Qt::Key_Return);
   advance(30ms);
@@ -87,11 +87,11 @@ TEST_F(PanelSearch, GivesTheKeyboardToTheRowThatItFound) {
   ASSERT_NE(rowItem(index), nullptr)
       << index << " of " << rows().rowCount() << " at " << listPosition();
   EXPECT_TRUE(rowItem(index)->hasActiveFocus());
-  typeText("x"); // typing searches again
+  typeText("x"); // typing starts another search
   EXPECT_EQ(fieldText(), "x");
 }
 
-TEST_F(PanelSearch, JumpsToAnyRowFromTheFartherEnd) {
+TEST_F(PanelSearch, JumpsToAnyRowFromTheOppositeEnd) {
   expandAll();
   ScrollProxy& proxy = *context().search()->scrollProxy();
   const int last = rows().rowCount() - 1;
@@ -105,7 +105,7 @@ TEST_F(PanelSearch, JumpsToAnyRowFromTheFartherEnd) {
   }
 }
 
-/// The highlight over the row that a jump led to, from a panel with every card closed.
+/// The highlight on the row that a jump led to, starting with all cards closed.
 class PanelPulse : public PanelFixture {
 protected:
   void jumpTo(const QString& name) {
@@ -118,7 +118,7 @@ protected:
 
   QQuickItem& overlay() { return drawnItem(*rowItem(index), "PulseOverlay"); }
 
-  /// Its opacity, each quarter of a second from now on.
+  /// Its opacity at each of the next quarters of a second.
   std::string opacities(int quarters) {
     std::string text;
     for (int quarter = 0; quarter < quarters; ++quarter) {
@@ -128,7 +128,7 @@ protected:
     return text;
   }
 
-  /// In the second to come.
+  /// During the next second.
   double greatestOpacity() {
     double greatest = 0;
     for (int step = 0; step < 20; ++step) {
@@ -141,7 +141,7 @@ protected:
   int index = -1;
 };
 
-TEST_F(PanelPulse, ThrobsOverARowThatWasThereBefore) {
+TEST_F(PanelPulse, ThrobsOverAnExistingRow) {
   useSample("desk");
   openPanel();
   jumpTo("Lumen 27 Speakers");
@@ -149,7 +149,7 @@ TEST_F(PanelPulse, ThrobsOverARowThatWasThereBefore) {
   EXPECT_EQ(opacities(8), "0.20 0.40 0.20 0.00 0.20 0.40 0.20 0.00");
 }
 
-TEST_F(PanelPulse, ThrobsOverARowThatIsMadeWhenTheListComesToIt) {
+TEST_F(PanelPulse, ThrobsOverARowCreatedByScrolling) {
   std::vector<ReportedDevice> devices;
   for (int number = 100; number < 160; ++number) {
     devices.push_back({"Device " + std::to_string(number)});
@@ -164,7 +164,7 @@ TEST_F(PanelPulse, ThrobsOverARowThatIsMadeWhenTheListComesToIt) {
   EXPECT_GT(greatestOpacity(), 0.38);
 }
 
-TEST_F(PanelPulse, BeginsSlowly) {
+TEST_F(PanelPulse, StartsSlowly) {
   useSample("desk");
   openPanel();
   jumpTo("Lumen 27 Speakers");
@@ -172,17 +172,17 @@ TEST_F(PanelPulse, BeginsSlowly) {
   EXPECT_NEAR(drawnOpacity(overlay()), 0.05, 0.001);
 }
 
-TEST_F(PanelPulse, FadesFromWhereItIs) {
+TEST_F(PanelPulse, FadesFromItsCurrentOpacity) {
   useSample("desk");
   openPanel();
   jumpTo("Lumen 27 Speakers");
   EXPECT_EQ(opacities(2), "0.20 0.40");
-  queue->advance(4500ms); // the screen is late
+  queue->advance(4500ms); // the frame is late
   settle();
   EXPECT_EQ(fixedText(drawnOpacity(overlay()), 2), "0.40");
   animations.advanceBy(200ms);
   EXPECT_EQ(fixedText(drawnOpacity(overlay()), 2), "0.10"); // fast at first
-  queue->advance(400ms); // the highlight ends before the screen is there
+  queue->advance(400ms);                                    // the highlight ends before the frame
   settle();
   animations.advanceBy(200ms);
   EXPECT_EQ(drawnOpacity(overlay()), 0);
@@ -199,7 +199,7 @@ TEST_F(PanelPulse, CoversTheRow) {
   EXPECT_GT(overlay().height(), rowItem(index)->height() / 2);
 }
 
-TEST_F(PanelSearch, LetsTheRowThrobForFiveSecondsAndFade) {
+TEST_F(PanelSearch, ThrobsOverTheRowForFiveSecondsAndFades) {
   typeText("card reader");
   typeKey(Qt::Key_Return);
   advance(30ms);

@@ -39,7 +39,7 @@ TEST_F(PanelSizes, ShowTheWholeListWithoutScrolling) {
   EXPECT_NEAR(listView()->parentItem()->height(), listView()->property("fullHeight").toDouble(), 1);
 }
 
-TEST_F(PanelSizes, StopShortOfTheScreenAndScroll) {
+TEST_F(PanelSizes, StayWithinTheScreenAndScroll) {
   answerWithPorts(*machine, 30);
   openPanel();
   EXPECT_EQ(rows().rowCount(), 30);
@@ -67,7 +67,7 @@ TEST_F(PanelSizes, DoNotFollowRounding) {
   EXPECT_EQ(window().height(), height + 3);
 }
 
-TEST_F(PanelSizes, LeaveTheSameAirAroundTheSearchWithSuggestionsAndWithout) {
+TEST_F(PanelSizes, KeepTheSameSpacingAroundTheSearchWithSuggestionsAndWithout) {
   useSample("desk");
   openPanel();
   const QRectF header = placeInWindow(*find(QAccessible::Button, "Expand all").item());
@@ -88,7 +88,7 @@ TEST_F(PanelSizes, LeaveTheSameAirAroundTheSearchWithSuggestionsAndWithout) {
   EXPECT_EQ(placeInWindow(*listView()->parentItem()).top(), list.bottom() + 8 + 1); // a divider
 }
 
-TEST_F(PanelSizes, LeaveAirAroundTheFooter) {
+TEST_F(PanelSizes, KeepSpacingAroundTheFooter) {
   answerWithPorts(*machine, 4);
   openPanel();
   const QRectF manual = placeInWindow(*find(QAccessible::Button, "Open the user manual").item());

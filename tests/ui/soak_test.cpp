@@ -15,7 +15,7 @@
 namespace tamberline {
 namespace {
 
-/// What a panel that runs for days must not grow.
+/// The resources that a panel must not accumulate when it runs for days.
 struct Resources {
   std::size_t heapBytes = 0;
   std::uint64_t residentBytes = 0;
@@ -29,7 +29,7 @@ Resources resourcesNow() {
           .descriptorCount = openDescriptors().size()};
 }
 
-/// A machine that looks different in every scan, under an open panel that somebody uses.
+/// A machine that looks different in every scan, in an open panel in use.
 class Soak : public PanelFixture {
 protected:
   static constexpr std::size_t roundCount = 5;
@@ -77,7 +77,8 @@ protected:
     }
   }
 
-  /// Qt remembers what is below a mouse at rest anew in each frame, until the mouse moves.
+  /// While the mouse rests, Qt records the items below it again in each frame, until the mouse
+  /// moves.
   void moveMouse(QPointF position) {
     QMouseEvent move(QEvent::MouseMove, position, position, Qt::NoButton, Qt::NoButton,
                      Qt::NoModifier);
@@ -87,12 +88,12 @@ protected:
 
   std::size_t scanCount() const { return machine->askCount(Question::power); }
 
-  /// Until there were as many scans, and then a while without any.
+  /// Runs until there were this many scans, and then for a while without any.
   void runRound(std::size_t untilScanCount) {
     while (scanCount() < untilScanCount) {
       changeMachine();
       events->changeRegistry();
-      advance(std::chrono::milliseconds(400 + 150)); // one scan, and 2 s later another
+      advance(std::chrono::milliseconds(400 + 150)); // one scan, and another one 2 s later
       useThePanel();
       machine->forgetQuestions();
     }
@@ -101,7 +102,7 @@ protected:
     advance(std::chrono::seconds(10));
     machine->forgetQuestions();
     moveMouse({20, 20});
-    qmlEngine(listView())->collectGarbage(); // else what waits for it would count
+    qmlEngine(listView())->collectGarbage(); // otherwise objects that wait for it would count
     settle();
   }
 

@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 class PanelStates : public PanelFixture {};
 
-TEST_F(PanelStates, TellThatTheFirstScanIsUnderWay) {
+TEST_F(PanelStates, SayThatTheFirstScanIsInProgress) {
   answerWithPorts(*machine, 1);
   openPanelWhileScanning({});
   queue->runPosted();
@@ -24,7 +24,7 @@ TEST_F(PanelStates, TellThatTheFirstScanIsUnderWay) {
   EXPECT_TRUE(isShown(QAccessible::Button, "Scan again"));
 }
 
-TEST_F(PanelStates, TellThatSymbolsCannotBeDrawn) {
+TEST_F(PanelStates, SayThatSymbolsCannotBeDrawn) {
   const WithoutIconTheme scope;
   answerWithPorts(*machine, 1);
   openPanel();
@@ -32,13 +32,13 @@ TEST_F(PanelStates, TellThatSymbolsCannotBeDrawn) {
       "Symbols cannot be drawn: the Breeze icons or Qt’s SVG plugin are not installed."));
 }
 
-TEST_F(PanelStates, SayNothingOfSymbolsThatCanBeDrawn) {
+TEST_F(PanelStates, DoNotMentionSymbolsThatCanBeDrawn) {
   openPanel();
   EXPECT_FALSE(isTextShown(
       "Symbols cannot be drawn: the Breeze icons or Qt’s SVG plugin are not installed."));
 }
 
-TEST_F(PanelStates, TellThatThereAreNoPorts) {
+TEST_F(PanelStates, SayThatThereAreNoPorts) {
   openPanel();
   EXPECT_TRUE(isTextShown("No ports detected"));
   EXPECT_FALSE(isShown(QAccessible::List, "Ports and devices"));
@@ -48,7 +48,7 @@ TEST_F(PanelStates, TellThatThereAreNoPorts) {
   EXPECT_TRUE(isShown(QAccessible::List, "Ports and devices"));
 }
 
-TEST_F(PanelStates, TellWhyTheFirstScanFailedUntilOneSucceeds) {
+TEST_F(PanelStates, ShowWhyTheFirstScanFailedUntilOneSucceeds) {
   machine->answer(Question::thunderbolt, "");
   openPanel();
   ASSERT_TRUE(scanner->errorMessage.get());
@@ -82,7 +82,7 @@ TEST_F(PanelStates, ShowTheIndicatorInPlaceOfTheButtonWhileScanning) {
   EXPECT_TRUE(isShown(QAccessible::Button, "Scan again"));
 }
 
-TEST_F(PanelStates, LetThePanelBeUsedWhileAToolTakesAnHour) {
+TEST_F(PanelStates, KeepThePanelUsableWhileAToolTakesAnHour) {
   answerWithDisk(*machine);
   openPanel();
   find(QAccessible::Button, "Scan again").press();
@@ -108,7 +108,7 @@ TEST_F(PanelStates, LetThePanelBeUsedWhileAToolTakesAnHour) {
 
 class PanelFooter : public PanelFixture {};
 
-TEST_F(PanelFooter, TellsHowLongAgoTheLastScanWas) {
+TEST_F(PanelFooter, ShowsTheTimeSinceTheLastScan) {
   openPanel();
   EXPECT_TRUE(isTextShown("Updated just now"));
   now += 90s;
@@ -129,7 +129,7 @@ TEST_F(PanelFooter, Quits) {
   EXPECT_EQ(quitCount, 1);
 }
 
-TEST_F(PanelFooter, HasNoUseForButtonsWithoutActions) {
+TEST_F(PanelFooter, DisablesButtonsWithoutActions) {
   openPanel({.hasActions = false});
   for (const char* name : {"Open the user manual", "Quit"}) {
     const AccessibleObject button = find(QAccessible::Button, name);

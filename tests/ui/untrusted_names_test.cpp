@@ -8,7 +8,7 @@ namespace {
 
 constexpr const char* markup = R"(<img src=\"file:///etc/passwd\"><b>x</b>)";
 
-/// Names as nobody gives them who means well.
+/// Malicious names.
 class UntrustedNames : public PanelFixture {
 protected:
   void openWithDevice(const std::string& name) {
@@ -26,7 +26,7 @@ protected:
     }
   }
 
-  /// Every text item of the window, seen or not, and how many there are.
+  /// Checks every text item of the window, visible or not, and returns how many there are.
   int expectPlainText(const QQuickItem* item) {
     int count = 0;
     if (item->inherits("QQuickText")) {
@@ -66,7 +66,7 @@ TEST_F(UntrustedNames, AreShownAsTheyAreInSuggestions) {
   expectNoFaults();
 }
 
-TEST_F(UntrustedNames, MeetPlainTextEverywhere) {
+TEST_F(UntrustedNames, ArePlainTextEverywhere) {
   useSample("desk");
   openPanel({.isBoundByScreen = false});
   expandAll();
@@ -74,7 +74,7 @@ TEST_F(UntrustedNames, MeetPlainTextEverywhere) {
   EXPECT_GT(expectPlainText(window().contentItem()), 100);
 }
 
-TEST_F(UntrustedNames, ShowNothingThatDisturbsTheReader) {
+TEST_F(UntrustedNames, ShowNoDisturbingCharacters) {
   openWithDevice("a\\u0007b\\u001b[31mc\\nd\\u202egnp.\\u2066e\\u200bf\\u2028g");
   const QString all = textsAndNames();
   ASSERT_TRUE(all.contains(QChar(0xFFFD)));
@@ -87,7 +87,7 @@ TEST_F(UntrustedNames, ShowNothingThatDisturbsTheReader) {
   expectNoFaults();
 }
 
-TEST_F(UntrustedNames, TakeNoMoreRoomThanOthersWhenTheyAreAMegabyteLong) {
+TEST_F(UntrustedNames, NeedNoMoreRoomWhenTheyAreAMegabyteLong) {
   openWithDevice("Keys");
   const int height = window().height();
   closePanel();
@@ -100,7 +100,7 @@ TEST_F(UntrustedNames, TakeNoMoreRoomThanOthersWhenTheyAreAMegabyteLong) {
   expectNoFaults();
 }
 
-TEST_F(UntrustedNames, MayBeNothingAtAll) {
+TEST_F(UntrustedNames, MayBeEmpty) {
   openWithDevice("");
   EXPECT_EQ(rows().rowCount(), 2);
   expectNoFaults();

@@ -27,7 +27,7 @@ QRectF placeInWindow(const QQuickItem& item) {
   return item.mapRectToScene(QRectF(0, 0, item.width(), item.height()));
 }
 
-/// Not through the scene: what only turns on its spot stands still.
+/// Without transformations: an item that only rotates in place has not moved.
 std::string placesOfVisibleItems(QQuickWindow& window) {
   std::ostringstream places;
   places << window.width() << " x " << window.height() << "\n";

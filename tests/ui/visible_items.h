@@ -9,13 +9,13 @@
 
 namespace tamberline {
 
-/// All items that are seen, parents before their children.
+/// All visible items, parents before their children.
 std::vector<QQuickItem*> visibleItems(QQuickWindow& window);
 
-/// Where an item stands in its window.
+/// The position of an item in its window.
 QRectF placeInWindow(const QQuickItem& item);
 
-/// The place of each item that is seen, and of the window itself, one a line.
+/// The position of each visible item and of the window itself, one per line.
 std::string placesOfVisibleItems(QQuickWindow& window);
 
 } // namespace tamberline

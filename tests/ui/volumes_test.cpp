@@ -27,7 +27,7 @@ protected:
     settle();
   }
 
-  /// What a click does too.
+  /// Like a click.
   bool isEnabled(const QString& buttonName) {
     return find(QAccessible::Button, buttonName).item()->isEnabled();
   }
@@ -45,7 +45,7 @@ TEST_F(PanelVolumes, CanBeTestedAndEjected) {
   EXPECT_EQ(ejectedVolumes, std::vector<std::string>{"/Volumes/Data"});
 }
 
-TEST_F(PanelVolumes, TellHowFarTheTestIs) {
+TEST_F(PanelVolumes, ShowTheProgressOfTheTest) {
   open();
   show(BenchmarkPhase::Running{"Writing…"});
   EXPECT_TRUE(isTextShown("Writing…"));
@@ -56,7 +56,7 @@ TEST_F(PanelVolumes, TellHowFarTheTestIs) {
   EXPECT_FALSE(isTextShown("Writing…"));
 }
 
-TEST_F(PanelVolumes, StopTheTestByAPressOnItsProgress) {
+TEST_F(PanelVolumes, StopTheTestWhenItsProgressIsPressed) {
   open();
   show(BenchmarkPhase::Running{"Writing…"});
   const char* stopName = "Writing… · Stop the test";
@@ -81,7 +81,7 @@ TEST_F(PanelVolumes, CannotBeEjectedDuringTheTest) {
   EXPECT_TRUE(ejectedVolumes.empty());
 }
 
-TEST_F(PanelVolumes, TellTheirSpeedAfterTheTest) {
+TEST_F(PanelVolumes, ShowTheirSpeedAfterTheTest) {
   open();
   show(BenchmarkPhase::Done{412.2, 1021.6});
   EXPECT_TRUE(isTextShown("W 412"));
@@ -91,7 +91,7 @@ TEST_F(PanelVolumes, TellTheirSpeedAfterTheTest) {
   EXPECT_EQ(testedVolumes, std::vector<std::string>{"/Volumes/Data"});
 }
 
-TEST_F(PanelVolumes, TellWhyTheTestFailed) {
+TEST_F(PanelVolumes, ShowWhyTheTestFailed) {
   open();
   show(BenchmarkPhase::Failed{"Not enough free space"});
   EXPECT_TRUE(isTextShown("Not enough free space"));
@@ -99,14 +99,14 @@ TEST_F(PanelVolumes, TellWhyTheTestFailed) {
   EXPECT_EQ(testedVolumes.size(), 1U);
 }
 
-TEST_F(PanelVolumes, TellThatTheyAreBeingEjected) {
+TEST_F(PanelVolumes, ShowThatTheyAreBeingEjected) {
   open();
   showEjection(EjectState::Ejecting{});
   EXPECT_TRUE(isShown(QAccessible::Indicator, "Ejecting…"));
   EXPECT_FALSE(isShown(QAccessible::Button, ejectName));
 }
 
-TEST_F(PanelVolumes, TellWhyTheyCouldNotBeEjected) {
+TEST_F(PanelVolumes, ShowWhyTheyCouldNotBeEjected) {
   open();
   showEjection(EjectState::Failed{"A file is still open"});
   press("A file is still open");
@@ -131,7 +131,7 @@ TEST_F(PanelVolumes, DoNotOpenOrCloseTheirDevice) {
   EXPECT_EQ(rows().rowCount(), count);
 }
 
-TEST_F(PanelVolumes, KeepTheKeyboardThroughATest) {
+TEST_F(PanelVolumes, KeepFocusDuringATest) {
   open();
   const AccessibleObject test = find(QAccessible::Button, testName);
   test.item()->forceActiveFocus();
@@ -146,7 +146,7 @@ TEST_F(PanelVolumes, KeepTheKeyboardThroughATest) {
   EXPECT_EQ(testedVolumes.size(), 1U);
 }
 
-TEST_F(PanelVolumes, KeepTheKeyboardThroughAnEjectionThatFails) {
+TEST_F(PanelVolumes, KeepFocusDuringAFailedEjection) {
   open();
   const AccessibleObject eject = find(QAccessible::Button, ejectName);
   eject.item()->forceActiveFocus();

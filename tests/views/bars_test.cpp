@@ -18,7 +18,7 @@ TEST(TriBar, KeepsBothFractionsBetweenZeroAndOne) {
   }
 }
 
-TEST(TriBar, ShowsTheCableLayerOnlyWhereItSticksOut) {
+TEST(TriBar, ShowsTheCableLayerOnlyIfItIsLonger) {
   const struct {
     double used;
     double cable;
@@ -89,7 +89,7 @@ TEST(PowerBar, ShowsNoAllocationThatEqualsTheDraw) {
             "· 2.0 W allocated");
 }
 
-TEST(PowerBar, ShowsTheMaximumUnlessToldNotTo) {
+TEST(PowerBar, ShowsTheMaximumByDefault) {
   const PowerBarRow bar = powerBarRow({.usedMa = 450, .portMaxMa = 900, .showPortMax = false});
 
   EXPECT_EQ(bar.portMax, std::nullopt);
@@ -151,7 +151,7 @@ TEST(WattsText, HasOneDecimal) {
   EXPECT_EQ(wattsText(100), "100.0 W");
 }
 
-TEST(ColorNames, AreTheirOwn) {
+TEST(ColorNames, AreUnique) {
   const struct {
     Color color;
     const char* name;

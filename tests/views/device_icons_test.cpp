@@ -72,7 +72,7 @@ TEST(USBDeviceIcon, OfAnUnnamedHubIsAlwaysTheBranch) {
   EXPECT_EQ(iconFor(usbDevice("hub_device", {usbDevice("Disk")})), "arrow.triangle.branch");
 }
 
-TEST(USBDeviceIcon, OfANamedHubYieldsToWhatTheNameSays) {
+TEST(USBDeviceIcon, OfANamedHubFollowsItsName) {
   EXPECT_EQ(iconFor(usbDevice("Quarry Box", {usbDevice("Disk")})), "arrow.triangle.branch");
   EXPECT_EQ(iconFor(usbDevice("Quarry Hub")), "arrow.triangle.branch");
   EXPECT_EQ(iconFor(usbDevice("Keyboard Hub", {usbDevice("Keys")})), "keyboard");

@@ -28,7 +28,7 @@ TEST(PanelHeights, FitTheWindowToTheList) {
   }
 }
 
-TEST(PanelHeights, LeaveTheListWhatTheChromeDoesNotTake) {
+TEST(PanelHeights, GiveTheListTheRestOfTheWindow) {
   const struct {
     double total;
     double chrome;

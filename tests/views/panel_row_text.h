@@ -9,7 +9,7 @@
 
 namespace tamberline {
 
-/// What rows show beside the panel's description, for a test to fill in.
+/// The states that rows show in addition to the panel's description; the test fills them in.
 struct SampleStates {
   std::vector<PanelRow> rowsOf(const Panel& panel) const {
     return panelRows(panel, {.expansion = expansion,
@@ -28,7 +28,7 @@ struct SampleStates {
   std::map<std::string, int> testProgress = {};
 };
 
-/// One line for each row: indentation for its depth, kind, identifier, and what is special.
+/// One line for each row: indentation for its depth, kind, identifier, and special properties.
 std::string rowText(const std::vector<PanelRow>& rows);
 
 } // namespace tamberline

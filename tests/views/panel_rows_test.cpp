@@ -36,7 +36,7 @@ TreeNode chargerNode() {
   return TreeNode(TreeNode::Charger{{.name = "Adapter"}});
 }
 
-/// Gives every node the name of its record as identifier, so that tests can call it by that.
+/// Sets the identifier of every node to the name of its record, so that tests can refer to it.
 void nameByRecord(std::vector<TreeNode>& nodes) {
   for (TreeNode& node : nodes) {
     if (const auto* port = std::get_if<TreeNode::TBPort>(&node.kind)) {
@@ -57,7 +57,7 @@ Panel panelOf(std::vector<TreeNode> tree, PortFacts facts = {}) {
   return describePanel({.portTree = std::move(tree), .portFacts = std::move(facts)});
 }
 
-/// Two ports, the first with a dock that holds a bus with a hub with keys on it.
+/// Two ports; the first has a dock with a bus with a hub with keys on it.
 Panel deskPanel() {
   return panelOf(
       {portNode(1, {dockNode({busNode({usbNode("Hub", {usbNode("Keys")})})})}), portNode(2)});
@@ -73,7 +73,7 @@ TEST(PanelRows, AreNoneWithoutCards) {
   EXPECT_EQ(rowText(SampleStates().rowsOf(describePanel({}))), "");
 }
 
-TEST(PanelRows, ShowTheTreeOfAnOpenCardAsFarAsItIsOpen) {
+TEST(PanelRows, ShowTheOpenPartOfAnOpenCardsTree) {
   const Panel panel = deskPanel();
   SampleStates states;
   states.expansion.set("port1", true);
@@ -97,7 +97,7 @@ TEST(PanelRows, ShowTheTreeOfAnOpenCardAsFarAsItIsOpen) {
       << "what a closed row holds is not shown, open or not";
 }
 
-TEST(PanelRows, AreOpenWhereAnOverrideSaysSo) {
+TEST(PanelRows, AreOpenIfAnOverrideSaysSo) {
   SampleStates states;
   states.expansion.set("port1", false);
   states.overrides = {"port1", "bus:USB31Bus", "nobody"};
@@ -108,7 +108,7 @@ TEST(PanelRows, AreOpenWhereAnOverrideSaysSo) {
                                                  "port header port2, closed, first, last\n");
 }
 
-TEST(PanelRows, CannotOpenWhatHoldsNothing) {
+TEST(PanelRows, CannotOpenEmptyRows) {
   SampleStates states;
   states.overrides = {"port1", "Disk"};
   EXPECT_EQ(rowText(states.rowsOf(panelOf({portNode(1, {usbNode("Disk")})}))),
@@ -167,7 +167,7 @@ TEST(PanelRows, ShowBothPowerAndEmptinessOfAPortThatOnlyMeasures) {
             "nothing attached port1//empty, last\n");
 }
 
-TEST(PanelRows, ShowWhatIsOnAnOpenPortBesidesDevices) {
+TEST(PanelRows, ShowPartnerAndAgreedPowerOfAnOpenPort) {
   SampleStates states;
   states.overrides = {"port1"};
   EXPECT_EQ(rowText(states.rowsOf(
@@ -234,7 +234,7 @@ TEST(PanelRows, HaveTheToolsOfEachVolume) {
   ASSERT_EQ(volumes.size(), 2U);
   EXPECT_EQ(volumes[0].tools, volumeTools({}, EjectState{EjectState::Ejecting{}}));
   VolumeTools tested = volumeTools(states.benchmarks["/Volumes/Copy"], std::nullopt);
-  tested.ejectButton->isEnabled = false; // with the drive that is being ejected
+  tested.ejectButton->isEnabled = false; // together with the drive that is being ejected
   EXPECT_EQ(volumes[1].tools, tested);
 }
 
@@ -245,7 +245,7 @@ PortCard fullCard() {
   return card;
 }
 
-/// The rows of an open port that look different, as text.
+/// The rows of an open port that differ in their looks, as text.
 std::string differingRows(const Panel& left, const Panel& right) {
   SampleStates states;
   states.overrides = {"port"};
@@ -260,7 +260,7 @@ std::string differingRows(const Panel& left, const Panel& right) {
   return differing;
 }
 
-TEST(RowsOfAPort, LookDifferentOnlyWhereTheyShowWhatChanged) {
+TEST(RowsOfAPort, LookDifferentOnlyIfTheyShowTheChange) {
   const std::string header = "port header port, open, first\n";
   const std::string power = "port power port//power\n";
   const std::string emptiness = "nothing attached port//empty, last\n";
@@ -323,7 +323,7 @@ TEST(RowsOfABus, LookDifferentWhenTheHeaderChanged) {
       card, {.id = "bus", .header = {.name = "USB 3.1 Bus"}, .nothingAttached = "Nothing"}));
 }
 
-TEST(RowsOfAnAdapter, LookDifferentOnlyWhereTheyShowWhatChanged) {
+TEST(RowsOfAnAdapter, LookDifferentOnlyIfTheyShowTheChange) {
   const std::string header = "charger header charger, first\n";
   const std::string body = "charger body charger//adapter, last\n";
   const struct {

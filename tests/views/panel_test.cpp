@@ -31,7 +31,7 @@ ExpectedCard onlyCardOf(const TreeNode& node) {
   return std::get<ExpectedCard>(panelOf({node}).cards.at(0));
 }
 
-TEST(Panel, ShowsAMessageWhereItHasNoCards) {
+TEST(Panel, ShowsAMessageIfItHasNoCards) {
   const std::vector<TreeNode> tree = {portNode(1)};
   const struct {
     const char* description;
@@ -79,7 +79,7 @@ TEST(Panel, HasOneCardPerTopLevelNodeInOrder) {
   EXPECT_TRUE(std::holds_alternative<StandaloneUSBCard>(panel.cards[3]));
 }
 
-TEST(Panel, HandsItsFactsToThePortCards) {
+TEST(Panel, PassesItsFactsToThePortCards) {
   const Panel panel =
       describePanel({.portTree = {portNode(1)}, .portFacts = {.portCurrentLimitMa = {{1, 3000}}}});
 

@@ -34,7 +34,7 @@ MeasuredPower measured(const PortPowerOut& power) {
   return cardOf({}, {.portPowerOut = {{2, power}}}).power.measured.value();
 }
 
-/// One badge a line: its text, and what else tells it from others.
+/// One badge per line: its text, and its other properties.
 std::string badgesText(const PortCard& card) {
   std::string text;
   for (const PortBadge& badge : card.header.badges) {
@@ -78,7 +78,7 @@ TEST(PortCard, OfAnEmptyPortSaysThatNothingIsAttached) {
   EXPECT_TRUE(card.rows.empty());
 }
 
-TEST(PortCard, IsInUseWhenConnectedOrWhenAnythingHangsThere) {
+TEST(PortCard, IsInUseWhenConnectedOrWhenAnythingIsAttached) {
   const ThunderboltPort connected = {"receptacle_connected", "", ""};
 
   EXPECT_TRUE(cardOf({}, {}, connected).header.inUse);
@@ -110,7 +110,7 @@ TEST(PortCard, ShowsItsChildrenAsRowsOfDepthZero) {
   EXPECT_TRUE(card.rows[1].isLast);
 }
 
-/// What the title's tooltip says besides, of a port number 2 with these sockets and this link.
+/// The extra text in the title's tooltip for port number 2 with these sockets and this link.
 std::optional<std::string> titleNoteOf(const std::vector<std::optional<std::int64_t>>& numbers,
                                        const std::optional<TrueLink>& link = {}) {
   ThunderboltBus bus = thunderboltBus(2);
@@ -121,7 +121,7 @@ std::optional<std::string> titleNoteOf(const std::vector<std::optional<std::int6
   return portCard(TreeNode(TreeNode::TBPort{bus}), bus, {}).header.titleNote;
 }
 
-TEST(PortTitle, SaysWhichSocketsThePortIsWhereItsNumberDoesNot) {
+TEST(PortTitle, ListsTheSocketsIfTheNumbersDiffer) {
   EXPECT_EQ(titleNoteOf({3, 4}), "Receptacles 3, 4");
   EXPECT_EQ(titleNoteOf({2, std::nullopt, 1}), "Receptacles 2, 1");
   EXPECT_EQ(titleNoteOf({3}), "Receptacle 3");
@@ -130,7 +130,7 @@ TEST(PortTitle, SaysWhichSocketsThePortIsWhereItsNumberDoesNot) {
   EXPECT_EQ(titleNoteOf({}), std::nullopt);
 }
 
-TEST(PortTitle, SaysWhatTheLinkTrulyCarries) {
+TEST(PortTitle, ShowsTheLinksActualSpeed) {
   EXPECT_EQ(titleNoteOf({}, TrueLink{40, 40, 2, 2}), "Link each way: 40 Gb/s, 2 lanes");
   EXPECT_EQ(titleNoteOf({3, 4}, TrueLink{80, 80}), "Receptacles 3, 4 · Link each way: 80 Gb/s");
 }
@@ -213,7 +213,7 @@ TEST(ControllerBadges, ShowOnlyWhatTheControllerReports) {
   EXPECT_EQ(badges({.portNumber = 3, .hasVideo = true, .activeCable = true}), "");
 }
 
-TEST(ControllerBadges, GiveWayToAnAdapterThatDelivers) {
+TEST(ControllerBadges, AreReplacedByAnAdapterThatDelivers) {
   const PortFacts facts = {.hpmPorts = {{.portNumber = 2, .hasVideo = true, .activeCable = true}}};
 
   EXPECT_EQ(badgeKinds(cardOf({chargerNode(58)}, facts)), Kinds{PortBadge::Kind::charger});
@@ -221,7 +221,7 @@ TEST(ControllerBadges, GiveWayToAnAdapterThatDelivers) {
             (Kinds{PortBadge::Kind::video, PortBadge::Kind::cable}));
 }
 
-TEST(ControllerBadges, ComeFromTheFirstControllerOfTheNumberThatIsNotMagSafe) {
+TEST(ControllerBadges, ComeFromTheFirstUsbCControllerOfTheNumber) {
   const HPMPort magSafe = {.portNumber = 2, .isMagSafe = true, .opticalCable = true};
   const HPMPort first = {.portNumber = 2, .activeCable = true};
   const HPMPort second = {.portNumber = 2, .hasVideo = true};
@@ -245,7 +245,7 @@ TEST(SpeedBadge, IsLeftOutWithoutAKnownSpeed) {
   EXPECT_EQ(badgesText(cardOf({}, {}, {"receptacle_connected", "unknown", "0x2"})), "");
 }
 
-TEST(Badges, StandInAFixedOrder) {
+TEST(Badges, HaveAFixedOrder) {
   PortFacts facts = withLimit(3000);
   facts.hpmPorts = {{.portNumber = 2, .hasVideo = true, .opticalCable = true}};
   const ThunderboltPort port = {"", "Up to 20 Gb/s", ""};
@@ -350,7 +350,7 @@ TEST(PortCard, ShowsWhatBothEndsAgreedOnWithoutCallingItMeasured) {
   EXPECT_FALSE(cardOf({}, {.hpmPorts = {{.portNumber = 2}}}).power.agreed);
 }
 
-TEST(PortCard, SaysWhatIsAttachedThatIsNoDevice) {
+TEST(PortCard, ShowsAPartnerThatIsNotADevice) {
   const struct {
     HPMPort port;
     const char* expected;
@@ -381,7 +381,7 @@ TEST(PortCard, SaysWhatIsAttachedThatIsNoDevice) {
   }
 }
 
-TEST(PortCard, SaysNothingOfAPartnerThatShowsItselfInTheTree) {
+TEST(PortCard, OmitsAPartnerThatIsInTheTree) {
   const PortFacts facts{.hpmPorts = {{.portNumber = 2, .partner = PortPartner::unknown}}};
   EXPECT_FALSE(cardOf({usbNode(100)}, facts).partner);
   const PortFacts elsewhere{.hpmPorts = {{.portNumber = 1, .partner = PortPartner::unknown}}};

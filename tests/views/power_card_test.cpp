@@ -32,7 +32,7 @@ TEST(PowerCard, NamesAndRatesTheAdapter) {
   EXPECT_FALSE(card.battery.has_value());
 }
 
-TEST(PowerCard, CallsANamelessAdapterAnAdapter) {
+TEST(PowerCard, NamesANamelessAdapterAdapter) {
   EXPECT_EQ(powerCard(ChargerInfo{}, std::nullopt).name, "Power Adapter");
 }
 
@@ -47,7 +47,7 @@ TEST(PowerCard, NamesTheUSBCPort) {
             "Physical port the power adapter is plugged into");
 }
 
-TEST(PowerCard, DrawsWhatTheAdapterDeliversAgainstItsRating) {
+TEST(PowerCard, ShowsTheDeliveredPowerAgainstTheRating) {
   const struct {
     std::int64_t currentWatts;
     std::int64_t ratedWatts;
@@ -65,7 +65,7 @@ TEST(PowerCard, DrawsWhatTheAdapterDeliversAgainstItsRating) {
   }
 }
 
-TEST(PowerCard, DrawsGreenWhileChargingAndElseBlue) {
+TEST(PowerCard, IsGreenWhileChargingAndOtherwiseBlue) {
   ChargerInfo charger = adapter();
   EXPECT_EQ(nameOf(powerCard(charger, std::nullopt).barColor), "green");
 
@@ -112,7 +112,7 @@ TEST(PowerCard, SpeaksTheLanguageOfTheRun) {
   EXPECT_EQ(powerCard(adapter(), std::nullopt).delivery, "Lädt mit 48 W");
 }
 
-TEST(BatteryIcon, StopsAtThreeQuartersUnlessTheBatteryCallsItselfFull) {
+TEST(BatteryIcon, StopsAtThreeQuartersUnlessTheBatteryReportsFull) {
   const struct {
     std::int64_t level;
     const char* icon;

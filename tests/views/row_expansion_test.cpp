@@ -5,13 +5,13 @@
 namespace tamberline {
 namespace {
 
-TEST(RowExpansion, IsAsRowsStartUntilTheyAreSeen) {
+TEST(RowExpansion, IsTheInitialStateUntilARowIsShown) {
   const RowExpansion expansion;
   EXPECT_TRUE(expansion.isExpanded("dock", true, {}));
   EXPECT_FALSE(expansion.isExpanded("hub", false, {}));
 }
 
-TEST(RowExpansion, KeepsARowAsItWasSeenFirst) {
+TEST(RowExpansion, KeepsTheStateInWhichARowWasFirstShown) {
   RowExpansion expansion;
   expansion.see("dock without devices", false);
   EXPECT_FALSE(expansion.isExpanded("dock without devices", true, {}));
@@ -23,7 +23,7 @@ TEST(RowExpansion, KeepsARowAsItWasSeenFirst) {
   EXPECT_FALSE(expansion.isExpanded("dock", true, {}));
 }
 
-TEST(RowExpansion, RemembersWhatWasTouched) {
+TEST(RowExpansion, RemembersChangesByTheUser) {
   RowExpansion expansion;
   expansion.set("dock", false);
   expansion.set("hub", true);

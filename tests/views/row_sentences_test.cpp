@@ -9,7 +9,7 @@
 namespace tamberline {
 namespace {
 
-/// The sentences of the rows of one card, all of its tree open, one a line.
+/// The sentences of all rows of one card with its tree fully open, one per line.
 std::string sentencesOf(const Card& card) {
   const Panel panel{.state = Panel::State::Cards, .cards = {card}};
   SampleStates states;
@@ -21,7 +21,7 @@ std::string sentencesOf(const Card& card) {
   return text;
 }
 
-/// What the tree's first row says.
+/// The sentence of the tree's first row.
 std::string sentenceOf(ExpandableRow::Content content, const SampleStates& states = {}) {
   const Panel panel{.cards = {StandaloneUSBCard{
                         .id = "bus", .rows = {{.id = "row", .content = std::move(content)}}}}};
@@ -32,7 +32,7 @@ TEST(RowSentence, NamesAnAdapterThatHasNoName) {
   EXPECT_EQ(sentenceOf(ChargerRow{" ", "70 W rated", true}), "Power Adapter, charging, 70 W rated");
 }
 
-/// What every kind says, in the language of the run.
+/// The sentences of all kinds, in the language of the run.
 std::string everything() {
   const PortCard port{
       .id = "port",
@@ -100,13 +100,13 @@ TEST(RowSentences, SayWhetherTheRowIsOpen) {
   EXPECT_EQ(rowSentence(row), "Bus, expanded");
 }
 
-TEST(RowSentences, SayOfAPortWithoutItemsWhatItsDotMeans) {
+TEST(RowSentences, ExplainTheDotOfAPortWithoutItems) {
   EXPECT_EQ(sentencesOf(PortCard{.id = "port",
                                  .header = {.dotTooltip = "Nothing attached", .title = "Port 2"}}),
             "Port 2, Nothing attached, expanded\n");
 }
 
-TEST(RowSentences, SayOfADeviceItsSpeedItsPowerAndItsVolumes) {
+TEST(RowSentences, DescribeTheSpeedPowerAndVolumesOfADevice) {
   SampleStates states;
   states.benchmarks["/Volumes/Data"] = {BenchmarkPhase::Done{.writeMBps = 101, .readMBps = 202}};
   const USBDeviceDetailRow device{
@@ -125,7 +125,7 @@ TEST(RowSentences, SayOfADeviceItsSpeedItsPowerAndItsVolumes) {
       "4.5W total, 2.5 W rated, 4.5 W port max, Volume Data, W 101, R 202 MB/s, Volume Copy");
 }
 
-TEST(RowSentences, SayHowTheEjectionOfAVolumeStands) {
+TEST(RowSentences, DescribeTheEjectionOfAVolume) {
   const USBDeviceDetailRow device{.name = "Disk", .volumes = {{"Volume", "Data", "/Volumes/Data"}}};
   SampleStates states;
   states.ejectStates["/Volumes/Data"] = {EjectState::Ejecting{}};
@@ -134,7 +134,7 @@ TEST(RowSentences, SayHowTheEjectionOfAVolumeStands) {
   EXPECT_EQ(sentenceOf(device, states), "Disk, Volume Data, The volume is in use.");
 }
 
-TEST(RowSentences, SayHowFarTheTestOfAVolumeIs) {
+TEST(RowSentences, SayTheProgressOfAVolumesTest) {
   const USBDeviceDetailRow device{.name = "Disk", .volumes = {{"Volume", "Data", "/Volumes/Data"}}};
   SampleStates states;
   states.benchmarks["/Volumes/Data"] = {BenchmarkPhase::Running{"Writing…"}};
@@ -143,7 +143,7 @@ TEST(RowSentences, SayHowFarTheTestOfAVolumeIs) {
   EXPECT_EQ(sentenceOf(device, states), "Disk, Volume Data, Writing… 40%");
 }
 
-TEST(RowSentences, LeaveOutWhatIsNotShown) {
+TEST(RowSentences, OmitHiddenParts) {
   const struct {
     const char* description;
     ExpandableRow::Content content;

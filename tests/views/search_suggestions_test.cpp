@@ -53,7 +53,7 @@ TEST(SearchSuggestions, FindUnnamedHubsByTheNameThatIsShown) {
   EXPECT_EQ(namesOf(filteredSuggestions(flattenSearchable(tree), "usb hub")), "[USB Hub]");
 }
 
-TEST(SearchSuggestions, FindNothingAmongNothing) {
+TEST(SearchSuggestions, FindNothingInAnEmptyTree) {
   EXPECT_EQ(namesOf(filteredSuggestions({}, "hub")), "");
 }
 

@@ -45,7 +45,7 @@ USBDeviceDetailRow usbRow(const TreeNode& node) {
   return std::get<USBDeviceDetailRow>(rowOf(node).content);
 }
 
-/// A device of the token's speed on a bus of that maximum.
+/// A device with the token's speed on a bus with that max.
 USBDeviceDetailRow usbRow(const std::string& speed, double busMaxGbps) {
   return usbRow(TreeNode(TreeNode::USBDeviceEntry{USBDevice{.speed = speed}, busMaxGbps, 900}));
 }
@@ -55,7 +55,7 @@ std::string tintText(const TreeNode& node) {
   return std::string(nameOf(tint.color)) + " " + std::to_string(tint.opacity).substr(0, 4);
 }
 
-TEST(ExpandableRows, NestAndKnowTheirPlace) {
+TEST(ExpandableRows, AreNestedWithTheirDepthAndPosition) {
   TreeNode hub =
       usbNode(usbDevice("Hub"), {usbNode(usbDevice("Disk")), usbNode(usbDevice("Keys"))});
   hub.id = "/hub";
@@ -78,7 +78,7 @@ TEST(ExpandableRows, AreNoneForNoNodes) {
   EXPECT_TRUE(expandableRows({}, 0).empty());
 }
 
-TEST(ExpandableRows, RefuseAPort) {
+TEST(ExpandableRows, RejectAPort) {
   const std::vector<TreeNode> nodes = {TreeNode(TreeNode::TBPort{thunderboltBus(1)})};
 
   EXPECT_THROW(expandableRows(nodes, 0), std::logic_error);
@@ -118,7 +118,7 @@ TEST(ThunderboltRow, HasNoBadgeWithoutAMode) {
   EXPECT_FALSE(thunderboltRow({.name = "Harbour Dock"}).modeBadge.has_value());
 }
 
-TEST(ThunderboltRow, AddsUpTheRatedDrawOfWhatHangsOnIt) {
+TEST(ThunderboltRow, AddsUpTheRatedDrawOfAttachedDevices) {
   EXPECT_EQ(thunderboltRow({}, {busNode({drawing(500), drawing(400)})}).ratedDraw, "4.5W");
   EXPECT_EQ(thunderboltRow({}, {drawing(1)}).ratedDraw, "0.0W");
   EXPECT_EQ(thunderboltRow({}, {drawing(0)}).ratedDraw, std::nullopt);
@@ -152,7 +152,7 @@ TEST(ThunderboltRow, MeasuresItsLinkAgainstFortyGigabits) {
   }
 }
 
-TEST(ThunderboltRow, NotesWhatItsLinkTrulyCarries) {
+TEST(ThunderboltRow, NotesItsLinksActualSpeed) {
   const TBDeviceRow row = thunderboltRow({.upstreamSpeed = "Up to 40 Gb/s x1",
                                           .upstreamWidth = "0x2",
                                           .link = TrueLink{40, 40, 2, 2}});
@@ -348,7 +348,7 @@ TEST(USBRow, OfAHubShowsItsOwnDrawWithoutThePortsMaximum) {
   }
 }
 
-TEST(USBRow, OfAHubShowsTheTotalOfWhatHangsOnIt) {
+TEST(USBRow, OfAHubShowsTheTotalOfAttachedDevices) {
   const auto total = usbRow(usbNode({.name = "Box", .busPowerUsed = 100}, {drawing(500)})).hubTotal;
 
   ASSERT_TRUE(total.has_value());
@@ -371,7 +371,7 @@ TEST(USBRow, ListsItsVolumes) {
   EXPECT_EQ(row.volumes[1].mountPoint, "/Volumes/Photos");
 }
 
-TEST(USBRow, NotesWhatItsOtherPartsDoNotSay) {
+TEST(USBRow, NotesFurtherProperties) {
   const auto noteOf = [](const USBDevice& device) { return usbRow(usbNode(device)).note; };
   EXPECT_EQ(noteOf({.extraCurrentMa = 1600}), "Extra operating current: 1600 mA");
   EXPECT_EQ(noteOf({.isBuiltIn = true}), "Built in");

@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-// How a failed comparison names these values.
+// How these values are printed when a comparison fails.
 void PrintTo(const ColoredText& text, std::ostream* stream) {
   *stream << nameOf(text.color) << " \"" << text.text << "\"";
 }
@@ -68,7 +68,7 @@ TEST(VolumeTest, ShowsItsPhaseWhileItRuns) {
   EXPECT_EQ(tools.testButton, std::nullopt);
 }
 
-TEST(VolumeTest, TellsBesideItsPhaseHowFarItIsAndThatItCanBeStopped) {
+TEST(VolumeTest, ShowsItsProgressAndThatItCanBeStopped) {
   EXPECT_EQ(volumeTools(writing, std::nullopt).testProgress, "Writing…");
   EXPECT_EQ(volumeTools(writing, std::nullopt).stopTooltip, "Writing… · Stop the test");
   const VolumeTools tools = volumeTools(writing, std::nullopt, 40);
@@ -124,7 +124,7 @@ TEST(VolumeEjection, OffersAnotherAttemptWithTheReasonOfTheFailure) {
                 .symbol = "exclamationmark.circle", .tooltip = "in use", .color = Color::Orange}));
 }
 
-TEST(VolumeEjection, TellsAReasonOfSeveralLinesInOne) {
+TEST(VolumeEjection, ShowsAReasonOfSeveralLinesInOne) {
   const EjectState severalLines{EjectState::Failed{
       "Unmount of disk6 failed:\r\n\tat least one volume\n\nis  in use\v\fnow\n"}};
   const VolumeTools tools = volumeTools(idle, severalLines);
@@ -166,7 +166,7 @@ TEST(ToolsOfDrive, OfferNoEjectionWhileAnyVolumeOfItIsTestedOrEjected) {
   }
 }
 
-TEST(ToolsOfDrive, TellHowFarEachTestIs) {
+TEST(ToolsOfDrive, ShowTheProgressOfEachTest) {
   std::vector<VolumeRow> volumes = {volumeRow({"Data", "/V"}), volumeRow({"More", "/W"})};
   const std::map<std::string, BenchmarkPhase> benchmarks = {{"/V", writing}, {"/W", writing}};
   const std::map<std::string, int> progress = {{"/W", 15}};

@@ -41,7 +41,7 @@ Source sourceOf(const InspectOptions& options) {
   return {sourceOfThisMachine(), options.watches ? eventsOfThisMachine() : events};
 }
 
-/// The program writes UTF-8 whatever the locale says, so Qt's notice about it helps nobody.
+/// The program always writes UTF-8, so Qt's notice about the locale is of no use.
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
   const QtMessageHandler usual =
       qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});

@@ -9,19 +9,20 @@
 
 namespace tamberline {
 
-/// The result of the scanner's last scan as the options want it, with a line break at the end.
-/// While watching, a document is one line.
+/// The result of the scanner's last scan in the format of the options, with a line break at the
+/// end. While watching, a document is one line.
 std::string render(const PortScanner& scanner, const InspectOptions& options,
                    const TextStyle& style);
 
-/// The line above a text while watching, which has the local time: blank lines alone would not
-/// tell where one text ends.
+/// The line with the local time above a text while watching: blank lines alone would not show where
+/// a text ends.
 std::string timeLine(const TextStyle& style);
 
-/// The text on standard output. False after saying on standard error that it could not be written.
+/// Writes the text to standard output. Returns false if that fails, after reporting it on standard
+/// error.
 bool print(std::string_view text);
 
-/// What a scan left as its error goes to standard error. Whether there was none.
+/// Writes the error of the last scan to standard error. Returns whether there was none.
 bool reportScanError(const PortScanner& scanner);
 
 } // namespace tamberline

@@ -14,8 +14,8 @@ ScanWatch::ScanWatch(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQ
     : scanner_(std::move(scanner)), queue_(std::move(queue)), options_(std::move(options)),
       observation_(scanner_->isScanning.observe([this] { handleScanState(); })) {}
 
-/// Prints a turn of the event loop later: after the first scan changes are watched for by then, so
-/// that who has read the first result misses none.
+/// Prints on the next event-loop iteration. By then the monitor is running after the first scan, so
+/// a reader of the first result misses no change.
 void ScanWatch::handleScanState() {
   if (!scanner_->isScanning.get()) {
     queue_->post([this] { printWhatIsNew(); });
@@ -34,7 +34,7 @@ void ScanWatch::printWhatIsNew() {
   lastResult_ = std::move(result);
 }
 
-/// A blank line ends it, so that the next one's time stands apart.
+/// Ends with a blank line, which separates it from the next one's time.
 std::string ScanWatch::textWithTime() const {
   const TextStyle style = styleOfStandardOutput();
   return timeLine(style) + render(*scanner_, options_, style) + "\n";

@@ -9,8 +9,8 @@
 
 namespace tamberline {
 
-/// Prints the result of every scan that differs from the one before. Ends the program's event loop
-/// with a failure when standard output takes no more. Outlives the event loop.
+/// Prints the result of every scan that differs from the previous one. Ends the program's event
+/// loop with a failure if standard output cannot be written. Outlives the event loop.
 class ScanWatch {
 public:
   ScanWatch(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
@@ -24,7 +24,7 @@ private:
   std::shared_ptr<PortScanner> scanner_;
   std::shared_ptr<MainQueue> queue_;
   InspectOptions options_;
-  /// Without the time and the width of a terminal, which are no news.
+  /// Without the time and the terminal's width, whose changes do not count.
   std::string lastResult_;
   Observation observation_;
 };

@@ -4,16 +4,16 @@
 
 namespace tamberline {
 
-/// How text for people is written. What is no terminal has the plain one: no colours, and lines as
-/// long as they are.
+/// The style of text for people. Anything but a terminal gets the plain style: no colours and no
+/// wrapping.
 struct TextStyle {
   bool useColors = false;
-  /// To wrap lines at; absent: unknown.
+  /// The width for wrapping lines; absent if unknown.
   std::optional<int> columns;
 };
 
-/// As standard output and the environment (COLUMNS, NO_COLOR, TERM) are now; a terminal's window
-/// may change its width.
+/// From standard output and the environment (COLUMNS, NO_COLOR, TERM). Read it again each time,
+/// because a terminal's width may change.
 TextStyle styleOfStandardOutput();
 
 } // namespace tamberline

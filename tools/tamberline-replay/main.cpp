@@ -39,7 +39,7 @@ void applyLook(const ReplayOptions& options) {
 
 using Clock = std::function<std::chrono::system_clock::time_point()>;
 
-/// The time stands still in a picture, so that it does not depend on how fast it was taken.
+/// In a picture the clock is stopped, so that the picture does not depend on how long it took.
 Clock clockOf(const ReplayOptions& options) {
   if (options.screenshot) {
     return [start = std::chrono::system_clock::now()] { return start; };
@@ -55,7 +55,8 @@ std::shared_ptr<PortScanner> scannerOf(const ReplayOptions& options,
        .now = now});
 }
 
-/// The volumes of a saved machine are not here, so nothing tests or ejects them.
+/// The volumes of a saved machine are on another computer, so they can be neither tested nor
+/// ejected.
 PanelActions actionsWith(ManualWindow& manual) {
   return {.openManual = [&manual] { manual.show(); },
           .closePanel = [] { QApplication::quit(); },

@@ -19,7 +19,7 @@ constexpr std::chrono::milliseconds moment{20};
 constexpr int momentsOfRest = 12;
 constexpr int mostMoments = 500;
 
-/// Waits until the window has kept its size for a while.
+/// Waits until the size of the window has not changed for a while.
 QCoro::Task<> untilItStandsStill(PanelWindow* window, std::shared_ptr<MainQueue> queue) {
   QSize size = window->size();
   int rest = 0;
@@ -47,7 +47,7 @@ bool writeFile(const std::filesystem::path& path, const QByteArray& content) {
   return file.open(QFile::WriteOnly) && file.write(content) == content.size() && file.flush();
 }
 
-/// The exit status of the program.
+/// The program's exit status.
 int exitStatusAfter(bool wasWritten, const std::filesystem::path& file) {
   if (!wasWritten) {
     std::fprintf(stderr, "tamberline-replay: cannot write '%s'\n", file.c_str());

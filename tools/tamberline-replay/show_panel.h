@@ -11,9 +11,9 @@
 
 namespace tamberline {
 
-/// Opens the panel and, when its first scan is over, does to it what the options say. When they
-/// wish for a picture, writes it as soon as the panel stands still, and quits the application; with
-/// status 1, after saying why, when the file cannot be written.
+/// Opens the panel and, after its first scan, applies the options. If they ask for a picture,
+/// writes it once the panel's size is stable and quits the application; with status 1, after
+/// reporting it, if the file cannot be written.
 QCoro::Task<> showPanel(PanelShell* shell, std::shared_ptr<PortScanner> scanner,
                         std::shared_ptr<MainQueue> queue, ReplayOptions options);
 

@@ -5,9 +5,9 @@
 
 namespace tamberline {
 
-/// Where each text of the panel stands, and each button by its name, from top to bottom: a JSON
-/// array of {"text", "x", "y", "width", "height"} in the panel's points. For whoever draws on a
-/// picture of it.
+/// The position of each text of the panel, and of each button by its name, from top to bottom: a
+/// JSON array of {"text", "x", "y", "width", "height"} in the panel's points. For programs that
+/// annotate a picture of the panel.
 QByteArray textPlaces(const QQuickWindow& window);
 
 } // namespace tamberline

@@ -32,7 +32,7 @@ TamberlineApp::Desktop desktopHere() {
 }
 
 int run(bool isInBackground) {
-  // Outlives the application, whose end takes a moment and must not be cut short.
+  // Outlives the application, whose shutdown takes a moment and must not be interrupted.
   const TerminationSignals termination([] { QApplication::exit(EXIT_SUCCESS); });
   std::unique_ptr<TamberlineApp> app;
   const SingleInstance instance(
@@ -54,7 +54,7 @@ int run(bool isInBackground) {
   app->start(isInBackground || !opensPanelAtStart() ? TamberlineApp::StartedBy::session
                                                     : TamberlineApp::StartedBy::person);
   const int status = QApplication::exec();
-  app.reset(); // waits for tests of volumes, which the end of the queue does not
+  app.reset(); // waits for tests of volumes; ending the queue does not
   return status;
 }
 

@@ -1,5 +1,5 @@
-// Stands in for the Mac's header of this name where there is no Mac: what its manual page fcntl(2)
-// says of two requests, and a flag of open(2). Answered by file_systems.cpp.
+// Replaces the Mac's header of this name on other systems: two requests according to its manual
+// page fcntl(2), and a flag of open(2). Implemented in file_systems.cpp.
 #pragma once
 
 inline constexpr int O_RDONLY = 0;

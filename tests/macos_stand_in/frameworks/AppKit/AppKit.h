@@ -1,5 +1,5 @@
-// A stand-in: only what src/platform/macos/ uses, as the platform documents it. Objective-C that is
-// compiled and not run.
+// A stand-in: only what src/platform/macos/ uses, as the platform documents it. The Objective-C
+// that uses it is compiled but not run.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

@@ -1,5 +1,5 @@
-// Stands in for the Mac's header of this name where there is no Mac: what it declares of the
-// priority class of a thread. Answered by threads.cpp.
+// Replaces the Mac's header of this name on other systems: its declarations for the priority class
+// of a thread. Implemented in threads.cpp.
 #pragma once
 
 enum qos_class_t : unsigned { QOS_CLASS_USER_INITIATED = 0x19 };

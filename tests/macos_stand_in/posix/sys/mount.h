@@ -1,6 +1,6 @@
-// Stands in for the Mac's header of this name where there is no Mac: what its manual pages
-// getfsstat(2) and fstatfs(2) say, as far as the sources under test use it. The functions are
-// answered by file_systems.cpp.
+// Replaces the Mac's header of this name on other systems: its manual pages getfsstat(2) and
+// fstatfs(2), as far as the sources under test use them. The functions are implemented in
+// file_systems.cpp.
 #pragma once
 
 #include <cstdint>

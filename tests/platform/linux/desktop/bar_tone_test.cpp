@@ -5,7 +5,7 @@
 namespace tamberline {
 namespace {
 
-/// A bar of one gray with an icon of another in its middle.
+/// A bar of one gray, with an icon of another gray in its middle.
 QImage picture(int bar, int icon) {
   QImage image(10, 10, QImage::Format_RGB32);
   image.fill(qRgb(bar, bar, bar));
@@ -17,7 +17,7 @@ QImage picture(int bar, int icon) {
   return image;
 }
 
-TEST(BarTone, IsThatOfTheEdgesWhateverTheIconIs) {
+TEST(BarTone, IsThatOfTheEdgesForAnyIcon) {
   EXPECT_EQ(toneAtEdges(picture(0, 255)), BarTone::dark);
   EXPECT_EQ(toneAtEdges(picture(60, 255)), BarTone::dark);
   EXPECT_EQ(toneAtEdges(picture(127, 255)), BarTone::dark);
@@ -25,13 +25,13 @@ TEST(BarTone, IsThatOfTheEdgesWhateverTheIconIs) {
   EXPECT_EQ(toneAtEdges(picture(255, 0)), BarTone::light);
 }
 
-TEST(BarTone, IsUnknownWhereThereIsNothingToSee) {
+TEST(BarTone, IsUnknownForAnEmptyPicture) {
   EXPECT_EQ(toneAtEdges(QImage()), BarTone::unknown);
   EXPECT_EQ(barToneAround(QRect()), BarTone::unknown);
   EXPECT_EQ(barToneAround(QRect(-5000, -5000, 24, 24)), BarTone::unknown);
 }
 
-TEST(BarTone, OfAPictureOfOnePixelIsThatPixels) {
+TEST(BarTone, OfASinglePixelIsThePixelsTone) {
   QImage image(1, 1, QImage::Format_RGB32);
   image.fill(Qt::white);
   EXPECT_EQ(toneAtEdges(image), BarTone::light);

@@ -7,14 +7,14 @@
 namespace tamberline {
 namespace {
 
-TEST(LinuxDesktop, HearsOnceThatTheSessionStartedTheProgram) {
+TEST(LinuxDesktop, ReportsOnceThatTheSessionStartedTheProgram) {
   qputenv("TAMBERLINE_START_IN_BACKGROUND", "1");
   EXPECT_TRUE(takeStartInBackground());
   EXPECT_FALSE(qEnvironmentVariableIsSet("TAMBERLINE_START_IN_BACKGROUND"));
   EXPECT_FALSE(takeStartInBackground());
 }
 
-TEST(LinuxDesktop, TakesEveryOtherStartForAPersons) {
+TEST(LinuxDesktop, TreatsEveryOtherStartAsTheUsers) {
   for (const char* value : {"", "0", "yes"}) {
     qputenv("TAMBERLINE_START_IN_BACKGROUND", value);
     EXPECT_FALSE(takeStartInBackground()) << value;
@@ -23,7 +23,7 @@ TEST(LinuxDesktop, TakesEveryOtherStartForAPersons) {
   qunsetenv("TAMBERLINE_START_IN_BACKGROUND");
 }
 
-TEST(LinuxDesktop, LetsProgramsDecideWhereTheirWindowsStandWithoutWayland) {
+TEST(LinuxDesktop, LetsProgramsPositionTheirWindowsWithoutWayland) {
   EXPECT_EQ(windowPlacesHere()->decider(), WindowPlaces::Decider::program);
 }
 

@@ -26,7 +26,7 @@ TEST(DrawnMenu, OpensWhereTheTrayWasClickedAndClosesOnTheNextClick) {
   EXPECT_FALSE(menu.menu().isVisible());
 }
 
-TEST(DrawnMenu, CarriesOutWhatIsChosen) {
+TEST(DrawnMenu, RunsTheChosenAction) {
   std::vector<std::string> calls;
   FreeWindowPlaces places;
   DrawnMenu menu(places, entriesThatTell(calls));

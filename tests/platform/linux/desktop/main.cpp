@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
-/// The tests bring a session bus and a tray of their own; a screen they do not need.
+/// The tests bring their own session bus and tray; they need no screen.
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");

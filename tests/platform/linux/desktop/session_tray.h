@@ -8,7 +8,7 @@
 
 namespace tamberline {
 
-/// A desktop's tray on the session bus, with a connection of its own: keeps the list of items, and
+/// A desktop's tray on the session bus, with a separate connection: it keeps the list of items, and
 /// is a host that shows them.
 class SessionTray : public QObject {
   Q_OBJECT
@@ -16,7 +16,7 @@ class SessionTray : public QObject {
   Q_PROPERTY(bool IsStatusNotifierHostRegistered READ hasHost)
 
 public:
-  /// How it takes the name of the watcher: when nobody has it, or from the one that has.
+  /// How it takes the watcher's name: if the name is free, or by replacing the owner.
   enum class Entrance : unsigned char { free, replacing };
 
   explicit SessionTray(bool hasHost = true, Entrance entrance = Entrance::free);
@@ -25,10 +25,10 @@ public:
   bool hasHost() const { return hasHost_; }
   void setHost(bool hasHost);
 
-  /// The bus names of the items that asked to be shown, in their order.
+  /// The bus names of the items that asked to be shown, in order.
   const QStringList& items() const { return items_; }
 
-  /// What the last item says of itself.
+  /// A property of the last item.
   QVariant property(const QString& name);
 
   /// Calls the last item, or its menu, and waits for the answer.

@@ -63,7 +63,7 @@ protected:
   Calls calls;
 };
 
-TEST_F(StatusNotifierTrayTest, IsThereOnlyWhereSomebodyShowsItsItems) {
+TEST_F(StatusNotifierTrayTest, IsAvailableOnlyIfAHostShowsItsItems) {
   desktop.reset();
   makeTray();
   EXPECT_FALSE(tray->isAvailable());
@@ -83,7 +83,7 @@ TEST_F(StatusNotifierTrayTest, AsksToBeShownOnce) {
   EXPECT_EQ(desktop->items().size(), 1);
 }
 
-TEST_F(StatusNotifierTrayTest, FollowsATrayThatComesGoesAndComesAgain) {
+TEST_F(StatusNotifierTrayTest, FollowsATrayThatStartsStopsAndRestarts) {
   desktop.reset();
   makeTray();
   showTray();
@@ -106,7 +106,7 @@ TEST_F(StatusNotifierTrayTest, FollowsTheHostOfAWatcherThatStays) {
   EXPECT_TRUE(becomesAvailable(false));
 }
 
-TEST_F(StatusNotifierTrayTest, SaysWhatItIs) {
+TEST_F(StatusNotifierTrayTest, HasTheItemsProperties) {
   makeShownTray();
   EXPECT_EQ(desktop->property("Title"), "Title");
   EXPECT_EQ(desktop->property("Id"), "tamberline");
@@ -117,7 +117,7 @@ TEST_F(StatusNotifierTrayTest, SaysWhatItIs) {
   EXPECT_EQ(qdbus_cast<TrayToolTip>(desktop->property("ToolTip")).title, "Title");
 }
 
-TEST_F(StatusNotifierTrayTest, GivesItsDrawingWhereNoThemeHasItsIcon) {
+TEST_F(StatusNotifierTrayTest, ProvidesItsDrawingIfNoThemeHasItsIcon) {
   makeShownTray();
   EXPECT_EQ(desktop->property("IconName"), "");
   const auto pixmaps = qdbus_cast<TrayPixmaps>(desktop->property("IconPixmap"));
@@ -139,10 +139,10 @@ TEST_F(StatusNotifierTrayTest, NamesTheIconThatIsInstalled) {
   EXPECT_EQ(desktop->property("IconName"), "installed-symbolic");
 }
 
-TEST_F(StatusNotifierTrayTest, TellsWhereItWasClicked) {
+TEST_F(StatusNotifierTrayTest, ReportsThePositionOfTheClick) {
   makeShownTray();
   desktop->callItem("Activate", {1200, 10});
-  desktop->callItem("Activate", {0, 0}); // of a host that does not know
+  desktop->callItem("Activate", {0, 0}); // from a host that does not know the position
   desktop->callItem("SecondaryActivate", {7, 8});
   desktop->callItem("ContextMenu", {30, 40});
   desktop->callItem("Scroll", {1, "vertical"});
@@ -150,7 +150,7 @@ TEST_F(StatusNotifierTrayTest, TellsWhereItWasClicked) {
                           "menu at 30, 40"}));
 }
 
-TEST_F(StatusNotifierTrayTest, TakesNoRightToTheKeyboardWithoutWayland) {
+TEST_F(StatusNotifierTrayTest, TakesNoActivationTokenWithoutWayland) {
   makeShownTray();
   EXPECT_EQ(desktop->callItem("ProvideXdgActivationToken", {"token-1"}).type(),
             QDBusMessage::ReplyMessage);
@@ -164,7 +164,7 @@ TEST_F(StatusNotifierTrayTest, FollowsATrayThatTakesThePlaceOfAnother) {
   EXPECT_TRUE(becomesAvailable(true));
 }
 
-TEST_F(StatusNotifierTrayTest, CarriesOutWhatIsChosenInItsMenu) {
+TEST_F(StatusNotifierTrayTest, RunsTheActionChosenInItsMenu) {
   makeShownTray();
   const QVariant data = QVariant::fromValue(QDBusVariant(QString()));
   desktop->callMenu("Event", {1, "clicked", data, 0U});
@@ -186,13 +186,13 @@ TEST_F(StatusNotifierTrayTest, LaysOutItsMenuOverTheBus) {
   EXPECT_EQ(first.properties.value("label"), "Open__it");
 }
 
-TEST_F(StatusNotifierTrayTest, TellsOfAnIconThatIsDrawnAnew) {
+TEST_F(StatusNotifierTrayTest, AnnouncesARedrawnIcon) {
   makeShownTray();
   tray->redraw();
   EXPECT_EQ(qdbus_cast<TrayPixmaps>(desktop->property("IconPixmap")).size(), 1);
 }
 
-TEST_F(StatusNotifierTrayTest, IsGoneFromTheBusWhenItGoes) {
+TEST_F(StatusNotifierTrayTest, LeavesTheBusWhenDestroyed) {
   makeShownTray();
   tray.reset();
   EXPECT_EQ(desktop->callItem("Activate", {1, 1}).type(), QDBusMessage::ErrorMessage);

@@ -33,7 +33,7 @@ TEST_F(TrayMenuTest, GivesThePropertiesThatAreAskedFor) {
   EXPECT_EQ(menu.GetProperty(9, "label").variant(), "");
 }
 
-TEST_F(TrayMenuTest, TellsOfIdentifiersThatItDoesNotKnow) {
+TEST_F(TrayMenuTest, ReportsUnknownIdentifiers) {
   const QDBusVariant data{QVariant(QString())};
   const TrayMenuEvents events = {{1, "clicked", data, 0}, {7, "clicked", data, 0}};
   EXPECT_EQ(menu.EventGroup(events), QList<int>{7});

@@ -21,7 +21,7 @@ std::string inspect(std::vector<std::string> arguments) {
   return ChildProcessRunner().run(INSPECT_PROGRAM, arguments).standardOutput;
 }
 
-/// The document without what is made of its records: the text shows that.
+/// The document without the parts derived from its records, because the text shows those.
 std::string records() {
   ordered_json document = ordered_json::parse(inspect({"--json"}));
   for (const char* key : {"portTree", "allContainerIDs", "searchEntries", "panel"}) {

@@ -30,7 +30,7 @@ class Machine:
         lines += [f"L: {key}={value}" for key, value in links]
         self.blocks.append((path, lines))
 
-    # A link from a folder to a path of the machine, relative as the kernel writes it.
+    # A link from a folder to a path of the machine, relative like the kernel's links.
     @staticmethod
     def relative(folder, target):
         here, there = folder.strip("/").split("/"), target.strip("/").split("/")
@@ -38,7 +38,7 @@ class Machine:
             here, there = here[1:], there[1:]
         return "/".join([".."] * len(here) + there)
 
-    # Behind the bridges that the path names; what a Thunderbolt device brings is removable.
+    # Behind the bridges in the path; what a Thunderbolt device brings is removable.
     def pci(self, function, pci_class, driver, removable=False):
         path = f"/devices/pci0000:00/{function}"
         if path not in self.paths.values():
@@ -253,9 +253,9 @@ class Machine:
         (folder / f"{self.name}.mounts").write_text("\n".join(mounts) + "\n", encoding="utf-8")
 
 
-# The dock has a USB controller of its own, which is reached through PCI Express; the monitor has a hub on
-# the controller of the laptop's ports. The laptop's own camera and radio are on a third controller, which is
-# built in and therefore stands alone (docs/linux.md).
+# The dock has its own USB controller, which is reached through PCI Express; the monitor has a hub on the
+# controller of the laptop's ports. The laptop's own camera and radio are on a third controller, which is
+# built in and therefore shown alone (docs/linux.md).
 def docked_laptop():
     machine = Machine("docked-laptop")
     machine.typec(0, "source [sink]", offered=[(5000, 3000)])

@@ -8,9 +8,8 @@ using UMockdevTestbed = struct _UMockdevTestbed;
 
 namespace tamberline {
 
-/// One of the recordings in this folder in the place of the machine that the test runs on, for this
-/// process and for programs that it starts, as long as it lives. Needs umockdev's preloaded
-/// library.
+/// Replaces the machine with one of the recordings in this folder, for this process and for
+/// programs that it starts, during its lifetime. Needs umockdev's preloaded library.
 class MockedMachine {
 public:
   /// An empty name is a machine without any devices.
@@ -21,9 +20,9 @@ public:
 
   static std::filesystem::path folder();
 
-  /// Plugs devices in, described as in a recording; each tells of itself.
+  /// Plugs in devices, described as in a recording; each sends an event.
   void attach(const std::string& recording);
-  /// Pulls a device, which tells so.
+  /// Unplugs a device, which sends an event.
   void detach(const std::string& path);
   void setAttribute(const std::string& path, const std::string& name, const std::string& value);
   /// Sends the event of a device that stays.

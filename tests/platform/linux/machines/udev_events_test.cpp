@@ -47,8 +47,8 @@ class UdevEvents : public testing::Test {
 protected:
   UdevEvents() { monitor.start(); }
 
-  /// How often the monitor asks for a rescan once all events told so far are through: events come
-  /// in their order, and the last one is of the power source.
+  /// How often the monitor asks for a rescan after all earlier events are processed: events come in
+  /// order, and the last one is from the power source.
   int rescansAfterwards() {
     const int before = powerEvents;
     machine.tellOfChange("/devices/LNXSYSTM:00/PNP0C0A:01/power_supply/BAT1");
@@ -58,7 +58,7 @@ protected:
     return rescans - rescansBefore;
   }
 
-  /// The real source; what it tells of the power source is counted on the way.
+  /// The real source; its reports about the power source are counted.
   class CountingSource final : public PortEventSource {
   public:
     CountingSource(std::shared_ptr<PortEventSource> source, int& powerEvents)
@@ -120,7 +120,7 @@ TEST_F(UdevEvents, EndInOneRescanForEachOtherKindOfDevice) {
   }
 }
 
-TEST_F(UdevEvents, TellNothingOfOtherDevices) {
+TEST_F(UdevEvents, IgnoreOtherDevices) {
   machine.attach("P: /devices/virtual/net/lo\nE: SUBSYSTEM=net\n");
   machine.attach("P: /devices/virtual/block/loop7\nE: SUBSYSTEM=block\n");
   machine.attach("P: /devices/pci0000:00/0000:00:06.0/nvme/nvme0/nvme0n1\nE: SUBSYSTEM=block\n");
@@ -135,7 +135,7 @@ TEST_F(UdevEvents, EndInOneRescanForAnAdapterThatIsPulled) {
   EXPECT_EQ(rescansAfterwards(), 1);
 }
 
-TEST_F(UdevEvents, TellNothingOnceStopped) {
+TEST_F(UdevEvents, ReportNothingAfterStopping) {
   monitor.stop();
   machine.attach(stickRecording);
   QCoreApplication::processEvents();

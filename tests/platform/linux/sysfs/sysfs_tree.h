@@ -11,7 +11,7 @@
 
 namespace tamberline {
 
-/// A folder that looks like the kernel's description of a machine.
+/// A folder in the form of the kernel's description of a machine.
 class SysfsTree {
 public:
   MachinePaths paths() const {

@@ -14,10 +14,10 @@ namespace {
 using namespace std::chrono_literals;
 using Milliseconds = std::chrono::milliseconds;
 
-/// A pacer on a clock that the test moves, and when it passed events on.
+/// A pacer on a clock that the test moves, and the times at which it passed events on.
 class PacedEvents : public testing::Test {
 protected:
-  /// An event at each of the times.
+  /// Sends an event at each of the times.
   void events(const std::vector<Milliseconds>& times) {
     for (const Milliseconds time : times) {
       moveTo(time);
@@ -34,7 +34,7 @@ protected:
     return times;
   }
 
-  /// When somebody acts who waits for 0.4 s without an event.
+  /// The times at which a listener acts that waits for 0.4 s without an event.
   std::vector<Milliseconds> actions() const {
     std::vector<Milliseconds> times;
     for (std::size_t index = 0; index < passed.size(); ++index) {
@@ -89,7 +89,7 @@ TEST_F(PacedEvents, OfADenseStormLeadToAnActionEveryTwoSecondsToo) {
   EXPECT_GE(actions().back(), 5s + 400ms);
 }
 
-TEST_F(PacedEvents, BeyondAStormAreNoPartOfIt) {
+TEST_F(PacedEvents, AfterAStormPassAtOnce) {
   std::vector<Milliseconds> times = every(100ms, 2s);
   times.push_back(10s);
   events(times);

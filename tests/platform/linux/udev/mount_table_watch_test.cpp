@@ -37,7 +37,7 @@ protected:
   int changes = 0;
 };
 
-TEST_F(MountTable, TellsWhenADeviceIsMountedAndUnmounted) {
+TEST_F(MountTable, ReportsWhenADeviceIsMountedAndUnmounted) {
   const MountTableWatch watch("/proc/self/mountinfo", [this] { ++changes; });
   mountFrom("/dev/invented");
   EXPECT_TRUE(runEventsUntil([this] { return changes == 1; }));
@@ -45,7 +45,7 @@ TEST_F(MountTable, TellsWhenADeviceIsMountedAndUnmounted) {
   EXPECT_TRUE(runEventsUntil([this] { return changes == 2; }));
 }
 
-TEST_F(MountTable, TellsNothingOfOtherFileSystems) {
+TEST_F(MountTable, IgnoresOtherFileSystems) {
   const MountTableWatch watch("/proc/self/mountinfo", [this] { ++changes; });
   for (const char* source : {"nothing", "/dev/loop7"}) {
     mountFrom(source);
@@ -58,7 +58,7 @@ TEST_F(MountTable, TellsNothingOfOtherFileSystems) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(MountTable, MayEndTheWatchThatTells) {
+TEST_F(MountTable, MayEndTheWatchFromItsHandler) {
   auto watch = std::unique_ptr<MountTableWatch>();
   watch = std::make_unique<MountTableWatch>("/proc/self/mountinfo", [&] {
     ++changes;

@@ -7,7 +7,7 @@
 namespace tamberline {
 namespace {
 
-/// Keeps what is handed to the bus library.
+/// Records what is passed to the bus library.
 class CallRecorder {
 public:
   void record(const AskedCall& call) {
@@ -43,7 +43,7 @@ std::vector<AskedCall> takeAskedCalls() {
 
 } // namespace tamberline
 
-/// Stands before the bus library's own function, which Qt calls.
+/// Overrides the bus library's function, which Qt calls.
 extern "C" unsigned dbus_connection_send_with_reply(void* connection, void* message,
                                                     void** pendingCall, int limit) {
   using namespace tamberline;

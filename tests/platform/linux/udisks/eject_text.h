@@ -20,7 +20,8 @@ inline std::string textOf(EjectRefusal refusal) {
   return "?";
 }
 
-/// Ejects, and says what came of it: "ejected", "refused: " and why, or "failed: " and the message.
+/// Ejects, and returns the outcome: "ejected", "refused: " and the reason, or "failed: " and the
+/// message.
 inline std::string eject(const std::string& mountPoint,
                          std::optional<std::uint64_t> deviceNumber = std::nullopt) {
   const EjectOutcome outcome =

@@ -11,7 +11,7 @@
 namespace tamberline {
 namespace {
 
-/// Calls a method of the mock that is for tests; its answer's values.
+/// Calls a method of the mock that is only for tests; returns the values of the answer.
 QVariantList ask(const char* method, const QVariantList& arguments) {
   QDBusMessage message = QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.UDisks2"), QStringLiteral("/org/freedesktop/UDisks2"),
@@ -60,7 +60,7 @@ void MockedDisks::set(const char* part, const char* name, const QJsonValue& valu
 void MockedDisks::start() {
   const QByteArray parameters = QJsonDocument(parameters_).toJson(QJsonDocument::Compact);
   service_ = std::make_unique<ChildProgram>(
-      std::vector<std::string>{"/usr/bin/python3", // the one that Debian's modules are for
+      std::vector<std::string>{"/usr/bin/python3", // the one for which Debian installs its modules
                                "-m", "dbusmock", "--logfile", "/dev/null", "--template",
                                UDISKS2_MOCK, "--parameters", parameters.toStdString()});
   service_->waitForLine("ready");

@@ -26,7 +26,7 @@ dev_t deviceHolding(const std::string& path) {
   return stat(path.c_str(), &status) == 0 ? status.st_dev : 0;
 }
 
-/// What the device manager would find out about a file system, where none runs.
+/// Records what the device manager would find out about a file system, if none is running.
 void noteFileSystem(dev_t deviceNumber) {
   const fs::path notes = "/run/udev/data";
   fs::create_directories(notes);
@@ -67,7 +67,7 @@ void MountedImage::mountAlsoAt(const std::string& path) const {
 }
 
 bool hasLoopDevice(const TemporaryFolder& folder) {
-  // Where /sys is not mounted, no test can have left a device.
+  // If /sys is not mounted, no test can have left a device.
   std::error_code unreadable;
   for (const fs::directory_entry& device : fs::directory_iterator("/sys/block", unreadable)) {
     std::string file;

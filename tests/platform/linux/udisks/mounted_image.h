@@ -8,13 +8,13 @@
 
 namespace tamberline {
 
-/// An image of a file system in a folder, mounted below it at a place with a troublesome name. Made
-/// and used with private mounts (private_mounts.h), whose end unmounts it.
+/// An image of a file system in a folder, mounted below it at a path with unusual characters.
+/// Created and used with private mounts (private_mounts.h), whose end unmounts it.
 class MountedImage {
 public:
   explicit MountedImage(const TemporaryFolder& folder);
 
-  /// Why it could not be mounted; empty when it is.
+  /// Why it could not be mounted; empty if it is.
   const std::string& problem() const { return problem_; }
 
   const std::string& mountPoint() const { return mountPoint_; }
@@ -22,7 +22,7 @@ public:
   /// "/dev/loop0".
   std::string device() const;
   std::uint64_t deviceNumber() const { return deviceNumber_; }
-  /// Mounts the same file system in another place, too.
+  /// Mounts the same file system at another path as well.
   void mountAlsoAt(const std::string& path) const;
 
 private:
@@ -32,7 +32,7 @@ private:
   std::string problem_;
 };
 
-/// Whether some loop device still has a file of the folder open.
+/// Whether any loop device still has a file of the folder open.
 bool hasLoopDevice(const TemporaryFolder& folder);
 
 } // namespace tamberline

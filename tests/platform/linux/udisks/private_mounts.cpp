@@ -26,8 +26,8 @@ std::string hideRun() {
   return problemOf("an empty /run", mount("tmpfs", "/run", "tmpfs", 0, nullptr));
 }
 
-/// The folder of the notes comes with the service's first start on a machine, which may be this
-/// one.
+/// The service creates its data folder when it starts for the first time on a machine, which may be
+/// this one.
 std::string hideNotesOfService() {
   const std::string problem =
       problemOf("empty notes", mount("tmpfs", "/var/lib", "tmpfs", 0, nullptr));
@@ -35,8 +35,8 @@ std::string hideNotesOfService() {
                          : problem;
 }
 
-/// The disk service would ask for news of each device that it has changed, and wait 20 s for them
-/// where no device manager runs.
+/// The disk service would request an event for each device that it has changed, and wait 20 s for
+/// it if no device manager is running.
 std::string keepKernelFromBeingAsked() {
   const unsigned long flags = MS_REMOUNT | MS_BIND | MS_RDONLY;
   return problemOf("a read-only /sys", mount("sysfs", "/sys", nullptr, flags, nullptr));

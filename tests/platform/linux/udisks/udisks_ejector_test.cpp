@@ -18,7 +18,7 @@
 namespace tamberline {
 namespace {
 
-/// The names of the bus itself and of all that is connected to it.
+/// The names of the bus itself and of all its connections.
 qsizetype connectionsOfBus() {
   const QDBusMessage names = SystemBus().callForAnswer(QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
@@ -66,7 +66,7 @@ TEST_F(Ejecting, LeavesOtherDrivesAlone) {
                            "stick.PowerOff {}, may ask\n");
 }
 
-TEST_F(Ejecting, UnmountsEveryVolumeOfTheDriveTheAskedOneFirst) {
+TEST_F(Ejecting, UnmountsEveryVolumeOfTheDriveStartingWithTheRequestedOne) {
   addStick({"/media/first"});
   disks.addBlock("sdb2", {.drive = "stick", .mountPoints = {"/media/second"}});
   disks.addBlock("sdb3", {.drive = "stick", .mountPoints = {"/media/third"}});
@@ -88,7 +88,7 @@ TEST_F(Ejecting, UnmountsAFileSystemFromEverywhere) {
                            "stick.PowerOff {}, may ask\n");
 }
 
-TEST_F(Ejecting, GoesOnWhenAFileSystemOverTwoPartitionsIsGoneFromBothAtOnce) {
+TEST_F(Ejecting, ContinuesWhenAFileSystemOnTwoPartitionsIsUnmountedFromBothAtOnce) {
   addStick();
   disks.addBlock("sdb2", {.drive = "stick", .mountPoints = {"/media/stick"}, .sharing = "sdb1"});
   disks.start();
@@ -116,7 +116,7 @@ TEST_F(Ejecting, EjectsTheCardOfAReaderThatCannotBePoweredOff) {
                            "reader.Eject {}, may ask\n");
 }
 
-TEST_F(Ejecting, OnlyUnmountsADriveThatCanDoNothing) {
+TEST_F(Ejecting, OnlyUnmountsADriveWithoutAbilities) {
   disks.addDrive("disk");
   disks.addBlock("sda1", {.drive = "disk", .mountPoints = {"/media/disk"}});
   disks.addBlock("sda2", {.drive = "disk", .mountPoints = {"/media/more"}});
@@ -126,7 +126,7 @@ TEST_F(Ejecting, OnlyUnmountsADriveThatCanDoNothing) {
                            "sda2.Unmount {}, may ask\n");
 }
 
-TEST_F(Ejecting, OnlyUnmountsTheAskedVolumeWhereThereIsNoDrive) {
+TEST_F(Ejecting, OnlyUnmountsTheRequestedVolumeIfThereIsNoDrive) {
   disks.addBlock("loop0", {.mountPoints = {"/media/image"}});
   disks.addBlock("loop1", {.mountPoints = {"/media/other"}});
   disks.start();
@@ -145,7 +145,7 @@ TEST_F(Ejecting, LocksAnEncryptedVolume) {
                            "stick.PowerOff {}, may ask\n");
 }
 
-TEST_F(Ejecting, LocksWhatElseIsEncryptedOnTheDriveMountedOrNot) {
+TEST_F(Ejecting, LocksAllEncryptedVolumesOfTheDrive) {
   addStick();
   disks.addBlock("sdb2", {.drive = "stick"});
   disks.addBlock("sdb3", {.drive = "stick"});
@@ -208,7 +208,7 @@ TEST_F(Ejecting, LeavesTheDriveOfTheRunningSystemAlone) {
   EXPECT_EQ(disks.calls(), "");
 }
 
-// What the service refuses.
+// --- refusals of the service ---
 
 TEST_F(Ejecting, SaysWhyAVolumeCannotBeUnmounted) {
   addStick();
@@ -247,7 +247,7 @@ TEST_F(Ejecting, SaysWhyADriveCannotBeReleased) {
   EXPECT_EQ(eject("/media/stick"), "failed: No such device");
 }
 
-TEST_F(Ejecting, SaysThatAPersonMayNotDoIt) {
+TEST_F(Ejecting, SaysThatTheUserMayNotDoIt) {
   addStick();
   disks.letFail("sdb1.Unmount", "org.freedesktop.UDisks2.Error.NotAuthorized", "Not authorized");
   disks.start();
@@ -261,9 +261,9 @@ TEST_F(Ejecting, FailsWithoutAMessageWhereTheServiceGivesNone) {
   EXPECT_EQ(eject("/media/stick"), "failed: ");
 }
 
-// Which volume is meant.
+// --- choice of the volume ---
 
-TEST_F(Ejecting, TakesMountPointsOfAnyBytes) {
+TEST_F(Ejecting, AcceptsMountPointsOfAnyBytes) {
   const std::vector<std::string> mountPoints = {
       "/media/two words",      "/media/'single' \"double\" `back`",
       "/media/Übergröße 日本", "/media/-rf",
@@ -283,7 +283,7 @@ TEST_F(Ejecting, TakesMountPointsOfAnyBytes) {
   EXPECT_EQ(disks.calls(), expectedCalls);
 }
 
-TEST_F(Ejecting, DoesNotTakeOneMountPointForAnother) {
+TEST_F(Ejecting, DoesNotConfuseMountPoints) {
   using namespace std::string_literals;
   addStick({"/media/stick", "/media/\xff"});
   disks.start();
@@ -297,7 +297,7 @@ TEST_F(Ejecting, DoesNotTakeOneMountPointForAnother) {
   EXPECT_EQ(disks.calls(), "");
 }
 
-TEST_F(Ejecting, TakesOfTwoDrivesThatClaimAVolumeTheOneWithItsDevice) {
+TEST_F(Ejecting, ChoosesTheDriveWithTheDeviceIfTwoClaimAVolume) {
   disks.addDrive("stick", {{"CanPowerOff", true}});
   disks.addDrive("impostor", {{"CanPowerOff", true}});
   disks.addBlock("sda1",
@@ -309,7 +309,7 @@ TEST_F(Ejecting, TakesOfTwoDrivesThatClaimAVolumeTheOneWithItsDevice) {
                            "stick.PowerOff {}, may ask\n");
 }
 
-TEST_F(Ejecting, TakesNeitherOfTwoDrivesThatClaimAVolumeOfUnknownDevice) {
+TEST_F(Ejecting, ChoosesNoDriveIfTwoClaimAVolumeOfUnknownDevice) {
   disks.addDrive("stick", {{"CanPowerOff", true}});
   disks.addDrive("other", {{"CanPowerOff", true}});
   disks.addBlock("sda1", {.drive = "other", .deviceNumber = 2049, .mountPoints = {"/media/stick"}});
@@ -319,7 +319,7 @@ TEST_F(Ejecting, TakesNeitherOfTwoDrivesThatClaimAVolumeOfUnknownDevice) {
   EXPECT_EQ(disks.calls(), "");
 }
 
-TEST_F(Ejecting, TakesNoOtherDeviceThatIsMountedThereNow) {
+TEST_F(Ejecting, RejectsAnotherDeviceThatIsNowMountedThere) {
   disks.addDrive("stick", {{"CanPowerOff", true}});
   disks.addBlock("sdb1", {.drive = "stick", .deviceNumber = 2065, .mountPoints = {"/media/stick"}});
   disks.start();
@@ -336,13 +336,13 @@ TEST_F(Ejecting, FindsAMountPointThatBeginsLikeAnother) {
   EXPECT_EQ(disks.calls(), "loop1.Unmount {}, may ask\n");
 }
 
-// Answers that make no sense.
+// --- invalid answers ---
 
 TEST_F(Ejecting, TouchesNothingWhenAPropertyIsMissingOrOfAWrongType) {
   struct Property {
     const char* interface;
     const char* name;
-    const char* ownKind; // of the wrong values the one that is right here
+    const char* ownKind; // the one of the wrong values that is right here
   };
   const std::vector<Property> properties = {
       {"Filesystem", "sdb1.MountPoints", ""},    {"Block", "sdb1.Drive", ""},
@@ -386,7 +386,7 @@ TEST_F(Ejecting, TouchesNothingOnADriveThatTheServiceDoesNotList) {
   EXPECT_EQ(disks.calls(), "");
 }
 
-TEST_F(Ejecting, ComesToAnEndWhereEncryptedDevicesLieInEachOther) {
+TEST_F(Ejecting, FinishesIfEncryptedDevicesContainEachOther) {
   disks.addDrive("stick", {{"CanPowerOff", true}});
   disks.addBlock("dm0", {.mountPoints = {"/media/secret"}, .inside = "dm1"});
   disks.addBlock("dm1", {.inside = "dm0"});
@@ -395,7 +395,7 @@ TEST_F(Ejecting, ComesToAnEndWhereEncryptedDevicesLieInEachOther) {
   EXPECT_EQ(disks.calls(), "dm0.Unmount {}, may ask\n");
 }
 
-// Who is there to answer, and when.
+// --- availability of the service ---
 
 TEST_F(Ejecting, SaysThatThereIsNoService) {
   EXPECT_EQ(eject("/media/stick"),
@@ -417,7 +417,7 @@ TEST_F(Ejecting, FindsABusThatCameLater) {
   EXPECT_EQ(eject("/media/stick"), "ejected");
 }
 
-TEST_F(Ejecting, SaysThatTheServiceDiedMeanwhile) {
+TEST_F(Ejecting, SaysThatTheServiceDied) {
   addStick();
   disks.letGather("Unmount", 0);
   disks.start();
@@ -428,7 +428,7 @@ TEST_F(Ejecting, SaysThatTheServiceDiedMeanwhile) {
             "failed: Message recipient disconnected from message bus without replying");
 }
 
-TEST_F(Ejecting, ComesToAnEndWhenTheBusDies) {
+TEST_F(Ejecting, FinishesWhenTheBusDies) {
   addStick();
   disks.letGather("Unmount", 0);
   disks.start();
@@ -442,7 +442,7 @@ TEST_F(Ejecting, WorksOnSeveralDrivesAtOnce) {
   addStick();
   disks.addDrive("other", {{"CanPowerOff", true}});
   disks.addBlock("sdc1", {.drive = "other", .mountPoints = {"/media/other"}});
-  disks.letGather("Unmount", 2); // neither is answered before both have asked
+  disks.letGather("Unmount", 2); // neither is answered before both have been made
   disks.start();
   std::future<std::string> first = ejectInBackground("/media/stick");
   std::future<std::string> second = ejectInBackground("/media/other");
@@ -453,7 +453,7 @@ TEST_F(Ejecting, WorksOnSeveralDrivesAtOnce) {
 TEST_F(Ejecting, GivesTheServiceAllTheTimeThatItTakesToDoSomething) {
   addStick();
   disks.start();
-  takeAskedCalls(); // those of other tests
+  takeAskedCalls(); // discards those of other tests
   EXPECT_EQ(eject("/media/stick"), "ejected");
   constexpr int none = std::numeric_limits<int>::max();
   const std::vector<AskedCall> expected = {
@@ -465,19 +465,19 @@ TEST_F(Ejecting, LeavesNoConnectionBehind) {
   for (int run = 0; run < 10; ++run) {
     eject("/media/stick");
   }
-  // The bus itself and the connection that asks.
+  // The bus itself and the connection that makes this call.
   EXPECT_TRUE(runEventsUntil([] { return connectionsOfBus() == 2; })) << connectionsOfBus();
 }
 
 TEST_F(Ejecting, DoesNotKeepTheProcessFromEnding) {
-  testing::FLAGS_gtest_death_test_style = "threadsafe"; // starts the program anew
+  testing::FLAGS_gtest_death_test_style = "threadsafe"; // starts the program again
   addStick();
   disks.letGather("Unmount", 0);
   disks.start();
   const auto endWhileEjecting = [&] {
     std::thread([] { eject("/media/stick"); }).detach();
     const bool isEjecting = waitForCalls("sdb1.Unmount {}, may ask\n");
-    std::filesystem::remove_all(folder.path()); // which the end of the process does not do
+    std::filesystem::remove_all(folder.path()); // ending the process does not remove it
     std::exit(isEjecting ? 0 : 1);
   };
   EXPECT_EXIT(endWhileEjecting(), testing::ExitedWithCode(0), "");

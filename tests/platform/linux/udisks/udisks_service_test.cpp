@@ -1,4 +1,4 @@
-// The real disk service, on a bus of its own, with a file system in a file.
+// The real disk service, on a separate bus, with a file system in a file.
 #include "platform/child_program.h"
 #include "platform/linux/udisks/eject_text.h"
 #include "platform/linux/udisks/mounted_image.h"
@@ -40,8 +40,8 @@ protected:
     EXPECT_TRUE(runEventsUntil([&] { return !hasLoopDevice(folder); }));
   }
 
-  /// Does something while the service runs and an image is mounted; skips the test where that
-  /// cannot be.
+  /// Does something while the service is running and an image is mounted; skips the test if that is
+  /// impossible.
   void doWithService(const Test& something) {
     if (geteuid() != 0) {
       GTEST_SKIP() << "only root can mount";
@@ -59,7 +59,7 @@ protected:
   TemporaryFolder folder;
 
 private:
-  /// Why it could not be done; empty when it was.
+  /// Why it could not be done; empty if it was.
   std::string doInPrivate(const Test& something) const {
     const MountedImage image(folder);
     if (image.problem().empty()) {
@@ -107,14 +107,14 @@ TEST_F(DiskService, SaysThatAVolumeIsBusyAndLeavesItMounted) {
   });
 }
 
-TEST_F(DiskService, KnowsNoVolumeWhereNoneIsMounted) {
+TEST_F(DiskService, FindsNoVolumeIfNoneIsMounted) {
   doWithService([](const MountedImage& image) {
     EXPECT_EQ(eject(image.mountPoint() + "/lost+found"), "refused: not there any more");
     EXPECT_TRUE(image.isMounted());
   });
 }
 
-TEST_F(DiskService, TellsAVolumeByTheNumberOfItsDevice) {
+TEST_F(DiskService, IdentifiesAVolumeByTheNumberOfItsDevice) {
   doWithService([](const MountedImage& image) {
     EXPECT_EQ(eject(image.mountPoint(), image.deviceNumber() + 1), "refused: not there any more");
     EXPECT_TRUE(image.isMounted());

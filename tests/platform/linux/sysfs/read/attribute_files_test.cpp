@@ -75,7 +75,7 @@ TEST(AttributeFiles, AreReadUpToAPage) {
   EXPECT_EQ(readTextOrNothing(tree.sysfs() / "long").size(), mostAttributeBytes);
 }
 
-TEST(AttributeFiles, ThatAreNoneHoldNothing) {
+TEST(AttributeFiles, ThatAreNotFilesAreEmpty) {
   const SysfsTree tree;
   tree.attribute("folder/entry", "");
   tree.link("loop", "loop");

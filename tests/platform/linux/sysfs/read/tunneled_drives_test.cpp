@@ -16,7 +16,7 @@ protected:
                     {{"device_name", name}, {"authorized", authorized}});
   }
 
-  /// A function behind bridges, with what is below it marked as what can be pulled.
+  /// A function behind bridges, with everything below it marked as removable.
   void function(const std::string& path) const {
     const std::string folder = "devices/pci0000:00/" + path;
     tree.attribute(folder + "/removable", "removable");
@@ -38,7 +38,7 @@ protected:
     tree.mountTable(mounts);
   }
 
-  /// "router: model serial at mount point", a line for each drive.
+  /// "router: model serial at mount point", one line for each drive.
   std::string drives() const {
     std::string text;
     for (const auto& [address, router] : tree.read().thunderbolt.routers) {

@@ -85,7 +85,7 @@ TEST(UsbDevices, WithoutNamesHaveThoseOfTheDatabase) {
   EXPECT_EQ(devices.at(UsbAddress{1, {2}}).manufacturer, "Database Vendor");
 }
 
-TEST(UsbDevices, ThatWentMeanwhileAreLeftOut) {
+TEST(UsbDevices, ThatDisappearedAreLeftOut) {
   const SysfsTree tree;
   tree.link("bus/usb/devices/1-1", "../../../devices/gone");
   std::filesystem::create_directories(tree.sysfs() / "bus/usb/devices/1-2");
@@ -109,7 +109,7 @@ TEST(UsbDevices, AreRatedAtTheirActiveConfiguration) {
   const auto devices = tree.read().usb.devices;
   EXPECT_EQ(devices.at(UsbAddress{1, {1}}).ratedMa, 224);
   EXPECT_EQ(devices.at(UsbAddress{2, {1}}).ratedMa, 896);
-  EXPECT_EQ(devices.at(UsbAddress{3, {1}}).ratedMa, 98); // where it is not described
+  EXPECT_EQ(devices.at(UsbAddress{3, {1}}).ratedMa, 98); // if there is no descriptor
 }
 
 TEST(RootHubs, AreNamedAfterTheirControllerWithoutBeingAsked) {
@@ -139,7 +139,7 @@ TEST(RootHubs, AreBuiltInUnlessSomethingThatCanBePulledBroughtThem) {
   add("usb3", "platform/xhci.0.auto");
   auto devices = tree.read().usb.devices;
   EXPECT_TRUE(devices.at(UsbAddress{1}).isOnBuiltInController);
-  EXPECT_FALSE(devices.at(UsbAddress{2}).isOnBuiltInController); // nobody knows
+  EXPECT_FALSE(devices.at(UsbAddress{2}).isOnBuiltInController); // unknown
   EXPECT_TRUE(devices.at(UsbAddress{3}).isOnBuiltInController);
 
   add("usb4", "pci0000:00/0000:00:07.0/0000:03:00.0/0000:04:02.0/0000:05:00.0");
@@ -149,7 +149,7 @@ TEST(RootHubs, AreBuiltInUnlessSomethingThatCanBePulledBroughtThem) {
   EXPECT_FALSE(devices.at(UsbAddress{4}).isOnBuiltInController);
 }
 
-TEST(UsbDevices, AreThereWithWhatUdevReadWhileTheyDoNotAnswer) {
+TEST(UsbDevices, HaveUdevsDataWhileTheyDoNotAnswer) {
   const SysfsTree tree;
   const auto hub = "bus/usb/devices/1-1"s;
   tree.attributes(hub, {{"idVendor", "05e3"},
@@ -195,7 +195,7 @@ TEST(UsbPorts, AreReadFromTheirHubs) {
   EXPECT_EQ(ports.at(UsbAddress{1, {4, 2}}).connector, 3);
   EXPECT_EQ(ports.at(UsbAddress{1, {4, 3}}).location, "left///no/");
   EXPECT_EQ(ports.at(UsbAddress{1, {4, 4}}).location, std::nullopt);
-  EXPECT_EQ(ports.at(UsbAddress{1, {4, 5}}).location, std::nullopt); // zeros everywhere
+  EXPECT_EQ(ports.at(UsbAddress{1, {4, 5}}).location, std::nullopt); // all zeros
   EXPECT_TRUE(ports.at(UsbAddress{1, {4, 5}}).isHardwired);
   EXPECT_FALSE(ports.at(UsbAddress{1, {4, 4}}).isHardwired);
 }

@@ -17,7 +17,7 @@ UsbTextKeeper::Device device(const std::string& name, int bus, bool isHub = fals
   return {.identity = name, .folder = name, .bus = bus, .isHub = isHub};
 }
 
-/// Devices that answer with their folder's name, but for "mute" ones, which wait for `release`.
+/// Devices that answer with their folder's name, except "mute" ones, which wait for `release`.
 class DevicesThatAnswer : public testing::Test {
 protected:
   ~DevicesThatAnswer() override {
@@ -54,7 +54,7 @@ TEST_F(DevicesThatAnswer, AreAskedOnce) {
   EXPECT_EQ(*asked, 2);
 }
 
-TEST_F(DevicesThatAnswer, AreForgottenWhenTheyGo) {
+TEST_F(DevicesThatAnswer, AreForgottenWhenUnplugged) {
   UsbTextKeeper texts = keeper(60s);
   texts.textsOf({device("mouse", 1)});
   EXPECT_TRUE(texts.textsOf({}).empty());
@@ -65,14 +65,14 @@ TEST_F(DevicesThatAnswer, AreForgottenWhenTheyGo) {
 TEST_F(DevicesThatAnswer, DoNotWaitForOneThatDoesNot) {
   UsbTextKeeper texts = keeper(0ms);
   texts.textsOf({device("mute hub", 1, true), device("mouse", 1), device("key", 2)});
-  EXPECT_TRUE(texts.waitFor("mouse", 60s)); // although the hub stands before it
+  EXPECT_TRUE(texts.waitFor("mouse", 60s)); // although the hub comes before it
   EXPECT_TRUE(texts.waitFor("key", 60s));
   const auto known = texts.textsOf({device("mute hub", 1, true), device("mouse", 1)});
   EXPECT_TRUE(known.contains("mouse"));
   EXPECT_FALSE(known.contains("mute hub"));
 }
 
-TEST_F(DevicesThatAnswer, AreKnownWhenOneAnswersAtLast) {
+TEST_F(DevicesThatAnswer, AreKnownAfterALateAnswer) {
   UsbTextKeeper texts = keeper(0ms);
   texts.textsOf({device("mute hub", 1, true)});
   release();
@@ -84,7 +84,7 @@ TEST_F(DevicesThatAnswer, AreKnownWhenOneAnswersAtLast) {
 TEST_F(DevicesThatAnswer, AreNotAwaitedTwice) {
   UsbTextKeeper texts = keeper(0ms);
   texts.textsOf({device("mute hub", 1, true)});
-  // The second time there is nothing to wait for, however patient somebody would be.
+  // The second time there is nothing to wait for, however long the caller would wait.
   UsbTextKeeper patient = keeper(60s);
   EXPECT_TRUE(patient.textsOf({device("mouse", 1)}).contains("mouse"));
   EXPECT_TRUE(texts.textsOf({device("mute hub", 1, true)}).empty());

@@ -26,7 +26,7 @@ protected:
     tree.mountTable(mounts);
   }
 
-  /// "1-2: name at mount point, …", a line for each device with volumes.
+  /// "1-2: name at mount point, …", one line for each device with volumes.
   std::string volumes() const {
     std::string text;
     for (const auto& [address, device] : tree.read().usb.devices) {
@@ -50,7 +50,7 @@ TEST_F(UsbVolumes, BelongToTheNearestDeviceAbove) {
   EXPECT_EQ(volumes(), "2-1.4: Field Notes at /media/Field Notes\n");
 }
 
-TEST_F(UsbVolumes, OfOtherDisksAreNoneOfOurs) {
+TEST_F(UsbVolumes, OfOtherDisksAreIgnored) {
   block("nvme0n1", "pci/0000:01:00.0/nvme/nvme0/nvme0n1", "259:0");
   mount("259:0", "/", "/", "/dev/nvme0n1");
   EXPECT_EQ(volumes(), "");
@@ -64,12 +64,12 @@ TEST_F(UsbVolumes, AreFoundThroughEncryptionAndVolumeGroups) {
   tree.attribute("devices/virtual/block/dm-1/dm/name", "vault-plans");
   tree.link("devices/" + disk + "/sda2/holders/dm-0", "x");
   tree.link("devices/virtual/block/dm-0/holders/dm-1", "x");
-  tree.link("devices/virtual/block/dm-1/holders/dm-0", "x"); // a circle
+  tree.link("devices/virtual/block/dm-1/holders/dm-0", "x"); // a cycle
   mount("0:61", "/", "/plans", "/dev/mapper/vault-plans", "btrfs");
   EXPECT_EQ(volumes(), "2-1.4: vault-plans at /plans\n");
 }
 
-TEST_F(UsbVolumes, AreNotWhatOnlySaysThatItLiesOnTheDevice) {
+TEST_F(UsbVolumes, AreNotFoundByTheirSourceExceptOnBtrfs) {
   block("sda", disk, "8:0");
   mount("0:70", "/", "/home/me/fake", "/dev/sda", "fuse.sshfs");
   mount("0:71", "/", "/srv/memory", "/dev/sda", "tmpfs");
@@ -79,7 +79,7 @@ TEST_F(UsbVolumes, AreNotWhatOnlySaysThatItLiesOnTheDevice) {
   EXPECT_EQ(volumes(), "2-1.4: sda at /media/many\n");
 }
 
-TEST_F(UsbVolumes, AreFoundByTheNumberOfTheirDeviceWhateverTheySay) {
+TEST_F(UsbVolumes, AreFoundByTheNumberOfTheirDevice) {
   block("sda", disk, "8:0");
   mount("8:0", "/", "/media/served", "/dev/disk/by-uuid/1", "fuseblk");
   EXPECT_EQ(volumes(), "2-1.4: sda at /media/served\n");
@@ -94,7 +94,7 @@ TEST_F(UsbVolumes, AreShownOnceWhereTheyAreMountedAsAWhole) {
   EXPECT_EQ(volumes(), "2-1.4: sda at /media/a\n");
 }
 
-TEST_F(UsbVolumes, WithMountPointsThatAreNoTextAreLeftOut) {
+TEST_F(UsbVolumes, WithInvalidMountPointsAreLeftOut) {
   block("sda", disk, "8:0");
   mount("8:0", "/", "/media/\xff", "/dev/sda");
   EXPECT_EQ(volumes(), "");

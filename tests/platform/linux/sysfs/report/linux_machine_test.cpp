@@ -65,11 +65,11 @@ void expectAnswers(const SysfsTree& tree) {
   }
 }
 
-TEST(OddLinuxMachines, AnswerWhereThereIsNothing) {
+TEST(OddLinuxMachines, AnswerOnAnEmptyMachine) {
   expectAnswers(SysfsTree());
 }
 
-TEST(OddLinuxMachines, AnswerWhereEverythingIsSomethingElse) {
+TEST(OddLinuxMachines, AnswerIfEverythingHasTheWrongType) {
   const SysfsTree files;
   for (const char* folder : {"bus", "class"}) {
     files.attribute(folder, "a file");
@@ -83,7 +83,7 @@ TEST(OddLinuxMachines, AnswerWhereEverythingIsSomethingElse) {
   expectAnswers(loops);
 }
 
-TEST(OddLinuxMachines, AnswerWithWhatDevicesMakeUp) {
+TEST(OddLinuxMachines, AnswerWithHostileDevices) {
   const SysfsTree tree;
   const std::string long_(1'000'000, '\xE4');
   for (const std::string name : {"usb1", "1-1", "1-1.1", "1-1.2"}) {

@@ -10,7 +10,7 @@ namespace {
 
 const RouterAddress host{0, 0};
 
-/// "0: 0-1 | usb 1-1", a line for each port: the routers and USB ports there.
+/// "0: 0-1 | usb 1-1", one line for each port: its routers and USB ports.
 std::string portsText(const Machine& machine) {
   const PhysicalPorts ports = physicalPortsOf(machine);
   std::string text;
@@ -39,7 +39,7 @@ TEST(RouterAddress, IsReadFromTheKernelsNames) {
   }
 }
 
-TEST(PhysicalPorts, AreTiedByLinks) {
+TEST(PhysicalPorts, AreLinkedByConnectors) {
   Machine machine;
   machine.typecPorts = {{0, {}}, {1, {}}};
   machine.usb.ports = {{{1, {1}}, {.connector = 1}}, {{2, {1}}, {.connector = 1}}, {{1, {2}}, {}}};
@@ -107,7 +107,7 @@ TEST(PhysicalPorts, OfUntiedHostsAreTheUsbCPortsWithAPartner) {
   EXPECT_EQ(portsText(twoHosts), "0: host 0-2\n1:\n");
 }
 
-TEST(PhysicalPorts, OfUntiedHostsAreToldByWhatElseIsConnected) {
+TEST(PhysicalPorts, OfUnlinkedHostsAreFoundByElimination) {
   const TypecPartner plain;
   const TypecPartner headphones{.accessory = PartnerAccessory::audio};
   const TypecPartner dock{.hasAlternateModes = true, .knowsThunderbolt = true};
@@ -126,7 +126,7 @@ TEST(PhysicalPorts, OfUntiedHostsAreToldByWhatElseIsConnected) {
   EXPECT_EQ(portsText(machine), "0: host 0-1\n1:\n");
 
   machine.typecPorts = {{0, {.partner = plain}}, {1, {.partner = plain}}};
-  EXPECT_EQ(portsText(machine), "0:\n1:\n2: host 0-1\n"); // nobody knows
+  EXPECT_EQ(portsText(machine), "0:\n1:\n2: host 0-1\n"); // unknown
 }
 
 TEST(PhysicalPorts, AreNotThoseThatAreWiredInside) {
@@ -137,7 +137,7 @@ TEST(PhysicalPorts, AreNotThoseThatAreWiredInside) {
   EXPECT_EQ(portsText(machine), "0:\n");
 }
 
-TEST(PhysicalPorts, HaveRoutersWhoseOwnWentMeanwhile) {
+TEST(PhysicalPorts, KeepRoutersWhoseParentDisappeared) {
   Machine machine;
   machine.thunderbolt = {.routers = {{host, {}}, {{0, 0x20301}, {}}},
                          .hostPorts = {{.host = host, .number = 1}}};

@@ -14,7 +14,7 @@ namespace {
 
 using nlohmann::json;
 
-/// As the scan reads it.
+/// As a scan decodes it.
 PropertyList decoded(const json& dump) {
   auto list = PropertyList::decode(asPropertyList(dump));
   EXPECT_TRUE(list);
@@ -160,7 +160,7 @@ TEST(PortControllers, KnowTheAdapterOfAChromebookByTheNumberOfItsPort) {
     return numbers;
   };
   EXPECT_EQ(chargers("CROS_USBPD_CHARGER2"), "3");
-  // Ports that are not there; then the first that takes power.
+  // Ports that do not exist; then the first one that takes power.
   for (const char* number : {"1", "65538", "4294967298", "-2", "x", ""}) {
     EXPECT_EQ(chargers(std::string("CROS_USBPD_CHARGER") + number), "1") << number;
   }
@@ -178,11 +178,11 @@ TEST(PortControllers, TellWhatWasAgreedOn) {
     return portsOf(machine).at(0).agreedPower;
   };
   EXPECT_EQ(agreed(), (AgreedPower{.volts = 20, .amps = 3.25}));
-  supply.isOnline = false; // that of a port that gives power
+  supply.isOnline = false; // the state for a port that gives power
   EXPECT_EQ(agreed(), std::nullopt);
   port.role = PowerRole::source;
   EXPECT_EQ(agreed(), (AgreedPower{.volts = 20, .amps = 3.25}));
-  supply.currentNow = 100'000; // what everybody gets
+  supply.currentNow = 100'000; // the default current
   EXPECT_EQ(agreed(), std::nullopt);
   supply.currentNow = 0;
   EXPECT_EQ(agreed(), std::nullopt);

@@ -25,7 +25,7 @@ std::string devicesText(const SharedList<USBDevice>& devices, const std::string&
   return text;
 }
 
-/// Each bus with its devices, as the scan reads them.
+/// Each bus with its devices, as a scan reads them.
 std::string usbText(const Machine& machine) {
   std::string text;
   for (const USBBus& bus : parseUSB(usbSection(machine), ContainerIDs())) {
@@ -105,13 +105,13 @@ TEST(UsbSection, HasNoOtherBusWhereAllPortsAreOnTheCase) {
   EXPECT_EQ(usbText(machine), "USB20Bus internal\n");
 }
 
-TEST(UsbSection, KeepsDevicesWhoseHubWentMeanwhile) {
+TEST(UsbSection, KeepsDevicesWhoseHubDisappeared) {
   Machine machine;
   machine.usb.devices = {{{3, {1, 2}}, named("Orphan")}};
   EXPECT_EQ(usbText(machine), "USB20Bus\n  Orphan high_speed port 255\n");
 }
 
-TEST(UsbSection, NamesDevicesThatNobodyNames) {
+TEST(UsbSection, NamesNamelessDevices) {
   Machine machine;
   machine.usb.devices = {{{1, {1}}, {.vendorId = "1234", .productId = "abcd"}},
                          {{1, {2}}, {.vendorId = "1234", .isHub = true}}};
@@ -288,7 +288,7 @@ TEST(PowerSection, HasNoWattsWhereOnlyAnAgreementIsKnown) {
 }
 
 TEST(PowerSection, HasTheAdaptersOwnRatingWhereAKernelMisreadsIt) {
-  // The last offer of each was a range from 3.3 or 5 to 11, 16 or 21 V, read as a fixed voltage.
+  // The last offer of each was a range from 3.3 or 5 to 11, 16 or 21 V, misread as a fixed voltage.
   const struct {
     std::int64_t millivoltsMax;
     std::int64_t milliamperesMax;
@@ -297,8 +297,8 @@ TEST(PowerSection, HasTheAdaptersOwnRatingWhereAKernelMisreadsIt) {
       {13'200, 3560, 100}, // 3.3 to 21 V, 5 A
       {13'400, 5790, 67},  // 5 to 21 V, 3.35 A
       {400, 3560, 75},     // 3.3 to 16 V, 5 A
-      {13'250, 3560, {}},  // no range of the standard
-      {13'201, 3560, {}},  // no offer at all
+      {13'250, 3560, {}},  // not a range of the standard
+      {13'201, 3560, {}},  // not an offer at all
   };
   for (const auto& row : table) {
     Machine machine;
