@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks the manuals of a build folder: what a reader of a PDF expects of each, that all have the same
-sections, that quotes which the program does not show stop the build, and the typography of the sources.
+"""Checks the manuals of a build folder: the properties of each PDF, that all have the same sections, that
+a quote that the program does not show stops the build, and the typography of the sources.
 
 usage: check_manuals.py BUILD_FOLDER
 """
@@ -33,7 +33,7 @@ def expect(condition, message):
 
 
 class Pdf:
-    """What qpdf tells of a file."""
+    """A PDF as qpdf describes it."""
 
     def __init__(self, path):
         document = json.loads(
@@ -76,7 +76,7 @@ def text(value):
 
 
 def check_pdf(language, path):
-    """The number of its sections."""
+    """Checks one manual, and returns the number of its sections."""
     pdf = Pdf(path)
     expect(text(pdf.information["/Title"]) == TITLES[language], f"{path.name}: title")
     expect(text(pdf.root.get("/Lang", "")) == language, f"{path.name}: language")
@@ -124,7 +124,7 @@ def check_quotes(build):
 
 
 def check_typography():
-    """What no speller finds: spaces and quotation marks."""
+    """Checks spaces and quotation marks, which spell checkers ignore."""
     rules = {
         "en": [r"\"", r" [;:!?](?= |$)"],
         "de": [r"[\"«»]", r"”", r" [;:!?](?= |$)"],

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Looks at a picture of the panel for symbols where they belong.
+"""Checks that a picture of the panel has symbols in their places.
 
 usage: check_symbols.py [--blank] PICTURE.png PLACES.json TEXT...
 
-PLACES.json says where texts and buttons are, as `tamberline-replay --places` writes it. The symbol of a
-button is the button; that of a name stands before it. A place where nothing is drawn has one colour.
-With --blank no place may have a symbol, which shows that the places are the right ones.
+PLACES.json has the positions of texts and buttons, as written by `tamberline-replay --places`. The symbol
+of a button fills the button; that of a name is in front of it. A place without a symbol has one colour.
+With --blank no place may have a symbol, which proves that the places are the right ones.
 """
 
 import json

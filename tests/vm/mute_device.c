@@ -1,5 +1,5 @@
 /* Plugs a device that never answers into the first port of the kernel's virtual USB controller: the
-   other end of its connection is open, and nobody reads there. Stays until it is ended. */
+   other end of its connection is open, but nothing reads from it. Runs until it is killed. */
 #include <stdio.h>
 #include <sys/socket.h>
 #include <unistd.h>

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Runs the virtual machine that scripts/test-vm made in a folder, plugs devices in and out, and
-compares the documents that tamberline-inspect prints there with what was plugged."""
+compares the documents that tamberline-inspect prints there with the devices plugged in."""
 
 import json
 import pathlib
@@ -90,7 +90,7 @@ class Machine:
         self.command("device_del", id=name)
 
     def next_document(self, seconds):
-        """The next whole line; None when none comes in time."""
+        """The next whole line; None if there is none in time."""
         deadline = time.monotonic() + seconds
         while b"\n" not in self.unread:
             remaining = deadline - time.monotonic()
