@@ -43,7 +43,7 @@ std::shared_ptr<MachineSource> machineIn(const std::filesystem::path& folder) {
   const MachinePaths paths{
       .sysfs = folder / "sys", .mountTable = folder / "mountinfo", .udevData = folder / "udev"};
   return std::make_shared<ReadableAnswers>(std::make_shared<LinuxMachine>(
-      [paths, texts = std::make_shared<sysfs::UsbTextKeeper>(std::chrono::seconds(60))] {
+      [paths, texts = std::make_shared<sysfs::UsbStringCache>(std::chrono::seconds(60))] {
         return sysfs::readMachine(paths, namesOfAVendor, *texts);
       }));
 }

@@ -23,9 +23,9 @@ bool areNames(Names::const_iterator first, Names::const_iterator last) {
 }
 
 bool canBePath(std::string_view path, const Names& names) {
-  constexpr std::size_t longestPath = 1000;
-  constexpr std::size_t mostNames = 16;
-  return path.size() <= longestPath && names.size() <= mostNames &&
+  constexpr std::size_t maxPathText = 1000;
+  constexpr std::size_t maxNames = 16;
+  return path.size() <= maxPathText && names.size() <= maxNames &&
          areNames(names.begin(), names.end());
 }
 

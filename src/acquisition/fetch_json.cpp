@@ -9,7 +9,7 @@
 namespace tamberline {
 namespace {
 
-constexpr std::chrono::milliseconds pauseBetweenAttempts{150};
+constexpr std::chrono::milliseconds retryInterval{150};
 
 /// Absent when the answer is no report.
 QCoro::Task<std::optional<nlohmann::json>> attemptReport(Acquisition acquisition,
@@ -42,7 +42,7 @@ QCoro::Task<FetchedReport> fetchJSON(Acquisition acquisition, Question section,
   auto firstAttempt = attemptReport(acquisition, section);
   std::optional<nlohmann::json> report = co_await firstAttempt;
   if (!report && !cancelRequest->isCancelled) {
-    Delay pause(acquisition.queue, pauseBetweenAttempts);
+    Delay pause(acquisition.queue, retryInterval);
     co_await pause;
     if (!cancelRequest->isCancelled) {
       auto secondAttempt = attemptReport(acquisition, section);

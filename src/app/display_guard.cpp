@@ -30,9 +30,9 @@ QString displayFailureText(const QString& program, const QString& waylandDisplay
 DisplayGuard* DisplayGuard::current = nullptr;
 
 DisplayGuard::DisplayGuard(QString program)
-    : program_(std::move(program)), formerHandler_(handMessagesTo(this)) {}
+    : program_(std::move(program)), formerHandler_(redirectMessagesTo(this)) {}
 
-QtMessageHandler DisplayGuard::handMessagesTo(DisplayGuard* guard) {
+QtMessageHandler DisplayGuard::redirectMessagesTo(DisplayGuard* guard) {
   current = guard;
   return qInstallMessageHandler(take);
 }
@@ -40,7 +40,7 @@ QtMessageHandler DisplayGuard::handMessagesTo(DisplayGuard* guard) {
 DisplayGuard::~DisplayGuard() {
   qInstallMessageHandler(formerHandler_);
   current = nullptr;
-  for (const Message& message : keptBack_) {
+  for (const Message& message : heldBackMessages_) {
     qt_message_output(message.type, QMessageLogContext(), message.text);
   }
 }
@@ -51,14 +51,14 @@ void DisplayGuard::take(QtMsgType type, const QMessageLogContext& /*context*/,
   if (type == QtFatalMsg) {
     current->fail();
   }
-  current->keptBack_.append({type, text});
+  current->heldBackMessages_.append({type, text});
 }
 
 /// Nothing that needs an orderly shutdown has been started yet. If the user chose the platform
 /// explicitly, it failed for another reason, which Qt has already printed.
 void DisplayGuard::fail() const {
   if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-    for (const Message& message : keptBack_) {
+    for (const Message& message : heldBackMessages_) {
       std::fprintf(stderr, "%s\n", qUtf8Printable(message.text));
     }
   }

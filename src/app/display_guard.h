@@ -27,7 +27,7 @@ private:
     QString text;
   };
 
-  static QtMessageHandler handMessagesTo(DisplayGuard* guard);
+  static QtMessageHandler redirectMessagesTo(DisplayGuard* guard);
   static void take(QtMsgType type, const QMessageLogContext& context, const QString& text);
   [[noreturn]] void fail() const;
 
@@ -37,7 +37,7 @@ private:
 
   QMutex mutex_;
   QString program_;
-  QList<Message> keptBack_;
+  QList<Message> heldBackMessages_;
   QtMessageHandler formerHandler_;
 };
 

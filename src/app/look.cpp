@@ -30,7 +30,7 @@ QPalette paletteOf(const Colors& colors) {
 }
 
 /// Qt's fallback if no desktop sets a font.
-bool isNobodysFont(const QFont& font) {
+bool isQtFallbackFont(const QFont& font) {
   return font.family() == QLatin1String("Sans Serif") && font.pointSize() == 9;
 }
 
@@ -56,8 +56,8 @@ QFont ownFont() {
   return font;
 }
 
-void useOwnLookWithoutDesktop() {
-  if (!hasScreen() || isNobodysFont(QFontDatabase::systemFont(QFontDatabase::GeneralFont))) {
+void applyDefaultLookWithoutDesktop() {
+  if (!hasScreen() || isQtFallbackFont(QFontDatabase::systemFont(QFontDatabase::GeneralFont))) {
     QApplication::setFont(ownFont());
   }
   if (!hasScreen()) {

@@ -14,6 +14,6 @@ QFont ownFont();
 
 /// Gives the application our own font if no desktop sets one and, without a screen, our own
 /// colours.
-void useOwnLookWithoutDesktop();
+void applyDefaultLookWithoutDesktop();
 
 } // namespace tamberline

@@ -15,7 +15,7 @@ struct Target {
 };
 
 /// In points: the clickable area around a line's letters.
-constexpr double roomAroundLine = 3;
+constexpr double lineMargin = 3;
 
 /// By the line of each in the table of contents.
 using Targets = std::map<QString, Target>;
@@ -54,7 +54,7 @@ std::vector<ContentsEntry> contentsOf(QPdfDocument& document) {
         const QPdfSelection selection = document.getSelectionAtIndex(page, static_cast<int>(start),
                                                                      static_cast<int>(line.size()));
         const QRectF place = selection.boundingRectangle().marginsAdded(
-            {roomAroundLine, roomAroundLine, roomAroundLine, roomAroundLine});
+            {lineMargin, lineMargin, lineMargin, lineMargin});
         entries.push_back({page, place, found->second.page, found->second.place});
       }
       start += line.size() + lineBreak.size();

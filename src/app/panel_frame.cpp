@@ -9,7 +9,7 @@
 namespace tamberline {
 namespace {
 
-constexpr int roomyHeight = 720;
+constexpr int fixedHeight = 720;
 /// For a bar of the desktop, the window's title bar and a small margin, because the desktop does
 /// not report them.
 constexpr int barsAndTitle = 128;
@@ -26,9 +26,9 @@ std::optional<double> PanelWindowFrame::visibleScreenHeight() const {
 
 void PanelWindowFrame::takeFixedHeight() {
   const int most = window_.screen() == nullptr
-                       ? roomyHeight
+                       ? fixedHeight
                        : freePlace_(*window_.screen()).height() - barsAndTitle;
-  fixSize(std::max(qRound(PanelSize::minimumHeight), std::min(roomyHeight, most)));
+  fixSize(std::max(qRound(PanelSize::minimumHeight), std::min(fixedHeight, most)));
 }
 
 void PanelWindowFrame::releaseSize() {

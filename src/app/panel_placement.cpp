@@ -30,7 +30,7 @@ QPoint inside(const QRect& available, const QPoint& wanted, const QSize& panel) 
           clampedStart(wanted.y(), available.y(), endY(available), panel.height())};
 }
 
-QPoint inCornerNextTo(const QPoint& click, const QSize& panel, const QRect& available) {
+QPoint positionInCornerNextTo(const QPoint& click, const QSize& panel, const QRect& available) {
   const Qt::Corner corner = cornerNextTo(click, available);
   const bool isRight = corner == Qt::TopRightCorner || corner == Qt::BottomRightCorner;
   const bool isBottom = corner == Qt::BottomLeftCorner || corner == Qt::BottomRightCorner;
@@ -59,8 +59,9 @@ QPoint nextToIcon(const QRect& icon, const QSize& panel, const QRect& available)
 
 QPoint panelPosition(const QRect& iconGeometry, const QPoint& click, const QSize& panel,
                      const QRect& availableScreen) {
-  const QPoint wanted = iconGeometry.isEmpty() ? inCornerNextTo(click, panel, availableScreen)
-                                               : nextToIcon(iconGeometry, panel, availableScreen);
+  const QPoint wanted = iconGeometry.isEmpty()
+                            ? positionInCornerNextTo(click, panel, availableScreen)
+                            : nextToIcon(iconGeometry, panel, availableScreen);
   return inside(availableScreen, wanted, panel);
 }
 

@@ -12,7 +12,7 @@ namespace tamberline {
 namespace {
 
 /// How long after the panel lost keyboard focus the tray may report the click that caused it.
-constexpr std::chrono::milliseconds clickArrives{250};
+constexpr std::chrono::milliseconds clickArrivalTime{250};
 
 } // namespace
 
@@ -20,7 +20,7 @@ PanelShell::PanelShell(PanelContext::Outside outside, Placement placement)
     : context_(outside), placement_(std::move(placement)), queue_(std::move(outside.queue)) {}
 
 PanelShell::~PanelShell() {
-  queue_->cancel(clickThatLeft_);
+  queue_->cancel(pendingClosingClick_);
 }
 
 void PanelShell::open(const TrayPlace& place) {
@@ -40,8 +40,8 @@ void PanelShell::open(const TrayPlace& place) {
 }
 
 void PanelShell::toggle(const TrayPlace& place) {
-  const bool isSameClick = clickThatLeft_ != 0;
-  queue_->cancel(std::exchange(clickThatLeft_, 0));
+  const bool isSameClick = pendingClosingClick_ != 0;
+  queue_->cancel(std::exchange(pendingClosingClick_, 0));
   if (isOpen()) {
     close();
   } else if (!isSameClick) {
@@ -184,7 +184,7 @@ QScreen* PanelShell::screenOfAnchor() const {
 void PanelShell::holdInCorner() {
   if (!isOpen()) {
     hold_ = placement_.places->holdInCorner(*window_, screenCornerNextTo(anchor_.click),
-                                            {.freeHeightTold =
+                                            {.freeHeightReported =
                                                  [this](double points) {
                                                    frame_->setFreeHeight(points);
                                                    fitScreen();
@@ -199,8 +199,8 @@ void PanelShell::closeWhenLeft() {
     return;
   }
   close();
-  queue_->cancel(clickThatLeft_);
-  clickThatLeft_ = queue_->postLater(clickArrives, [this] { clickThatLeft_ = 0; });
+  queue_->cancel(pendingClosingClick_);
+  pendingClosingClick_ = queue_->postLater(clickArrivalTime, [this] { pendingClosingClick_ = 0; });
 }
 
 bool PanelShell::isHeightFixed() const {

@@ -82,8 +82,9 @@ private:
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<PanelWindowFrame> frame_;
   std::optional<WindowManager> manager_;
-  QMetaObject::Connection barsOfScreen_;  // of the window's screen
-  MainQueue::WorkItem clickThatLeft_ = 0; // set while the click that closed the panel may arrive
+  QMetaObject::Connection barsOfScreen_; // of the window's screen
+  MainQueue::WorkItem pendingClosingClick_ =
+      0; // set while the click that closed the panel may arrive
 };
 
 } // namespace tamberline

@@ -16,8 +16,8 @@ namespace {
 
 constexpr double pointsPerInch = 72;
 constexpr double zoomStep = 1.25;
-constexpr double leastZoom = 0.25;
-constexpr double greatestZoom = 5;
+constexpr double minZoom = 0.25;
+constexpr double maxZoom = 5;
 
 /// For one point of a page at a zoom of 1. The view uses the first screen's resolution.
 double pixelsPerPoint() {
@@ -82,7 +82,7 @@ bool PDFKitView::handleZoomKey(int key) {
     zoomTo(currentZoom() / zoomStep);
     return true;
   case Qt::Key_0:
-    keepingTheMiddle([this] { setZoomMode(ZoomMode::FitInView); });
+    keepingCentre([this] { setZoomMode(ZoomMode::FitInView); });
     return true;
   default:
     return false;
@@ -94,14 +94,14 @@ double PDFKitView::currentZoom() const {
 }
 
 void PDFKitView::zoomTo(double zoom) {
-  keepingTheMiddle([&] {
-    setZoomFactor(std::clamp(zoom, leastZoom, greatestZoom));
+  keepingCentre([&] {
+    setZoomFactor(std::clamp(zoom, minZoom, maxZoom));
     setZoomMode(ZoomMode::Custom);
   });
 }
 
 template <typename Change>
-void PDFKitView::keepingTheMiddle(const Change& change) {
+void PDFKitView::keepingCentre(const Change& change) {
   const auto middleOf = [](const QScrollBar& bar) { return bar.value() + bar.pageStep() / 2.0; };
   const auto lengthOf = [](const QScrollBar& bar) { return bar.maximum() + bar.pageStep(); };
   QScrollBar& bar = *verticalScrollBar();

@@ -31,7 +31,7 @@ private:
   void zoomTo(double zoom);
   /// Changes the size of the pages and keeps the centre of the view in place.
   template <typename Change>
-  void keepingTheMiddle(const Change& change);
+  void keepingCentre(const Change& change);
   bool handleZoomKey(int key);
   const ContentsEntry* entryAt(const QPoint& place) const;
   void goTo(const ContentsEntry& entry);

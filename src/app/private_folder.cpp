@@ -17,8 +17,8 @@ uint userIdentifier() {
 
 } // namespace
 
-QString runtimeFolder(const QString& ofTheSystem) {
-  return ofTheSystem.isEmpty() ? privateFolderIn(QDir::tempPath()) : ofTheSystem;
+QString runtimeFolder(const QString& systemFolder) {
+  return systemFolder.isEmpty() ? privateFolderIn(QDir::tempPath()) : systemFolder;
 }
 
 QString privateFolderIn(const QString& parent) {

@@ -7,9 +7,9 @@ namespace tamberline {
 
 /// Suppresses the notice that Qt left a locale whose encoding is not UTF-8. Every text here is
 /// UTF-8 anyway. The message that Qt failed to leave it is still printed.
-void leaveOutEncodingNotice();
+void suppressEncodingNotice();
 
 /// Suppresses what Qt prints in every program that runs without a desktop.
-void leaveOutDesktopNotices();
+void suppressDesktopNotices();
 
 } // namespace tamberline

@@ -13,14 +13,14 @@ namespace tamberline {
 namespace {
 
 /// Between attempts to reach the first instance, which may be starting or ending.
-constexpr std::chrono::milliseconds pauseBetweenAttempts{20};
+constexpr std::chrono::milliseconds retryInterval{20};
 
 int remainingMilliseconds(const QDeadlineTimer& deadline) {
   return static_cast<int>(std::max<qint64>(deadline.remainingTime(), 1));
 }
 
 /// Whether another instance is listening; it answers by closing the connection.
-bool askFirstToRaise(const QString& socketPath, const QDeadlineTimer& deadline) {
+bool requestRaise(const QString& socketPath, const QDeadlineTimer& deadline) {
   QLocalSocket socket;
   socket.connectToServer(socketPath);
   if (!socket.waitForConnected(remainingMilliseconds(deadline))) {
@@ -32,7 +32,7 @@ bool askFirstToRaise(const QString& socketPath, const QDeadlineTimer& deadline) 
 
 /// Whether something at the path can never be locked: a folder, a link, or a pipe, on which opening
 /// the lock would block.
-bool isNoLockFile(const QString& path) {
+bool cannotBeLocked(const QString& path) {
   const QFileInfo info(path);
   return info.isSymLink() || (info.exists() && !info.isFile());
 }
@@ -49,20 +49,20 @@ SingleInstance::SingleInstance(const QString& folder, std::function<void()> onRa
     : socketPath_(fileIn(folder, QStringLiteral("tamberline.socket"))),
       onRaiseAsked_(std::move(onRaiseAsked)),
       lock_(fileIn(folder, QStringLiteral("tamberline.lock"))),
-      isFirst_(becomeFirst(wish, patience)) {
+      isFirst_(tryToBecomeFirst(wish, patience)) {
   if (lock_.isLocked()) {
     listen();
   }
 }
 
-bool SingleInstance::becomeFirst(Wish wish, std::chrono::milliseconds patience) {
-  if (socketPath_.isEmpty() || isNoLockFile(lock_.fileName())) {
+bool SingleInstance::tryToBecomeFirst(Wish wish, std::chrono::milliseconds patience) {
+  if (socketPath_.isEmpty() || cannotBeLocked(lock_.fileName())) {
     return true;
   }
   lock_.setStaleLockTime(0); // never by age, because the panel runs for weeks
   const QDeadlineTimer deadline(patience);
   do {
-    if (lock_.tryLock(static_cast<int>(pauseBetweenAttempts.count()))) {
+    if (lock_.tryLock(static_cast<int>(retryInterval.count()))) {
       return true;
     }
     if (lock_.error() != QLockFile::LockFailedError) {
@@ -71,7 +71,7 @@ bool SingleInstance::becomeFirst(Wish wish, std::chrono::milliseconds patience) 
     if (wish == Wish::nothing) {
       break;
     }
-    if (askFirstToRaise(socketPath_, deadline)) {
+    if (requestRaise(socketPath_, deadline)) {
       return false;
     }
   } while (!deadline.hasExpired());

@@ -28,7 +28,7 @@ public:
   bool isFirst() const { return isFirst_; }
 
 private:
-  bool becomeFirst(Wish wish, std::chrono::milliseconds patience);
+  bool tryToBecomeFirst(Wish wish, std::chrono::milliseconds patience);
   void listen();
   void takeRequests();
 

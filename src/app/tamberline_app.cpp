@@ -18,7 +18,7 @@ QString asQString(std::string_view text) {
 
 } // namespace
 
-TamberlineApp::TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue,
+TamberlineApp::TamberlineApp(const ScannerServices& outside, std::shared_ptr<MainQueue> queue,
                              Desktop desktop)
     : tray_(std::move(desktop.tray)), places_(std::move(desktop.places)),
       benchmark_(outside.benchmark), manual_(manualFolder(QCoreApplication::applicationDirPath())),
@@ -48,7 +48,7 @@ TamberlineApp::~TamberlineApp() {
   }
 }
 
-PanelActions TamberlineApp::actions(const ScannerOutside& outside) {
+PanelActions TamberlineApp::actions(const ScannerServices& outside) {
   PanelActions actions{
       .openManual = [this] { manual_.show(); },
       .closePanel = [this] { shell_.close(); },
@@ -71,8 +71,8 @@ PanelActions TamberlineApp::actions(const ScannerOutside& outside) {
 /// The panel is beside its icon if there is one and the desktop supports that; otherwise it is an
 /// ordinary window.
 PanelWindow::Kind TamberlineApp::panelKind() const {
-  const bool canStandBeside = places_->decider() != WindowPlaces::Decider::desktop;
-  return hasTray() && canStandBeside ? PanelWindow::Kind::attached : PanelWindow::Kind::ordinary;
+  const bool canBeAttached = places_->decider() != WindowPlaces::Decider::desktop;
+  return hasTray() && canBeAttached ? PanelWindow::Kind::attached : PanelWindow::Kind::ordinary;
 }
 
 TrayPlace TamberlineApp::placeOfIcon() const {

@@ -25,7 +25,7 @@ public:
     session, // the session, which only wants the icon
   };
 
-  TamberlineApp(const ScannerOutside& outside, std::shared_ptr<MainQueue> queue, Desktop desktop);
+  TamberlineApp(const ScannerServices& outside, std::shared_ptr<MainQueue> queue, Desktop desktop);
   TamberlineApp(const TamberlineApp&) = delete;
   TamberlineApp& operator=(const TamberlineApp&) = delete;
 
@@ -40,7 +40,7 @@ public:
   void raise() { shell_.open(placeOfIcon()); }
 
 private:
-  PanelActions actions(const ScannerOutside& outside);
+  PanelActions actions(const ScannerServices& outside);
   PanelWindow::Kind panelKind() const;
   bool hasTray() const { return tray_ && tray_->isAvailable(); }
   TrayPlace placeOfIcon() const;

@@ -8,7 +8,7 @@
 namespace tamberline {
 namespace {
 
-constexpr std::size_t longestCharacter = 4; // bytes of UTF-8
+constexpr std::size_t maxUtf8Bytes = 4; // bytes of UTF-8
 constexpr char32_t replacement = 0xFFFD;
 constexpr char32_t ellipsis = 0x2026;
 
@@ -16,32 +16,32 @@ bool isWithin(char32_t character, char32_t first, char32_t last) {
   return character >= first && character <= last;
 }
 
-void appendHarmlessCharacters(std::string_view text, std::vector<char32_t>& characters) {
+void appendSafeCharacters(std::string_view text, std::vector<char32_t>& characters) {
   while (!text.empty()) {
     const DecodedCharacter next = decodeFirstCharacter(text);
-    const bool isHarmless = next.isValid && !disturbsTheReader(next.codePoint);
-    characters.push_back(isHarmless ? next.codePoint : replacement);
+    const bool isSafe = next.isValid && !isUnsafeCharacter(next.codePoint);
+    characters.push_back(isSafe ? next.codePoint : replacement);
     text.remove_prefix(next.length);
   }
 }
 
-/// Only the two ends of a text that is far too long, each with at least `mostCharacters`
+/// Only the two ends of a text that is far too long, each with at least `maxCharacters`
 /// characters: a name can be as long as the whole report.
-std::vector<char32_t> harmlessCharacters(std::string_view text, std::size_t mostCharacters) {
-  const std::size_t endLength = mostCharacters * longestCharacter;
+std::vector<char32_t> safeCharacters(std::string_view text, std::size_t maxCharacters) {
+  const std::size_t endLength = maxCharacters * maxUtf8Bytes;
   std::vector<char32_t> characters;
   if (text.size() <= 2 * endLength) {
-    appendHarmlessCharacters(text, characters);
+    appendSafeCharacters(text, characters);
   } else {
-    appendHarmlessCharacters(text.substr(0, endLength), characters);
-    appendHarmlessCharacters(text.substr(text.size() - endLength), characters);
+    appendSafeCharacters(text.substr(0, endLength), characters);
+    appendSafeCharacters(text.substr(text.size() - endLength), characters);
   }
   return characters;
 }
 
 } // namespace
 
-bool disturbsTheReader(char32_t character) {
+bool isUnsafeCharacter(char32_t character) {
   const bool isControl = character < 0x20 || isWithin(character, 0x7F, 0x9F);
   const bool isSeparator = isWithin(character, 0x2028, 0x2029);
   const bool turnsDirection = character == 0x061C || isWithin(character, 0x200E, 0x200F) ||
@@ -54,11 +54,11 @@ bool disturbsTheReader(char32_t character) {
   return isControl || isSeparator || turnsDirection || isInvisible;
 }
 
-std::string shownText(std::string_view text, std::size_t mostCharacters) {
-  std::vector<char32_t> characters = harmlessCharacters(trimmed(text), mostCharacters);
-  if (characters.size() > mostCharacters) {
-    const auto surplus = static_cast<std::ptrdiff_t>(characters.size() - mostCharacters);
-    const auto middle = characters.begin() + static_cast<std::ptrdiff_t>(mostCharacters / 2);
+std::string shownText(std::string_view text, std::size_t maxCharacters) {
+  std::vector<char32_t> characters = safeCharacters(trimmed(text), maxCharacters);
+  if (characters.size() > maxCharacters) {
+    const auto surplus = static_cast<std::ptrdiff_t>(characters.size() - maxCharacters);
+    const auto middle = characters.begin() + static_cast<std::ptrdiff_t>(maxCharacters / 2);
     *characters.erase(middle, middle + surplus) = ellipsis;
   }
   std::string shown;

@@ -32,9 +32,9 @@ std::optional<std::int64_t> parseInteger(std::string_view text, int base) {
 
 /// Absent if there is anything but digits, or more than twelve.
 std::optional<std::int64_t> digitsOnly(std::string_view text) {
-  constexpr std::size_t mostDigits = 12;
+  constexpr std::size_t maxDigits = 12;
   const bool areDigits = text.find_first_not_of("0123456789") == std::string_view::npos;
-  return areDigits && text.size() <= mostDigits ? parseInteger(text, 10) : std::nullopt;
+  return areDigits && text.size() <= maxDigits ? parseInteger(text, 10) : std::nullopt;
 }
 
 /// The output of a call that may have run out of room; empty after an error.

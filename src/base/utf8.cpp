@@ -8,8 +8,8 @@ struct LeadByte {
   unsigned char payloadMask;
   /// The range of the second byte, which excludes overlong forms, surrogates and code points beyond
   /// U+10FFFF.
-  unsigned char lowestSecond;
-  unsigned char highestSecond;
+  unsigned char minSecondByte;
+  unsigned char maxSecondByte;
 };
 
 constexpr LeadByte invalidLead = {0, 0, 0xFF, 0};
@@ -41,8 +41,8 @@ DecodedCharacter decodeFirstCharacter(std::string_view text) {
     return {first, 1, true};
   }
   const LeadByte lead = describeLead(first);
-  if (lead.length == 0 || text.size() < lead.length || byteAt(text, 1) < lead.lowestSecond ||
-      byteAt(text, 1) > lead.highestSecond) {
+  if (lead.length == 0 || text.size() < lead.length || byteAt(text, 1) < lead.minSecondByte ||
+      byteAt(text, 1) > lead.maxSecondByte) {
     return {};
   }
   char32_t codePoint = first & lead.payloadMask;

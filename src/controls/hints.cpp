@@ -10,7 +10,7 @@
 namespace tamberline {
 namespace {
 
-constexpr std::chrono::milliseconds restingTime{600};
+constexpr std::chrono::milliseconds hoverDelay{600};
 
 } // namespace
 
@@ -34,7 +34,7 @@ void Hints::setHovered(QQuickItem* item, const QString& text, bool isHovered) {
       }
     });
     connect(item, &QObject::destroyed, this, &Hints::hide);
-    pending_ = queue_->postLater(restingTime, [this, text] { show(text); });
+    pending_ = queue_->postLater(hoverDelay, [this, text] { show(text); });
   } else if (item == hovered_) {
     hide();
   }

@@ -67,7 +67,7 @@ std::vector<LineLayout::Part> LineLayout::shownParts() const {
 }
 
 double LineLayout::neededWidth(const Part& part) const {
-  return part.isElastic ? std::min(part.width, leastElasticWidth_) : part.width;
+  return part.isElastic ? std::min(part.width, minElasticWidth_) : part.width;
 }
 
 double LineLayout::widthOf(const Line& line) const {

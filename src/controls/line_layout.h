@@ -31,7 +31,7 @@ signals:
 };
 
 /// Children side by side in one line, as long as they fit; then in several. An elastic child makes
-/// room for the others, down to `leastElasticWidth`, before anything wraps, so that a name stays in
+/// room for the others, down to `minElasticWidth`, before anything wraps, so that a name stays in
 /// sight beside any number of badges and at any size of the font. The children of a line are
 /// centred vertically, or stand on one baseline where `alignsBaselines` is set; a child without a
 /// baseline is then centred on the first that has one. The layout's own baseline is that of its
@@ -41,7 +41,7 @@ class LineLayout : public tamberline::ChildLayout {
   QML_ELEMENT
   QML_ATTACHED(tamberline::LineAttached)
   Q_PROPERTY(double lineSpacing MEMBER lineSpacing_ NOTIFY spacingChanged)
-  Q_PROPERTY(double leastElasticWidth MEMBER leastElasticWidth_ NOTIFY spacingChanged)
+  Q_PROPERTY(double minElasticWidth MEMBER minElasticWidth_ NOTIFY spacingChanged)
   Q_PROPERTY(bool alignsBaselines MEMBER alignsBaselines_ NOTIFY spacingChanged)
 
 public:
@@ -74,7 +74,7 @@ private:
   double naturalWidth(const std::vector<Part>& parts) const;
 
   double lineSpacing_ = 0;
-  double leastElasticWidth_ = 0;
+  double minElasticWidth_ = 0;
   bool alignsBaselines_ = false;
 };
 

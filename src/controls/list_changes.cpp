@@ -10,7 +10,7 @@ namespace tamberline {
 namespace {
 
 /// Every view of the list has to follow each move, so too many of them are slower than a new start.
-constexpr std::size_t mostMoves = 64;
+constexpr std::size_t maxMoves = 64;
 constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
 
 /// For each key of `before`, where it stands in `after`, or nowhere.
@@ -59,7 +59,7 @@ bool appendMoves(std::vector<std::size_t> kept, std::vector<ListChange>& changes
     if (kept[target] == sorted[target]) {
       continue;
     }
-    if (++moves > mostMoves) {
+    if (++moves > maxMoves) {
       return false;
     }
     const auto begin = kept.begin() + static_cast<std::ptrdiff_t>(target);

@@ -55,7 +55,7 @@ void ScrollProxy::centre(int index) {
     return;
   }
   animation_.stop();
-  const double start = startOfWayTo(index);
+  const double start = scrollStartFor(index);
   const double end = positionThatCentres(index);
   moveTo(start);
   animation_.setStartValue(start);
@@ -67,7 +67,7 @@ void ScrollProxy::centre(int index) {
 
 /// Where the list is; for a row that is not drawn, as far away from it as is seen at once. How far
 /// it really is the list only guesses, as long as it has not made the rows between.
-double ScrollProxy::startOfWayTo(int index) {
+double ScrollProxy::scrollStartFor(int index) {
   const double position = list_->property("contentY").toDouble();
   if (rowAt(index) != nullptr) {
     return position;

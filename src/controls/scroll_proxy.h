@@ -35,7 +35,7 @@ signals:
 private:
   void followKeyboard(const QQuickWindow* window) const;
   void revealKeyboard();
-  double startOfWayTo(int index);
+  double scrollStartFor(int index);
   void arrive();
   void moveTo(double position);
   double betweenEnds(double position) const;

@@ -41,8 +41,8 @@ class Theme final : public QObject {
   Q_PROPERTY(double smallSymbolSize READ smallSymbolSize NOTIFY changed)
   Q_PROPERTY(double buttonSize READ buttonSize NOTIFY changed)
   /// What the name of a device or a port keeps when badges crowd it.
-  Q_PROPERTY(double leastNameWidth READ leastNameWidth NOTIFY changed)
-  Q_PROPERTY(double leastTitleWidth READ leastTitleWidth NOTIFY changed)
+  Q_PROPERTY(double minNameWidth READ minNameWidth NOTIFY changed)
+  Q_PROPERTY(double minTitleWidth READ minTitleWidth NOTIFY changed)
 
 public:
   /// `fontScale` multiplies the size that the platform wants.
@@ -66,8 +66,8 @@ public:
   double symbolSize() const { return qRound(14 * scale_); }
   double smallSymbolSize() const { return qRound(11 * scale_); }
   double buttonSize() const { return qRound(24 * scale_); }
-  double leastNameWidth() const { return qRound(120 * scale_); }
-  double leastTitleWidth() const { return qRound(150 * scale_); }
+  double minNameWidth() const { return qRound(120 * scale_); }
+  double minTitleWidth() const { return qRound(150 * scale_); }
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -10,7 +10,7 @@ namespace tamberline {
 namespace {
 
 /// The interval of checks where the icon is: trays send no event when they move it.
-constexpr std::chrono::milliseconds followsBar{1000};
+constexpr std::chrono::milliseconds barCheckInterval{1000};
 
 } // namespace
 
@@ -21,7 +21,7 @@ QtTray::QtTray(MenuOpener opener, ToneProbe toneProbe)
   if (toneProbe_) {
     auto* const timer = new QTimer(&icon_);
     QObject::connect(timer, &QTimer::timeout, &icon_, [this] { followBar(); });
-    timer->start(followsBar);
+    timer->start(barCheckInterval);
   }
 }
 

@@ -38,7 +38,7 @@ public:
   struct HoldEvents {
     /// The height of the screen that bars leave free, in points; sent as soon as the desktop
     /// reports it.
-    std::function<void(double)> freeHeightTold = [](double) {};
+    std::function<void(double)> freeHeightReported = [](double) {};
     std::function<void()> clickedOutside = [] {};
   };
 

@@ -13,7 +13,7 @@ namespace {
 using std::chrono::seconds;
 using namespace std::chrono_literals;
 
-constexpr std::array<seconds, 4> unitLengths = {1s, 1min, 1h, 24h};
+constexpr std::array<seconds, 4> unitSeconds = {1s, 1min, 1h, 24h};
 
 /// The texts after the number.
 struct UnitTexts {
@@ -24,7 +24,7 @@ struct UnitTexts {
 struct RelativeTexts {
   std::string_view now;
   std::string_view beforeNumber;
-  std::array<UnitTexts, unitLengths.size()> units;
+  std::array<UnitTexts, unitSeconds.size()> units;
 };
 
 /// In the order of AppLanguage.
@@ -64,8 +64,8 @@ static_assert(translations.size() == AppLanguage::count);
 
 /// The longest unit that fits into an age of at least one second.
 std::size_t unitOf(seconds age) {
-  const auto* const tooLong = std::upper_bound(unitLengths.begin(), unitLengths.end(), age);
-  return static_cast<std::size_t>(tooLong - unitLengths.begin()) - 1;
+  const auto* const tooLong = std::upper_bound(unitSeconds.begin(), unitSeconds.end(), age);
+  return static_cast<std::size_t>(tooLong - unitSeconds.begin()) - 1;
 }
 
 } // namespace
@@ -76,7 +76,7 @@ std::string relativeTimeText(seconds age) {
     return std::string(texts.now);
   }
   const std::size_t unit = unitOf(age);
-  const std::int64_t number = age / unitLengths[unit];
+  const std::int64_t number = age / unitSeconds[unit];
   const UnitTexts& unitTexts = texts.units[unit];
   return std::string(texts.beforeNumber)
       .append(std::to_string(number))
@@ -87,7 +87,7 @@ seconds untilRelativeTimeChanges(seconds age) {
   if (age < 1s) {
     return 1s - std::max(age, 1s - seconds::max());
   }
-  const seconds unit = unitLengths[unitOf(age)];
+  const seconds unit = unitSeconds[unitOf(age)];
   return unit - age % unit;
 }
 

@@ -41,13 +41,13 @@ Document describe(const AgreedPower& power);
 Document describeLink(const TrueLink& link, std::optional<bool> isAuthorized);
 /// The first drive that a Thunderbolt device connects by PCI; null if there is none.
 Document driveOf(const ThunderboltDevice& device);
-Document describeBusAlone(const ThunderboltBus& bus);
+Document describeBusWithoutChildren(const ThunderboltBus& bus);
 Document describe(const ThunderboltBus& bus);
-Document describeDeviceAlone(const ThunderboltDevice& device);
+Document describeDeviceWithoutChildren(const ThunderboltDevice& device);
 Document describe(const ThunderboltDevice& device);
-Document describeBusAlone(const USBBus& bus);
+Document describeBusWithoutChildren(const USBBus& bus);
 Document describe(const USBBus& bus);
-Document describeDeviceAlone(const USBDevice& device);
+Document describeDeviceWithoutChildren(const USBDevice& device);
 Document describe(const USBDevice& device);
 Document describe(const ChargerInfo& charger);
 Document describe(const BatteryInfo& battery);

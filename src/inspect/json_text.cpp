@@ -14,11 +14,11 @@
 namespace tamberline {
 namespace {
 
-constexpr unsigned char firstOfInterest = 0x7F; // the library escapes control characters below it
+constexpr unsigned char firstCheckedByte = 0x7F; // the library escapes control characters below it
 
 std::size_t lengthOfPlainStart(std::string_view text) {
   const auto isPlain = [](char character) {
-    return static_cast<unsigned char>(character) < firstOfInterest;
+    return static_cast<unsigned char>(character) < firstCheckedByte;
   };
   const auto* const end = std::find_if_not(text.begin(), text.end(), isPlain);
   return static_cast<std::size_t>(end - text.begin());
@@ -26,7 +26,7 @@ std::size_t lengthOfPlainStart(std::string_view text) {
 
 /// The joiners of emoji and of scripts may be shown on screen, but in JSON they are invisible.
 bool isEscaped(char32_t character) {
-  return disturbsTheReader(character) || character == 0x200C || character == 0x200D;
+  return isUnsafeCharacter(character) || character == 0x200C || character == 0x200D;
 }
 
 void appendUnit(unsigned unit, std::string& text) {

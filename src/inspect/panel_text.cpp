@@ -52,8 +52,8 @@ int cellsOf(double fraction) {
 
 void appendBar(TextLine& line, const TriBar& bar, Color color) {
   const int used = cellsOf(bar.usedFraction);
-  const int beyondUsed = std::max(cellsOf(bar.cableFraction) - used, 1);
-  const int cable = bar.showsCableLayer() ? std::min(beyondUsed, barWidth - used) : 0;
+  const int unusedCells = std::max(cellsOf(bar.cableFraction) - used, 1);
+  const int cable = bar.showsCableLayer() ? std::min(unusedCells, barWidth - used) : 0;
   append(line, {repeated("█", used), color});
   line.push_back({repeated("▒", cable), color});
   line.push_back({repeated("░", barWidth - used - cable), Color::Grey});
@@ -110,7 +110,7 @@ TextLine volumeLine(const VolumeRow& volume) {
 }
 
 /// Whether the link's speed differs from the bar's, or there is no bar.
-bool isNewsBesideTheBar(const LinkNote& note, const std::optional<SpeedBarRow>& bar) {
+bool differsFromBar(const LinkNote& note, const std::optional<SpeedBarRow>& bar) {
   return !bar || note.link.transmitGbps != bar->usedGbps || note.link.receiveGbps != bar->usedGbps;
 }
 
@@ -126,7 +126,7 @@ std::vector<TextLine> linesOf(const TBDeviceRow& row) {
   if (row.speedBar) {
     lines.push_back(speedLine(*row.speedBar));
   }
-  if (row.link && isNewsBesideTheBar(*row.link, row.speedBar)) {
+  if (row.link && differsFromBar(*row.link, row.speedBar)) {
     lines.push_back({{row.link->text, Color::Secondary}});
   }
   return lines;

@@ -35,7 +35,7 @@ Document describe(const TrueLink& link) {
   };
 }
 
-Document describeBusAlone(const ThunderboltBus& bus) {
+Document describeBusWithoutChildren(const ThunderboltBus& bus) {
   return {
       {"busNumber", bus.busNumber},       {"hostName", bus.hostName},   {"uid", bus.uid},
       {"displayName", bus.displayName()}, {"port", describe(bus.port)},
@@ -43,13 +43,13 @@ Document describeBusAlone(const ThunderboltBus& bus) {
 }
 
 Document describe(const ThunderboltBus& bus) {
-  Document document = describeBusAlone(bus);
+  Document document = describeBusWithoutChildren(bus);
   document["connectedDevices"] = listOf(
       bus.connectedDevices, [](const ThunderboltDevice& device) { return describe(device); });
   return document;
 }
 
-Document describeDeviceAlone(const ThunderboltDevice& device) {
+Document describeDeviceWithoutChildren(const ThunderboltDevice& device) {
   return {
       {"name", device.name},
       {"vendorName", device.vendorName},
@@ -68,13 +68,13 @@ Document describeDeviceAlone(const ThunderboltDevice& device) {
 }
 
 Document describe(const ThunderboltDevice& device) {
-  Document document = describeDeviceAlone(device);
+  Document document = describeDeviceWithoutChildren(device);
   document["children"] =
       listOf(device.children, [](const ThunderboltDevice& child) { return describe(child); });
   return document;
 }
 
-Document describeBusAlone(const USBBus& bus) {
+Document describeBusWithoutChildren(const USBBus& bus) {
   return {
       {"rawName", bus.rawName},
       {"hostController", bus.hostController},
@@ -87,13 +87,13 @@ Document describeBusAlone(const USBBus& bus) {
 }
 
 Document describe(const USBBus& bus) {
-  Document document = describeBusAlone(bus);
+  Document document = describeBusWithoutChildren(bus);
   document["devices"] =
       listOf(bus.devices, [](const USBDevice& device) { return describe(device); });
   return document;
 }
 
-Document describeDeviceAlone(const USBDevice& device) {
+Document describeDeviceWithoutChildren(const USBDevice& device) {
   return {
       {"name", device.name},
       {"vendorID", device.vendorID},
@@ -116,7 +116,7 @@ Document describeDeviceAlone(const USBDevice& device) {
 }
 
 Document describe(const USBDevice& device) {
-  Document document = describeDeviceAlone(device);
+  Document document = describeDeviceWithoutChildren(device);
   document["children"] =
       listOf(device.children, [](const USBDevice& child) { return describe(child); });
   return document;

@@ -41,7 +41,7 @@ std::string_view escapeCodeOf(Color color) {
 }
 
 /// Enough for a bar at any indentation.
-constexpr int leastTextColumns = 24;
+constexpr int minTextColumns = 24;
 constexpr std::string_view hangingIndent = "  ";
 
 class Renderer {
@@ -82,7 +82,7 @@ private:
   }
 
   int columnsBeside(const std::string& prefix) const {
-    return std::max(*columns_ - columnsOf(prefix), leastTextColumns);
+    return std::max(*columns_ - columnsOf(prefix), minTextColumns);
   }
 
   void appendLine(const TextLine& line, const std::string& prefix) {

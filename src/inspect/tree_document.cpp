@@ -9,18 +9,18 @@ Document describeKind(const TreeNode::Kind& kind) {
   return std::visit(
       Overloaded{
           [](const TreeNode::TBPort& port) -> Document {
-            return {{"kind", "tbPort"}, {"bus", describeBusAlone(port.bus)}};
+            return {{"kind", "tbPort"}, {"bus", describeBusWithoutChildren(port.bus)}};
           },
           [](const TreeNode::TBDevice& entry) -> Document {
-            return {{"kind", "tbDevice"}, {"device", describeDeviceAlone(entry.device)}};
+            return {{"kind", "tbDevice"}, {"device", describeDeviceWithoutChildren(entry.device)}};
           },
           [](const TreeNode::USBBusEntry& entry) -> Document {
-            return {{"kind", "usbBus"}, {"bus", describeBusAlone(entry.bus)}};
+            return {{"kind", "usbBus"}, {"bus", describeBusWithoutChildren(entry.bus)}};
           },
           [](const TreeNode::USBDeviceEntry& entry) -> Document {
             return {
                 {"kind", "usbDevice"},
-                {"device", describeDeviceAlone(entry.device)},
+                {"device", describeDeviceWithoutChildren(entry.device)},
                 {"busMaxGbps", entry.busMaxGbps},
                 {"portMa", entry.portMa},
                 {"speedFraction", entry.device.speedFraction(entry.busMaxGbps)},

@@ -8,10 +8,10 @@ namespace tamberline {
 namespace {
 
 std::int64_t unsignedLocation(std::int64_t locationID) {
-  constexpr std::int64_t twoToThe32nd = std::int64_t{1} << 32U;
+  constexpr std::int64_t twoToThePower32 = std::int64_t{1} << 32U;
   const bool isWrittenSigned =
       locationID < 0 && locationID >= std::numeric_limits<std::int32_t>::min();
-  return isWrittenSigned ? locationID + twoToThe32nd : locationID;
+  return isWrittenSigned ? locationID + twoToThePower32 : locationID;
 }
 
 } // namespace

@@ -10,9 +10,9 @@ namespace {
 
 /// QML makes a singleton of its own of every type that it can, instead of asking `create`.
 template <typename... Singleton>
-constexpr bool areMadeHere = (!std::is_default_constructible_v<Singleton> && ...);
-static_assert(areMadeHere<Hints, PanelController, PanelSizing, Popover, SearchController,
-                          StatusColors, Theme, UpdatedText>);
+constexpr bool areNotDefaultConstructible = (!std::is_default_constructible_v<Singleton> && ...);
+static_assert(areNotDefaultConstructible<Hints, PanelController, PanelSizing, Popover,
+                                         SearchController, StatusColors, Theme, UpdatedText>);
 
 } // namespace
 

@@ -35,7 +35,7 @@ void PanelController::observeScanner() {
   const auto redescribe = [this] { describe(); };
   const auto refresh = [this] { refreshRows(); };
   observations_.push_back(scanner_->portTree.observe([this] {
-    forgetVanishedRows();
+    removeVanishedRows();
     describe();
   }));
   observations_.push_back(scanner_->hpmPorts.observe(redescribe));
@@ -202,7 +202,7 @@ void PanelController::dropExpansion() {
   refreshRows();
 }
 
-void PanelController::forgetVanishedRows() {
+void PanelController::removeVanishedRows() {
   std::vector<std::string> ids;
   appendIDs(scanner_->portTree.get(), ids);
   expansion_.keepOnly(ids);

@@ -95,7 +95,7 @@ private:
   void refreshRows();
   void showRows();
   bool updatePulses();
-  void forgetVanishedRows();
+  void removeVanishedRows();
   void followHighlight();
   void dropExpansion();
 

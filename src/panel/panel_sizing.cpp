@@ -58,14 +58,14 @@ double PanelSizing::listAreaHeight() const {
   return tamberline::listAreaHeight(shownHeight(), chromeHeight_);
 }
 
-double PanelSizing::greatestListAreaHeight() const {
+double PanelSizing::maxListAreaHeight() const {
   constexpr double endless = 1e6;
   return tamberline::listAreaHeight(
       tamberline::windowTotalHeight(chromeBaseline_, endless, screenHeight_), chromeBaseline_);
 }
 
-double PanelSizing::greatestSuggestionsHeight() const {
-  return tamberline::greatestSuggestionsHeight(shownHeight(), chromeBaseline_);
+double PanelSizing::maxSuggestionsHeight() const {
+  return tamberline::maxSuggestionsHeight(shownHeight(), chromeBaseline_);
 }
 
 /// Measurements come in the middle of a layout, and many at a time; what follows from them begins

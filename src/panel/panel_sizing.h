@@ -28,8 +28,8 @@ class PanelSizing : public QObject {
   Q_PROPERTY(double windowTotalHeight READ windowTotalHeight NOTIFY changed)
   Q_PROPERTY(double listAreaHeight READ listAreaHeight NOTIFY changed)
   /// The most that the list area can ever need on this screen.
-  Q_PROPERTY(double greatestListAreaHeight READ greatestListAreaHeight NOTIFY changed)
-  Q_PROPERTY(double greatestSuggestionsHeight READ greatestSuggestionsHeight NOTIFY changed)
+  Q_PROPERTY(double maxListAreaHeight READ maxListAreaHeight NOTIFY changed)
+  Q_PROPERTY(double maxSuggestionsHeight READ maxSuggestionsHeight NOTIFY changed)
 
 public:
   /// Which of the two sums a measurement belongs to: heights of the list combine by maximum,
@@ -60,8 +60,8 @@ public:
   double listHeight() const { return listHeight_; }
   double windowTotalHeight() const;
   double listAreaHeight() const;
-  double greatestListAreaHeight() const;
-  double greatestSuggestionsHeight() const;
+  double maxListAreaHeight() const;
+  double maxSuggestionsHeight() const;
 
 signals:
   void changed();

@@ -46,7 +46,7 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
   context_.hints()->hide();
   QQuickView::keyPressEvent(event);
   if (!event->isAccepted()) {
-    takeFreeKey(*event);
+    handleUnusedKey(*event);
   }
 }
 
@@ -78,7 +78,7 @@ void PanelWindow::centerContent() {
 }
 
 /// What Qt calls Ctrl is the command key of a Mac.
-void PanelWindow::takeFreeKey(QKeyEvent& event) {
+void PanelWindow::handleUnusedKey(QKeyEvent& event) {
   const QKeyCombination keys = event.keyCombination();
   if (event.key() == Qt::Key_Escape) {
     escape();

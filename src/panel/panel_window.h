@@ -28,7 +28,7 @@ protected:
 
 private:
   void centerContent();
-  void takeFreeKey(QKeyEvent& event);
+  void handleUnusedKey(QKeyEvent& event);
   void escape();
 
   PanelContext& context_;

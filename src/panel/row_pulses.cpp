@@ -6,8 +6,8 @@
 namespace tamberline {
 namespace {
 
-constexpr std::chrono::milliseconds throbbingTime{5000};
-constexpr std::chrono::milliseconds fadingTime{400};
+constexpr std::chrono::milliseconds throbDuration{5000};
+constexpr std::chrono::milliseconds fadeDuration{400};
 
 } // namespace
 
@@ -24,7 +24,7 @@ RowPulses::~RowPulses() {
 void RowPulses::start(const std::string& id) {
   cancel(id);
   phases_[id] = Pulse::Throbbing;
-  nextSteps_[id] = queue_->postLater(throbbingTime, [this, id] { enter(id, Pulse::Fading); });
+  nextSteps_[id] = queue_->postLater(throbDuration, [this, id] { enter(id, Pulse::Fading); });
 }
 
 void RowPulses::cancel(const std::string& id) {
@@ -37,7 +37,7 @@ void RowPulses::cancel(const std::string& id) {
 
 void RowPulses::enter(const std::string& id, Pulse phase) {
   phases_[id] = phase;
-  nextSteps_[id] = queue_->postLater(fadingTime, [this, id] { end(id); });
+  nextSteps_[id] = queue_->postLater(fadeDuration, [this, id] { end(id); });
   onChange_();
 }
 

@@ -10,8 +10,8 @@ namespace tamberline {
 namespace {
 
 /// Until the rows that the jump opens exist, and until the highlight is seen before the list moves.
-constexpr std::chrono::milliseconds rowsAppear{30};
-constexpr std::chrono::milliseconds highlightAppears{150};
+constexpr std::chrono::milliseconds rowAppearTime{30};
+constexpr std::chrono::milliseconds highlightFadeInTime{150};
 
 } // namespace
 
@@ -90,13 +90,13 @@ void SearchController::jumpTo(const SearchEntry& entry) {
     expanded.insert(std::move(id));
   }
   scanner_->expandedOverrideIDs.set(std::move(expanded));
-  after(rowsAppear, [this, id = entry.id] { highlight(id); });
+  after(rowAppearTime, [this, id = entry.id] { highlight(id); });
 }
 
 void SearchController::highlight(const std::string& id) {
   scanner_->highlightedNodeID.set(std::nullopt);
   scanner_->highlightedNodeID.set(id);
-  after(highlightAppears, [this, id] { scrollTo(id); });
+  after(highlightFadeInTime, [this, id] { scrollTo(id); });
 }
 
 void SearchController::scrollTo(const std::string& id) {

@@ -20,10 +20,10 @@ QString systemRuntimeFolder();
 bool takeStartInBackground();
 
 /// Whether the first start by a person opens the panel.
-bool opensPanelAtStart();
+bool opensPanelOnStart();
 
 /// Both after the application object is made.
-std::shared_ptr<WindowPlaces> windowPlacesHere();
-std::unique_ptr<Tray> trayHere(const std::shared_ptr<WindowPlaces>& places);
+std::shared_ptr<WindowPlaces> makeWindowPlaces();
+std::unique_ptr<Tray> makeDesktopTray(const std::shared_ptr<WindowPlaces>& places);
 
 } // namespace tamberline

@@ -17,6 +17,6 @@ std::shared_ptr<PortEventSource> eventsOfThisMachine();
 
 /// The machine that the program runs on: what reports on it, what tells of changes, its volumes and
 /// how they are ejected.
-ScannerOutside thisMachine(std::shared_ptr<MainQueue> queue);
+ScannerServices thisMachine(std::shared_ptr<MainQueue> queue);
 
 } // namespace tamberline

@@ -12,7 +12,7 @@ namespace tamberline {
 
 /// The flags that open a folder only to find things in it, or to find a file only to keep its
 /// number.
-extern const int openingToFind;
+extern const int pathOpenFlags;
 
 /// What is mounted at the folder that was opened by the name of the mount point. Empty when it only
 /// lies on some file system.

@@ -128,7 +128,7 @@ bool isWellFormedValue(pugi::xml_node element, int depth) {
                                                              "date"};
   const std::string_view name = nameOf(element);
   if (name == "dict" || name == "array") {
-    return depth < PropertyList::deepestNesting && hasOnlyElements(element) &&
+    return depth < PropertyList::maxNesting && hasOnlyElements(element) &&
            (name == "dict" ? isWellFormedDictionary(element, depth + 1)
                            : isWellFormedArray(element, depth + 1));
   }
@@ -148,10 +148,10 @@ bool isWellFormedValue(pugi::xml_node element, int depth) {
 pugi::xml_node rootValueOf(const pugi::xml_document& xml) {
   const pugi::xml_node list = xml.document_element();
   const pugi::xml_node value = firstElement(list);
-  const bool isOneValueInOneList = hasOnlyElements(xml) && hasOnlyElements(list) &&
-                                   nameOf(list) == "plist" && nextElement(list).empty() &&
-                                   !value.empty() && nextElement(value).empty();
-  return isOneValueInOneList && isWellFormedValue(value, 0) ? value : pugi::xml_node();
+  const bool isSingleValue = hasOnlyElements(xml) && hasOnlyElements(list) &&
+                             nameOf(list) == "plist" && nextElement(list).empty() &&
+                             !value.empty() && nextElement(value).empty();
+  return isSingleValue && isWellFormedValue(value, 0) ? value : pugi::xml_node();
 }
 
 /// What the XML library does not check: it treats a NUL as the end of its input, passes invalid
@@ -162,8 +162,8 @@ bool isWellFormedText(std::string_view bytes) {
 }
 
 bool isTooLarge(std::string_view bytes) {
-  return bytes.size() > PropertyList::longestList ||
-         std::count(bytes.begin(), bytes.end(), '<') > PropertyList::mostTags;
+  return bytes.size() > PropertyList::maxListBytes ||
+         std::count(bytes.begin(), bytes.end(), '<') > PropertyList::maxTags;
 }
 
 constexpr std::string_view base64Digits =

@@ -48,9 +48,9 @@ public:
   /// comes near the limits.
   static std::optional<PropertyList> decode(std::string bytes);
 
-  static constexpr int deepestNesting = 512;
-  static constexpr std::size_t longestList = 64'000'000;
-  static constexpr std::ptrdiff_t mostTags = 500'000;
+  static constexpr int maxNesting = 512;
+  static constexpr std::size_t maxListBytes = 64'000'000;
+  static constexpr std::ptrdiff_t maxTags = 500'000;
 
   PropertyList(PropertyList&& other) noexcept;
   PropertyList& operator=(PropertyList&& other) noexcept;

@@ -14,7 +14,7 @@ namespace {
 using Devices = std::vector<const USBDevice*>;
 
 /// Twice as deep as a report may nest devices.
-constexpr std::size_t longestWayUp = 512;
+constexpr std::size_t maxPathLength = 512;
 
 /// The devices of one container identifier, in bus order and then depth-first.
 struct Group {
@@ -49,9 +49,9 @@ public:
         setMerged(group, true);
       }
     }
-    leaveAllApartWhereTheyNestTooDeep();
-    leaveApartWhatIsInLoops();
-    leaveAllApartWhereTheyNestTooDeep(); // separating groups changes the paths of others
+    excludeAllIfNestedTooDeeply();
+    excludeCycles();
+    excludeAllIfNestedTooDeeply(); // separating groups changes the paths of others
   }
 
   bool changesNothing() const { return mergedGroupOf_.empty(); }
@@ -98,24 +98,25 @@ private:
   }
 
   /// The group of an instance that is dropped because its children move to the keeper.
-  const Group* groupThatDrops(const USBDevice* device) const {
+  const Group* groupOfDroppedInstance(const USBDevice* device) const {
     const Group* group = mergedGroupOf(device);
     return group == nullptr || group->keeper == device ? nullptr : group;
   }
 
   /// The path from a device upwards, continuing from each dropped instance at its keeper. At most
-  /// `longestWayUp` + 1 steps.
-  struct WayUp {
+  /// `maxPathLength` + 1 steps.
+  struct PathUp {
     Devices steps = {};
     const USBDevice* next = nullptr; // null at the top; one of the steps in a cycle
   };
 
-  WayUp wayUpFrom(const USBDevice* device) const {
-    WayUp way;
+  PathUp pathUpFrom(const USBDevice* device) const {
+    PathUp way;
     std::set<const USBDevice*> visited;
-    while (device != nullptr && way.steps.size() <= longestWayUp && visited.insert(device).second) {
+    while (device != nullptr && way.steps.size() <= maxPathLength &&
+           visited.insert(device).second) {
       way.steps.push_back(device);
-      const Group* dropping = groupThatDrops(device);
+      const Group* dropping = groupOfDroppedInstance(device);
       device = dropping == nullptr ? parentOf_.at(device) : dropping->keeper;
     }
     way.next = device;
@@ -123,20 +124,20 @@ private:
   }
 
   /// Hubs on many buses that absorb each other could nest as deep as there are hubs.
-  void leaveAllApartWhereTheyNestTooDeep() {
+  void excludeAllIfNestedTooDeeply() {
     const bool nestTooDeep =
         std::any_of(mergedGroupOf_.begin(), mergedGroupOf_.end(), [this](const auto& entry) {
           const auto& [device, group] = entry;
-          return group->keeper == device && wayUpFrom(device).steps.size() > longestWayUp;
+          return group->keeper == device && pathUpFrom(device).steps.size() > maxPathLength;
         });
     if (nestTooDeep) {
       mergedGroupOf_.clear();
     }
   }
 
-  void leaveApartWhatIsInLoops() {
-    for (std::set<const Group*> looping = groupsInLoops(); !looping.empty();
-         looping = groupsInLoops()) {
+  void excludeCycles() {
+    for (std::set<const Group*> looping = groupsInCycles(); !looping.empty();
+         looping = groupsInCycles()) {
       for (const Group* group : looping) {
         setMerged(*group, false);
       }
@@ -145,23 +146,23 @@ private:
 
   /// Groups that would end up below themselves: the path up from the keeper returns to one of its
   /// steps. Everything below them would be lost.
-  std::set<const Group*> groupsInLoops() const {
+  std::set<const Group*> groupsInCycles() const {
     std::set<const Group*> looping;
     for (const auto& [device, group] : mergedGroupOf_) {
       if (group->keeper == device) {
-        const std::set<const Group*> found = groupsInLoopAbove(device);
+        const std::set<const Group*> found = groupsInCycleAbove(device);
         looping.insert(found.begin(), found.end());
       }
     }
     return looping;
   }
 
-  std::set<const Group*> groupsInLoopAbove(const USBDevice* device) const {
-    const WayUp way = wayUpFrom(device);
+  std::set<const Group*> groupsInCycleAbove(const USBDevice* device) const {
+    const PathUp way = pathUpFrom(device);
     std::set<const Group*> groups;
     const auto loopStart = std::find(way.steps.begin(), way.steps.end(), way.next);
     for (auto step = loopStart; step != way.steps.end(); ++step) {
-      if (const Group* dropping = groupThatDrops(*step)) {
+      if (const Group* dropping = groupOfDroppedInstance(*step)) {
         groups.insert(dropping);
       }
     }

@@ -26,14 +26,14 @@ public:
   }
 
   bool isWithinLimits() const {
-    return deepest_ <= deepestReportNesting && objects_ <= mostReportObjects &&
-           values_ <= mostReportValues;
+    return maxDepth_ <= maxReportNesting && objects_ <= maxReportObjects &&
+           values_ <= maxReportValues;
   }
 
 private:
   void count(char character) {
     if (character == '{' || character == '[') {
-      deepest_ = std::max(deepest_, ++depth_);
+      maxDepth_ = std::max(maxDepth_, ++depth_);
       objects_ += character == '{' ? 1 : 0;
       ++values_;
     } else if (character == '}' || character == ']') {
@@ -44,7 +44,7 @@ private:
   }
 
   int depth_ = 0;
-  int deepest_ = 0;
+  int maxDepth_ = 0;
   std::size_t objects_ = 0;
   std::size_t values_ = 0; // separators and opening brackets; each value has at least one
 };
@@ -52,7 +52,7 @@ private:
 } // namespace
 
 bool isTooLargeReport(std::string_view bytes) {
-  return bytes.size() > longestReport || !Structure(bytes).isWithinLimits();
+  return bytes.size() > maxReportBytes || !Structure(bytes).isWithinLimits();
 }
 
 std::optional<nlohmann::json> decodeReport(std::string_view bytes) {

@@ -17,10 +17,10 @@ constexpr const char* powerSectionKey = "SPPowerDataType";
 /// The limits of a report. No real one comes near: the largest has a few hundred devices. The
 /// parsers and the port tree recurse, and an object of two bytes needs thousands of bytes for its
 /// record, its row and everything in between.
-constexpr int deepestReportNesting = 512;
-constexpr std::size_t longestReport = 32'000'000;
-constexpr std::size_t mostReportObjects = 16'384;
-constexpr std::size_t mostReportValues = 524'288;
+constexpr int maxReportNesting = 512;
+constexpr std::size_t maxReportBytes = 32'000'000;
+constexpr std::size_t maxReportObjects = 16'384;
+constexpr std::size_t maxReportValues = 524'288;
 
 /// Whether the bytes exceed those limits, not counting the contents of strings.
 bool isTooLargeReport(std::string_view bytes);

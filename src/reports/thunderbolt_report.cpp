@@ -65,7 +65,7 @@ std::optional<bool> authorizationIn(const json& item) {
 
 /// The speed of a connected receptacle may still be its maximum, while that of the device behind it
 /// is what the two agreed on. With more than one of either, it is unknown which belongs to which.
-void takeLinkOfTheOnlyDevice(ThunderboltBus& bus) {
+void copyLinkOfOnlyDevice(ThunderboltBus& bus) {
   const auto isConnected = [](const ThunderboltReceptacle& receptacle) {
     return receptacle.port.isConnected();
   };
@@ -84,7 +84,7 @@ void takeLinkOfTheOnlyDevice(ThunderboltBus& bus) {
 
 ThunderboltBus parseBus(const json& entry, std::int64_t position) {
   ThunderboltBus bus = readBus(entry, position);
-  takeLinkOfTheOnlyDevice(bus);
+  copyLinkOfOnlyDevice(bus);
   return bus;
 }
 

@@ -16,22 +16,22 @@ namespace {
 
 using nlohmann::json;
 
-constexpr double greatestGbps = 1000;
-constexpr std::int64_t mostLanes = 16;
+constexpr double maxPlausibleGbps = 1000;
+constexpr std::int64_t maxLanes = 16;
 /// Of any link other than those of 80 and 120 Gb/s.
-constexpr double greatestGbpsOfALane = 20;
+constexpr double maxGbpsPerLane = 20;
 
 std::optional<double> gbpsIn(std::string_view text) {
   const std::optional<double> gbps = parseNumber(text);
-  return gbps && *gbps > 0 && *gbps <= greatestGbps ? gbps : std::nullopt;
+  return gbps && *gbps > 0 && *gbps <= maxPlausibleGbps ? gbps : std::nullopt;
 }
 
 std::optional<std::int64_t> lanesIn(std::string_view text) {
   const std::optional<std::int64_t> lanes = parseDecimal(text);
-  return lanes && *lanes >= 1 && *lanes <= mostLanes ? lanes : std::nullopt;
+  return lanes && *lanes >= 1 && *lanes <= maxLanes ? lanes : std::nullopt;
 }
 
-std::optional<TrueLink> linkOfOwnKeys(const json& entry) {
+std::optional<TrueLink> linkFromCustomKeys(const json& entry) {
   const TrueLink link{
       .transmitGbps = gbpsIn(textMember(entry, "tamberline_link_transmit_gbps", "")),
       .receiveGbps = gbpsIn(textMember(entry, "tamberline_link_receive_gbps", "")),
@@ -73,9 +73,9 @@ std::optional<std::int64_t> lanesOf(const SpeedText& speed, std::string_view wid
 
 TrueLink linkOfTexts(const SpeedText& speed, std::string_view width) {
   const std::optional<std::int64_t> lanes = lanesOf(speed, width);
-  const bool isOfEachLane =
-      !speed.isUpTo && !speed.links && lanes == 2 && speed.gbps <= greatestGbpsOfALane;
-  const auto links = static_cast<double>(isOfEachLane ? 2 : speed.links.value_or(1));
+  const bool isPerLane =
+      !speed.isUpTo && !speed.links && lanes == 2 && speed.gbps <= maxGbpsPerLane;
+  const auto links = static_cast<double>(isPerLane ? 2 : speed.links.value_or(1));
   const double gbps = speed.gbps * links;
   if (gbps == 120) {
     return {.transmitGbps = 120, .receiveGbps = 40, .transmitLanes = 3, .receiveLanes = 1};
@@ -86,7 +86,7 @@ TrueLink linkOfTexts(const SpeedText& speed, std::string_view width) {
 } // namespace
 
 std::optional<TrueLink> parseTrueLink(const json& receptacle) {
-  if (const std::optional<TrueLink> link = linkOfOwnKeys(receptacle)) {
+  if (const std::optional<TrueLink> link = linkFromCustomKeys(receptacle)) {
     return link;
   }
   const auto speed = parseSpeedText(textMember(receptacle, "current_speed_key", ""));
@@ -97,7 +97,7 @@ std::optional<TrueLink> parseTrueLink(const json& receptacle) {
 }
 
 std::optional<TrueLink> parseTrueLink(const json& upstream, const json& device) {
-  const std::optional<TrueLink> own = linkOfOwnKeys(device);
+  const std::optional<TrueLink> own = linkFromCustomKeys(device);
   return own ? own : parseTrueLink(upstream);
 }
 

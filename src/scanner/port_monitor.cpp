@@ -6,8 +6,8 @@
 namespace tamberline {
 namespace {
 
-constexpr std::chrono::milliseconds quietTimeAfterEvents{400};
-constexpr std::chrono::milliseconds timeThatPowerMustHold{1500};
+constexpr std::chrono::milliseconds eventDebounceTime{400};
+constexpr std::chrono::milliseconds powerHoldTime{1500};
 
 } // namespace
 
@@ -34,7 +34,7 @@ void PortMonitor::stop() {
 
 void PortMonitor::scheduleRescan() {
   cancelPending(debounceWorkItem_);
-  debounceWorkItem_ = queue_->postLater(quietTimeAfterEvents, onChange_);
+  debounceWorkItem_ = queue_->postLater(eventDebounceTime, onChange_);
 }
 
 void PortMonitor::handlePowerEvent() {
@@ -42,13 +42,13 @@ void PortMonitor::handlePowerEvent() {
   cancelPending(powerConfirmWorkItem_);
   if (lastOnAC_ != isOnAC) {
     powerConfirmWorkItem_ =
-        queue_->postLater(timeThatPowerMustHold, [this, isOnAC] { confirmPowerState(isOnAC); });
+        queue_->postLater(powerHoldTime, [this, isOnAC] { confirmPowerState(isOnAC); });
   }
 }
 
 void PortMonitor::confirmPowerState(bool isOnAC) {
-  const bool heldSinceTheEvent = events_->isOnExternalPower() == isOnAC;
-  if (heldSinceTheEvent && lastOnAC_ != isOnAC) {
+  const bool hasHeldSinceEvent = events_->isOnExternalPower() == isOnAC;
+  if (hasHeldSinceEvent && lastOnAC_ != isOnAC) {
     lastOnAC_ = isOnAC;
     scheduleRescan();
   }

@@ -16,7 +16,7 @@
 namespace tamberline {
 namespace {
 
-constexpr std::chrono::milliseconds lagOfSomeReports{2000};
+constexpr std::chrono::milliseconds reportLag{2000};
 
 /// What a scan's first four questions gave.
 struct FirstResults {
@@ -56,7 +56,7 @@ QCoro::Task<> scanTwice(std::weak_ptr<PortScanner> weakScanner, std::shared_ptr<
     auto scan = scanner->scan();
     co_await scan;
   }
-  Delay lag(std::move(queue), lagOfSomeReports);
+  Delay lag(std::move(queue), reportLag);
   co_await lag;
   if (const std::shared_ptr<PortScanner> scanner = weakScanner.lock()) {
     auto scan = scanner->scan();
@@ -66,10 +66,10 @@ QCoro::Task<> scanTwice(std::weak_ptr<PortScanner> weakScanner, std::shared_ptr<
 
 } // namespace
 
-PortScanner::PortScanner(ScannerOutside outside)
+PortScanner::PortScanner(ScannerServices outside)
     : outside_(std::move(outside)), driveIsFree_(outside_.acquisition.queue) {}
 
-std::shared_ptr<PortScanner> PortScanner::create(ScannerOutside outside) {
+std::shared_ptr<PortScanner> PortScanner::create(ScannerServices outside) {
   return std::shared_ptr<PortScanner>(new PortScanner(std::move(outside)));
 }
 
@@ -84,7 +84,7 @@ QCoro::Task<> PortScanner::runScan(std::shared_ptr<PortScanner> self) {
     co_return;
   }
   self->isScanning.set(true);
-  const bool wasNothingShown = self->portTree.get().empty();
+  const bool wasEmpty = self->portTree.get().empty();
   std::optional<std::string> failure;
   try {
     auto gathering = gather(self);
@@ -92,7 +92,7 @@ QCoro::Task<> PortScanner::runScan(std::shared_ptr<PortScanner> self) {
   } catch (const std::exception& error) { // such as memory that a huge report exhausts
     failure = error.what();
   }
-  if (failure && wasNothingShown) {
+  if (failure && wasEmpty) {
     self->errorMessage.set(failure);
   }
   self->isScanning.set(false);
@@ -122,10 +122,10 @@ QCoro::Task<std::optional<std::string>> PortScanner::gather(std::shared_ptr<Port
     auto limitStep = fetchPortCurrentLimits(acquisition);
     self->portCurrentLimitMa.set(co_await limitStep);
   }
-  std::optional<std::string> unshown = self->publishTree();
-  self->forgetVanishedVolumes();
+  std::optional<std::string> treeError = self->publishTree();
+  self->removeVanishedVolumes();
   identifyVolumes(self);
-  co_return unshown;
+  co_return treeError;
 }
 
 void PortScanner::publishPower(PowerReading reading) {

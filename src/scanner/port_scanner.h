@@ -30,7 +30,7 @@
 namespace tamberline {
 
 /// What the scanner needs of the outside world.
-struct ScannerOutside {
+struct ScannerServices {
   Acquisition acquisition;
   std::shared_ptr<PortEventSource> events;
   /// Null where volumes are only shown: nothing is measured or ejected then.
@@ -49,7 +49,7 @@ public:
   template <typename Value>
   using Published = PublishedField<Value, PortScanner>;
 
-  static std::shared_ptr<PortScanner> create(ScannerOutside outside);
+  static std::shared_ptr<PortScanner> create(ScannerServices outside);
 
   /// Runs one scan; returns at once when one is running already. Never fails: what goes wrong ends
   /// in `errorMessage`. Called on any thread, runs on the main thread. The monitor starts after the
@@ -108,7 +108,7 @@ public:
   ObservableField<std::int64_t> collapseAllEpoch;
 
 private:
-  explicit PortScanner(ScannerOutside outside);
+  explicit PortScanner(ScannerServices outside);
 
   static QCoro::Task<> runScan(std::shared_ptr<PortScanner> self);
   struct ActiveRun;
@@ -139,9 +139,9 @@ private:
   bool isDriveMeasured(const std::string& mountPoint) const;
   std::optional<VolumeIdentity> identityOf(const std::string& mountPoint) const;
   void takeIdentities(std::map<std::string, VolumeIdentity> identities);
-  void forgetVanishedVolumes();
+  void removeVanishedVolumes();
 
-  ScannerOutside outside_;
+  ScannerServices outside_;
   std::unique_ptr<PortMonitor> monitor_; // after the first scan
 
   // By mount point:

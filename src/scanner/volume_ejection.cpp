@@ -12,7 +12,7 @@
 namespace tamberline {
 namespace {
 
-constexpr std::chrono::milliseconds failureIsShownFor{4000};
+constexpr std::chrono::milliseconds failureDisplayTime{4000};
 
 std::string_view textOf(EjectRefusal refusal) {
   switch (refusal) {
@@ -74,7 +74,7 @@ QCoro::Task<> PortScanner::runEjection(std::shared_ptr<PortScanner> self, std::s
   }
   driveUse.reset();
   self->publishEjectState(mountPoint, failed(outcome));
-  Delay reading(queue, failureIsShownFor);
+  Delay reading(queue, failureDisplayTime);
   co_await reading;
   if (self->ejectionCounts_[mountPoint] == ejection) { // no newer one, whose state is its own
     self->publishEjectState(mountPoint, std::nullopt);

@@ -84,7 +84,7 @@ bool PortScanner::isDriveMeasured(const std::string& mountPoint) const {
                      [&](const std::string& volume) { return isBeingMeasured(volume); });
 }
 
-void PortScanner::forgetVanishedVolumes() {
+void PortScanner::removeVanishedVolumes() {
   const std::set<std::string> mountPoints = mountPointsIn(portTree.get());
   const auto isVanished = [&](const auto& entry) { return !mountPoints.contains(entry.first); };
   auto phases = benchmarks.get();

@@ -37,7 +37,7 @@ BenchmarkError errorOf(VolumeFolder::CreateFailure failure) {
   return BenchmarkError::notWritable;
 }
 
-void tellProgress(const BenchmarkOrder& order, std::int64_t done, std::int64_t total) {
+void reportProgress(const BenchmarkOrder& order, std::int64_t done, std::int64_t total) {
   if (total > 0) {
     order.progress(static_cast<double>(done) / static_cast<double>(total));
   }
@@ -153,10 +153,10 @@ BenchmarkResult Benchmark::writeChunks(VolumeFile& file, std::int64_t totalBytes
     const auto wanted = std::min(static_cast<std::size_t>(remaining), chunkBytes);
     const std::int64_t written = file.write(buffer.bytes().first(wanted));
     if (written <= 0) {
-      return written == VolumeFile::noRoomLeft ? BenchmarkError::noSpace : BenchmarkError::ioError;
+      return written == VolumeFile::noSpaceLeft ? BenchmarkError::noSpace : BenchmarkError::ioError;
     }
     remaining -= written;
-    tellProgress(order, totalBytes - remaining, totalBytes);
+    reportProgress(order, totalBytes - remaining, totalBytes);
   }
   file.flushToMedium(); // some file systems cannot, and their volumes have a speed all the same
   return speedMBps(totalBytes, setting_.now() - start);
@@ -190,7 +190,7 @@ BenchmarkResult Benchmark::readChunks(VolumeFile& file, std::int64_t totalBytes,
       return BenchmarkError::ioError;
     }
     done += count;
-    tellProgress(order, std::min(done, totalBytes), totalBytes);
+    reportProgress(order, std::min(done, totalBytes), totalBytes);
   }
   const auto elapsed = setting_.now() - start;
   return file.hasReadMedium() ? BenchmarkResult(speedMBps(done, elapsed))

@@ -30,7 +30,7 @@ struct VolumeIdentity {
 class VolumeFile {
 public:
   /// What a write gives when the volume is full.
-  static constexpr std::int64_t noRoomLeft = -2;
+  static constexpr std::int64_t noSpaceLeft = -2;
 
   VolumeFile() = default;
   VolumeFile(const VolumeFile&) = delete;

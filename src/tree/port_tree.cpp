@@ -40,7 +40,7 @@ std::vector<USBBus> busesWhere(const std::vector<USBBus>& buses, bool isInternal
   return selected;
 }
 
-DevicesByPort devicesOnOwnControllers(const PortTreeInputs& inputs) {
+DevicesByPort ownControllerDevices(const PortTreeInputs& inputs) {
   DevicesByPort devicesByPort;
   for (const USBBus& bus : busesWhere(inputs.usbBuses, /*isInternal=*/true)) {
     for (const USBDevice& device : bus.devices) {
@@ -131,7 +131,7 @@ std::vector<TreeNode> driveNodes(const ThunderboltDevice& device) {
   return nodes;
 }
 
-bool bringsBuses(const ThunderboltDevice& device) {
+bool isDock(const ThunderboltDevice& device) {
   constexpr std::array<std::string_view, 4> words = {"dock", "hub", "station", "breakout"};
   const std::string name = lowerCased(device.name);
   return std::any_of(words.begin(), words.end(),
@@ -144,7 +144,7 @@ std::vector<TreeNode> buildPortTree(const PortTreeInputs& inputs) {
   const std::vector<USBBus> externalUSBBuses = busesWhere(inputs.usbBuses, /*isInternal=*/false);
   std::set<Uuid> usedBusIDs;
   std::vector<PortNode> portNodes = buildPortNodes(
-      inputs.thunderboltBuses, devicesOnOwnControllers(inputs), externalUSBBuses, usedBusIDs);
+      inputs.thunderboltBuses, ownControllerDevices(inputs), externalUSBBuses, usedBusIDs);
 
   std::vector<TreeNode> tree;
   if (inputs.charger && inputs.charger->isConnected && inputs.charger->isOnNoKnownPort) {
@@ -191,7 +191,7 @@ std::vector<TreeNode> buildTBDeviceNodes(const SharedList<ThunderboltDevice>& de
     // Devices further down the chain come first, so that the last dock of a chain gets the buses.
     std::vector<TreeNode> children =
         buildTBDeviceNodes(device.children, externalUSBBuses, usedBusIDs);
-    if (bringsBuses(device)) {
+    if (isDock(device)) {
       for (const USBBus& bus : externalUSBBuses) {
         if (!bus.isBuiltIn && usedBusIDs.insert(bus.id).second) {
           children.push_back(usbBusNode(bus));

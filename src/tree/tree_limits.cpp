@@ -47,10 +47,10 @@ Size sizeOf(const SharedList<Device>& devices) {
   return size;
 }
 
-double longestPath(const SharedList<ThunderboltDevice>& devices) {
+double maxPathText(const SharedList<ThunderboltDevice>& devices) {
   double longest = 0;
   for (const ThunderboltDevice& device : devices) {
-    longest = std::max(longest, textOf(device) + longestPath(device.children));
+    longest = std::max(longest, textOf(device) + maxPathText(device.children));
   }
   return longest;
 }
@@ -58,7 +58,7 @@ double longestPath(const SharedList<ThunderboltDevice>& devices) {
 Size sizeOfAddOnBuses(const PortTreeInputs& inputs) {
   double path = 0;
   for (const ThunderboltBus& bus : inputs.thunderboltBuses) {
-    path = std::max(path, longestPath(bus.connectedDevices));
+    path = std::max(path, maxPathText(bus.connectedDevices));
   }
   Size size;
   for (const USBBus& bus : inputs.usbBuses) {
@@ -95,8 +95,8 @@ bool exceedsTreeLimits(const PortTreeInputs& inputs) {
       size.add(found->second);
     }
   }
-  return size.nodes > static_cast<double>(mostTreeNodes) ||
-         size.text > static_cast<double>(mostTreeText);
+  return size.nodes > static_cast<double>(maxTreeNodes) ||
+         size.text > static_cast<double>(maxTreeText);
 }
 
 } // namespace tamberline

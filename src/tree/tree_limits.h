@@ -6,9 +6,9 @@
 
 namespace tamberline {
 
-constexpr std::size_t mostTreeNodes = 65'536;
+constexpr std::size_t maxTreeNodes = 65'536;
 /// Bytes of the names and identifiers of all nodes. Each node repeats those of all its ancestors.
-constexpr std::size_t mostTreeText = 32'000'000;
+constexpr std::size_t maxTreeText = 32'000'000;
 
 /// Whether the port tree would be larger than that of any real machine. A few bytes are enough for
 /// that: the devices of a port are shown under every Thunderbolt bus with its number, and a name of

@@ -21,8 +21,8 @@ Color speedBarColor(double ratio) {
   return ratio >= nearlyHalf ? Color::Amber : Color::Orange;
 }
 
-Color powerBarColor(double fraction, bool isMaximumKnown) {
-  if (!isMaximumKnown) {
+Color powerBarColor(double fraction, bool hasMaximum) {
+  if (!hasMaximum) {
     return Color::Grey;
   }
   if (fraction > 1) {
@@ -74,10 +74,10 @@ PowerBarRow powerBarRow(const PowerBarFacts& facts) {
     row.portMax = labelledWatts(facts.portMaxMa, Loc::portMax());
   }
   // A missing maximum makes the bar full.
-  const bool isMaximumKnown = facts.portMaxMa >= 2;
-  const double whole = isMaximumKnown ? static_cast<double>(facts.portMaxMa) : 1.0;
+  const bool hasMaximum = facts.portMaxMa >= 2;
+  const double whole = hasMaximum ? static_cast<double>(facts.portMaxMa) : 1.0;
   const double used = static_cast<double>(facts.usedMa) / whole;
-  row.color = powerBarColor(used, isMaximumKnown);
+  row.color = powerBarColor(used, hasMaximum);
   row.bar = triBar(used, static_cast<double>(facts.allocatedMa) / whole);
   return row;
 }

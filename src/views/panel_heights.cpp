@@ -6,24 +6,24 @@ namespace tamberline {
 namespace {
 
 constexpr double dividers = 2;
-constexpr double leastListArea = 60;
+constexpr double minListArea = 60;
 constexpr double screenMargin = 40;
-constexpr double greatestWithoutScreen = 1360;
+constexpr double maxHeightWithoutScreen = 1360;
 
 } // namespace
 
 double windowTotalHeight(double chromeBaseline, double listHeight,
                          std::optional<double> screenHeight) {
-  const double greatest = screenHeight ? *screenHeight - screenMargin : greatestWithoutScreen;
+  const double greatest = screenHeight ? *screenHeight - screenMargin : maxHeightWithoutScreen;
   return std::min(chromeBaseline + dividers + listHeight, greatest);
 }
 
 double listAreaHeight(double totalHeight, double chromeHeight) {
-  return std::max(leastListArea, totalHeight - chromeHeight - dividers);
+  return std::max(minListArea, totalHeight - chromeHeight - dividers);
 }
 
-double greatestSuggestionsHeight(double totalHeight, double chromeBaseline) {
-  return std::max(leastListArea, totalHeight - chromeBaseline - dividers - leastListArea);
+double maxSuggestionsHeight(double totalHeight, double chromeBaseline) {
+  return std::max(minListArea, totalHeight - chromeBaseline - dividers - minListArea);
 }
 
 } // namespace tamberline

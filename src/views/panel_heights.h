@@ -16,6 +16,6 @@ double windowTotalHeight(double chromeBaseline, double listHeight,
 double listAreaHeight(double totalHeight, double chromeHeight);
 
 /// The max height of the suggestions before they push the list out of the window.
-double greatestSuggestionsHeight(double totalHeight, double chromeBaseline);
+double maxSuggestionsHeight(double totalHeight, double chromeBaseline);
 
 } // namespace tamberline

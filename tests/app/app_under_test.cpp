@@ -4,6 +4,7 @@
 
 #include "app/tamberline_app.h"
 #include "async/qt_main_queue.h"
+#include "controls/engine_objects.h"
 #include "panel/panel_window.h"
 #include "platform/posix/posix_volume_files.h"
 #include "platform/posix/termination_signals.h"
@@ -27,7 +28,7 @@ using namespace tamberline;
 PanelController& shownPanel() {
   for (QWindow* window : QGuiApplication::topLevelWindows()) {
     if (auto* view = qobject_cast<QQuickView*>(window)) {
-      return *PanelContext::of(*view->engine()).panel();
+      return *engineObject<PanelController>(*view->engine());
     }
   }
   std::abort(); // the application opens its panel when it starts

@@ -49,7 +49,7 @@ TEST_F(LookTest, HasThePanelsDesignTextSize) {
 
 TEST_F(LookTest, IsUsedWithoutADesktop) {
   QApplication::setPalette(darkPalette());
-  useOwnLookWithoutDesktop();
+  applyDefaultLookWithoutDesktop();
   EXPECT_EQ(QApplication::palette().color(QPalette::Window),
             lightPalette().color(QPalette::Window));
   EXPECT_EQ(QApplication::font().pixelSize(), 13);

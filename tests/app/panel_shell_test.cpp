@@ -405,7 +405,7 @@ TEST_F(HeldPanelTest, IsHeldOnceForEachOpening) {
 TEST_F(HeldPanelTest, IsNoHigherThanTheFreeAreaBetweenBars) {
   makeHeldShell();
   openPanel();
-  places->events.freeHeightTold(300);
+  places->events.freeHeightReported(300);
   const auto& sizing = *shell->context().sizing();
   EXPECT_LE(sizing.windowTotalHeight(), 300 - 40);
   shell->close();

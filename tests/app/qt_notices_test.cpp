@@ -41,7 +41,7 @@ QStringList firstWords() {
 }
 
 TEST_F(QtNotices, AboutAReplacedEncodingAreSuppressed) {
-  leaveOutEncodingNotice();
+  suppressEncodingNotice();
   sayEverything();
   EXPECT_EQ(firstWords(), QStringList({"Detected", "This", "QStandardPaths:", "Something"}));
   EXPECT_TRUE(heard.front().contains(QLatin1String("failed to switch")))
@@ -49,14 +49,14 @@ TEST_F(QtNotices, AboutAReplacedEncodingAreSuppressed) {
 }
 
 TEST_F(QtNotices, AboutAMissingDesktopAreSuppressed) {
-  leaveOutDesktopNotices();
+  suppressDesktopNotices();
   sayEverything();
   EXPECT_EQ(firstWords(), QStringList({"Detected", "Detected", "Something"}));
 }
 
 TEST_F(QtNotices, OfBothKindsAreSuppressed) {
-  leaveOutEncodingNotice();
-  leaveOutDesktopNotices();
+  suppressEncodingNotice();
+  suppressDesktopNotices();
   sayEverything();
   EXPECT_EQ(firstWords(), QStringList({"Detected", "Something"}));
 }

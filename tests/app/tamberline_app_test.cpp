@@ -1,4 +1,5 @@
 #include "app/tamberline_app.h"
+#include "controls/engine_objects.h"
 #include "panel/panel_window.h"
 #include "support/fake_desktop.h"
 #include "support/fake_ejector.h"
@@ -54,13 +55,13 @@ protected:
 
   static PanelController& panel() {
     auto* view = qobject_cast<QQuickView*>(visiblePanels().at(0));
-    return *PanelContext::of(*view->engine()).panel();
+    return *engineObject<PanelController>(*view->engine());
   }
 
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
   std::shared_ptr<FakeVolumeFiles> files = std::make_shared<FakeVolumeFiles>();
-  ScannerOutside outside() {
+  ScannerServices outside() {
     return {.acquisition = {.machine = machine, .queue = queue},
             .events = std::make_shared<SimulatedEventSource>(),
             .benchmark = std::make_shared<Benchmark>(files)};
@@ -219,7 +220,7 @@ TEST_F(TamberlineAppTest, StopsTheTestOfAVolume) {
 
 TEST_F(TamberlineAppTest, EjectsVolumes) {
   const auto ejector = std::make_shared<FakeEjector>();
-  ScannerOutside withEjector = outside();
+  ScannerServices withEjector = outside();
   withEjector.ejector = ejector;
   app = std::make_unique<TamberlineApp>(withEjector, queue, TamberlineApp::Desktop{});
   app->start();

@@ -34,7 +34,7 @@ protected:
     qml_register_types_Tamberline_Controls();
     layout.setProperty("spacing", 5);
     layout.setProperty("lineSpacing", 2);
-    layout.setProperty("leastElasticWidth", 20);
+    layout.setProperty("minElasticWidth", 20);
   }
 
   void fill(double width, std::initializer_list<Child> wanted) {

@@ -114,14 +114,14 @@ TEST_F(ThemeTest, IsAsLargeAsThePlatformsText) {
   EXPECT_EQ(theme.symbolSize(), 14);
   EXPECT_EQ(theme.smallSymbolSize(), 11);
   EXPECT_EQ(theme.buttonSize(), 24);
-  EXPECT_EQ(theme.leastNameWidth(), 120);
-  EXPECT_EQ(theme.leastTitleWidth(), 150);
+  EXPECT_EQ(theme.minNameWidth(), 120);
+  EXPECT_EQ(theme.minTitleWidth(), 150);
   EXPECT_EQ(large.scale(), 1.5);
   EXPECT_EQ(large.symbolSize(), 21);
   EXPECT_EQ(large.smallSymbolSize(), 17);
   EXPECT_EQ(large.buttonSize(), 36);
-  EXPECT_EQ(large.leastNameWidth(), 180);
-  EXPECT_EQ(large.leastTitleWidth(), 225);
+  EXPECT_EQ(large.minNameWidth(), 180);
+  EXPECT_EQ(large.minTitleWidth(), 225);
 }
 
 TEST_F(ThemeTest, MultipliesThePlatformsTextByItsOwnScale) {

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Starts tamberline on nested Wayland desktops and looks at the screen as a person would.
+"""Starts tamberline on nested Wayland desktops and checks what is on the screen.
 
 usage: check_desktops.py BUILD_FOLDER [DESKTOP...]
 
-Pictures of what was seen are in BUILD_FOLDER/desktop-pictures. A desktop that is not installed is an
-error: what is not tried must not pass.
+Pictures of the screens are in BUILD_FOLDER/desktop-pictures. A desktop that is not installed is an
+error: a check that is not run must not pass.
 """
 
 import os
@@ -23,7 +23,7 @@ PANEL_WIDTHS = range(400, 412)
 
 
 class Look:
-    """One program on one desktop, and what the screen showed before it."""
+    """One program on one desktop, and the screen before it was started."""
 
     def __init__(self, screen, desktop, path):
         self.screen, self.desktop, self.path = screen, desktop, path
@@ -39,7 +39,7 @@ class Look:
         return self.process.poll() is None
 
     def window(self):
-        """Where the panel is; None where it is not."""
+        """The panel's position; None if it is not on the screen."""
         return self.screen.picture().changed(self.empty, self.desktop.work_area)
 
     def still_window(self, name):
@@ -72,12 +72,12 @@ def say(text):
 
 
 def expand_all(look):
-    """With the keys: the buttons of the header are the first, in their order."""
+    """With the keyboard: the header's buttons come first, in order."""
     look.screen.keys("Tab", "Tab", "Return")
 
 
 def check_window(look):
-    """A desktop without a tray: an ordinary window, which is whole and ends the program."""
+    """A desktop without a tray: an ordinary window that is entirely visible; closing it ends the program."""
     look.start()
     first = look.still_window("first")
     look.check_whole(first)
@@ -100,7 +100,7 @@ def check_window(look):
 
 
 def icon_in_bar(look):
-    """What the program added to the bar."""
+    """The area that the program changed in the bar."""
     bar = Box(WIDTH - 120, 0, WIDTH - 1, 59)
     if look.desktop.position == "bottom":
         bar = Box(WIDTH - 120, HEIGHT - 59, WIDTH - 1, HEIGHT - 1)
@@ -112,7 +112,7 @@ def icon_in_bar(look):
 
 
 def check_tray(look):
-    """A desktop with a tray: the icon is seen, and opens and closes the panel and the menu."""
+    """A desktop with a tray: the icon is visible, and opens and closes the panel and the menu."""
     scale = look.desktop.scale
     look.start(TAMBERLINE_START_IN_BACKGROUND="1")
     picture, icon = wait_for("the icon", lambda: icon_in_bar(look))

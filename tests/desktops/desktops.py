@@ -1,4 +1,4 @@
-"""Wayland desktops that run nested in an X screen, each with a session bus of its own."""
+"""Wayland desktops that run nested in an X screen, each with a separate session bus."""
 
 import os
 import pathlib
@@ -14,7 +14,7 @@ NOBODY = 65534
 
 
 def as_person():
-    """What runs a command as somebody who is not root: some desktops refuse to run as root."""
+    """The prefix that runs a command as a user other than root: some desktops refuse to run as root."""
     if os.geteuid() != 0:
         return []
     return ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", "--"]
@@ -102,7 +102,7 @@ class Desktop:
 
 
 class Weston(Desktop):
-    """Places windows where it likes, and has no tray."""
+    """Positions windows itself, and has no tray."""
 
     name = "weston"
     command = ["weston"]
@@ -162,7 +162,7 @@ class SwayWithLightBar(Sway):
 
 
 class SwayAtDoubleScale(Sway):
-    """The same with twice as many pixels for a point."""
+    """The same with twice as many pixels per point."""
 
     name = "sway-2x"
     scale = 2

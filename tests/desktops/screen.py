@@ -9,11 +9,11 @@ PATIENCE = 30  # seconds; long enough for any machine
 
 
 class Failure(Exception):
-    """What a person would have seen that should not be."""
+    """Something on the screen is wrong."""
 
 
 def wait_for(what, condition):
-    """The first true value of the condition."""
+    """Waits for the first true value of the condition, and returns it."""
     deadline = time.monotonic() + PATIENCE
     while time.monotonic() < deadline:
         value = condition()
@@ -51,7 +51,7 @@ class Picture:
         return self.pixels[y * WIDTH * 3 : (y + 1) * WIDTH * 3]
 
     def changed(self, before, area):
-        """The box around all that differs inside an area; None where nothing does."""
+        """The box around all differences inside an area; None if there are none."""
         box = None
         for y in range(area.top, area.bottom + 1):
             new = self.row(y)[area.left * 3 : (area.right + 1) * 3]
@@ -68,7 +68,7 @@ class Picture:
         return box
 
     def greatest_contrast(self, area, gray):
-        """How far the pixels of an area are from a gray, at most."""
+        """The max difference between the pixels of an area and a gray."""
         greatest = 0
         for y in range(area.top, area.bottom + 1):
             row = self.row(y)[area.left * 3 : (area.right + 1) * 3]
@@ -80,7 +80,7 @@ WHOLE = Box(0, 0, WIDTH - 1, HEIGHT - 1)
 
 
 class Screen:
-    """An X server of its own."""
+    """A separate X server."""
 
     def __init__(self, pictures):
         self.pictures = pathlib.Path(pictures)
@@ -124,7 +124,7 @@ class Screen:
             time.sleep(0.1)
 
     def still_picture(self):
-        """A picture that is the same as the one before it."""
+        """A picture that is the same as the previous one."""
         last = [self.picture()]
 
         def stands_still():

@@ -94,7 +94,7 @@ TEST(Document, DescribesWhatElseIsKnownOfEachPort) {
 }
 
 TEST(Document, DescribesTheDriveAndTheAuthorisationOfAThunderboltDevice) {
-  const Document device = describeDeviceAlone(
+  const Document device = describeDeviceWithoutChildren(
       ThunderboltDevice{.drives = {USBDevice{.name = "Slate 2TB",
                                              .serialNumber = "QS-0077",
                                              .volumes = {{"Footage", "/media/Footage"}},

@@ -10,11 +10,11 @@ TEST(MacDesktop, HasNoRuntimeFolder) {
 }
 
 TEST(MacDesktop, LetsProgramsPositionTheirWindows) {
-  EXPECT_EQ(windowPlacesHere()->decider(), WindowPlaces::Decider::program);
+  EXPECT_EQ(makeWindowPlaces()->decider(), WindowPlaces::Decider::program);
 }
 
 TEST(MacDesktop, StartsWithTheIconOnly) {
-  EXPECT_FALSE(opensPanelAtStart());
+  EXPECT_FALSE(opensPanelOnStart());
   EXPECT_FALSE(takeStartInBackground()); // so that a second start raises the first one's panel
 }
 

@@ -13,7 +13,7 @@ namespace {
 TEST(ThisMac, HasEverythingThatAMacHas) {
   FakeMac::reset();
   const auto queue = std::make_shared<HandDrivenQueue>();
-  const ScannerOutside mac = thisMachine(queue);
+  const ScannerServices mac = thisMachine(queue);
   EXPECT_EQ(mac.acquisition.queue, queue);
   EXPECT_NE(std::dynamic_pointer_cast<MacMachine>(mac.acquisition.machine), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<DiskUtilityEjector>(mac.ejector), nullptr);
@@ -24,7 +24,7 @@ TEST(ThisMac, HasEverythingThatAMacHas) {
 
 TEST(ThisMac, ReportsItsEvents) {
   FakeMac::reset();
-  const ScannerOutside mac = thisMachine(std::make_shared<HandDrivenQueue>());
+  const ScannerServices mac = thisMachine(std::make_shared<HandDrivenQueue>());
   int changes = 0;
   mac.events->start({.registryChanged = [&changes] { ++changes; }, .powerChanged = [] {}});
   FakeMac::get().notifyRegistration(0, 1);

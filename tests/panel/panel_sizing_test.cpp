@@ -64,8 +64,8 @@ TEST_F(PanelSizingTest, FollowsFromBoth) {
   measure(Channel::list, cards, 300);
   EXPECT_EQ(sizing->windowTotalHeight(), 432);
   EXPECT_EQ(sizing->listAreaHeight(), 300);
-  EXPECT_EQ(sizing->greatestSuggestionsHeight(), 240);
-  EXPECT_EQ(sizing->greatestListAreaHeight(), 1228);
+  EXPECT_EQ(sizing->maxSuggestionsHeight(), 240);
+  EXPECT_EQ(sizing->maxListAreaHeight(), 1228);
 }
 
 TEST_F(PanelSizingTest, GivesTheListWhatIsLeftOfAWindowWhoseHeightIsGiven) {
@@ -75,7 +75,7 @@ TEST_F(PanelSizingTest, GivesTheListWhatIsLeftOfAWindowWhoseHeightIsGiven) {
   EXPECT_EQ(changes.count(), 3);
   EXPECT_EQ(sizing->windowTotalHeight(), 502);
   EXPECT_EQ(sizing->listAreaHeight(), 198);
-  EXPECT_EQ(sizing->greatestSuggestionsHeight(), 138);
+  EXPECT_EQ(sizing->maxSuggestionsHeight(), 138);
   sizing->setGivenHeight(300);
   EXPECT_EQ(changes.count(), 3);
   sizing->setGivenHeight(std::nullopt);
@@ -147,7 +147,7 @@ TEST_F(PanelSizingTest, FitsTheScreenAtOnce) {
   const int before = changes.count();
   sizing->setScreenHeight(800);
   EXPECT_EQ(sizing->windowTotalHeight(), 760);
-  EXPECT_EQ(sizing->greatestListAreaHeight(), 628);
+  EXPECT_EQ(sizing->maxListAreaHeight(), 628);
   EXPECT_EQ(changes.count(), before + 1);
   sizing->setScreenHeight(800);
   EXPECT_EQ(changes.count(), before + 1);

@@ -153,7 +153,7 @@ TEST_F(MacOfAnyRelease, KeepsTheEmptySectionWhereTheNewerOneGivesNothing) {
 
 TEST_F(MacOfAnyRelease, HandsOnANewerSectionThatIsTooLargeSoThatItIsSaid) {
   std::string tooLarge = R"({"SPUSBHostDataType": [{}]})";
-  tooLarge.resize(longestReport + 1, ' ');
+  tooLarge.resize(maxReportBytes + 1, ' ');
   machine->answer(Question::usb, emptyReport);
   machine->answer(Question::newerUsb, tooLarge);
   EXPECT_EQ(usbReport().size(), tooLarge.size());

@@ -195,7 +195,7 @@ TEST(MountedMedia, AreNoneWithoutMediaOrMounts) {
 
 TEST(MountedMedia, AreFoundInTheDeepestDumpThatDecodes) {
   std::string dump = medium("disk4");
-  for (int depth = 0; depth < PropertyList::deepestNesting / 2 - 2; ++depth) {
+  for (int depth = 0; depth < PropertyList::maxNesting / 2 - 2; ++depth) {
     dump = device(std::to_string(depth), dump);
   }
   EXPECT_EQ(joined(dump, {{"/dev/disk4", "/a"}}), "0 | a | /a\n");

@@ -457,7 +457,7 @@ int lengthOfChain(const SharedList<USBDevice>& devices) {
 }
 
 TEST(UsbHostReport, OfTheDeepestReportThatDecodesCanBeDecodedAgain) {
-  for (int length = 1; length < deepestReportNesting / 2; length += length < 240 ? 20 : 1) {
+  for (int length = 1; length < maxReportNesting / 2; length += length < 240 ? 20 : 1) {
     SCOPED_TRACE(length);
     const auto deep = decodeReport(chain(length));
     if (!deep) {

@@ -1,7 +1,6 @@
 #!/usr/bin/env python3
-"""Traces the system calls of the programs and checks what the page on privacy promises: nobody has to
-be root, no address of the network is opened, and no file is written or changed but those that are
-named here.
+"""Traces the system calls of the programs and checks the promises of docs/privacy.md: nobody has to be
+root, no network address is opened, and no file is written or changed except those listed here.
 
 usage: check_privileges.py BUILD_FOLDER      of the preset 'bench'
 """
@@ -34,7 +33,7 @@ def paths_in(arguments):
 
 
 def faults_in(trace, allowed):
-    """What the trace has that nobody expects, a line each. `allowed` are patterns of paths."""
+    """The unexpected calls in the trace, one per line. `allowed` are patterns of paths."""
     faults = []
     for line in trace.splitlines():
         call = re.match(r"(?:\d+ +)?(\w+)\((.*)\) += (-?\d+)", line)
@@ -60,8 +59,8 @@ def faults_in(trace, allowed):
 
 
 def trace_of(command, environment, work, until_shown=False):
-    """Runs the command as nobody, in a folder of its own, and returns its system calls. Sends SIGTERM
-    to a program that shows a window, some seconds later."""
+    """Runs the command as the user nobody, in a separate folder, and returns its system calls. Sends
+    SIGTERM to a program that shows a window after some seconds."""
     trace = work / "trace"
     drop = ["--user=nobody"] if os.geteuid() == 0 else []
     process = subprocess.Popen(
@@ -101,7 +100,7 @@ def check(name, faults):
 
 
 def is_checker_awake(work, environment):
-    """The checker itself would notice a connection and a file."""
+    """Checks that the checker itself would detect a connection and a file."""
     connect = "import socket; s = socket.socket(); s.connect_ex(('127.0.0.1', 9))"
     write = "open('stray', 'w')"
     return all(faults_in(trace_of(["python3", "-S", "-c", code], environment, work), [])

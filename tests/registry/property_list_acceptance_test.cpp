@@ -187,12 +187,12 @@ std::string nestedDictionaries(int depth) {
 }
 
 TEST(PropertyList, AcceptsTheDeepestNesting) {
-  EXPECT_TRUE(decodes(propertyList(nestedArrays(PropertyList::deepestNesting))));
-  EXPECT_TRUE(decodes(propertyList(nestedDictionaries(PropertyList::deepestNesting))));
+  EXPECT_TRUE(decodes(propertyList(nestedArrays(PropertyList::maxNesting))));
+  EXPECT_TRUE(decodes(propertyList(nestedDictionaries(PropertyList::maxNesting))));
 }
 
 TEST(PropertyList, RefusesDeeperNesting) {
-  for (const int depth : {PropertyList::deepestNesting + 1, 100'000}) {
+  for (const int depth : {PropertyList::maxNesting + 1, 100'000}) {
     SCOPED_TRACE(depth);
     EXPECT_FALSE(decodes(propertyList(nestedArrays(depth))));
     EXPECT_FALSE(decodes(propertyList(nestedDictionaries(depth))));
@@ -209,14 +209,14 @@ TEST(PropertyListAcceptance, RefusesMoreTagsThanAnyRegistryHas) {
   const auto listOfTags = [](int count) {
     return "<plist><array>" + repeated("<true/>", count - around) + "</array></plist>";
   };
-  constexpr auto most = static_cast<int>(PropertyList::mostTags);
+  constexpr auto most = static_cast<int>(PropertyList::maxTags);
   EXPECT_TRUE(decodes(listOfTags(most)));
   EXPECT_FALSE(decodes(listOfTags(most + 1)));
 }
 
 TEST(PropertyListAcceptance, RefusesALongerListThanAnyRegistryGives) {
   std::string list = "<plist><true/></plist>";
-  list.resize(PropertyList::longestList, ' ');
+  list.resize(PropertyList::maxListBytes, ' ');
   EXPECT_TRUE(decodes(list));
   EXPECT_FALSE(decodes(list + " "));
 }

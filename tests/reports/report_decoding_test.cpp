@@ -83,11 +83,11 @@ TEST(ReportDecoding, ANulByteIsNotTheEndOfAReport) {
 }
 
 TEST(ReportDecoding, AcceptsTheDeepestNesting) {
-  EXPECT_TRUE(decodeReport(nestedReport(deepestReportNesting)));
+  EXPECT_TRUE(decodeReport(nestedReport(maxReportNesting)));
 }
 
 TEST(ReportDecoding, RefusesDeeperNesting) {
-  EXPECT_FALSE(decodeReport(nestedReport(deepestReportNesting + 1)));
+  EXPECT_FALSE(decodeReport(nestedReport(maxReportNesting + 1)));
   EXPECT_FALSE(decodeReport(nestedReport(100'000)));
 }
 
@@ -110,22 +110,22 @@ std::string reportOf(const std::string& entry, std::size_t count) {
 }
 
 TEST(ReportDecoding, RefusesMoreObjectsThanAnyMachineHas) {
-  EXPECT_TRUE(decodeReport(reportOf("{}", mostReportObjects - 1))) << "and the one around them";
-  EXPECT_FALSE(decodeReport(reportOf("{}", mostReportObjects)));
-  EXPECT_FALSE(decodeReport(reportOf(R"({"_items":[{}]})", mostReportObjects / 2)));
-  EXPECT_TRUE(decodeReport(reportOf(R"({"_items":["{}{}{}"]})", mostReportObjects / 2)));
+  EXPECT_TRUE(decodeReport(reportOf("{}", maxReportObjects - 1))) << "and the one around them";
+  EXPECT_FALSE(decodeReport(reportOf("{}", maxReportObjects)));
+  EXPECT_FALSE(decodeReport(reportOf(R"({"_items":[{}]})", maxReportObjects / 2)));
+  EXPECT_TRUE(decodeReport(reportOf(R"({"_items":["{}{}{}"]})", maxReportObjects / 2)));
 }
 
 TEST(ReportDecoding, RefusesMoreValuesThanAnyMachineHas) {
-  EXPECT_TRUE(decodeReport(reportOf("1", mostReportValues - 2)));
+  EXPECT_TRUE(decodeReport(reportOf("1", maxReportValues - 2)));
   for (const char* value : {"1", "[]", R"("a")"}) {
     SCOPED_TRACE(value);
-    EXPECT_FALSE(decodeReport(reportOf(value, mostReportValues)));
+    EXPECT_FALSE(decodeReport(reportOf(value, maxReportValues)));
   }
 }
 
 TEST(ReportDecoding, RefusesALongerReportThanAnyMachineGives) {
-  std::string bytes = "{}" + std::string(longestReport - 2, ' ');
+  std::string bytes = "{}" + std::string(maxReportBytes - 2, ' ');
   EXPECT_TRUE(decodeReport(bytes));
   bytes += ' ';
   EXPECT_FALSE(decodeReport(bytes));
@@ -133,8 +133,8 @@ TEST(ReportDecoding, RefusesALongerReportThanAnyMachineGives) {
 }
 
 TEST(ReportDecoding, DistinguishesTooLargeReportsFromInvalidOnes) {
-  EXPECT_TRUE(isTooLargeReport(reportOf("{}", mostReportObjects)));
-  EXPECT_TRUE(isTooLargeReport(nestedReport(deepestReportNesting + 1)));
+  EXPECT_TRUE(isTooLargeReport(reportOf("{}", maxReportObjects)));
+  EXPECT_TRUE(isTooLargeReport(nestedReport(maxReportNesting + 1)));
   EXPECT_FALSE(isTooLargeReport(""));
   EXPECT_FALSE(isTooLargeReport("no report {"));
 }

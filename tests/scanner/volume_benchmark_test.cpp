@@ -51,7 +51,7 @@ TEST_F(VolumeBenchmark, SaysWhyItFailedAndLeavesNoFile) {
        [](FakeVolumeFiles& f) { f.createFailure = Create::notPermitted; },
        {"/V: Writing…", "/V: failed: No permission to write to this volume"}},
       {"full meanwhile",
-       [](FakeVolumeFiles& f) { f.writeFailures[2] = VolumeFile::noRoomLeft; },
+       [](FakeVolumeFiles& f) { f.writeFailures[2] = VolumeFile::noSpaceLeft; },
        {"/V: Writing…", "/V: failed: Not enough free space"}},
       {"served from memory",
        [](FakeVolumeFiles& f) { f.hasReadMedium = false; },

@@ -163,7 +163,7 @@ TEST_F(BenchmarkTest, ReportsTheReasonOfAFailure) {
       {"create without room", [](FakeVolumeFiles& f) { f.createFailure = Create::noRoom; },
        BenchmarkError::noSpace, true},
       {"write to a full volume",
-       [](FakeVolumeFiles& f) { f.writeFailures[2] = VolumeFile::noRoomLeft; },
+       [](FakeVolumeFiles& f) { f.writeFailures[2] = VolumeFile::noSpaceLeft; },
        BenchmarkError::noSpace, true},
       {"memory in the way", [](FakeVolumeFiles& f) { f.canReadMedium = false; },
        BenchmarkError::notMeasurable, true},

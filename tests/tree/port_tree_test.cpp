@@ -365,7 +365,7 @@ TEST(PortTree, ShowsADocksChainBeforeItsBuses) {
 TEST(DockNames, AreRecognisedByAWordInAnyLetterCase) {
   const struct {
     const char* name;
-    bool bringsBuses;
+    bool isDock;
   } rows[] = {
       {"Harbour Dock", true},    {"HARBOUR DOCK", true},
       {"Docking Bay", true},     {"Element Hub", true},
@@ -381,8 +381,8 @@ TEST(DockNames, AreRecognisedByAWordInAnyLetterCase) {
         buildTBDeviceNodes({thunderboltDevice(row.name)}, buses, usedBusIDs);
 
     ASSERT_EQ(nodes.size(), 1U);
-    EXPECT_EQ(nodes[0].hasChildren(), row.bringsBuses);
-    EXPECT_EQ(usedBusIDs.contains(buses[0].id), row.bringsBuses);
+    EXPECT_EQ(nodes[0].hasChildren(), row.isDock);
+    EXPECT_EQ(usedBusIDs.contains(buses[0].id), row.isDock);
   }
 }
 

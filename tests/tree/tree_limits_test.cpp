@@ -37,10 +37,10 @@ TEST(TreeLimits, CountNodesOfEveryKind) {
   const USBDevice hub = usbDevice("Hub", repeated(usbDevice("Keys"), 9));
   EXPECT_FALSE(exceedsWithUSB({addOnBus("", repeated(hub, 6'553))}));
   EXPECT_TRUE(exceedsWithUSB({addOnBus("", repeated(hub, 6'554))}));
-  EXPECT_FALSE(exceedsWithUSB(repeated(addOnBus("", {}), mostTreeNodes)));
-  EXPECT_TRUE(exceedsWithUSB(repeated(addOnBus("", {}), mostTreeNodes + 1)));
-  EXPECT_FALSE(exceedsWithThunderbolt(repeated(ThunderboltDevice{}, mostTreeNodes - 1)));
-  EXPECT_TRUE(exceedsWithThunderbolt(repeated(ThunderboltDevice{}, mostTreeNodes)));
+  EXPECT_FALSE(exceedsWithUSB(repeated(addOnBus("", {}), maxTreeNodes)));
+  EXPECT_TRUE(exceedsWithUSB(repeated(addOnBus("", {}), maxTreeNodes + 1)));
+  EXPECT_FALSE(exceedsWithThunderbolt(repeated(ThunderboltDevice{}, maxTreeNodes - 1)));
+  EXPECT_TRUE(exceedsWithThunderbolt(repeated(ThunderboltDevice{}, maxTreeNodes)));
 }
 
 TEST(TreeLimits, CountTheDevicesOfAPortForEachBusOfItsNumber) {

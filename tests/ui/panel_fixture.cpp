@@ -36,8 +36,8 @@ PanelFixture::~PanelFixture() {
   EXPECT_EQ(warnings.text(), "");
 }
 
-std::shared_ptr<PortScanner> PanelFixture::scannerOver(std::shared_ptr<MachineSource> machine) {
-  return PortScanner::create({.acquisition = {.machine = std::move(machine), .queue = queue},
+std::shared_ptr<PortScanner> PanelFixture::scannerOver(std::shared_ptr<MachineSource> source) {
+  return PortScanner::create({.acquisition = {.machine = std::move(source), .queue = queue},
                               .events = events,
                               .benchmark = std::make_shared<Benchmark>(files),
                               .ejector = ejector,

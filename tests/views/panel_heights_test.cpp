@@ -48,7 +48,7 @@ TEST(PanelHeights, KeepALittleOfTheListBelowTheSuggestions) {
   } rows[] = {{432, 130, 240}, {252, 130, 60}, {250, 130, 60}, {100, 130, 60}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.total);
-    EXPECT_EQ(greatestSuggestionsHeight(row.total, row.baseline), row.suggestions);
+    EXPECT_EQ(maxSuggestionsHeight(row.total, row.baseline), row.suggestions);
   }
 }
 

@@ -24,7 +24,7 @@ std::string render(const PortScanner& scanner, const InspectOptions& options,
   return panelText(describePanel(panelInputs(scanner)), style.useColors, style.columns);
 }
 
-std::string timeLine(const TextStyle& style) {
+std::string timeHeading(const TextStyle& style) {
   const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
   const TextLine line = {{"──── " + time.toStdString() + " ────", Color::Grey}};
   return renderTextTrees({{{line}, {}}}, style.useColors);

@@ -16,7 +16,7 @@ std::string render(const PortScanner& scanner, const InspectOptions& options,
 
 /// The line with the local time above a text while watching: blank lines alone would not show where
 /// a text ends.
-std::string timeLine(const TextStyle& style);
+std::string timeHeading(const TextStyle& style);
 
 /// Writes the text to standard output. Returns false if that fails, after reporting it on standard
 /// error.

@@ -18,11 +18,11 @@ ScanWatch::ScanWatch(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQ
 /// a reader of the first result misses no change.
 void ScanWatch::handleScanState() {
   if (!scanner_->isScanning.get()) {
-    queue_->post([this] { printWhatIsNew(); });
+    queue_->post([this] { printIfChanged(); });
   }
 }
 
-void ScanWatch::printWhatIsNew() {
+void ScanWatch::printIfChanged() {
   std::string result = render(*scanner_, options_, TextStyle());
   if (result == lastResult_) {
     return;
@@ -37,7 +37,7 @@ void ScanWatch::printWhatIsNew() {
 /// Ends with a blank line, which separates it from the next one's time.
 std::string ScanWatch::textWithTime() const {
   const TextStyle style = styleOfStandardOutput();
-  return timeLine(style) + render(*scanner_, options_, style) + "\n";
+  return timeHeading(style) + render(*scanner_, options_, style) + "\n";
 }
 
 } // namespace tamberline

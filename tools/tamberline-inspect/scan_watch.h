@@ -18,7 +18,7 @@ public:
 
 private:
   void handleScanState();
-  void printWhatIsNew();
+  void printIfChanged();
   std::string textWithTime() const;
 
   std::shared_ptr<PortScanner> scanner_;

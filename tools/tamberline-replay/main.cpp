@@ -31,7 +31,7 @@ using namespace tamberline;
 constexpr int exitUsage = 2;
 
 void applyLook(const ReplayOptions& options) {
-  useOwnLookWithoutDesktop();
+  applyDefaultLookWithoutDesktop();
   if (options.theme) {
     QApplication::setPalette(options.theme == ReplayTheme::dark ? darkPalette() : lightPalette());
   }
@@ -66,9 +66,9 @@ PanelActions actionsWith(ManualWindow& manual) {
 int replay(const ReplayOptions& options, int& argc, char** argv) {
   if (options.screenshot) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    leaveOutDesktopNotices();
+    suppressDesktopNotices();
   }
-  leaveOutEncodingNotice();
+  suppressEncodingNotice();
   chooseGraphics();
   auto guard = std::make_optional<DisplayGuard>(QStringLiteral("tamberline-replay"));
   QApplication application(argc, argv);
@@ -86,7 +86,7 @@ int replay(const ReplayOptions& options, int& argc, char** argv) {
                     .queue = queue,
                     .fontScale = options.fontScale,
                     .actions = actionsWith(manual)},
-                   {.places = windowPlacesHere(), .isBoundByScreen = !options.screenshot});
+                   {.places = makeWindowPlaces(), .isBoundByScreen = !options.screenshot});
   const auto shown = showPanel(&shell, scanner, queue, options);
   return QApplication::exec();
 }

@@ -33,8 +33,8 @@ Exit status: 0, 1 when the picture could not be written, 2 for wrong arguments.
 
 namespace {
 
-constexpr double leastFontScale = 0.5;
-constexpr double greatestFontScale = 4;
+constexpr double minFontScale = 0.5;
+constexpr double maxFontScale = 4;
 
 ReplayTheme themeNamed(const std::string& name) {
   if (name != "light" && name != "dark") {
@@ -57,7 +57,7 @@ double fontScaleOf(const std::string& text) {
   double scale = 0;
   number >> std::noskipws >> scale;
   const bool isNumber = !number.fail() && number.peek() == std::istringstream::traits_type::eof();
-  const bool isInRange = scale >= leastFontScale && scale <= greatestFontScale;
+  const bool isInRange = scale >= minFontScale && scale <= maxFontScale;
   if (!isNumber || !isInRange) {
     throw WrongArgument("the font scale is a number from 0.5 to 4, not '" + text + "'");
   }

@@ -16,14 +16,14 @@ namespace {
 
 constexpr std::chrono::milliseconds moment{20};
 /// The chevrons turn for 150 ms, and the window follows its content in a few steps.
-constexpr int momentsOfRest = 12;
-constexpr int mostMoments = 500;
+constexpr int minStableFrames = 12;
+constexpr int maxFrames = 500;
 
 /// Waits until the size of the window has not changed for a while.
-QCoro::Task<> untilItStandsStill(PanelWindow* window, std::shared_ptr<MainQueue> queue) {
+QCoro::Task<> waitForStableSize(PanelWindow* window, std::shared_ptr<MainQueue> queue) {
   QSize size = window->size();
   int rest = 0;
-  for (int moments = 0; rest < momentsOfRest && moments < mostMoments; ++moments) {
+  for (int moments = 0; rest < minStableFrames && moments < maxFrames; ++moments) {
     Delay wait(queue, moment);
     co_await wait;
     rest = window->size() == size ? rest + 1 : 0;
@@ -80,7 +80,7 @@ QCoro::Task<> showPanel(PanelShell* shell, std::shared_ptr<PortScanner> scanner,
   if (!options.screenshot) {
     co_return;
   }
-  auto still = untilItStandsStill(shell->window(), queue);
+  auto still = waitForStableSize(shell->window(), queue);
   co_await still;
   QGuiApplication::exit(savePicture(*shell->window(), options));
 }

@@ -26,9 +26,9 @@ using namespace tamberline;
 
 constexpr int exitUsage = 2;
 
-TamberlineApp::Desktop desktopHere() {
-  const std::shared_ptr<WindowPlaces> places = windowPlacesHere();
-  return {.tray = trayHere(places), .places = places};
+TamberlineApp::Desktop makeDesktop() {
+  const std::shared_ptr<WindowPlaces> places = makeWindowPlaces();
+  return {.tray = makeDesktopTray(places), .places = places};
 }
 
 int run(bool isInBackground) {
@@ -47,11 +47,11 @@ int run(bool isInBackground) {
     return EXIT_SUCCESS;
   }
   AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
-  useOwnLookWithoutDesktop();
+  applyDefaultLookWithoutDesktop();
   warnWithoutSymbols("tamberline");
   const MainQueueScope scope(becomeUserInitiatedTask);
-  app = std::make_unique<TamberlineApp>(thisMachine(scope.queue()), scope.queue(), desktopHere());
-  app->start(isInBackground || !opensPanelAtStart() ? TamberlineApp::StartedBy::session
+  app = std::make_unique<TamberlineApp>(thisMachine(scope.queue()), scope.queue(), makeDesktop());
+  app->start(isInBackground || !opensPanelOnStart() ? TamberlineApp::StartedBy::session
                                                     : TamberlineApp::StartedBy::person);
   const int status = QApplication::exec();
   app.reset(); // waits for tests of volumes; ending the queue does not
@@ -69,7 +69,7 @@ int main(int argc, char** argv) {
   }
   const bool isInBackground = takeStartInBackground();
   chooseGraphics();
-  leaveOutEncodingNotice();
+  suppressEncodingNotice();
   auto guard = std::make_optional<DisplayGuard>(QStringLiteral("tamberline"));
   const QApplication application(argc, argv);
   guard.reset();

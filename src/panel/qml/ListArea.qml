@@ -14,7 +14,7 @@ Item {
     PanelList {
         id: list
 
-        height: Math.max(area.height, Sizing.greatestListAreaHeight)
+        height: Math.max(area.height, Sizing.maxListAreaHeight)
         visible: Panel.state === Views.Cards
         visibleHeight: area.height
         width: parent.width

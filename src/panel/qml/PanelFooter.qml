@@ -9,7 +9,7 @@ Item {
     LineLayout {
         id: line
 
-        leastElasticWidth: Theme.leastNameWidth
+        minElasticWidth: Theme.minNameWidth
         spacing: 8
         width: parent.width - x - 14
         x: 8

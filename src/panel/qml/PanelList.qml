@@ -11,9 +11,9 @@ ListView {
 
     required property real visibleHeight
     // Margins: header and footer items of a list make it start over when they move.
-    readonly property real spaceAbove: 12
+    readonly property real roomAbove: 12
     readonly property real spaceBelow: 2
-    readonly property real fullHeight: spaceAbove + contentHeight + spaceBelow
+    readonly property real fullHeight: roomAbove + contentHeight + spaceBelow
 
     activeFocusOnTab: true
     bottomMargin: height - visibleHeight + spaceBelow
@@ -22,7 +22,7 @@ ListView {
     highlightFollowsCurrentItem: false // the scroll proxy knows what is seen
     keyNavigationEnabled: true
     model: Panel.rows
-    topMargin: spaceAbove
+    topMargin: roomAbove
     Accessible.name: Panel.texts.portList
     Accessible.role: Accessible.List
     Component.onCompleted: Search.scrollProxy = proxy

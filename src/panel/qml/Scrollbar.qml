@@ -19,5 +19,5 @@ Rectangle {
     radius: width / 2
     visible: list.visible && share < 1
     width: 5
-    y: (list.contentY - list.originY + list.spaceAbove) / Math.max(1, range - visibleHeight) * (visibleHeight - height)
+    y: (list.contentY - list.originY + list.roomAbove) / Math.max(1, range - visibleHeight) * (visibleHeight - height)
 }

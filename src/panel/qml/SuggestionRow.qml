@@ -47,7 +47,7 @@ FocusScope {
         y: 4
 
         LineLayout {
-            leastElasticWidth: Theme.leastNameWidth
+            minElasticWidth: Theme.minNameWidth
             spacing: 6
             width: parent.width
 

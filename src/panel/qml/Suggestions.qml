@@ -35,7 +35,7 @@ Item {
             cacheBuffer: 0
             clip: true
             currentIndex: 0
-            height: Math.min(contentHeight, Sizing.greatestSuggestionsHeight)
+            height: Math.min(contentHeight, Sizing.maxSuggestionsHeight)
             keyNavigationEnabled: true
             model: Search.suggestions
             visible: Search.hasSuggestions

@@ -18,16 +18,16 @@ bool takeStartInBackground() {
 }
 
 /// The menu bar always has the icon, and a start at login should bring nothing else.
-bool opensPanelAtStart() {
+bool opensPanelOnStart() {
   return false;
 }
 
-std::shared_ptr<WindowPlaces> windowPlacesHere() {
+std::shared_ptr<WindowPlaces> makeWindowPlaces() {
   return std::make_shared<FreeWindowPlaces>();
 }
 
 /// A menu bar that knows an icon's menu opens it on every click and leaves none for the panel.
-std::unique_ptr<Tray> trayHere(const std::shared_ptr<WindowPlaces>& /*places*/) {
+std::unique_ptr<Tray> makeDesktopTray(const std::shared_ptr<WindowPlaces>& /*places*/) {
   return std::make_unique<QtTray>(QtTray::MenuOpener::program);
 }
 

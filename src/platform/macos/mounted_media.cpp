@@ -16,8 +16,8 @@ namespace {
 
 /// The registry may write a location, 32 bits, as a negative number.
 std::int64_t unsignedLocation(std::int64_t locationID) {
-  constexpr std::int64_t twoToThe32nd = std::int64_t{1} << 32U;
-  return locationID < 0 ? locationID + twoToThe32nd : locationID;
+  constexpr std::int64_t twoToThePower32 = std::int64_t{1} << 32U;
+  return locationID < 0 ? locationID + twoToThePower32 : locationID;
 }
 
 /// The name of a volume where only its mount point tells it. File systems here keep a name's "/" as

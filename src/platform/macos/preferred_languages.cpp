@@ -8,10 +8,10 @@ namespace tamberline {
 namespace {
 
 std::string utf8Text(CFStringRef text) {
-  const CFIndex mostBytes =
+  const CFIndex maxBytesRead =
       CFStringGetMaximumSizeForEncoding(CFStringGetLength(text), kCFStringEncodingUTF8) + 1;
-  std::string bytes(static_cast<std::size_t>(mostBytes), '\0');
-  if (CFStringGetCString(text, bytes.data(), mostBytes, kCFStringEncodingUTF8) == 0) {
+  std::string bytes(static_cast<std::size_t>(maxBytesRead), '\0');
+  if (CFStringGetCString(text, bytes.data(), maxBytesRead, kCFStringEncodingUTF8) == 0) {
     return {};
   }
   bytes.resize(bytes.find('\0'));

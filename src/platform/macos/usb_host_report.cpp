@@ -25,7 +25,7 @@ using nlohmann::json;
 constexpr std::string_view digits = "0123456789";
 constexpr std::string_view digitsAndSeparators = "0123456789.,";
 constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
-constexpr std::string_view endsOfAGap =
+constexpr std::string_view gapSuffixes =
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789()";
 
 /// Takes from the start of `text` what stands before the first character that is one of `ends`.
@@ -69,7 +69,7 @@ std::vector<Measure> measuresIn(std::string_view text) {
   takeUntil(digits, text);
   while (!text.empty()) {
     const std::string_view number = takeWhile(digitsAndSeparators, text);
-    takeUntil(endsOfAGap, text);
+    takeUntil(gapSuffixes, text);
     measures.push_back({number, lowerCased(takeWhile(letters, text))});
     takeUntil(digits, text);
   }
@@ -189,12 +189,12 @@ bool isKnownToUSBBus(const std::string& driver) {
 }
 
 /// By which USBBus takes a bus for one whose devices stand on the computer's Thunderbolt ports.
-std::string asOfAPort(const std::string& driver) {
+std::string portBusName(const std::string& driver) {
   return isKnownToUSBBus(driver) ? driver : driver + ", like AppleT8132USBXHCI";
 }
 
 /// By which USBBus takes a bus for any other, which gets a card of its own.
-std::string asOfNoPort(const std::string& driver) {
+std::string portlessBusName(const std::string& driver) {
   return isKnownToUSBBus(driver) ? replacedAll(driver, "USBXHCI", "USB-XHCI") : driver;
 }
 
@@ -214,10 +214,10 @@ public:
     // Without devices there is nothing to show of the computer's own controllers.
     const bool isOfAPort = !devices.onPorts.empty() || (isOwn(driver) && devices.others.empty());
     if (isOfAPort) {
-      buses.push_back(withDevices(older, asOfAPort(driver), std::move(devices.onPorts)));
+      buses.push_back(withDevices(older, portBusName(driver), std::move(devices.onPorts)));
     }
     if (!isOfAPort || !devices.others.empty()) {
-      json bus = withDevices(older, asOfNoPort(driver), std::move(devices.others));
+      json bus = withDevices(older, portlessBusName(driver), std::move(devices.others));
       if (isOwn(driver)) {
         bus["tamberline_is_built_in"] = "TRUE"; // so that no dock has it
       }
@@ -228,7 +228,7 @@ public:
 private:
   /// The report and its buses nest three levels, each tier of devices two, and the volumes of a
   /// device four.
-  static constexpr int deepestTier = (deepestReportNesting - 3 - 4) / 2;
+  static constexpr int maxTier = (maxReportNesting - 3 - 4) / 2;
 
   struct Devices {
     json onPorts = json::array();
@@ -262,7 +262,7 @@ private:
 
   void addDevices(const json& entry, int tier, json& older) {
     const json& items = objectsMember(entry, "_items");
-    if (items.empty() || tier > deepestTier) {
+    if (items.empty() || tier > maxTier) {
       return;
     }
     json devices = json::array();

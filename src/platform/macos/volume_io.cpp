@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-const int openingToFind = O_RDONLY;
+const int pathOpenFlags = O_RDONLY;
 
 /// A device that is plugged in again may have the number of the one before; with its name and the
 /// kind of file system that is all that can be told apart.

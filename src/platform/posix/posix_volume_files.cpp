@@ -25,7 +25,7 @@ bool isUsable(const std::string& path) {
 }
 
 /// Writing to a file that has another name too would change what somebody keeps elsewhere.
-bool isFileOfItsOwn(const struct stat& status) {
+bool isUnlinkedRegularFile(const struct stat& status) {
   return S_ISREG(status.st_mode) && status.st_nlink == 1;
 }
 
@@ -40,7 +40,7 @@ bool isSameFile(const struct stat& left, const struct stat& right) {
 }
 
 /// The person's own share may be used up before the volume is.
-bool isRoomMissing(int error) {
+bool isSpaceMissing(int error) {
   return error == ENOSPC || error == EDQUOT;
 }
 
@@ -51,12 +51,12 @@ bool isReadOnly(const Descriptor& folder) {
 
 /// What the error of an attempt to make a file says of the volume.
 VolumeFolder::CreateFailure createFailure(int error, const Descriptor& folder) {
-  const bool isPermissionMissing = error == EACCES || error == EPERM;
-  if (isPermissionMissing && !isReadOnly(folder)) {
+  const bool isPermissionDenied = error == EACCES || error == EPERM;
+  if (isPermissionDenied && !isReadOnly(folder)) {
     return VolumeFolder::CreateFailure::notPermitted;
   }
-  return isRoomMissing(error) ? VolumeFolder::CreateFailure::noRoom
-                              : VolumeFolder::CreateFailure::readOnly;
+  return isSpaceMissing(error) ? VolumeFolder::CreateFailure::noRoom
+                               : VolumeFolder::CreateFailure::readOnly;
 }
 
 /// What a device below a file system that a program serves was read since a moment. A program reads
@@ -88,7 +88,7 @@ public:
   std::int64_t write(std::span<const std::byte> bytes) override {
     const std::int64_t count =
         retried([&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
-    return count < 0 && isRoomMissing(errno) ? noRoomLeft : count;
+    return count < 0 && isSpaceMissing(errno) ? noSpaceLeft : count;
   }
 
   std::int64_t read(std::span<std::byte> buffer) override {
@@ -161,7 +161,7 @@ VolumeFolder::Created PosixVolumeFolder::create(const std::string& name) {
   if (!file.isOpen()) {
     return createFailure(errno, folder_);
   }
-  madeFile_.emplace(openAt(name, openingToFind));
+  madeFile_.emplace(openAt(name, pathOpenFlags));
   return std::make_unique<PosixVolumeFile>(std::move(file));
 }
 
@@ -169,7 +169,7 @@ std::unique_ptr<VolumeFile> PosixVolumeFolder::open(const std::string& name) {
   Descriptor file = openAt(name, O_RDONLY);
   const std::optional<struct stat> status = statusOf(file);
   const std::optional<struct stat> made = madeFile_ ? statusOf(*madeFile_) : std::nullopt;
-  if (!status || !made || !isFileOfItsOwn(*status) || !isSameFile(*status, *made)) {
+  if (!status || !made || !isUnlinkedRegularFile(*status) || !isSameFile(*status, *made)) {
     return nullptr;
   }
   dropCachedPages(file.number());
@@ -183,7 +183,7 @@ std::unique_ptr<VolumeFile> PosixVolumeFolder::open(const std::string& name) {
 void PosixVolumeFolder::remove(const std::string& name) {
   struct stat status = {};
   if (fstatat(folder_.number(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-      isFileOfItsOwn(status)) {
+      isUnlinkedRegularFile(status)) {
     unlinkat(folder_.number(), name.c_str(), 0);
   }
 }
@@ -195,7 +195,7 @@ std::unique_ptr<VolumeFolder> PosixVolumeFiles::openFolder(const std::string& mo
     return nullptr;
   }
   Descriptor folder(
-      ::open(mountPoint.c_str(), openingToFind | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+      ::open(mountPoint.c_str(), pathOpenFlags | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
   return folder.isOpen() ? std::make_unique<PosixVolumeFolder>(std::move(folder), mountPoint)
                          : nullptr;
 }

@@ -9,7 +9,7 @@ LineLayout {
 
     required property volumeRow volume
 
-    leastElasticWidth: Theme.leastNameWidth
+    minElasticWidth: Theme.minNameWidth
     lineSpacing: 2
     spacing: 6
 

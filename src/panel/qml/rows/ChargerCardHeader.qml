@@ -22,7 +22,7 @@ CardSegment {
         LineLayout {
             id: line
 
-            leastElasticWidth: Theme.leastTitleWidth
+            minElasticWidth: Theme.minTitleWidth
             spacing: 8
             width: parent.width
 

@@ -10,7 +10,7 @@ LineLayout {
     required property chargerRow content
 
     alignsBaselines: true
-    leastElasticWidth: Theme.leastNameWidth
+    minElasticWidth: Theme.minNameWidth
     lineSpacing: 2
     spacing: 6
 

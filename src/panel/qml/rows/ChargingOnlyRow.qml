@@ -26,7 +26,7 @@ Item {
         spacing: 2
 
         LineLayout {
-            leastElasticWidth: Theme.leastNameWidth
+            minElasticWidth: Theme.minNameWidth
             lineSpacing: 2
             spacing: 6
             width: parent.width

@@ -16,7 +16,7 @@ CardSegment {
         width: parent.width
 
         LineLayout {
-            leastElasticWidth: Theme.leastTitleWidth
+            minElasticWidth: Theme.minTitleWidth
             lineSpacing: 4
             spacing: 8
             width: parent.width

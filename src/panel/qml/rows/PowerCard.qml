@@ -24,7 +24,7 @@ Rectangle {
         y: 12
 
         LineLayout {
-            leastElasticWidth: Theme.leastNameWidth
+            minElasticWidth: Theme.minNameWidth
             lineSpacing: 2
             spacing: 8
             width: parent.width

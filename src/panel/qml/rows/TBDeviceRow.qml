@@ -14,7 +14,7 @@ Stack {
     spacing: 4
 
     LineLayout {
-        leastElasticWidth: Theme.leastNameWidth
+        minElasticWidth: Theme.minNameWidth
         lineSpacing: 2
         spacing: 6
         width: parent.width

@@ -11,7 +11,7 @@ LineLayout {
     required property bool canExpand
     required property bool isExpanded
 
-    leastElasticWidth: Theme.leastNameWidth
+    minElasticWidth: Theme.minNameWidth
     spacing: 6
 
     Symbol {

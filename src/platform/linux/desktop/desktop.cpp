@@ -14,7 +14,7 @@ namespace {
 constexpr const char* backgroundVariable = "TAMBERLINE_START_IN_BACKGROUND";
 
 /// A Wayland desktop that keeps the places of windows to itself.
-class UntoldWindowPlaces final : public WindowPlaces {
+class CompositorWindowPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::desktop; }
   std::unique_ptr<CornerHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
@@ -42,19 +42,19 @@ bool takeStartInBackground() {
 }
 
 /// The session's own entry says so when it wants the icon only.
-bool opensPanelAtStart() {
+bool opensPanelOnStart() {
   return true;
 }
 
-std::shared_ptr<WindowPlaces> windowPlacesHere() {
+std::shared_ptr<WindowPlaces> makeWindowPlaces() {
   if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
     return std::make_shared<FreeWindowPlaces>();
   }
   std::shared_ptr<WindowPlaces> places = layerShellPlaces();
-  return places ? places : std::make_shared<UntoldWindowPlaces>();
+  return places ? places : std::make_shared<CompositorWindowPlaces>();
 }
 
-std::unique_ptr<Tray> trayHere(const std::shared_ptr<WindowPlaces>& places) {
+std::unique_ptr<Tray> makeDesktopTray(const std::shared_ptr<WindowPlaces>& places) {
   return std::make_unique<LinuxTray>(places);
 }
 

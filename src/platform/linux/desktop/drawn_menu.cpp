@@ -23,12 +23,12 @@ void DrawnMenu::open(std::optional<QPoint> place) {
     return;
   }
   if (places_.decider() == WindowPlaces::Decider::corner) {
-    holdBesideTray(place);
+    anchorBesideTray(place);
   }
   menu_.popup(place.value_or(QCursor::pos()));
 }
 
-void DrawnMenu::holdBesideTray(std::optional<QPoint> place) {
+void DrawnMenu::anchorBesideTray(std::optional<QPoint> place) {
   menu_.winId(); // so that there is a window to hold
   QWindow* const window = menu_.windowHandle();
   if (window != nullptr) {

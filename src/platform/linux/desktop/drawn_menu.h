@@ -24,7 +24,7 @@ public:
   QMenu& menu() { return menu_; }
 
 private:
-  void holdBesideTray(std::optional<QPoint> place);
+  void anchorBesideTray(std::optional<QPoint> place);
 
   WindowPlaces& places_;
   MenuEntries entries_;

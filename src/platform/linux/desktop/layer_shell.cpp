@@ -53,7 +53,7 @@ protected:
   void resizeEvent(QResizeEvent* event) override {
     QRasterWindow::resizeEvent(event);
     if (height() > 1) { // the desktop has given the window its size
-      events_.freeHeightTold(height());
+      events_.freeHeightReported(height());
     }
   }
   void mousePressEvent(QMouseEvent* /*event*/) override {

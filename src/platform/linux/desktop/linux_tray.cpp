@@ -17,7 +17,7 @@ bool isX11() {
 
 LinuxTray::LinuxTray(std::shared_ptr<WindowPlaces> places)
     : places_(std::move(places)),
-      notifier_({.availabilityChanged = [this] { useTheOneThatIsThere(); },
+      notifier_({.availabilityChanged = [this] { useAvailableTray(); },
                  .menuWanted = [this](std::optional<QPoint> place) { openMenu(place); }}) {}
 
 void LinuxTray::show(Look look, Events events) {
@@ -26,7 +26,7 @@ void LinuxTray::show(Look look, Events events) {
   menu_.emplace(*places_, MenuEntries{{look_.openText, [this] { events_.openChosen({}); }},
                                       {look_.quitText, [this] { events_.quitChosen(); }}});
   notifier_.show(look_, events_);
-  useTheOneThatIsThere();
+  useAvailableTray();
 }
 
 /// Qt's tray looks for the one on the bus when it is first asked, waits for the answer, and keeps
@@ -49,7 +49,7 @@ void LinuxTray::redraw() {
   }
 }
 
-void LinuxTray::useTheOneThatIsThere() {
+void LinuxTray::useAvailableTray() {
   if (!menu_ || notifier_.isUndecided()) {
     return; // not shown yet, or not known yet
   }

@@ -23,7 +23,7 @@ public:
   void redraw() override;
 
 private:
-  void useTheOneThatIsThere();
+  void useAvailableTray();
   void openMenu(std::optional<QPoint> place);
 
   std::shared_ptr<WindowPlaces> places_;

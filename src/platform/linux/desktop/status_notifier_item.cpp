@@ -10,7 +10,7 @@ namespace tamberline {
 namespace {
 
 /// Tokens of real desktops are far shorter; anybody on the bus can send one.
-constexpr qsizetype longestToken = 1024;
+constexpr qsizetype maxTokenBytes = 1024;
 
 /// Hosts that know no place send zeros.
 std::optional<QPoint> place(int x, int y) {
@@ -62,7 +62,7 @@ void StatusNotifierItem::ContextMenu(int x, int y) const {
 /// keyboard; Qt looks for it there.
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): the bus calls it
 void StatusNotifierItem::ProvideXdgActivationToken(const QString& token) const {
-  if (token.size() <= longestToken &&
+  if (token.size() <= maxTokenBytes &&
       QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
     qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
   }

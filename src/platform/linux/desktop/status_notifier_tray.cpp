@@ -24,7 +24,7 @@ constexpr QLatin1String itemPath("/StatusNotifierItem");
 constexpr QLatin1String menuPath("/TrayMenu");
 
 /// The program waits for the bus only when it starts, to know what kind of window to open.
-constexpr std::chrono::milliseconds patienceAtStart{500};
+constexpr std::chrono::milliseconds startTimeout{500};
 
 QDBusMessage callOfWatcher(const QString& interface, const QString& method) {
   QDBusMessage call =
@@ -41,7 +41,7 @@ QDBusMessage hostQuestion() {
   return question;
 }
 
-bool tellsOfHost(const QDBusMessage& answer) {
+bool reportsHost(const QDBusMessage& answer) {
   return answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty() &&
          answer.arguments().constFirst().value<QDBusVariant>().variant().toBool();
 }
@@ -86,8 +86,8 @@ StatusNotifierTray::StatusNotifierTray(Hooks hooks)
   }
   followWatcher();
   const QDBusMessage answer =
-      bus_.call(hostQuestion(), QDBus::Block, static_cast<int>(patienceAtStart.count()));
-  isAvailable_ = tellsOfHost(answer);
+      bus_.call(hostQuestion(), QDBus::Block, static_cast<int>(startTimeout.count()));
+  isAvailable_ = reportsHost(answer);
   const auto noReply = QDBusError::errorString(QDBusError::NoReply);
   isUndecided_ = answer.errorName() == noReply;
   if (isUndecided_) {
@@ -117,7 +117,7 @@ void StatusNotifierTray::redraw() {
 void StatusNotifierTray::askForHost() {
   auto* const answer = new QDBusPendingCallWatcher(bus_.asyncCall(hostQuestion()), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-    setAvailable(tellsOfHost(answer->reply()));
+    setAvailable(reportsHost(answer->reply()));
     answer->deleteLater();
   });
 }

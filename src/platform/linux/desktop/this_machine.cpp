@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-ScannerOutside thisMachine(std::shared_ptr<MainQueue> queue) {
+ScannerServices thisMachine(std::shared_ptr<MainQueue> queue) {
   const auto volumes = std::make_shared<PosixVolumeFiles>();
   return {.acquisition = {.machine = sourceOfThisMachine(), .queue = std::move(queue)},
           .events = eventsOfThisMachine(),

@@ -77,15 +77,15 @@ std::string fileSystemId(int folder) {
 
 } // namespace
 
-const int openingToFind = O_PATH;
+const int pathOpenFlags = O_PATH;
 
 /// The number of a mount is given to another one when it is gone, and so is that of a device; that
 /// of a disk is not, and neither is that of a file system that makes it of its own UUID.
 VolumeIdentity identityOf(int folder, const std::string& /*mountPoint*/) {
   const struct statx status = statusOf(folder);
-  const bool isToldOfRoots = (status.stx_attributes_mask & STATX_ATTR_MOUNT_ROOT) != 0;
+  const bool reportsMountRoots = (status.stx_attributes_mask & STATX_ATTR_MOUNT_ROOT) != 0;
   const bool isRoot = (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
-  if (status.stx_mask == 0 || (isToldOfRoots && !isRoot)) {
+  if (status.stx_mask == 0 || (reportsMountRoots && !isRoot)) {
     return {};
   }
   return {.text = "mount " + std::to_string(status.stx_mnt_id) + " device " +

@@ -23,7 +23,7 @@ MountTableWatch::MountTableWatch(std::filesystem::path table, std::function<void
 
 std::string MountTableWatch::mountedDevices() const {
   std::string devices;
-  const std::string table = sysfs::readBytes(table_, sysfs::mostMountTableBytes);
+  const std::string table = sysfs::readBytes(table_, sysfs::maxMountTableBytes);
   for (const sysfs::MountedFileSystem& mount : sysfs::mountedFileSystemsIn(table)) {
     if (mount.source.starts_with("/dev/") && !mount.source.starts_with("/dev/loop")) {
       devices += mount.deviceNumber + " " + mount.mountPoint + "\n";

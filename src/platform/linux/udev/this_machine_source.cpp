@@ -8,7 +8,7 @@ namespace tamberline {
 
 std::shared_ptr<MachineSource> sourceOfThisMachine() {
   return std::make_shared<LinuxMachine>(
-      [names = udevHardwareNames(), texts = std::make_shared<sysfs::UsbTextKeeper>()] {
+      [names = udevHardwareNames(), texts = std::make_shared<sysfs::UsbStringCache>()] {
         return sysfs::readMachine(MachinePaths(), names, *texts);
       });
 }

@@ -62,8 +62,8 @@ void UdevEventSource::start(PortEvents events) {
   timer_ = std::make_unique<QTimer>();
   timer_->setSingleShot(true);
   timer_->setTimerType(Qt::PreciseTimer);
-  registryPacer_ = std::make_unique<EventPacer>(
-      events_.registryChanged, EventPacer::Clock::now,
+  registryPacer_ = std::make_unique<EventThrottle>(
+      events_.registryChanged, EventThrottle::Clock::now,
       [this](std::chrono::milliseconds delay, std::function<void()> call) {
         timer_->callOnTimeout(timer_.get(), std::move(call), Qt::SingleShotConnection);
         timer_->start(delay);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/sysfs/read/machine_reader.h"
-#include "platform/linux/udev/event_pacer.h"
+#include "platform/linux/udev/event_throttle.h"
 #include "platform/linux/udev/mount_table_watch.h"
 #include "platform/linux/udev/udev_reference.h"
 #include "scanner/port_event_source.h"
@@ -41,7 +41,7 @@ private:
   UdevReference<udev_monitor> monitor_;
   std::unique_ptr<QSocketNotifier> notifier_;
   std::unique_ptr<QTimer> timer_;
-  std::unique_ptr<EventPacer> registryPacer_;
+  std::unique_ptr<EventThrottle> registryPacer_;
   std::unique_ptr<MountTableWatch> mountTableWatch_;
 };
 

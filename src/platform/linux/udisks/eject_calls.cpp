@@ -27,7 +27,7 @@ public:
     return found;
   }
 
-  bool areOfOneDrive(const std::vector<const BlockDevice*>& blocks) const {
+  bool areOnOneDrive(const std::vector<const BlockDevice*>& blocks) const {
     return std::all_of(blocks.begin(), blocks.end(), [&](const BlockDevice* block) {
       return drivePathOf(*block) == drivePathOf(*blocks.front());
     });
@@ -136,8 +136,8 @@ std::optional<DiskCall> callToRelease(const Drive& drive, bool isSiblingInUse) {
   return std::nullopt;
 }
 
-EjectPlan planToEjectDrive(const Drive& drive, const BlockDevice& askedBlock,
-                           const DiskTopology& topology) {
+EjectPlan makeDriveEjectPlan(const Drive& drive, const BlockDevice& askedBlock,
+                             const DiskTopology& topology) {
   std::vector<const BlockDevice*> blocks = topology.blocksOf(drive);
   if (holdsRunningSystem(blocks)) {
     return {.refusal = EjectRefusal::runningSystem};
@@ -157,13 +157,13 @@ EjectPlan planToEjectDrive(const Drive& drive, const BlockDevice& askedBlock,
 
 } // namespace
 
-EjectPlan planToEject(const DiskObjects& objects, const EjectRequest& request) {
+EjectPlan makeEjectPlan(const DiskObjects& objects, const EjectRequest& request) {
   const DiskTopology topology(objects);
   const std::vector<const BlockDevice*> blocks = topology.blocksWith(request);
   if (blocks.empty()) {
     return {.refusal = EjectRefusal::volumeChanged};
   }
-  if (!topology.areOfOneDrive(blocks)) {
+  if (!topology.areOnOneDrive(blocks)) {
     return {.refusal = EjectRefusal::severalDrives};
   }
   const BlockDevice& askedBlock = *blocks.front();
@@ -177,7 +177,7 @@ EjectPlan planToEject(const DiskObjects& objects, const EjectRequest& request) {
   if (drive == nullptr) { // it was pulled while the service told of it
     return {};
   }
-  return planToEjectDrive(*drive, askedBlock, topology);
+  return makeDriveEjectPlan(*drive, askedBlock, topology);
 }
 
 } // namespace tamberline

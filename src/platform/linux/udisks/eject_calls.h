@@ -30,6 +30,6 @@ struct EjectPlan {
 ///
 /// A device with several drives is left on while another of them is in use. A drive that also holds
 /// the running system, and a volume that more than one drive has, are left alone.
-EjectPlan planToEject(const DiskObjects& objects, const EjectRequest& request);
+EjectPlan makeEjectPlan(const DiskObjects& objects, const EjectRequest& request);
 
 } // namespace tamberline

@@ -27,14 +27,14 @@ QDBusMessage messageOf(const DiskCall& call) {
 
 /// A file system over several block devices is mounted on each of them and gone from all at once,
 /// and somebody else may have unmounted it meanwhile.
-bool isDoneAlready(const QDBusMessage& answer) {
+bool isAlreadyDone(const QDBusMessage& answer) {
   return answer.errorName() == QLatin1String("org.freedesktop.UDisks2.Error.NotMounted");
 }
 
-EjectOutcome carryOut(const std::vector<DiskCall>& calls, const SystemBus& bus) {
+EjectOutcome runDiskCalls(const std::vector<DiskCall>& calls, const SystemBus& bus) {
   for (const DiskCall& call : calls) {
     const QDBusMessage answer = bus.callForAction(messageOf(call));
-    if (isError(answer) && !isDoneAlready(answer)) {
+    if (isError(answer) && !isAlreadyDone(answer)) {
       return failed(answer.errorMessage());
     }
   }
@@ -53,11 +53,11 @@ EjectOutcome UDisksEjector::eject(const EjectRequest& request) {
     return failed(answer.errorMessage());
   }
   const std::optional<DiskObjects> objects = readDiskObjects(answer);
-  const EjectPlan plan = objects ? planToEject(*objects, request) : EjectPlan{};
+  const EjectPlan plan = objects ? makeEjectPlan(*objects, request) : EjectPlan{};
   if (plan.refusal) {
     return {.refusal = plan.refusal};
   }
-  return plan.calls.empty() ? EjectOutcome{} : carryOut(plan.calls, bus);
+  return plan.calls.empty() ? EjectOutcome{} : runDiskCalls(plan.calls, bus);
 }
 
 } // namespace tamberline

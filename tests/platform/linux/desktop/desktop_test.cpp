@@ -19,12 +19,12 @@ TEST(LinuxDesktop, TreatsEveryOtherStartAsTheUsers) {
     qputenv("TAMBERLINE_START_IN_BACKGROUND", value);
     EXPECT_FALSE(takeStartInBackground()) << value;
   }
-  EXPECT_TRUE(opensPanelAtStart());
+  EXPECT_TRUE(opensPanelOnStart());
   qunsetenv("TAMBERLINE_START_IN_BACKGROUND");
 }
 
 TEST(LinuxDesktop, LetsProgramsPositionTheirWindowsWithoutWayland) {
-  EXPECT_EQ(windowPlacesHere()->decider(), WindowPlaces::Decider::program);
+  EXPECT_EQ(makeWindowPlaces()->decider(), WindowPlaces::Decider::program);
 }
 
 } // namespace

@@ -12,7 +12,7 @@ namespace {
 
 TEST(ThisLinuxMachine, HasEverythingThatALinuxMachineHas) {
   const auto queue = std::make_shared<HandDrivenQueue>();
-  const ScannerOutside machine = thisMachine(queue);
+  const ScannerServices machine = thisMachine(queue);
   EXPECT_EQ(machine.acquisition.queue, queue);
   EXPECT_NE(std::dynamic_pointer_cast<LinuxMachine>(machine.acquisition.machine), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<UdevEventSource>(machine.events), nullptr);

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Writes the invented machines of this folder as umockdev recordings, one file for each, with the
-mount table beside it where something is mounted:  python3 make_machines.py
+"""Writes the fictional machines of this folder as umockdev recordings, one file for each, with a
+mount table beside it if something is mounted:  python3 make_machines.py
 
-The devices have what the kernel would describe them with, so that other tools can list them too."""
+The devices have all the attributes of the kernel's descriptions, so that other tools can list them too."""
 
 import pathlib
 import struct

@@ -57,11 +57,11 @@ public:
   }
 
   sysfs::Machine read() const {
-    sysfs::UsbTextKeeper texts{std::chrono::seconds(60)};
+    sysfs::UsbStringCache texts{std::chrono::seconds(60)};
     return read(texts);
   }
 
-  sysfs::Machine read(sysfs::UsbTextKeeper& texts) const {
+  sysfs::Machine read(sysfs::UsbStringCache& texts) const {
     return sysfs::readMachine(
         paths(),
         [](std::string_view vendorId, std::string_view productId) {

@@ -1,18 +1,18 @@
-"""A disk service with made-up drives, for python-dbusmock (--template).
+"""A disk service with fictional drives, for python-dbusmock (--template).
 
 Parameters:
-  drives      name -> properties that differ from a drive that can do nothing
+  drives      name -> properties that differ from those of a drive without any abilities
   blocks      name -> {"drive": name, "number": that of the device, "inside": name of the encrypted device whose content this is,
-              "mounted": [path as hexadecimal bytes, ...], "sharing": name of a block device whose
-              file system this is, too}; "mounted" makes it a file system
-  errors      "name.Method" -> [D-Bus error, text]: what the method answers
-  gatherings  method -> number: calls of it wait until there are so many of them; 0 is for ever
+              "mounted": [path as hexadecimal bytes, ...], "sharing": name of a block device with the
+              same file system}; "mounted" makes it a file system
+  errors      "name.Method" -> [D-Bus error, text]: the method's answer
+  gatherings  method -> number: its calls wait until there are this many; 0 means that they never return
 
-Like the real service it refuses to unmount what is not mounted, to lock what is not unlocked and to
-release a drive in use; what it has released is gone. It writes "ready" when it can be called.
-Of the methods of TEST_IFACE, Calls lists what was called on disks and drives, in order; MakeOdd gives
-a property a wrong value, see ODD_VALUES, or its own one back; MakeListOdd gives GetManagedObjects a
-wrong answer, see ODD_LISTS.
+Like the real service, it refuses to unmount what is not mounted, to lock what is not unlocked, and to
+release a drive in use. A released drive disappears. It prints "ready" once it can be called.
+The methods of TEST_IFACE: Calls lists the calls on disks and drives, in order; MakeOdd gives a property
+a wrong value (see ODD_VALUES) or restores it; MakeListOdd gives GetManagedObjects a wrong answer (see
+ODD_LISTS).
 """
 
 import dbus

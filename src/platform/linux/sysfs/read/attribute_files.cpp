@@ -15,21 +15,21 @@ namespace tamberline::sysfs {
 namespace {
 
 /// More than any machine has; a folder with more is read in part.
-constexpr std::size_t mostNames = 65536;
+constexpr std::size_t maxNames = 65536;
 
 } // namespace
 
-std::string readBytes(const std::filesystem::path& file, std::size_t mostBytes) {
+std::string readBytes(const std::filesystem::path& file, std::size_t maxBytesRead) {
   // Nothing waits for the other end of a pipe, and no terminal is taken over.
   const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
   if (descriptor < 0) {
     return {};
   }
   std::string content;
-  std::array<char, mostAttributeBytes> buffer{};
-  while (content.size() < mostBytes) {
+  std::array<char, maxAttributeBytes> buffer{};
+  while (content.size() < maxBytesRead) {
     const ssize_t count =
-        ::read(descriptor, buffer.data(), std::min(buffer.size(), mostBytes - content.size()));
+        ::read(descriptor, buffer.data(), std::min(buffer.size(), maxBytesRead - content.size()));
     if (count > 0) {
       content.append(buffer.data(), static_cast<std::size_t>(count));
     } else if (count == 0 || errno != EINTR) {
@@ -41,7 +41,7 @@ std::string readBytes(const std::filesystem::path& file, std::size_t mostBytes) 
 }
 
 std::optional<std::string> readText(const std::filesystem::path& file) {
-  std::string text = plainText(readBytes(file, mostAttributeBytes));
+  std::string text = plainText(readBytes(file, maxAttributeBytes));
   return text.empty() ? std::nullopt : std::optional(std::move(text));
 }
 
@@ -84,7 +84,7 @@ std::vector<std::string> namesIn(const std::filesystem::path& folder) {
   std::vector<std::string> names;
   std::error_code error;
   for (std::filesystem::directory_iterator entry(folder, error), end;
-       !error && entry != end && names.size() < mostNames; entry.increment(error)) {
+       !error && entry != end && names.size() < maxNames; entry.increment(error)) {
     names.push_back(entry->path().filename().string());
   }
   std::sort(names.begin(), names.end());

@@ -12,10 +12,10 @@
 namespace tamberline::sysfs {
 
 /// The kernel gives at most a page for an attribute.
-inline constexpr std::size_t mostAttributeBytes = 4096;
+inline constexpr std::size_t maxAttributeBytes = 4096;
 
 /// What the file holds, up to a number of bytes; empty when it cannot be read.
-std::string readBytes(const std::filesystem::path& file, std::size_t mostBytes);
+std::string readBytes(const std::filesystem::path& file, std::size_t maxBytesRead);
 
 /// An attribute as UTF-8 without control characters and without white space at its ends: bytes that
 /// are no UTF-8 become U+FFFD, control characters blanks. Absent when nothing is left.

@@ -9,7 +9,7 @@ namespace tamberline::sysfs {
 namespace {
 
 /// A location report has a byte for the port, of which the last value means none.
-constexpr std::int64_t greatestPortNumber = 254;
+constexpr std::int64_t maxPortNumber = 254;
 
 } // namespace
 
@@ -29,13 +29,13 @@ std::optional<int> typecPortNumber(std::string_view name) {
   const std::string_view digits = name.substr(prefix.size());
   const bool isSpelled = digits.find_first_not_of("0123456789") == std::string_view::npos;
   const auto number = parseDecimal(digits);
-  if (!isSpelled || !number || *number > greatestPortNumber) {
+  if (!isSpelled || !number || *number > maxPortNumber) {
     return std::nullopt;
   }
   return static_cast<int>(*number);
 }
 
-std::optional<int> tiedConnector(const std::filesystem::path& device) {
+std::optional<int> linkedConnector(const std::filesystem::path& device) {
   const auto name = linkedName(device / "connector");
   return name ? typecPortNumber(*name) : std::nullopt;
 }
@@ -50,8 +50,8 @@ std::optional<PhysicalLocation> physicalLocation(const std::filesystem::path& de
   for (const char* part : {"vertical_position", "horizontal_position", "dock", "lid"}) {
     location += "/" + readTextOrNothing(folder / part);
   }
-  constexpr const char* nothingFilledIn = "top/upper/left/no/no"; // what zeros everywhere mean
-  return location == nothingFilledIn ? std::nullopt : std::optional(location);
+  constexpr const char* unsetLocation = "top/upper/left/no/no"; // what zeros everywhere mean
+  return location == unsetLocation ? std::nullopt : std::optional(location);
 }
 
 std::string owningDevice(const std::filesystem::path& classEntry) {

@@ -17,7 +17,7 @@ std::filesystem::path classFolder(const std::filesystem::path& sysfs, std::strin
 std::optional<int> typecPortNumber(std::string_view name);
 
 /// The USB-C port that firmware ties a device to.
-std::optional<int> tiedConnector(const std::filesystem::path& device);
+std::optional<int> linkedConnector(const std::filesystem::path& device);
 
 /// Where firmware says that a device is; absent when it says nothing of use.
 std::optional<PhysicalLocation> physicalLocation(const std::filesystem::path& device);

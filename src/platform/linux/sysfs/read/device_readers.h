@@ -15,7 +15,7 @@ namespace tamberline::sysfs {
 /// is there with what the kernel and udev know of it, and one that does not name itself has the
 /// names of the database.
 UsbTopology readUsb(const MachinePaths& paths, const HardwareDatabase& database,
-                    UsbTextKeeper& texts);
+                    UsbStringCache& texts);
 
 /// The Thunderbolt and USB4 domains: their routers, other computers, and the USB4 ports of hosts.
 ThunderboltTopology readThunderbolt(const std::filesystem::path& sysfs);

@@ -10,10 +10,10 @@ bool UsbDevice::isSuperSpeed() const {
 }
 
 RouterAddress RouterAddress::parent() const {
-  constexpr unsigned bitsOfHop = 8;
+  constexpr unsigned bitsPerHop = 8;
   unsigned bits = 0;
-  while (bits + bitsOfHop < 64 && (route >> (bits + bitsOfHop)) != 0) {
-    bits += bitsOfHop;
+  while (bits + bitsPerHop < 64 && (route >> (bits + bitsPerHop)) != 0) {
+    bits += bitsPerHop;
   }
   return {domain, route & ((std::uint64_t{1} << bits) - 1)};
 }
@@ -22,7 +22,7 @@ bool PowerSupply::isBattery() const {
   return type == "Battery" && !belongsToDevice;
 }
 
-bool PowerSupply::tellsContract() const {
+bool PowerSupply::reportsContract() const {
   return name.starts_with("ucsi-source-psy-") || name.starts_with("tcpm-source-psy-");
 }
 

@@ -172,7 +172,7 @@ struct PowerSupply {
   bool isBattery() const;
   bool isAdapter() const;
   /// Whether voltage and current are what both ends of a USB-C cable agreed on, and no measurement.
-  bool tellsContract() const;
+  bool reportsContract() const;
 };
 
 struct Machine {

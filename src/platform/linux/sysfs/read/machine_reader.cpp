@@ -5,7 +5,7 @@
 namespace tamberline::sysfs {
 
 Machine readMachine(const MachinePaths& paths, const HardwareDatabase& database,
-                    UsbTextKeeper& texts) {
+                    UsbStringCache& texts) {
   Machine machine{
       .usb = readUsb(paths, database, texts),
       .thunderbolt = readThunderbolt(paths.sysfs),

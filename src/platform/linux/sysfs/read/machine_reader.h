@@ -36,6 +36,6 @@ namespace tamberline::sysfs {
 /// out; devices may come and go meanwhile. `texts` has what USB devices told of themselves before.
 /// Any thread, one call at a time.
 Machine readMachine(const MachinePaths& paths, const HardwareDatabase& database,
-                    UsbTextKeeper& texts);
+                    UsbStringCache& texts);
 
 } // namespace tamberline::sysfs

@@ -15,8 +15,8 @@ std::vector<MountedFileSystem> mountedFileSystemsIn(std::string_view mountTable)
   constexpr std::size_t rootField = 3;
   constexpr std::size_t mountPointField = 4;
   constexpr std::size_t firstOptionalField = 6;
-  constexpr std::ptrdiff_t typeBehindSeparator = 1;
-  constexpr std::ptrdiff_t sourceBehindSeparator = 2;
+  constexpr std::ptrdiff_t typeAfterSeparator = 1;
+  constexpr std::ptrdiff_t sourceAfterSeparator = 2;
   std::vector<MountedFileSystem> mounts;
   for (const std::string_view line : splitNonEmpty(mountTable, '\n')) {
     const std::vector<std::string_view> fields = split(line, ' ');
@@ -24,12 +24,12 @@ std::vector<MountedFileSystem> mountedFileSystemsIn(std::string_view mountTable)
       continue;
     }
     const auto separator = std::find(fields.begin() + firstOptionalField, fields.end(), "-");
-    if (fields.end() - separator > sourceBehindSeparator) {
+    if (fields.end() - separator > sourceAfterSeparator) {
       mounts.push_back({.deviceNumber = std::string(fields[deviceField]),
                         .root = withoutOctalEscapes(fields[rootField]),
                         .mountPoint = withoutOctalEscapes(fields[mountPointField]),
-                        .type = withoutOctalEscapes(separator[typeBehindSeparator]),
-                        .source = withoutOctalEscapes(separator[sourceBehindSeparator])});
+                        .type = withoutOctalEscapes(separator[typeAfterSeparator]),
+                        .source = withoutOctalEscapes(separator[sourceAfterSeparator])});
     }
   }
   return mounts;

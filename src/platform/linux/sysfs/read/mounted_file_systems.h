@@ -8,7 +8,7 @@
 namespace tamberline::sysfs {
 
 /// A longer table is read in part.
-inline constexpr std::size_t mostMountTableBytes = std::size_t{16} * 1024 * 1024;
+inline constexpr std::size_t maxMountTableBytes = std::size_t{16} * 1024 * 1024;
 
 /// A line of the kernel's mount table, bytes as they are.
 struct MountedFileSystem {

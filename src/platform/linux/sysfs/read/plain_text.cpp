@@ -18,7 +18,7 @@ bool isControl(char32_t codePoint) {
 }
 
 /// XML knows neither of these two, however they are written.
-bool isNoCharacterOfXml(char32_t codePoint) {
+bool isInvalidXmlCharacter(char32_t codePoint) {
   return codePoint == 0xFFFE || codePoint == 0xFFFF;
 }
 
@@ -51,7 +51,7 @@ std::string plainText(std::string_view bytes) {
   text.reserve(bytes.size());
   while (!bytes.empty()) {
     const DecodedCharacter character = decodeFirstCharacter(bytes);
-    if (!character.isValid || isNoCharacterOfXml(character.codePoint)) {
+    if (!character.isValid || isInvalidXmlCharacter(character.codePoint)) {
       appendUtf8(replacement, text);
     } else if (isControl(character.codePoint)) {
       text += ' ';

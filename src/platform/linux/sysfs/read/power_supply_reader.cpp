@@ -23,7 +23,7 @@ PowerSupply readKind(const fs::path& folder) {
       .type = readTextOrNothing(folder / "type"),
   };
   supply.belongsToDevice =
-      !supply.tellsContract() && readTextOrNothing(folder / "scope") == "Device";
+      !supply.reportsContract() && readTextOrNothing(folder / "scope") == "Device";
   supply.isOnline = supply.isAdapter() && readNumber(folder / "online").value_or(0) > 0;
   return supply;
 }

@@ -51,7 +51,7 @@ void addHostPorts(const fs::path& folder, const RouterAddress& host, std::vector
     if (number) {
       ports.push_back({.host = host,
                        .number = *number,
-                       .connector = tiedConnector(folder / name),
+                       .connector = linkedConnector(folder / name),
                        .location = physicalLocation(folder / name)});
     }
   }

@@ -46,7 +46,7 @@ RouterAddress firstOf(const RouterAddress& router) {
   return router.parent().isHost() ? router : firstOf(router.parent());
 }
 
-bool soundsLikeAnEnclosure(const Router& router) {
+bool hasEnclosureName(const Router& router) {
   constexpr std::array<std::string_view, 6> others = {"dock",     "hub",     "station",
                                                       "breakout", "display", "monitor"};
   const std::string name = lowerCased(router.name);
@@ -61,7 +61,7 @@ std::optional<RouterAddress> onlyEnclosure(const std::vector<RouterAddress>& can
                                            const Routers& routers) {
   std::optional<RouterAddress> found;
   for (const RouterAddress& candidate : candidates) {
-    if (soundsLikeAnEnclosure(routers.at(candidate))) {
+    if (hasEnclosureName(routers.at(candidate))) {
       if (found) {
         return std::nullopt;
       }

@@ -80,14 +80,14 @@ std::vector<PowerOffer> readOffers(const fs::path& device) {
   return offers;
 }
 
-std::optional<double> mostWattsOf(const std::vector<PowerOffer>& offers) {
+std::optional<double> maxWattsOf(const std::vector<PowerOffer>& offers) {
   double most = 0;
   for (const PowerOffer& offer : offers) {
     most = std::max(most, static_cast<double>(offer.millivolts) *
                               static_cast<double>(offer.milliamperes) / 1'000'000);
   }
-  constexpr double mostCredibleWatts = 10'000;
-  return most > 0 && most <= mostCredibleWatts ? std::optional(most) : std::nullopt;
+  constexpr double maxCredibleWatts = 10'000;
+  return most > 0 && most <= maxCredibleWatts ? std::optional(most) : std::nullopt;
 }
 
 std::optional<std::int64_t> milliamperesAtFiveVolts(const std::vector<PowerOffer>& offers) {
@@ -114,7 +114,7 @@ std::optional<TypecPartner> readPartner(const fs::path& ports, const std::string
       .accessory = readAccessory(folder),
       .hasAlternateModes = !modes.empty() || countOfModes > 0,
       .knowsThunderbolt = areThunderbolt(modes),
-      .offeredWatts = mostWattsOf(readOffers(folder)),
+      .offeredWatts = maxWattsOf(readOffers(folder)),
   };
 }
 
@@ -125,8 +125,8 @@ std::optional<TypecCable> readCable(const fs::path& ports, const std::string& po
   }
   constexpr std::uint64_t isOptical = 1U << 10U; // in the second word of an active cable
   const bool isActive = readTextOrNothing(folder / "type") == "active";
-  const bool tellsOptical = (identityWord(folder, "product_type_vdo2") & isOptical) != 0;
-  return TypecCable{.isActive = isActive, .isOptical = isActive && tellsOptical};
+  const bool reportsOptical = (identityWord(folder, "product_type_vdo2") & isOptical) != 0;
+  return TypecCable{.isActive = isActive, .isOptical = isActive && reportsOptical};
 }
 
 /// Test beds list what they have of USB-C on a bus instead.

@@ -9,14 +9,14 @@ namespace tamberline::sysfs {
 namespace {
 
 /// USB allows six ports on the way.
-constexpr std::size_t mostPorts = 16;
-constexpr std::int64_t greatestNumber = 65535;
+constexpr std::size_t maxPorts = 16;
+constexpr std::int64_t maxNumber = 65535;
 
 /// Digits that spell a number from 1.
 std::optional<int> countingNumber(std::string_view text) {
   const auto number = parseDecimal(text);
   const bool isSpelled = text.find_first_not_of("0123456789") == std::string_view::npos;
-  if (!number || !isSpelled || *number < 1 || *number > greatestNumber) {
+  if (!number || !isSpelled || *number < 1 || *number > maxNumber) {
     return std::nullopt;
   }
   return static_cast<int>(*number);
@@ -59,7 +59,7 @@ std::optional<UsbAddress> usbAddressOf(std::string_view deviceName) {
   }
   for (const std::string_view piece : split(deviceName.substr(dash + 1), '.')) {
     const auto port = countingNumber(piece);
-    if (!port || address.ports.size() == mostPorts) {
+    if (!port || address.ports.size() == maxPorts) {
       return std::nullopt;
     }
     address.ports.push_back(*port);
@@ -75,7 +75,7 @@ std::optional<UsbAddress> usbAddressOfPort(std::string_view portName) {
   }
   auto address = usbAddressOf(portName.substr(0, position));
   const auto port = countingNumber(portName.substr(position + separator.size()));
-  if (!address || !port || address->ports.size() == mostPorts) {
+  if (!address || !port || address->ports.size() == maxPorts) {
     return std::nullopt;
   }
   address->ports.push_back(*port);

@@ -140,7 +140,7 @@ fs::path portsFolder(const fs::path& hubFolder, const UsbAddress& hub) {
 
 UsbPort readPort(const fs::path& folder) {
   const auto peer = linkedName(folder / "peer");
-  return {.connector = tiedConnector(folder),
+  return {.connector = linkedConnector(folder),
           .peer = peer ? usbAddressOfPort(*peer) : std::nullopt,
           .location = physicalLocation(folder),
           .isHardwired = readTextOrNothing(folder / "connect_type") == "hardwired"};
@@ -161,7 +161,7 @@ public:
   Reader(const MachinePaths& paths, const HardwareDatabase& database)
       : paths_(paths), database_(database), folder_(busFolder(paths.sysfs, "usb")) {}
 
-  UsbTopology read(UsbTextKeeper& texts) {
+  UsbTopology read(UsbStringCache& texts) {
     for (const std::string& name : namesIn(folder_)) {
       if (const auto address = usbAddressOf(name)) {
         add(*address);
@@ -206,12 +206,12 @@ private:
   /// Firmware marks what can be pulled and says nothing of the rest; where it marks nothing, only
   /// what no bridge leads to is certain to be built in.
   void markBuiltInControllers() {
-    const bool doesFirmwareMark =
+    const bool isMarkedByFirmware =
         std::any_of(controllers_.begin(), controllers_.end(),
                     [](const auto& entry) { return entry.second.isRemovable(); });
     for (const auto& [address, path] : controllers_) {
       usb_.devices.at(address).isOnBuiltInController =
-          path.isEmpty() || path.isOnRootBus() || (doesFirmwareMark && !path.isRemovable());
+          path.isEmpty() || path.isOnRootBus() || (isMarkedByFirmware && !path.isRemovable());
     }
   }
 
@@ -219,7 +219,7 @@ private:
   const HardwareDatabase& database_;
   fs::path folder_;
   UsbTopology usb_;
-  std::vector<UsbTextKeeper::Device> asked_; // and at the same index of the next:
+  std::vector<UsbStringCache::Device> asked_; // and at the same index of the next:
   std::vector<UsbAddress> addresses_;
   std::map<UsbAddress, PciPath> controllers_; // of the root hubs
 };
@@ -227,7 +227,7 @@ private:
 } // namespace
 
 UsbTopology readUsb(const MachinePaths& paths, const HardwareDatabase& database,
-                    UsbTextKeeper& texts) {
+                    UsbStringCache& texts) {
   return Reader(paths, database).read(texts);
 }
 

@@ -11,7 +11,7 @@
 
 namespace tamberline::sysfs {
 
-struct UsbTextKeeper::State {
+struct UsbStringCache::State {
   Read read;
   mutable std::mutex mutex; // guards what follows
   mutable std::condition_variable answered;
@@ -38,12 +38,12 @@ UsbTexts readUsbTexts(const std::filesystem::path& folder) {
   };
 }
 
-UsbTextKeeper::UsbTextKeeper(std::chrono::milliseconds patience, Read read)
+UsbStringCache::UsbStringCache(std::chrono::milliseconds patience, Read read)
     : patience_(patience), state_(std::make_shared<State>()) {
   state_->read = std::move(read);
 }
 
-std::map<std::string, UsbTexts> UsbTextKeeper::textsOf(const std::vector<Device>& devices) {
+std::map<std::string, UsbTexts> UsbStringCache::textsOf(const std::vector<Device>& devices) {
   std::set<std::string> present;
   std::map<int, std::vector<Device>> newByBus;
   std::unique_lock lock(state_->mutex);
@@ -72,7 +72,8 @@ std::map<std::string, UsbTexts> UsbTextKeeper::textsOf(const std::vector<Device>
   return state_->known;
 }
 
-bool UsbTextKeeper::waitFor(const std::string& identity, std::chrono::milliseconds patience) const {
+bool UsbStringCache::waitFor(const std::string& identity,
+                             std::chrono::milliseconds patience) const {
   std::unique_lock lock(state_->mutex);
   return state_->answered.wait_for(lock, patience,
                                    [&] { return state_->known.contains(identity); });

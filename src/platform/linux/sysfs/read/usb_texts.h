@@ -30,7 +30,7 @@ UsbTexts readUsbTexts(const std::filesystem::path& folder);
 
 /// Keeps what devices tell of themselves, so that each is asked once, and asks on threads of its
 /// own, so that one that does not answer delays nothing but itself. One caller at a time.
-class UsbTextKeeper {
+class UsbStringCache {
 public:
   using Read = std::function<UsbTexts(const std::filesystem::path& folder)>;
 
@@ -43,14 +43,14 @@ public:
   };
 
   /// How long `textsOf` waits for devices that it has not asked before.
-  static constexpr std::chrono::milliseconds defaultPatience{300};
+  static constexpr std::chrono::milliseconds defaultTimeout{300};
 
-  explicit UsbTextKeeper(std::chrono::milliseconds patience = defaultPatience,
-                         Read read = readUsbTexts);
-  UsbTextKeeper(const UsbTextKeeper&) = delete;
-  UsbTextKeeper& operator=(const UsbTextKeeper&) = delete;
+  explicit UsbStringCache(std::chrono::milliseconds patience = defaultTimeout,
+                          Read read = readUsbTexts);
+  UsbStringCache(const UsbStringCache&) = delete;
+  UsbStringCache& operator=(const UsbStringCache&) = delete;
   /// Does not wait for a device that is still being asked.
-  ~UsbTextKeeper() = default;
+  ~UsbStringCache() = default;
 
   /// By identity; a device that has not answered yet is missing. Forgets those that are not named.
   std::map<std::string, UsbTexts> textsOf(const std::vector<Device>& devices);

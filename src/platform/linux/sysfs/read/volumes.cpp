@@ -38,7 +38,7 @@ class Volumes {
 public:
   explicit Volumes(const MachinePaths& paths)
       : paths_(paths), blocks_(classFolder(paths.sysfs, "block")),
-        mounts_(mountedFileSystemsIn(readBytes(paths.mountTable, mostMountTableBytes))) {}
+        mounts_(mountedFileSystemsIn(readBytes(paths.mountTable, maxMountTableBytes))) {}
 
   const fs::path& blocks() const { return blocks_; }
 

@@ -24,13 +24,13 @@ std::vector<int> portsOfController(const std::string& controller, const Machine&
 std::optional<double> product(std::optional<std::int64_t> microvolts,
                               std::optional<std::int64_t> microamperes) {
   constexpr double microSquared = 1e12;
-  constexpr double mostCredibleWatts = 10'000;
+  constexpr double maxCredibleWatts = 10'000;
   if (microvolts.value_or(0) <= 0 || microamperes.value_or(0) <= 0) {
     return std::nullopt;
   }
   const double watts =
       static_cast<double>(*microvolts) * static_cast<double>(*microamperes) / microSquared;
-  return watts <= mostCredibleWatts ? std::optional(watts) : std::nullopt;
+  return watts <= maxCredibleWatts ? std::optional(watts) : std::nullopt;
 }
 
 /// Some kernels take the last offer for one of a fixed voltage though it is one of a range, and
@@ -115,40 +115,40 @@ std::optional<int> chargingPort(const Machine& machine) {
     return port;
   }
   std::optional<int> strongest;
-  std::optional<double> mostWatts;
+  std::optional<double> maxWatts;
   for (const auto& [number, port] : machine.typecPorts) {
     if (port.partner && port.role == PowerRole::sink &&
-        (!strongest || port.partner->offeredWatts > mostWatts)) {
+        (!strongest || port.partner->offeredWatts > maxWatts)) {
       strongest = number;
-      mostWatts = port.partner->offeredWatts;
+      maxWatts = port.partner->offeredWatts;
     }
   }
   return strongest;
 }
 
 std::optional<double> measuredWatts(const PowerSupply& supply) {
-  return supply.tellsContract() ? std::nullopt : product(supply.voltageNow, supply.currentNow);
+  return supply.reportsContract() ? std::nullopt : product(supply.voltageNow, supply.currentNow);
 }
 
 std::optional<double> ratedWatts(const PowerSupply& supply) {
   const auto contract =
-      supply.tellsContract() ? product(supply.voltageNow, supply.currentNow) : std::nullopt;
+      supply.reportsContract() ? product(supply.voltageNow, supply.currentNow) : std::nullopt;
   const auto told =
       product(supply.voltageMax ? supply.voltageMax : supply.voltageMaxDesign, supply.currentMax);
-  const bool isMisread = supply.tellsContract() && told && supply.voltageNow > supply.voltageMax;
+  const bool isMisread = supply.reportsContract() && told && supply.voltageNow > supply.voltageMax;
   const auto rated = isMisread ? wattsOfMisreadRange(*supply.voltageMax, *supply.currentMax) : told;
   // An adapter never agrees to more than it offers.
   return rated && contract && *contract > *rated ? std::nullopt : rated;
 }
 
 std::optional<Contract> contractOn(int number, const Machine& machine) {
-  constexpr std::int64_t currentOfNoAgreement = 100'000; // what USB gives to everybody
+  constexpr std::int64_t defaultCurrent = 100'000; // what USB gives to everybody
   const TypecPort& port = machine.typecPorts.at(number);
   for (const PowerSupply& supply : machine.powerSupplies) {
     const bool isInUse = supply.isOnline == (port.role == PowerRole::sink);
-    if (supply.tellsContract() && port.partner && isInUse &&
+    if (supply.reportsContract() && port.partner && isInUse &&
         typecPortOf(supply, machine) == number && product(supply.voltageNow, supply.currentNow) &&
-        *supply.currentNow > currentOfNoAgreement) {
+        *supply.currentNow > defaultCurrent) {
       return Contract{.millivolts = *supply.voltageNow / 1000,
                       .milliamperes = *supply.currentNow / 1000};
     }

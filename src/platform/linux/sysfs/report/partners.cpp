@@ -7,7 +7,7 @@ namespace {
 
 /// What is known of the USB devices on one USB-C port.
 struct UsbUse {
-  bool isTied = false; // firmware says which USB ports it is
+  bool isLinked = false; // firmware says which USB ports it is
   bool hasBillboard = false;
   std::vector<std::string> transports = {};
 };
@@ -18,7 +18,7 @@ UsbUse usbUseOf(int number, const Machine& machine, const PhysicalPorts& ports) 
     if (port != number) {
       continue;
     }
-    use.isTied = true;
+    use.isLinked = true;
     const auto device = machine.usb.devices.find(address);
     if (device != machine.usb.devices.end()) {
       use.hasBillboard = use.hasBillboard || device->second.isBillboard;
@@ -53,7 +53,7 @@ PortUse useOf(int number, const Machine& machine, const PhysicalPorts& ports) {
     const bool isUsb4 = machine.thunderbolt.routers.at(router).generation == usb4Generation;
     use.dataTransports.emplace_back(isUsb4 ? "USB4" : "CIO");
   }
-  use.onlyCharges = !use.isKnown() && usb.isTied && port.role == PowerRole::source &&
+  use.onlyCharges = !use.isKnown() && usb.isLinked && port.role == PowerRole::source &&
                     !isWiresOnly(*port.partner) && !port.partner->hasAlternateModes;
   return use;
 }

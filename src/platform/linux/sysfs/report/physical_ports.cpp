@@ -7,13 +7,13 @@
 namespace tamberline::sysfs {
 namespace {
 
-constexpr int greatestPortOfUsb = 254; // a location has a byte for it, and 255 is no port
+constexpr int maxUsbPort = 254; // a location has a byte for it, and 255 is no port
 
 /// Which port of the case is at which place; a place with several ports tells nothing.
 class Places {
 public:
   void add(const std::optional<PhysicalLocation>& place, int port) {
-    if (place && port <= greatestPortOfUsb) {
+    if (place && port <= maxUsbPort) {
       const auto [entry, isNew] = ports_.emplace(*place, port);
       if (!isNew) {
         entry->second = std::nullopt;
@@ -32,7 +32,7 @@ private:
 
 /// Something of a Thunderbolt or USB4 domain that firmware ties to no USB-C port: a USB4 port, or a
 /// first router behind a host that does not tell its ports apart.
-struct UntiedPort {
+struct UnlinkedPort {
   RouterAddress host;
   std::optional<Usb4Port> port = {};
   std::optional<RouterAddress> router = {}; // absent where nothing is connected
@@ -48,14 +48,14 @@ public:
   }
 
   PhysicalPorts find() && {
-    placeUsb4Ports();
-    placeUntiedPorts();
-    placeUsbPorts();
+    assignUsb4Ports();
+    assignUnlinkedPorts();
+    assignUsbPorts();
     return std::move(found_);
   }
 
 private:
-  int addPort(const UntiedPort& untied) {
+  int addPort(const UnlinkedPort& untied) {
     const int number = found_.ports.empty() ? 0 : found_.ports.rbegin()->first + 1;
     if (untied.port) {
       addedPlaces_.emplace_back(untied.port->location, number);
@@ -64,7 +64,7 @@ private:
     return number;
   }
 
-  void take(const UntiedPort& untied, int number) {
+  void take(const UnlinkedPort& untied, int number) {
     found_.ports[number].host = untied.host;
     if (untied.router) {
       found_.ports[number].routers.push_back(*untied.router);
@@ -72,7 +72,7 @@ private:
   }
 
   /// Of two USB4 ports at the place of one USB-C port neither can be told to be it.
-  bool isAloneAtItsPlace(const Usb4Port& port) const {
+  bool isOnlyOneAtLocation(const Usb4Port& port) const {
     const auto& ports = machine_.thunderbolt.hostPorts;
     return std::count_if(ports.begin(), ports.end(), [&](const Usb4Port& other) {
              return other.location == port.location;
@@ -83,7 +83,7 @@ private:
     if (port.connector && machine_.typecPorts.contains(*port.connector)) {
       return port.connector;
     }
-    return isAloneAtItsPlace(port) ? places_.portAt(port.location) : std::nullopt;
+    return isOnlyOneAtLocation(port) ? places_.portAt(port.location) : std::nullopt;
   }
 
   /// The first routers of a domain, also one whose router above went while the machine was read.
@@ -98,10 +98,10 @@ private:
     return first;
   }
 
-  void placeUsb4Ports() {
+  void assignUsb4Ports() {
     std::set<RouterAddress> placed;
     for (const Usb4Port& port : machine_.thunderbolt.hostPorts) {
-      UntiedPort untied{.host = port.host, .port = port};
+      UnlinkedPort untied{.host = port.host, .port = port};
       const auto known = knownPortOf(port);
       for (const RouterAddress& router : firstRouters(port.host)) {
         if (router.hostPort() == port.number && placed.insert(router).second) {
@@ -109,7 +109,7 @@ private:
           if (known) {
             take(untied, *known);
           } else {
-            untied_.push_back(untied);
+            unlinked_.push_back(untied);
           }
         }
       }
@@ -119,7 +119,7 @@ private:
       if (known) {
         take(untied, *known);
       } else {
-        untied_.push_back(untied);
+        unlinked_.push_back(untied);
       }
     }
     collectOtherRouters(placed);
@@ -136,24 +136,24 @@ private:
       for (const RouterAddress& router : firstRouters(host)) {
         hasRouters = true;
         if (!placed.contains(router)) {
-          untied_.push_back({.host = host, .router = router});
+          unlinked_.push_back({.host = host, .router = router});
         }
       }
       const auto& ports = machine_.thunderbolt.hostPorts;
-      const bool tellsPorts = std::any_of(ports.begin(), ports.end(),
-                                          [&](const Usb4Port& port) { return port.host == host; });
-      if (!hasRouters && !tellsPorts) {
-        untied_.push_back({.host = host});
+      const bool reportsPorts = std::any_of(
+          ports.begin(), ports.end(), [&](const Usb4Port& port) { return port.host == host; });
+      if (!hasRouters && !reportsPorts) {
+        unlinked_.push_back({.host = host});
       }
     }
   }
 
   /// Every port that knows Thunderbolt or USB4 is a USB-C port, whether or not firmware says which:
   /// where the kernel lists USB-C ports, there are no others.
-  void placeUntiedPorts() {
-    std::vector<UntiedPort> connected;
-    std::vector<UntiedPort> others;
-    for (const UntiedPort& untied : untied_) {
+  void assignUnlinkedPorts() {
+    std::vector<UnlinkedPort> connected;
+    std::vector<UnlinkedPort> others;
+    for (const UnlinkedPort& untied : unlinked_) {
       (untied.router || machine_.typecPorts.empty() ? connected : others).push_back(untied);
     }
     const std::vector<int> ports = portsOfRouters(connected.size());
@@ -175,9 +175,9 @@ private:
   /// The USB-C ports of as many routers, in order; empty where that cannot be told.
   std::vector<int> portsOfRouters(std::size_t count) const {
     std::vector<int> candidates = freePorts();
-    const auto keep = [&](const auto& couldBe) {
+    const auto keep = [&](const auto& isCandidate) {
       std::erase_if(candidates, [&](int number) {
-        return !couldBe(number, machine_.typecPorts.at(number).partner);
+        return !isCandidate(number, machine_.typecPorts.at(number).partner);
       });
       return candidates.size() == count;
     };
@@ -214,7 +214,7 @@ private:
     return numbers;
   }
 
-  void placeUsbPorts() {
+  void assignUsbPorts() {
     std::map<std::pair<int, int>, std::vector<UsbAddress>> byPlace; // by port of the case and bus
     for (const auto& [address, port] : machine_.usb.ports) {
       if (port.isHardwired) {
@@ -236,7 +236,7 @@ private:
   const Machine& machine_;
   PhysicalPorts found_;
   Places places_;
-  std::vector<UntiedPort> untied_;
+  std::vector<UnlinkedPort> unlinked_;
   std::vector<std::pair<std::optional<PhysicalLocation>, int>> addedPlaces_;
 };
 

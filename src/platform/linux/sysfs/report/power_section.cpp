@@ -31,8 +31,8 @@ std::string maximumCapacity(const PowerSupply& battery) {
   }
   const double share =
       static_cast<double>(*battery.fullCharge) / static_cast<double>(*battery.fullChargeByDesign);
-  constexpr double mostCredibleShare = 10;
-  return share <= mostCredibleShare ? std::to_string(std::llround(share * 100)) + "%" : "";
+  constexpr double maxCredibleShare = 10;
+  return share <= maxCredibleShare ? std::to_string(std::llround(share * 100)) + "%" : "";
 }
 
 json batteryEntry(const PowerSupply& battery) {

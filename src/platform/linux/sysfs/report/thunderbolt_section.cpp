@@ -34,7 +34,7 @@ std::int64_t gbpsOf(const LinkWay& way) {
 }
 
 /// The whole link, of which the report's own keys can only say the speed of one lane.
-void addTrueWay(const std::string& name, const LinkWay& way, json& link) {
+void addLinkDirection(const std::string& name, const LinkWay& way, json& link) {
   if (const std::int64_t gbps = gbpsOf(way); gbps > 0) {
     link["tamberline_link_" + name + "_gbps"] = std::to_string(gbps);
     link["tamberline_link_" + name + "_lanes"] = std::to_string(*way.lanes);
@@ -49,8 +49,8 @@ json linkOf(const Router& router) {
   if (router.fromHost.lanes) {
     link["current_link_width_key"] = "0x" + std::to_string(*router.fromHost.lanes);
   }
-  addTrueWay("transmit", router.fromHost, link);
-  addTrueWay("receive", router.toHost, link);
+  addLinkDirection("transmit", router.fromHost, link);
+  addLinkDirection("receive", router.toHost, link);
   return link;
 }
 

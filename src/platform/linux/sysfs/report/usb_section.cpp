@@ -20,7 +20,7 @@ namespace {
 using nlohmann::json;
 
 /// By this name the records know the controllers whose devices stand under the computer's ports.
-constexpr const char* controllerOfOwnPorts = "T8112USBXHCI";
+constexpr const char* ownPortController = "T8112USBXHCI";
 
 std::string hexadecimal(std::uint32_t number) {
   std::array<char, 16> text{};
@@ -69,7 +69,7 @@ void addText(json& object, const char* key, const std::string& text) {
 }
 
 /// Speeds that the report has neither a token nor a bus name for.
-void addTrueSpeed(const char* key, const UsbDevice& device, json& object) {
+void addActualSpeed(const char* key, const UsbDevice& device, json& object) {
   constexpr std::int64_t maxMegabitsOfTokens = 10'000;
   if (parseDecimal(device.megabitsPerSecond).value_or(0) > maxMegabitsOfTokens) {
     object[key] = device.megabitsPerSecond;
@@ -125,7 +125,7 @@ private:
       }
     }
     if (hasPortOfCase) {
-      buses.push_back(bus(root, std::string(controllerOfOwnPorts) + " ", onPortsOfCase));
+      buses.push_back(bus(root, std::string(ownPortController) + " ", onPortsOfCase));
     }
     const std::vector<UsbAddress> others = devicesBelow(root);
     if (hasOtherPort || !others.empty() || !hasPortOfCase) {
@@ -144,7 +144,7 @@ private:
     json bus = {{"_name", busName(rootHub)},
                 {"host_controller", controllerPrefix + controller},
                 {"_items", items(devices)}};
-    addTrueSpeed("tamberline_max_mbps", rootHub, bus);
+    addActualSpeed("tamberline_max_mbps", rootHub, bus);
     if (rootHub.isOnBuiltInController) {
       bus["tamberline_is_built_in"] = "TRUE";
     }
@@ -164,7 +164,7 @@ private:
     json item = {{"_name", shownName(device)},
                  {"location_id", hexadecimal(locations_.at(address))},
                  {"device_speed", speedToken(device.megabitsPerSecond)}};
-    addTrueSpeed("tamberline_mbps", device, item);
+    addActualSpeed("tamberline_mbps", device, item);
     addText(item, "manufacturer", device.manufacturer);
     addText(item, "serial_num", device.serialNumber);
     if (!device.vendorId.empty()) {

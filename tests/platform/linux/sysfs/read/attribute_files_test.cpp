@@ -72,7 +72,7 @@ TEST(AttributeFiles, AreReadAsTextNumberOrChoice) {
 TEST(AttributeFiles, AreReadUpToAPage) {
   const SysfsTree tree;
   tree.attribute("long", std::string(1'000'000, 'x'));
-  EXPECT_EQ(readTextOrNothing(tree.sysfs() / "long").size(), mostAttributeBytes);
+  EXPECT_EQ(readTextOrNothing(tree.sysfs() / "long").size(), maxAttributeBytes);
 }
 
 TEST(AttributeFiles, ThatAreNotFilesAreEmpty) {

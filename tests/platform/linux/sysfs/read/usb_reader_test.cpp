@@ -161,7 +161,7 @@ TEST(UsbDevices, HaveUdevsDataWhileTheyDoNotAnswer) {
   tree.udevData("c189:1", "E:ID_MODEL_ENC=Four\\x20Port\\x20Hub\nE:ID_VENDOR_ENC=Fen\n"
                           "E:ID_SERIAL_SHORT=F-4\n");
   std::promise<void> answer;
-  UsbTextKeeper texts(0ms, [answered = answer.get_future().share()](const auto& folder) {
+  UsbStringCache texts(0ms, [answered = answer.get_future().share()](const auto& folder) {
     answered.wait();
     return readUsbTexts(folder);
   });

@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-UsbTextKeeper::Device device(const std::string& name, int bus, bool isHub = false) {
+UsbStringCache::Device device(const std::string& name, int bus, bool isHub = false) {
   return {.identity = name, .folder = name, .bus = bus, .isHub = isHub};
 }
 
@@ -26,8 +26,8 @@ protected:
     }
   }
 
-  UsbTextKeeper keeper(std::chrono::milliseconds patience) {
-    return UsbTextKeeper(patience, [released = released, asked = asked](const auto& folder) {
+  UsbStringCache keeper(std::chrono::milliseconds patience) {
+    return UsbStringCache(patience, [released = released, asked = asked](const auto& folder) {
       ++*asked;
       if (folder.string().starts_with("mute")) {
         released.wait();
@@ -48,14 +48,14 @@ protected:
 };
 
 TEST_F(DevicesThatAnswer, AreAskedOnce) {
-  UsbTextKeeper texts = keeper(60s);
+  UsbStringCache texts = keeper(60s);
   EXPECT_EQ(texts.textsOf({device("mouse", 1), device("key", 2)}).at("mouse").product, "mouse");
   EXPECT_EQ(texts.textsOf({device("mouse", 1), device("key", 2)}).at("key").product, "key");
   EXPECT_EQ(*asked, 2);
 }
 
 TEST_F(DevicesThatAnswer, AreForgottenWhenUnplugged) {
-  UsbTextKeeper texts = keeper(60s);
+  UsbStringCache texts = keeper(60s);
   texts.textsOf({device("mouse", 1)});
   EXPECT_TRUE(texts.textsOf({}).empty());
   texts.textsOf({device("mouse", 1)});
@@ -63,7 +63,7 @@ TEST_F(DevicesThatAnswer, AreForgottenWhenUnplugged) {
 }
 
 TEST_F(DevicesThatAnswer, DoNotWaitForOneThatDoesNot) {
-  UsbTextKeeper texts = keeper(0ms);
+  UsbStringCache texts = keeper(0ms);
   texts.textsOf({device("mute hub", 1, true), device("mouse", 1), device("key", 2)});
   EXPECT_TRUE(texts.waitFor("mouse", 60s)); // although the hub comes before it
   EXPECT_TRUE(texts.waitFor("key", 60s));
@@ -73,7 +73,7 @@ TEST_F(DevicesThatAnswer, DoNotWaitForOneThatDoesNot) {
 }
 
 TEST_F(DevicesThatAnswer, AreKnownAfterALateAnswer) {
-  UsbTextKeeper texts = keeper(0ms);
+  UsbStringCache texts = keeper(0ms);
   texts.textsOf({device("mute hub", 1, true)});
   release();
   EXPECT_TRUE(texts.waitFor("mute hub", 60s));
@@ -82,17 +82,17 @@ TEST_F(DevicesThatAnswer, AreKnownAfterALateAnswer) {
 }
 
 TEST_F(DevicesThatAnswer, AreNotAwaitedTwice) {
-  UsbTextKeeper texts = keeper(0ms);
+  UsbStringCache texts = keeper(0ms);
   texts.textsOf({device("mute hub", 1, true)});
   // The second time there is nothing to wait for, however long the caller would wait.
-  UsbTextKeeper patient = keeper(60s);
+  UsbStringCache patient = keeper(60s);
   EXPECT_TRUE(patient.textsOf({device("mouse", 1)}).contains("mouse"));
   EXPECT_TRUE(texts.textsOf({device("mute hub", 1, true)}).empty());
 }
 
 TEST_F(DevicesThatAnswer, MayOutliveTheirKeeper) {
   {
-    UsbTextKeeper texts = keeper(0ms);
+    UsbStringCache texts = keeper(0ms);
     texts.textsOf({device("mute hub", 1, true)});
   }
   release();

@@ -9,7 +9,7 @@ namespace tamberline {
 /// without end delays that for at most two seconds: of a burst that has lasted too long, events are
 /// held back until the silence was there. Nothing is lost: what was held back is passed on then.
 /// One thread.
-class EventPacer {
+class EventThrottle {
 public:
   using Clock = std::chrono::steady_clock;
   using Pass = std::function<void()>;
@@ -22,7 +22,7 @@ public:
   /// Of a burst, before it is held back.
   static constexpr std::chrono::milliseconds maxBurst{1500};
 
-  EventPacer(Pass pass, Now now, Later later);
+  EventThrottle(Pass pass, Now now, Later later);
 
   void take();
 

@@ -1,13 +1,13 @@
-#include "platform/linux/udev/event_pacer.h"
+#include "platform/linux/udev/event_throttle.h"
 
 #include <utility>
 
 namespace tamberline {
 
-EventPacer::EventPacer(Pass pass, Now now, Later later)
+EventThrottle::EventThrottle(Pass pass, Now now, Later later)
     : pass_(std::move(pass)), now_(std::move(now)), later_(std::move(later)) {}
 
-void EventPacer::take() {
+void EventThrottle::take() {
   if (isHoldingBack_) {
     return;
   }
@@ -28,7 +28,7 @@ void EventPacer::take() {
   });
 }
 
-void EventPacer::passOn() {
+void EventThrottle::passOn() {
   hasPassed_ = true;
   lastPassed_ = now_();
   const Pass pass = pass_; // which may end the pacer

@@ -1,4 +1,4 @@
-#include "platform/linux/udev/event_pacer.h"
+#include "platform/linux/udev/event_throttle.h"
 
 #include <gtest/gtest.h>
 
@@ -46,8 +46,8 @@ protected:
   }
 
   std::vector<Milliseconds> passed;
-  std::unique_ptr<EventPacer> pacer = std::make_unique<EventPacer>(
-      [this] { passed.push_back(now); }, [this] { return EventPacer::Clock::time_point(now); },
+  std::unique_ptr<EventThrottle> pacer = std::make_unique<EventThrottle>(
+      [this] { passed.push_back(now); }, [this] { return EventThrottle::Clock::time_point(now); },
       [this](Milliseconds delay, std::function<void()> call) {
         due = now + delay;
         waiting = std::move(call);
@@ -97,8 +97,8 @@ TEST_F(PacedEvents, AfterAStormPassAtOnce) {
 }
 
 TEST_F(PacedEvents, MayEndThePacer) {
-  pacer = std::make_unique<EventPacer>([this] { pacer.reset(); }, EventPacer::Clock::now,
-                                       [](Milliseconds, const std::function<void()>&) {});
+  pacer = std::make_unique<EventThrottle>([this] { pacer.reset(); }, EventThrottle::Clock::now,
+                                          [](Milliseconds, const std::function<void()>&) {});
   pacer->take();
   EXPECT_EQ(pacer, nullptr);
 }
