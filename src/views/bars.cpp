@@ -11,8 +11,6 @@ namespace tamberline {
 namespace {
 
 constexpr double visibleStep = 0.02;
-constexpr double nearlyFull = 0.92;
-constexpr double nearlyHalf = 0.45;
 
 Color speedBarColor(double ratio) {
   if (ratio > nearlyFull) {

@@ -10,6 +10,10 @@
 
 namespace tamberline {
 
+// Shares of a maximum above which colours change, of bars and of the speed of devices.
+constexpr double nearlyFull = 0.92;
+constexpr double nearlyHalf = 0.45;
+
 /// A thin bar: both fractions are between 0 and 1.
 struct TriBar {
   Q_GADGET

@@ -16,8 +16,6 @@ namespace {
 constexpr double thunderboltMaxGbps = 40.0; // the same on every port, whatever the port reports
 constexpr double fullThunderboltRatio = 0.99;
 constexpr double fullSpeedFraction = 0.95;
-constexpr double greenFraction = 0.92;
-constexpr double amberFraction = 0.45;
 
 bool isHub(const USBDevice& device, bool hasChildren) {
   return device.name == unnamedHub || hasChildren;
@@ -85,10 +83,10 @@ TBDeviceRow tbDeviceRow(const ThunderboltDevice& device, const AggregatedPower& 
 }
 
 Color speedTextColor(double fraction) {
-  if (fraction >= greenFraction) {
+  if (fraction >= nearlyFull) {
     return Color::Green;
   }
-  return fraction >= amberFraction ? Color::Amber : Color::Orange;
+  return fraction >= nearlyHalf ? Color::Amber : Color::Orange;
 }
 
 std::optional<SpeedNote> slowLinkNote(const TreeNode::USBDeviceEntry& entry) {
