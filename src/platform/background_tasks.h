@@ -2,7 +2,8 @@
 
 namespace tamberline {
 
-/// Tells the system that a person waits for what the calling thread does, where a system asks.
+/// Gives the calling thread the priority of work that the user is waiting for, on systems that have
+/// such a priority class.
 void becomeUserInitiatedTask();
 
 } // namespace tamberline

@@ -9,20 +9,20 @@
 
 namespace tamberline {
 
-/// Chooses how windows are drawn on this system. Before the application object is made.
+/// Chooses the graphics API for this system. Call it before the application object is created.
 void chooseGraphics();
 
-/// Where programs keep the traces of their runs for a person; empty where there is no such folder.
+/// The user's folder for the runtime files of programs; empty if the system has none.
 QString systemRuntimeFolder();
 
-/// Whether the session started the program, not a person who wants to see the panel. Can be asked
-/// once: what the program starts itself does not hear of it.
+/// Whether the session started the program, rather than a user who wants to see the panel. Clears
+/// the flag so that child processes do not inherit it; only the first call can return true.
 bool takeStartInBackground();
 
-/// Whether the first start by a person opens the panel.
+/// Whether the panel opens when the user starts the program.
 bool opensPanelOnStart();
 
-/// Both after the application object is made.
+/// Both require the application object.
 std::shared_ptr<WindowPlaces> makeWindowPlaces();
 std::unique_ptr<Tray> makeDesktopTray(const std::shared_ptr<WindowPlaces>& places);
 

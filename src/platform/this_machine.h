@@ -9,14 +9,14 @@
 
 namespace tamberline {
 
-/// What answers for the machine that the program runs on.
+/// Answers questions about the machine that the program runs on.
 std::shared_ptr<MachineSource> sourceOfThisMachine();
 
-/// What tells of its changes; needs an event loop.
+/// Reports hardware changes of this machine; needs an event loop.
 std::shared_ptr<PortEventSource> eventsOfThisMachine();
 
-/// The machine that the program runs on: what reports on it, what tells of changes, its volumes and
-/// how they are ejected.
+/// Everything that the scanner needs for this machine: reports, change events, volumes and
+/// ejecting.
 ScannerServices thisMachine(std::shared_ptr<MainQueue> queue);
 
 } // namespace tamberline

@@ -7,18 +7,18 @@
 
 namespace tamberline {
 
-/// In bytes; far more than any report or dump. Of a tool that prints more, a runner gives nothing.
+/// In bytes; far more than any report or dump. If a tool prints more, a runner returns no output.
 constexpr std::size_t maxToolOutput = 256'000'000;
 
 struct ToolOutput {
-  /// Whatever the tool wrote before it ended, as bytes; empty when it could not be started.
+  /// The bytes that the tool wrote; empty if it could not be started.
   std::string standardOutput;
-  /// Absent when the tool could not be started or was ended by a signal.
+  /// Absent if the tool could not be started or was ended by a signal.
   std::optional<int> exitStatus;
 };
 
-/// Runs one of the system's tools to its end. Blocking, and called on background tasks, several at
-/// once. Failure is a value: nothing is thrown. There is no time limit.
+/// Runs a system tool and waits until it ends, without a time limit. Called on background threads,
+/// several at once. Failures are returned, never thrown.
 class ToolRunner {
 public:
   ToolRunner() = default;
@@ -29,7 +29,7 @@ public:
   virtual ToolOutput run(const std::string& executable,
                          const std::vector<std::string>& arguments) = 0;
 
-  /// The same, and what the tool writes to standard error stands in the output too, in the order of
+  /// The same, but the output also contains what the tool writes to standard error, in the order of
   /// writing.
   virtual ToolOutput runWithErrors(const std::string& executable,
                                    const std::vector<std::string>& arguments) = 0;

@@ -1,5 +1,5 @@
-// What each system does in its own way with the files of a volume. Those that take an open
-// descriptor are harmless where its file system knows nothing of them.
+// System-specific operations on the files of a volume. Functions that take an open descriptor do no
+// harm if its file system does not support them.
 #pragma once
 
 #include "storage/volume_files.h"
@@ -10,42 +10,41 @@
 
 namespace tamberline {
 
-/// The flags that open a folder only to find things in it, or to find a file only to keep its
-/// number.
+/// Flags for opening a folder only to look up entries, or a file only to keep its inode in use.
 extern const int pathOpenFlags;
 
-/// What is mounted at the folder that was opened by the name of the mount point. Empty when it only
-/// lies on some file system.
+/// Identifies the file system mounted at `folder`, which was opened by the path `mountPoint`. Empty
+/// if the folder is not the root of a mount.
 VolumeIdentity identityOf(int folder, const std::string& mountPoint);
 
-/// What an ordinary person may still write to the volume with this folder; absent when the system
-/// does not tell.
+/// How much an unprivileged user can still write to the folder's volume; absent if the system does
+/// not report it.
 std::optional<std::uint64_t> availableBytes(int folder);
 
-/// Reads and writes go past the system's cache from now on. False when the file system refuses.
+/// Makes reads and writes bypass the system's cache. False if the file system refuses.
 bool bypassCache(int descriptor);
 
-/// Takes that back.
+/// Undoes `bypassCache`.
 void useCache(int descriptor);
 
-/// Returns when the medium holds everything that was written, whatever the drive would like to keep
-/// back. False when it does not, or when the file system cannot tell.
+/// Returns once everything written is on the medium, not only in the drive's own cache. False if
+/// this fails or the file system cannot confirm it.
 bool flushToMedium(int descriptor);
 
-/// Forgets what the system remembers of the file, so that reading it reads the medium. What was not
-/// flushed stays.
+/// Drops the file's pages from the system's cache, so that reading the file reads the medium.
+/// Unflushed data stays.
 void dropCachedPages(int descriptor);
 
-/// Whether a program stands between the file system's files and its device. It reads the device
-/// through the system's cache, whatever is asked of the files.
+/// Whether a user-space program serves the file system. Such a program reads the device through the
+/// system's cache, even if reads of the file bypass it.
 bool isServedByProgram(int descriptor);
 
-/// Writes what the system holds back for the device with the file system, and forgets what it
-/// remembers of the device. False when the person may not do that, or when there is no device.
+/// Flushes and drops the cached pages of the device that holds the file system. False if the user
+/// lacks permission or there is no device.
 bool dropDevicePages(int folder);
 
-/// How much was ever read from the device with the file system, by anybody; absent when the system
-/// does not count.
+/// Total bytes read from the device that holds the file system, by any program; absent if the
+/// system does not count them.
 std::optional<std::uint64_t> bytesReadFromDevice(int folder);
 
 } // namespace tamberline
