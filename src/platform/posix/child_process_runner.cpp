@@ -11,7 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Not every system declares it.
+// Not every system's headers declare it.
 // NOLINTNEXTLINE(readability-redundant-declaration,cppcoreguidelines-avoid-non-const-global-variables)
 extern char** environ;
 
@@ -27,7 +27,7 @@ void ignoreBrokenPipes() {
   static_cast<void>(areIgnored);
 }
 
-/// Where what a child writes to standard error goes.
+/// Where a child's standard error goes.
 enum class ErrorOutput : std::uint8_t { nowhere, intoOutput };
 
 class SpawnActions {
@@ -59,7 +59,7 @@ private:
   posix_spawn_file_actions_t actions_{};
 };
 
-/// The child gets the default treatment of SIGPIPE back, which this process ignores.
+/// Restores the default action of SIGPIPE in the child, because this process ignores the signal.
 class SpawnAttributes {
 public:
   SpawnAttributes() {
@@ -85,7 +85,7 @@ private:
   posix_spawnattr_t attributes_{};
 };
 
-/// Absent when the tool cannot be started.
+/// Absent if the tool cannot be started.
 std::optional<pid_t> spawn(const std::string& executable, const std::vector<std::string>& arguments,
                            int standardOutput, ErrorOutput errors) {
   std::vector<std::string> words = {executable};
@@ -104,7 +104,7 @@ std::optional<pid_t> spawn(const std::string& executable, const std::vector<std:
   return error == 0 ? std::optional(child) : std::nullopt;
 }
 
-/// Absent where there is more than a tool may print.
+/// Absent if the output is larger than `maxToolOutput`.
 std::optional<std::string> readToEnd(int descriptor) {
   std::string content;
   std::array<char, 65536> buffer{};
@@ -136,7 +136,7 @@ ToolOutput runToEnd(const std::string& executable, const std::vector<std::string
   if (pipe(ends.data()) != 0) {
     return {};
   }
-  for (const int end : ends) { // for children that other code of the process may start
+  for (const int end : ends) { // children of other code must not inherit them
     fcntl(end, F_SETFD, FD_CLOEXEC);
   }
   const Descriptor readEnd(ends[0]);
@@ -148,7 +148,7 @@ ToolOutput runToEnd(const std::string& executable, const std::vector<std::string
   }
   std::optional<std::string> output = readToEnd(readEnd.number());
   if (!output) {
-    kill(*child, SIGKILL); // it would wait for ever for somebody who reads
+    kill(*child, SIGKILL); // it may be blocked on the full pipe
   }
   return {std::move(output).value_or(""), waitForExitStatus(*child)};
 }

@@ -8,7 +8,7 @@
 namespace tamberline {
 namespace {
 
-/// Also where SIGPIPE is ignored, so that what reads the exit status sees the same everywhere.
+/// Works even if SIGPIPE is ignored, so that the exit status is the same in either case.
 void endByBrokenPipe() {
   std::signal(SIGPIPE, SIG_DFL);
   std::raise(SIGPIPE);

@@ -4,11 +4,11 @@
 
 namespace tamberline {
 
-/// What the programs for the terminal share.
+/// Helpers shared by the command-line programs.
 
-/// The whole text at once. False after saying on standard error, in the program's name, why it
-/// could not be written. When the reader has gone, as `head` goes after its lines, SIGPIPE ends
-/// the program, as it ends others.
+/// Writes the whole text at once. On failure, prints the reason to standard error, prefixed with
+/// the name `program`, and returns false. If the reader has closed the pipe, as `head` does after
+/// its last line, SIGPIPE ends the program, as it ends other programs.
 bool printToStandardOutput(std::string_view text, const char* program);
 
 } // namespace tamberline

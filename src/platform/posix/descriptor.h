@@ -5,7 +5,7 @@
 
 namespace tamberline {
 
-/// Owns an open file descriptor; a negative number is none.
+/// Owns an open file descriptor; a negative number means none.
 class Descriptor {
 public:
   explicit Descriptor(int number) : number_(number) {}

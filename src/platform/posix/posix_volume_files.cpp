@@ -16,20 +16,22 @@ namespace tamberline {
 namespace {
 
 constexpr mode_t newFileMode = 0644;
-/// Nothing waits on a pipe that took the name, no terminal is taken over, no child inherits.
+/// If something else has taken the name, opening does not block on a pipe, follows no link and
+/// acquires no controlling terminal. Child processes do not inherit the descriptor.
 constexpr int safeOpening = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;
 
-/// A relative mount point could only name something that is no volume.
+/// A relative path cannot be a mount point.
 bool isUsable(const std::string& path) {
   return path.starts_with('/') && path.find('\0') == std::string::npos;
 }
 
-/// Writing to a file that has another name too would change what somebody keeps elsewhere.
+/// A file with several hard links is excluded: writing to it would change data that is also stored
+/// under another name.
 bool isUnlinkedRegularFile(const struct stat& status) {
   return S_ISREG(status.st_mode) && status.st_nlink == 1;
 }
 
-/// Absent when nothing can be said of what is open.
+/// Absent if the status of the open file cannot be read.
 std::optional<struct stat> statusOf(const Descriptor& file) {
   struct stat status = {};
   return fstat(file.number(), &status) == 0 ? std::optional(status) : std::nullopt;
@@ -39,7 +41,7 @@ bool isSameFile(const struct stat& left, const struct stat& right) {
   return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
 }
 
-/// The person's own share may be used up before the volume is.
+/// The user's quota may be exhausted before the volume is full.
 bool isSpaceMissing(int error) {
   return error == ENOSPC || error == EDQUOT;
 }
@@ -49,7 +51,7 @@ bool isReadOnly(const Descriptor& folder) {
   return fstatvfs(folder.number(), &status) == 0 && (status.f_flag & ST_RDONLY) != 0;
 }
 
-/// What the error of an attempt to make a file says of the volume.
+/// The reason why a file could not be created, from the error code.
 VolumeFolder::CreateFailure createFailure(int error, const Descriptor& folder) {
   const bool isPermissionDenied = error == EACCES || error == EPERM;
   if (isPermissionDenied && !isReadOnly(folder)) {
@@ -59,15 +61,16 @@ VolumeFolder::CreateFailure createFailure(int error, const Descriptor& folder) {
                                : VolumeFolder::CreateFailure::readOnly;
 }
 
-/// What a device below a file system that a program serves was read since a moment. A program reads
-/// the device through the system's cache, so it may have answered from there.
+/// Measures how much has been read from a device since construction, for file systems that a
+/// program serves. The program reads the device through the system's cache, so it may have answered
+/// from there.
 class DeviceReads {
 public:
   explicit DeviceReads(const Descriptor& folder)
       : folder_(fcntl(folder.number(), F_DUPFD_CLOEXEC, 0)),
         before_(bytesReadFromDevice(folder_.number())) {}
 
-  /// Others may read the device meanwhile, but nothing tells whose reads were counted.
+  /// The count includes reads by other programs, which cannot be distinguished.
   bool cover(std::int64_t bytes) const {
     const std::optional<std::uint64_t> now = bytesReadFromDevice(folder_.number());
     return before_ && now && *now - *before_ >= static_cast<std::uint64_t>(bytes);
@@ -80,7 +83,7 @@ private:
 
 class PosixVolumeFile final : public VolumeFile {
 public:
-  /// `deviceReads` where the bytes that are read must be looked for.
+  /// `deviceReads` is set if it must be verified that reads reach the device.
   explicit PosixVolumeFile(Descriptor file, std::optional<DeviceReads> deviceReads = std::nullopt)
       : file_(std::move(file)), deviceReads_(std::move(deviceReads)),
         isPastCache_(bypassCache(file_.number())) {}
@@ -103,8 +106,8 @@ public:
   bool hasReadMedium() const override { return !deviceReads_ || deviceReads_->cover(bytesRead_); }
 
 private:
-  /// Past the cache only whole blocks can be moved, and some file systems allow it and refuse it
-  /// later.
+  /// Falls back to the cache: only whole blocks can bypass it, and some file systems accept
+  /// bypassing at first and refuse it later.
   template <typename Transfer>
   std::int64_t retried(Transfer transfer) {
     while (true) {
@@ -149,12 +152,13 @@ private:
   Descriptor folder_;
   VolumeIdentity identity_;
   bool isServedByProgram_;
-  /// Keeps the number of the file that was made: some file systems give it to another one, or give
-  /// the file another one, as soon as nobody has it open.
+  /// Keeps the inode of the created file in use: once a file is closed, some file systems reuse its
+  /// inode number or give the file another one.
   std::optional<Descriptor> madeFile_;
 };
 
-/// Never opens what is there, however quickly it got there: what it writes to is its own making.
+/// Never opens an existing file, even one that appears at the last moment: it writes only to a file
+/// that it has created.
 VolumeFolder::Created PosixVolumeFolder::create(const std::string& name) {
   remove(name);
   Descriptor file = openAt(name, O_WRONLY | O_CREAT | O_EXCL);

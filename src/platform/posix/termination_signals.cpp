@@ -10,7 +10,8 @@
 namespace tamberline {
 namespace {
 
-/// All that a signal handler may reach.
+/// The only state that the signal handler uses, because a handler may access only lock-free
+/// atomics.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 std::atomic<int> wakeUpDescriptor = -1;
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
@@ -20,7 +21,7 @@ void wakeUp(int /*signal*/) {
   const int error = errno;
   isAsked = true;
   const char byte = 0;
-  // A full pipe has woken the reader already.
+  // If the pipe is full, the reader has already been woken.
   [[maybe_unused]] const ssize_t count = write(wakeUpDescriptor, &byte, 1);
   errno = error;
 }
@@ -35,7 +36,7 @@ void drain(int descriptor) {
 
 TerminationSignals::TerminationSignals(std::function<void()> onAsked) {
   if (!pipe_.readEnd.isOpen()) {
-    return; // the signals end the program as ever
+    return; // the signals keep their former actions
   }
   notifier_ = std::make_unique<QSocketNotifier>(pipe_.readEnd.number(), QSocketNotifier::Read);
   QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
@@ -56,7 +57,7 @@ TerminationSignals::~TerminationSignals() {
   for (const Treatment& treatment : treatments_) {
     sigaction(treatment.signal, &ignoring, nullptr);
   }
-  // A signal before that line has been noted; one after it is ignored.
+  // Signals before this point have set `isAsked`; later ones are ignored.
   for (const Treatment& treatment : treatments_) {
     if (!isAsked) {
       sigaction(treatment.signal, &treatment.former, nullptr);

@@ -11,11 +11,11 @@
 
 namespace tamberline {
 
-/// Tells the program on its main thread when somebody asks it to end (SIGTERM, SIGINT, SIGHUP), so
-/// that it can end in order; only SIGKILL ends it at once then. Signals that were ignored before
-/// stay ignored. Once asked, the program is ending: what comes after this object is ignored, so
-/// that a second signal cannot cut the end short. One object at a time; needs an application
-/// object.
+/// Calls back on the main thread when SIGTERM, SIGINT or SIGHUP asks the program to end, so that it
+/// can shut down cleanly. Meanwhile only SIGKILL ends the program at once. Signals that were
+/// ignored before stay ignored. If a signal has arrived, later ones are ignored even after this
+/// object is destroyed, so that they cannot interrupt the shutdown. Only one object may exist at a
+/// time; it needs an application object.
 class TerminationSignals {
 public:
   explicit TerminationSignals(std::function<void()> onAsked);
