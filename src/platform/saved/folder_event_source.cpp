@@ -9,7 +9,8 @@
 namespace tamberline {
 namespace {
 
-/// The nearest folder above that exists: it tells when the folder comes, goes or is replaced.
+/// The nearest existing folder above. Watching it shows when `folder` is created, removed or
+/// replaced.
 QString existingFolderAbove(const QString& folder) {
   QString above = QFileInfo(folder).path();
   while (!QFileInfo(above).isDir() && QFileInfo(above).path() != above) {
@@ -42,8 +43,9 @@ void FolderEventSource::stop() {
   unwatch();
 }
 
-/// Watches hold on to what a path once named, so a file or folder that was replaced needs a new
-/// one. Each folder is watched before it is looked into: what comes meanwhile is not missed.
+/// A watch stays with the file or folder that its path named when it was added, so a replaced one
+/// needs a new watch. Each folder is watched before it is listed, so that no file created in
+/// between is missed.
 void FolderEventSource::watchAnew() {
   unwatch();
   QString above;
@@ -82,9 +84,9 @@ FolderEventSource::FileState FolderEventSource::stateOf(const QFileInfo& file) {
   return {file.fileName(), file.size(), file.fileTime(QFile::FileMetadataChangeTime)};
 }
 
-/// A change above the folder counts only when the folder is another one since; it may be a file
-/// beside it that changed. Watches are not renewed for nothing, because events that are on their
-/// way are lost with them.
+/// A change above the folder counts only if the folder's state has changed, because it may concern
+/// a file beside the folder. Watches are renewed only when needed, because renewing them loses
+/// pending events.
 void FolderEventSource::handleChange(const QString& path) {
   if (!events_.registryChanged) {
     return;
@@ -96,7 +98,7 @@ void FolderEventSource::handleChange(const QString& path) {
   watchAnew();
   const FolderState before = std::exchange(lastState_, readFolder());
   if (isInFolder || lastState_ != before) {
-    const auto tell = events_.registryChanged; // which may stop the source
+    const auto tell = events_.registryChanged; // a copy: the call may stop the source
     tell();
   }
 }

@@ -13,9 +13,9 @@
 
 namespace tamberline {
 
-/// Stands for the system's events where reports come from a folder (docs/report-folder.md): a file
-/// in the folder that changes, comes or goes, and the folder itself that comes or goes, is
-/// something attached or removed. Needs an event loop.
+/// Replaces the system's events if reports come from a folder (docs/report-folder.md). A file in
+/// the folder that changes, appears or disappears counts as something attached or removed, and so
+/// does the folder itself appearing or disappearing. Needs an event loop.
 class FolderEventSource final : public PortEventSource {
 public:
   /// The folder may be missing.
@@ -29,11 +29,11 @@ private:
   struct FileState {
     QString name;
     qint64 size = 0;
-    QDateTime changed; // also moves when the file replaces another one
+    QDateTime changed; // also differs if the file replaces another one
 
     bool operator==(const FileState&) const = default;
   };
-  /// The folder itself and its files; absent while the folder is.
+  /// The folder itself and its files; absent while the folder is missing.
   using FolderState = std::optional<std::vector<FileState>>;
 
   static FileState stateOf(const QFileInfo& file);

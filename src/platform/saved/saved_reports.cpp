@@ -22,11 +22,11 @@ bool isRegularFile(const Descriptor& file) {
   return fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-/// The bytes of a regular file; absent for anything else, also where it takes the place of one at
-/// this moment, for what cannot be read, and for more than `maxBytes`. Waits for nobody.
+/// The bytes of a regular file. Absent for any other kind of file, even one that has just taken the
+/// place of a regular file, for an unreadable file and for more than `maxBytes`. Never blocks.
 std::optional<std::string> readRegularFile(const std::filesystem::path& path,
                                            std::size_t maxBytes) {
-  // Nothing waits for the other end of a pipe, and no terminal is taken over.
+  // Opening does not block on a pipe without a writer and acquires no controlling terminal.
   const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   if (!file.isOpen() || !isRegularFile(file)) {
     return std::nullopt;

@@ -8,11 +8,11 @@
 
 namespace tamberline {
 
-/// The file of a folder of saved reports that holds the answer.
+/// The name of the file that holds the answer in a folder of saved reports.
 const char* savedFileName(Question question);
 
-/// Answers from a folder of saved reports (docs/report-folder.md): each file holds what one tool
-/// wrote. A file that is missing or unreadable stands for a tool that wrote nothing.
+/// Answers from a folder of saved reports (docs/report-folder.md): each file holds the output of
+/// one tool. A missing or unreadable file counts as empty output.
 class SavedReports final : public MachineSource {
 public:
   explicit SavedReports(std::filesystem::path folder);
@@ -23,8 +23,8 @@ private:
   std::filesystem::path folder_;
 };
 
-/// Answers from the folder alike for every release of the system. What was mounted is not saved: a
-/// machine of a release whose USB report knows no volumes shows none.
+/// Answers in the same format for reports from every release of the system. The mount table is not
+/// saved, so reports from releases whose USB section has no volumes show none.
 std::shared_ptr<MachineSource> savedMachine(const std::filesystem::path& folder);
 
 } // namespace tamberline
