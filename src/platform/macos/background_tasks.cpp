@@ -4,7 +4,7 @@
 
 namespace tamberline {
 
-/// A thread made without a class counts as one whose priority nobody asked for.
+/// A thread without a quality-of-service class has an unspecified priority.
 void becomeUserInitiatedTask() {
   pthread_set_qos_class_self_np(QOS_CLASS_USER_INITIATED, 0);
 }

@@ -10,7 +10,8 @@ struct ReleaseCF {
   void operator()(const void* object) const { CFRelease(object); }
 };
 
-/// Owns what a function with "Create" or "Copy" in its name gave; null when it gave nothing.
+/// Owns an object returned by a function with "Create" or "Copy" in its name; null if it returned
+/// none.
 template <typename Reference>
 using CFReference = std::unique_ptr<std::remove_pointer_t<Reference>, ReleaseCF>;
 

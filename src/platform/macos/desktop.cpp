@@ -4,20 +4,20 @@
 
 namespace tamberline {
 
-/// The system's own way of drawing is the quick one here.
+/// The default graphics API is the fastest here.
 void chooseGraphics() {}
 
-/// What Qt calls so here is the folder in which programs keep their data for good.
+/// None: Qt's runtime location on this system is the folder for permanent application data.
 QString systemRuntimeFolder() {
   return {};
 }
 
-/// A start at login cannot be told from a person's.
+/// A start at login cannot be distinguished from a start by the user.
 bool takeStartInBackground() {
   return false;
 }
 
-/// The menu bar always has the icon, and a start at login should bring nothing else.
+/// The menu bar always shows the icon, and a start at login should show nothing else.
 bool opensPanelOnStart() {
   return false;
 }
@@ -26,7 +26,8 @@ std::shared_ptr<WindowPlaces> makeWindowPlaces() {
   return std::make_shared<FreeWindowPlaces>();
 }
 
-/// A menu bar that knows an icon's menu opens it on every click and leaves none for the panel.
+/// The program opens the icon's menu itself: if the menu bar had the menu, every click would open
+/// it and none would open the panel.
 std::unique_ptr<Tray> makeDesktopTray(const std::shared_ptr<WindowPlaces>& /*places*/) {
   return std::make_unique<QtTray>(QtTray::MenuOpener::program);
 }

@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-/// Ejects with the Mac's own disk utility; what that prints is the message.
+/// Ejects with the Mac's disk utility; its output is the message.
 class DiskUtilityEjector final : public VolumeEjector {
 public:
   explicit DiskUtilityEjector(std::shared_ptr<ToolRunner> tools);

@@ -7,7 +7,7 @@
 namespace tamberline {
 namespace {
 
-/// Also arms the notification: the system tells of nothing new until everything was taken.
+/// Also arms the notification: the system reports nothing new until the iterator is empty.
 void drain(io_iterator_t iterator) {
   while (const io_object_t object = IOIteratorNext(iterator)) {
     IOObjectRelease(object);
@@ -60,13 +60,13 @@ void IORegistryEvents::watchRegistry() {
 
 void IORegistryEvents::watch(const char* notificationType, const char* className) {
   io_iterator_t iterator = IO_OBJECT_NULL;
-  // The call takes over what IOServiceMatching gives.
+  // The call takes ownership of the dictionary that IOServiceMatching returns.
   const kern_return_t result = IOServiceAddMatchingNotification(
       notificationPort_, notificationType, IOServiceMatching(className), takeRegistryChange, this,
       &iterator);
   if (result == KERN_SUCCESS) {
     iterators_.push_back(iterator);
-    drain(iterator); // what is attached already is no change
+    drain(iterator); // already attached devices are not changes
   }
 }
 

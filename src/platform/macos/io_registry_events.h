@@ -8,9 +8,9 @@
 
 namespace tamberline {
 
-/// The Mac's own events: USB devices and Thunderbolt switches that appear in the I/O registry or
+/// The events of a Mac: USB devices and Thunderbolt switches that appear in the I/O registry or
 /// leave it, and changes of the power source. They arrive on the main thread while its event loop
-/// runs. What the system refuses is left out; the rest works.
+/// runs. Notifications that the system refuses are left out; the others work.
 class IORegistryEvents final : public PortEventSource {
 public:
   IORegistryEvents() = default;

@@ -17,7 +17,7 @@ namespace {
 
 using nlohmann::json;
 
-/// Whether it is the USB section and holds nothing. Older releases print that too, where nothing is
+/// Whether the answer is a USB section without entries. Older releases print one too if nothing is
 /// attached.
 bool isEmptyUsbSection(const std::string& answer) {
   const std::optional<json> report = decodeReport(answer);
@@ -28,7 +28,7 @@ bool isEmptyUsbSection(const std::string& answer) {
   return entries.is_array() && entries.empty();
 }
 
-/// Nothing on releases without the section, where there is no other to read.
+/// The newer section; absent if it has no buses, as on releases that do not have the section.
 std::optional<json> hostReportWithBuses(const std::string& answer) {
   std::optional<json> report = decodeReport(answer);
   const bool hasBuses = report && !objectsMember(*report, usbHostSectionKey).empty();
@@ -62,7 +62,7 @@ std::string MacMachine::answer(Question question) {
   }
   std::string newerAnswer = reports_->answer(Question::newerUsb);
   if (isTooLargeReport(newerAnswer)) {
-    return newerAnswer; // which cannot be read, and whoever asked says so
+    return newerAnswer; // the caller reports that it is too large
   }
   const std::optional<json> hostReport = hostReportWithBuses(newerAnswer);
   if (!hostReport) {

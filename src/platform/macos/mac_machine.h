@@ -10,16 +10,17 @@
 
 namespace tamberline {
 
-/// Makes every release of the system answer like the older ones. Since release 26 the report's USB
-/// section is empty and another one, which knows no volumes, holds the devices; asked for the USB
-/// section, this source then puts it together from the newer one, the registry and the mount table.
-/// Everything else, and the USB section wherever that gives nothing, is the reports' own answer. A
-/// newer section that is too large to be read is handed on as it is, so that its reading fails.
+/// Answers in the format of older releases for every release of the system. Since release 26 the
+/// report's USB section is empty, and the devices are in another section, which has no volumes.
+/// This source then builds the USB section from the newer section, the registry and the mount
+/// table. All other answers are returned unchanged, and so is an empty USB section if the newer
+/// section has no buses. A newer section that is too large is also returned unchanged, so that the
+/// caller fails to decode it.
 class MacMachine final : public MachineSource {
 public:
   using MountTableReader = std::function<std::vector<Mount>()>;
 
-  /// `reports` answers as a Mac of any release does. `readMountTable` is called on any thread,
+  /// `reports` answers like a Mac of any release. `readMountTable` may be called on any thread,
   /// several at once.
   MacMachine(std::shared_ptr<MachineSource> reports, MountTableReader readMountTable);
 

@@ -9,7 +9,7 @@
 
 namespace tamberline {
 
-/// How one of the Mac's tools is run.
+/// How to run one of the Mac's tools.
 struct ToolCommand {
   std::string executable;
   std::vector<std::string> arguments;
@@ -17,10 +17,11 @@ struct ToolCommand {
   friend bool operator==(const ToolCommand&, const ToolCommand&) = default;
 };
 
-/// The run of the hardware report tool or the registry tool that answers the question.
+/// The call of the hardware report tool or the registry tool that answers the question.
 ToolCommand commandFor(Question question);
 
-/// Asks a Mac's tools. Whatever a tool prints is the answer; its exit status does not count.
+/// Answers by running a Mac's tools. The output of a tool is the answer; its exit status is
+/// ignored.
 class MacTools final : public MachineSource {
 public:
   explicit MacTools(std::shared_ptr<ToolRunner> runner);

@@ -7,11 +7,11 @@
 namespace tamberline {
 namespace {
 
-/// getfsstat fills memory of the caller; getmntinfo would hand out memory that it shares between
-/// threads, and scans ask on several. It does not say when the memory was too short, so more is
-/// offered until some is left over.
+/// Uses getfsstat, which fills the caller's buffer: getmntinfo returns a buffer that threads share,
+/// and scans run on several threads. getfsstat does not report that a buffer was too small, so the
+/// buffer grows until some of it is unused.
 std::vector<struct statfs> mountedFileSystems() {
-  constexpr std::size_t spare = 8; // for what is mounted meanwhile
+  constexpr std::size_t spare = 8; // for file systems mounted meanwhile
   std::vector<struct statfs> fileSystems;
   int count = getfsstat(nullptr, 0, MNT_NOWAIT);
   while (count >= 0 && static_cast<std::size_t>(count) >= fileSystems.size()) {

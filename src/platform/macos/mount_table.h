@@ -7,15 +7,15 @@ namespace tamberline {
 
 /// One mounted file system.
 struct Mount {
-  /// What the system calls its source: "/dev/disk4s1", "//server/share", "devfs".
+  /// The system's name for its source: "/dev/disk4s1", "//server/share", "devfs".
   std::string device;
   std::string mountPoint;
 
   friend bool operator==(const Mount&, const Mount&) = default;
 };
 
-/// Everything that is mounted now, in the system's order; empty when the system does not tell. Any
-/// thread; waits for no file system.
+/// All mounted file systems, in the system's order; empty if the system does not report them. Can
+/// be called on any thread; does not block on any file system.
 std::vector<Mount> mountTable();
 
 } // namespace tamberline

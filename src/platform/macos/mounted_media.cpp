@@ -14,21 +14,20 @@
 namespace tamberline {
 namespace {
 
-/// The registry may write a location, 32 bits, as a negative number.
+/// The registry may write a 32-bit location as a negative number.
 std::int64_t unsignedLocation(std::int64_t locationID) {
   constexpr std::int64_t twoToThePower32 = std::int64_t{1} << 32U;
   return locationID < 0 ? locationID + twoToThePower32 : locationID;
 }
 
-/// The name of a volume where only its mount point tells it. File systems here keep a name's "/" as
-/// ":" in their paths.
+/// The volume's name according to its mount point. Paths have ":" where the name has "/".
 std::string nameAt(std::string_view mountPoint) {
   return replacedAll(mountPoint.substr(mountPoint.find_last_of('/') + 1), ":", "/");
 }
 
-/// The medium that a file system is on, "disk4s1"; empty when it is on none. The system mounts
-/// "/dev/disk4s1" itself and leaves some kinds to programs of their own, which name what they mount
-/// as "msdos://disk4s1/NO%20NAME".
+/// The medium of a file system, such as "disk4s1"; empty if it has none. The source is
+/// "/dev/disk4s1" if the system itself mounts the file system, or a text such as
+/// "msdos://disk4s1/NO%20NAME" if a user-space driver does.
 std::string_view mediumOf(std::string_view device) {
   constexpr std::string_view folderOfDevices = "/dev/";
   if (device.starts_with(folderOfDevices)) {
@@ -54,7 +53,7 @@ public:
     }
   }
 
-  /// `location` is that of the nearest USB device above, absent when there is none.
+  /// `location` is that of the nearest USB device above; absent if there is none.
   void walk(PropertyListValue value, std::optional<std::int64_t> location) {
     PropertyListValue nested = value;
     if (value.isDictionary()) {
@@ -70,8 +69,9 @@ public:
   VolumesByLocation takeVolumes() { return std::move(volumes_); }
 
 private:
-  /// A device's interfaces and drivers repeat its location. A device without one must not pass its
-  /// media on to the hub above it.
+  /// The location for the entries below `entry`. A device's interfaces and drivers repeat its
+  /// location. Below a device without a location there is none, so that its media are not
+  /// attributed to the hub above it.
   static std::optional<std::int64_t> locationBelow(PropertyListValue entry,
                                                    std::optional<std::int64_t> locationAbove) {
     if (const auto locationID = entry.member("locationID").integer()) {

@@ -1,4 +1,4 @@
-// Before Qt's headers, whose keywords are macros.
+// Included before Qt's headers, which define keywords as macros.
 #import <AppKit/AppKit.h>
 
 #include "platform/macos/cf_reference.h"
@@ -12,8 +12,8 @@
 namespace tamberline {
 namespace {
 
-/// The system's symbol as a template image, whose one colour does not count; nil when the system does
-/// not have it.
+/// The system's symbol as a template image, in which only the alpha channel matters; nil if the
+/// system does not have it.
 NSImage* systemSymbol(std::string_view symbol, double pointSize) {
   NSString* const name = [NSString stringWithUTF8String:std::string(symbol).c_str()];
   if (name == nil) {
@@ -28,7 +28,7 @@ NSImage* systemSymbol(std::string_view symbol, double pointSize) {
   return image;
 }
 
-/// Draws into the pixels of `drawing`; null when the system gives no memory.
+/// A context that draws into the pixels of `drawing`; null if the system cannot allocate it.
 CFReference<CGContextRef> contextOn(QImage& drawing) {
   constexpr std::size_t bitsOfComponent = 8;
   constexpr auto layout = static_cast<std::uint32_t>(kCGImageAlphaPremultipliedFirst) |
@@ -48,7 +48,7 @@ void draw(NSImage* image, CGContextRef context, const QRectF& place) {
   [NSGraphicsContext restoreGraphicsState];
 }
 
-/// In a dark look the system may draw in white, which would count as no part of the symbol.
+/// In dark mode the system may draw the symbol in white, which would not count as part of it.
 void blacken(CGContextRef context, double side) {
   CGContextSetBlendMode(context, kCGBlendModeSourceIn);
   CGContextSetGrayFillColor(context, 0, 1);

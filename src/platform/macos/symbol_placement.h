@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-/// Where a symbol of this size goes in a square with this side: in the middle, and smaller only if
+/// The place of a symbol of this size in a square with this side: centred, and scaled down only if
 /// it does not fit. Empty for a symbol without a size.
 inline QRectF symbolPlacement(const QSizeF& symbol, double side) {
   if (symbol.isEmpty()) {

@@ -28,14 +28,14 @@ constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOP
 constexpr std::string_view gapSuffixes =
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789()";
 
-/// Takes from the start of `text` what stands before the first character that is one of `ends`.
+/// Removes and returns the start of `text` up to the first character that is one of `ends`.
 std::string_view takeUntil(std::string_view ends, std::string_view& text) {
   const std::string_view taken = text.substr(0, text.find_first_of(ends));
   text.remove_prefix(taken.size());
   return taken;
 }
 
-/// Takes from the start of `text` what consists of `characters`.
+/// Removes and returns the leading part of `text` that consists of `characters`.
 std::string_view takeWhile(std::string_view characters, std::string_view& text) {
   const std::string_view taken = text.substr(0, text.find_first_not_of(characters));
   text.remove_prefix(taken.size());
@@ -46,13 +46,13 @@ std::string withoutSeparators(std::string_view number) {
   return replacedAll(replacedAll(number, ".", ""), ",", "");
 }
 
-/// A number of a text with the word behind it: "4.48" with "w", "896" with "ma".
+/// A number in a text and the word after it: "4.48" and "w", "896" and "ma".
 struct Measure {
   std::string_view number; // digits, points and commas; starts with a digit
   std::string unit;        // in lower case; empty when something else follows
 
-  /// A thousandth of the unit is the least that counts; a point or comma is the decimal one. Absent
-  /// for numbers of more than six digits before it.
+  /// The number in thousandths of the unit; further decimals are dropped. The first point or comma
+  /// is the decimal separator. Absent if more than six digits precede it.
   std::optional<std::int64_t> thousandths() const {
     const std::size_t point = std::min(number.find_first_of(".,"), number.size());
     std::string decimals = withoutSeparators(number.substr(point)).substr(0, 3);
@@ -62,7 +62,7 @@ struct Measure {
   }
 };
 
-/// The system writes texts for people in their language: "4.48 W (896 mA)", "4,48 W (1.500 mA)",
+/// The system writes these texts in the user's language: "4.48 W (896 mA)", "4,48 W (1.500 mA)",
 /// "Up to 10 Gb/s".
 std::vector<Measure> measuresIn(std::string_view text) {
   std::vector<Measure> measures;
@@ -76,7 +76,7 @@ std::vector<Measure> measuresIn(std::string_view text) {
   return measures;
 }
 
-/// Absent when the text tells no speed.
+/// Absent if the text contains no speed.
 std::optional<std::int64_t> kilobitsPerSecondIn(std::string_view text) {
   for (const Measure& measure : measuresIn(text)) {
     const bool isInGigabits = measure.unit.starts_with("gb");
@@ -88,8 +88,8 @@ std::optional<std::int64_t> kilobitsPerSecondIn(std::string_view text) {
   return std::nullopt;
 }
 
-/// The older section's token. It has none above 10 Gb/s and for speeds that are none of USB's;
-/// such a speed is handed on as a text, in one spelling, and shown as it is.
+/// The older section's token for a speed. There is none above 10 Gb/s and none for speeds that USB
+/// does not define; such a speed becomes a text in a uniform spelling, which is shown unchanged.
 std::string speedToken(std::string_view linkSpeed) {
   static constexpr std::array<std::pair<std::int64_t, const char*>, 5> tokens = {{
       {1'500, "low_speed"},
@@ -113,8 +113,8 @@ std::string speedToken(std::string_view linkSpeed) {
                                      : generalText(kilobits / 1'000) + " Mb/s";
 }
 
-/// Absent when the text tells no current. Currents are whole numbers, so that a point or comma in
-/// one can only group its digits.
+/// Absent if the text contains neither a current nor a power, which is converted at 5 V. Currents
+/// are whole numbers, so a point or comma in one can only group its digits.
 std::optional<std::int64_t> milliamperesIn(std::string_view text) {
   const std::vector<Measure> measures = measuresIn(text);
   for (const Measure& measure : measures) {
@@ -132,7 +132,7 @@ std::optional<std::int64_t> milliamperesIn(std::string_view text) {
   return std::nullopt;
 }
 
-/// Absent also where the report spells absence out.
+/// Also absent if the report states that the device does not provide it.
 std::optional<std::string> providedText(const json& entry, std::string_view key) {
   std::optional<std::string> text = textMember(entry, key);
   return text == "Not Provided" ? std::nullopt : text;
@@ -144,7 +144,7 @@ void copyText(const json& from, std::string_view key, json& to, const char* olde
   }
 }
 
-/// The words for true and for false; any other says nothing.
+/// The words for true and for false; any other word means unknown.
 using FlagWords = std::pair<std::string_view, std::string_view>;
 
 void copyFlag(const json& from, std::string_view key, const FlagWords& words, json& to,
@@ -155,8 +155,8 @@ void copyFlag(const json& from, std::string_view key, const FlagWords& words, js
   }
 }
 
-/// The older section's name of the same bus, by which its speed is known. That section called every
-/// controller beyond USB 3.0 a USB 3.1 one, those of USB4 ports too.
+/// The older section's name for the same bus, from which its speed is derived. That section called
+/// every controller above USB 3.0 a USB 3.1 one, including those of USB4 ports.
 std::string olderBusName(const std::string& name) {
   static constexpr std::array<std::pair<std::string_view, const char*>, 6> names = {{
       {"USB 2.", "USB20Bus"},
@@ -171,8 +171,8 @@ std::string olderBusName(const std::string& name) {
   return found == names.end() ? name : found->second;
 }
 
-/// Whether the driver is of a computer's own ports, such as "AppleT8122USBXHCI". That of another
-/// maker's controller, which some computers have for their larger ports, has more behind that:
+/// Whether the driver is for a computer's own ports, such as "AppleT8122USBXHCI". Drivers for
+/// another maker's controller, which some computers have for their larger ports, have a suffix:
 /// "AppleT8103USBXHCIFL1100".
 bool isOwn(std::string_view driver) {
   constexpr std::string_view start = "AppleT";
@@ -188,12 +188,13 @@ bool isKnownToUSBBus(const std::string& driver) {
   return USBBus{.hostController = driver}.isInternalTBController();
 }
 
-/// By which USBBus takes a bus for one whose devices stand on the computer's Thunderbolt ports.
+/// A name by which USBBus recognises the bus as one whose devices are on the computer's Thunderbolt
+/// ports.
 std::string portBusName(const std::string& driver) {
   return isKnownToUSBBus(driver) ? driver : driver + ", like AppleT8132USBXHCI";
 }
 
-/// By which USBBus takes a bus for any other, which gets a card of its own.
+/// A name by which USBBus does not recognise the bus, so that it gets its own card.
 std::string portlessBusName(const std::string& driver) {
   return isKnownToUSBBus(driver) ? replacedAll(driver, "USBXHCI", "USB-XHCI") : driver;
 }
@@ -203,7 +204,7 @@ public:
   Translation(VolumesByLocation volumes, const ThunderboltPorts& ports)
       : volumes_(std::move(volumes)), ports_(ports) {}
 
-  /// One bus, or two where only some of its devices are on ports with Thunderbolt.
+  /// Appends one bus, or two if only some of its devices are on ports with Thunderbolt.
   void appendBuses(const json& entry, json& buses) {
     json older = json::object();
     if (const std::optional<std::string> name = textMember(entry, "_name")) {
@@ -211,7 +212,8 @@ public:
     }
     const std::string driver = providedText(entry, "Driver").value_or("");
     Devices devices = devicesOf(entry, isOwn(driver));
-    // Without devices there is nothing to show of the computer's own controllers.
+    // A bus of the computer's own controllers without devices counts as one of a port, so that it
+    // gets no card.
     const bool isOfAPort = !devices.onPorts.empty() || (isOwn(driver) && devices.others.empty());
     if (isOfAPort) {
       buses.push_back(withDevices(older, portBusName(driver), std::move(devices.onPorts)));
@@ -219,15 +221,15 @@ public:
     if (!isOfAPort || !devices.others.empty()) {
       json bus = withDevices(older, portlessBusName(driver), std::move(devices.others));
       if (isOwn(driver)) {
-        bus["tamberline_is_built_in"] = "TRUE"; // so that no dock has it
+        bus["tamberline_is_built_in"] = "TRUE"; // so that no dock claims it
       }
       buses.push_back(std::move(bus));
     }
   }
 
 private:
-  /// The report and its buses nest three levels, each tier of devices two, and the volumes of a
-  /// device four.
+  /// The report and its buses take three levels of nesting, each tier of devices takes two, and a
+  /// device's volumes take four.
   static constexpr int maxTier = (maxReportNesting - 3 - 4) / 2;
 
   struct Devices {
@@ -275,7 +277,7 @@ private:
   json device(const json& item, int tier) {
     json older = json::object();
     if (const std::optional<std::string> name = textMember(item, "_name")) {
-      older["_name"] = trimmed(*name); // the report puts a blank before some
+      older["_name"] = trimmed(*name); // some names start with a blank
     }
     if (const std::optional<std::string> vendor = providedText(item, "USBDeviceKeyVendorName")) {
       older["manufacturer"] = trimmed(*vendor);
@@ -296,8 +298,8 @@ private:
     return older;
   }
 
-  /// What is allocated to a device is what it declared to draw at most, so it stands for the rated
-  /// draw and for nothing that was measured. What its port could offer is not told.
+  /// The power allocated to a device is the max that the device declared, so it is a rating and not
+  /// a measurement. The report does not contain what the port could supply.
   static void addPower(const json& item, json& older) {
     const std::string allocation = textMember(item, "USBDeviceKeyPowerAllocation", "");
     if (const std::optional<std::int64_t> allocatedMa = milliamperesIn(allocation)) {
@@ -319,7 +321,7 @@ private:
     volumes_.erase(found);
   }
 
-  VolumesByLocation volumes_; // of devices that are still to come
+  VolumesByLocation volumes_; // of devices not translated yet
   const ThunderboltPorts& ports_;
 };
 

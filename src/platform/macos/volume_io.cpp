@@ -9,8 +9,8 @@ namespace tamberline {
 
 const int pathOpenFlags = O_RDONLY;
 
-/// A device that is plugged in again may have the number of the one before; with its name and the
-/// kind of file system that is all that can be told apart.
+/// A device that is plugged in later may get the same device number. Only the device name and the
+/// kind of file system can distinguish it.
 VolumeIdentity identityOf(int folder, const std::string& mountPoint) {
   struct statfs status = {};
   if (fstatfs(folder, &status) != 0 || mountPoint != status.f_mntonname) {
@@ -20,8 +20,8 @@ VolumeIdentity identityOf(int folder, const std::string& mountPoint) {
                   std::to_string(status.f_fsid.val[1]) + " " + status.f_mntfromname};
 }
 
-/// Not the portable call, whose counts have 32 bits here. A volume without a size is one that does
-/// not tell it.
+/// Not the portable statvfs, whose counts have only 32 bits here. A size of zero means that the
+/// volume does not report its size.
 std::optional<std::uint64_t> availableBytes(int folder) {
   struct statfs status = {};
   if (fstatfs(folder, &status) != 0 || status.f_blocks == 0) {
@@ -38,15 +38,16 @@ void useCache(int descriptor) {
   fcntl(descriptor, F_NOCACHE, 0);
 }
 
-/// Volumes of a network know only the ordinary way.
+/// Network volumes support only fsync.
 bool flushToMedium(int descriptor) {
   return fcntl(descriptor, F_FULLFSYNC) != -1 || fsync(descriptor) == 0;
 }
 
-/// Nothing is left to do: every file system here writes past the cache when it is told to.
+/// Nothing to do: every file system here bypasses the cache on request.
 void dropCachedPages(int /*descriptor*/) {}
 
-/// Nothing tells; the drivers that come with the system ask for no cache where they are asked.
+/// The system does not report it. The user-space drivers that come with the system bypass the cache
+/// on request.
 bool isServedByProgram(int /*descriptor*/) {
   return false;
 }
