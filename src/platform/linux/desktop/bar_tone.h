@@ -7,11 +7,11 @@
 
 namespace tamberline {
 
-/// The tone of what is at the four edges of a picture, where an icon does not reach.
+/// The tone at the four edges of a picture, which the icon does not cover.
 BarTone toneAtEdges(const QImage& picture);
 
-/// The tone of the bar around an icon of X11, as it is on the screen now; unknown where there is
-/// nothing to see.
+/// The tone of the bar around an icon in the X11 tray, taken from the screen now; unknown if the
+/// icon is on no screen or the screen cannot be read.
 BarTone barToneAround(const QRect& icon);
 
 } // namespace tamberline

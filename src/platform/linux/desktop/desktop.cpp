@@ -10,10 +10,10 @@
 namespace tamberline {
 namespace {
 
-/// What the entry sets that starts the program with the session.
+/// Set by the autostart entry that starts the program with the session.
 constexpr const char* backgroundVariable = "TAMBERLINE_START_IN_BACKGROUND";
 
-/// A Wayland desktop that keeps the places of windows to itself.
+/// A Wayland desktop on which only the compositor positions windows.
 class CompositorWindowPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::desktop; }
@@ -25,8 +25,8 @@ public:
 
 } // namespace
 
-/// The panel is text and rectangles. Drawing them in software starts in a third of the time and
-/// memory that a graphics driver takes.
+/// The panel consists of text and rectangles. Software rendering starts with a third of the time
+/// and memory that a graphics driver takes.
 void chooseGraphics() {
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
@@ -41,7 +41,7 @@ bool takeStartInBackground() {
   return isInBackground;
 }
 
-/// The session's own entry says so when it wants the icon only.
+/// The autostart entry sets a variable if only the icon is wanted.
 bool opensPanelOnStart() {
   return true;
 }

@@ -29,7 +29,7 @@ void DrawnMenu::open(std::optional<QPoint> place) {
 }
 
 void DrawnMenu::anchorBesideTray(std::optional<QPoint> place) {
-  menu_.winId(); // so that there is a window to hold
+  menu_.winId(); // creates the native window
   QWindow* const window = menu_.windowHandle();
   if (window != nullptr) {
     hold_ = places_.holdInCorner(*window, screenCornerNextTo(place),

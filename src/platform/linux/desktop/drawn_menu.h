@@ -11,14 +11,15 @@
 
 namespace tamberline {
 
-/// The icon's menu for trays that leave the drawing to the program. Main thread only.
+/// The icon's menu, for trays that require the program to draw it. Main thread only.
 class DrawnMenu {
 public:
-  /// The places outlive the menu; on their desktop a program must have a say in where windows
-  /// stand.
+  /// `places` must outlive the menu. On its desktop, programs must be able to influence the
+  /// position of windows.
   DrawnMenu(WindowPlaces& places, MenuEntries entries);
 
-  /// Opens it at a place on the desktop; at the cursor where the tray told of none.
+  /// Opens the menu at a position on the desktop, or at the cursor if the tray reported none.
+  /// Closes the menu if it is open.
   void open(std::optional<QPoint> place);
 
   QMenu& menu() { return menu_; }

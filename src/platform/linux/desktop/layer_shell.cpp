@@ -16,7 +16,7 @@ namespace {
 
 using LayerWindow = LayerShellQt::Window;
 
-/// Between a held window and the edges of what is free, in points.
+/// Between a held window and the edges of the free area, in points.
 constexpr int margin = 8;
 
 LayerWindow::Anchors anchorsOf(Qt::Corner corner) {
@@ -26,9 +26,9 @@ LayerWindow::Anchors anchorsOf(Qt::Corner corner) {
          (isTop ? LayerWindow::AnchorTop : LayerWindow::AnchorBottom);
 }
 
-/// Lies unseen below a held window, over all that bars leave free: its size is how that is told,
-/// and clicks beside the held window end here. (Not every desktop takes the keyboard from a held
-/// window when something else is clicked.)
+/// A transparent window below a held window that covers the area that bars leave free. Its size
+/// shows how large that area is, and it receives the clicks outside the held window. (Not every
+/// desktop takes keyboard focus from a held window when something else is clicked.)
 class Backdrop final : public QRasterWindow {
 public:
   explicit Backdrop(WindowPlaces::HoldEvents events) : events_(std::move(events)) {
@@ -46,18 +46,18 @@ public:
     layer->setScreenConfiguration(LayerWindow::ScreenFromCompositor);
   }
 
-  /// Nobody listens any more.
+  /// Stops the callbacks; the window may exist longer than the objects that they use.
   void forgetEvents() { events_ = {}; }
 
 protected:
   void resizeEvent(QResizeEvent* event) override {
     QRasterWindow::resizeEvent(event);
-    if (height() > 1) { // the desktop has given the window its size
+    if (height() > 1) { // the desktop has set the window's size
       events_.freeHeightReported(height());
     }
   }
   void mousePressEvent(QMouseEvent* /*event*/) override {
-    const auto clickedOutside = events_.clickedOutside; // which may end the hold
+    const auto clickedOutside = events_.clickedOutside; // a copy: the call may end the hold
     clickedOutside();
   }
 
@@ -87,8 +87,7 @@ public:
   LayerShellHold(const LayerShellHold&) = delete;
   LayerShellHold& operator=(const LayerShellHold&) = delete;
 
-  /// A click on the backdrop may be what ends the hold, so the backdrop is deleted by the event
-  /// loop.
+  /// The event loop deletes the backdrop, because a click on it may be what ends the hold.
   ~LayerShellHold() override {
     backdrop_->forgetEvents();
     backdrop_->hide();
@@ -118,7 +117,7 @@ void noteLayerShell(void* isThere, wl_registry* /*registry*/, std::uint32_t /*na
 
 void ignoreRemoval(void* /*data*/, wl_registry* /*registry*/, std::uint32_t /*name*/) {}
 
-/// Asked over a connection of its own, which Qt's does not notice.
+/// Opens a separate connection to the compositor, so that Qt's is not affected.
 bool hasLayerShell() {
   wl_display* const display = wl_display_connect(nullptr);
   if (display == nullptr) {

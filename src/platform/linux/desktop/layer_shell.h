@@ -6,8 +6,8 @@
 
 namespace tamberline {
 
-/// The places of a Wayland desktop that holds windows in corners (layer-shell). Null where the
-/// desktop or this build does not know of that. After the application object is made.
+/// WindowPlaces for a Wayland desktop that can hold windows in corners (layer-shell). Null if the
+/// desktop or this build does not support it. Requires the application object.
 std::unique_ptr<WindowPlaces> layerShellPlaces();
 
 } // namespace tamberline

@@ -29,14 +29,14 @@ void LinuxTray::show(Look look, Events events) {
   useAvailableTray();
 }
 
-/// Qt's tray looks for the one on the bus when it is first asked, waits for the answer, and keeps
-/// to it; so it is asked for nothing as long as that one is there or may be.
+/// Qt's tray looks for the tray on the bus on first use, blocks until the answer arrives and never
+/// looks again. So it is not used while that tray is available or may still turn out to be.
 bool LinuxTray::isAvailable() const {
   return notifier_.isAvailable() ||
          (isX11() && !notifier_.isUndecided() && QSystemTrayIcon::isSystemTrayAvailable());
 }
 
-/// Qt says that an icon is in the upper left corner until the tray has taken it.
+/// Qt reports the upper left corner until the tray has embedded the icon.
 QRect LinuxTray::iconGeometry() const {
   const QRect icon = x11_ && !notifier_.isAvailable() ? x11_->iconGeometry() : QRect();
   return icon.topLeft() == QPoint(0, 0) ? QRect() : icon;
@@ -65,7 +65,8 @@ void LinuxTray::useAvailableTray() {
   }
 }
 
-/// Where no menu of ours can stand, the panel has all that is in it.
+/// If the desktop decides where windows are, a menu cannot be placed. The panel opens instead; it
+/// offers the same commands.
 void LinuxTray::openMenu(std::optional<QPoint> place) {
   if (places_->decider() == WindowPlaces::Decider::desktop) {
     events_.openChosen({.click = place});

@@ -11,8 +11,8 @@
 
 namespace tamberline {
 
-/// The tray of a Linux desktop: the one on the session bus where there is one, else the older one
-/// of X11. Main thread only.
+/// The tray of a Linux desktop: the one on the session bus if there is one, or else the older X11
+/// tray. Main thread only.
 class LinuxTray final : public Tray {
 public:
   explicit LinuxTray(std::shared_ptr<WindowPlaces> places);
@@ -29,7 +29,7 @@ private:
   std::shared_ptr<WindowPlaces> places_;
   Look look_;
   Events events_;
-  std::unique_ptr<QtTray> x11_; // once it was needed
+  std::unique_ptr<QtTray> x11_; // created on first use
   std::optional<DrawnMenu> menu_;
   StatusNotifierTray notifier_;
 };

@@ -9,10 +9,10 @@
 namespace tamberline {
 namespace {
 
-/// Tokens of real desktops are far shorter; anybody on the bus can send one.
+/// Real tokens are far shorter, but any program on the bus can send one.
 constexpr qsizetype maxTokenBytes = 1024;
 
-/// Hosts that know no place send zeros.
+/// Hosts that do not know the position send zeros.
 std::optional<QPoint> place(int x, int y) {
   return x == 0 && y == 0 ? std::nullopt : std::optional(QPoint(x, y));
 }
@@ -58,8 +58,8 @@ void StatusNotifierItem::ContextMenu(int x, int y) const {
   events_.menuWanted(place(x, y));
 }
 
-/// Comes before a click. With it a Wayland desktop lets the window that is opened next have the
-/// keyboard; Qt looks for it there.
+/// Hosts send the token before a click. On a Wayland desktop it allows the window opened next to
+/// take keyboard focus; Qt reads it from this environment variable.
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): the bus calls it
 void StatusNotifierItem::ProvideXdgActivationToken(const QString& token) const {
   if (token.size() <= maxTokenBytes &&
@@ -68,7 +68,7 @@ void StatusNotifierItem::ProvideXdgActivationToken(const QString& token) const {
   }
 }
 
-/// There is nothing to scroll; hosts send it all the same.
+/// Hosts send scroll events even if there is nothing to scroll.
 void StatusNotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) const {}
 
 } // namespace tamberline

@@ -11,7 +11,7 @@
 
 namespace tamberline {
 
-/// The icon as a tray's host reads it from the bus.
+/// The icon, exported on the bus for the tray's host.
 class StatusNotifierItem : public QObject {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierItem")
@@ -29,12 +29,12 @@ class StatusNotifierItem : public QObject {
 public:
   struct Content {
     QString title;
-    QString iconName; // empty where no theme has it
+    QString iconName; // empty if no theme has it
     QIcon icon;       // for hosts that do not find the name
     QDBusObjectPath menu;
   };
 
-  /// Both are handed the place on the desktop; absent where the host does not tell.
+  /// Both get the position on the desktop; absent if the host does not report it.
   struct Events {
     std::function<void(std::optional<QPoint>)> activated;
     std::function<void(std::optional<QPoint>)> menuWanted; // by a host that does not draw it itself

@@ -23,7 +23,7 @@ constexpr QLatin1String watcherPath("/StatusNotifierWatcher");
 constexpr QLatin1String itemPath("/StatusNotifierItem");
 constexpr QLatin1String menuPath("/TrayMenu");
 
-/// The program waits for the bus only when it starts, to know what kind of window to open.
+/// The program blocks on the bus only at startup, when it must know what kind of window to open.
 constexpr std::chrono::milliseconds startTimeout{500};
 
 QDBusMessage callOfWatcher(const QString& interface, const QString& method) {
@@ -33,7 +33,7 @@ QDBusMessage callOfWatcher(const QString& interface, const QString& method) {
   return call;
 }
 
-/// Whether somebody shows the items that the watcher keeps.
+/// Asks whether a host shows the items that the watcher has registered.
 QDBusMessage hostQuestion() {
   QDBusMessage question =
       callOfWatcher(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
@@ -46,14 +46,15 @@ bool reportsHost(const QDBusMessage& answer) {
          answer.arguments().constFirst().value<QDBusVariant>().variant().toBool();
 }
 
-/// Hosts look for the name in their themes; a program that is not installed has only its drawing.
+/// Hosts look the name up in their themes. If the program is not installed, they have only its
+/// drawing.
 QString nameIfInstalled(const QString& iconName) {
   const QString file = QStringLiteral("icons/hicolor/symbolic/apps/%1.svg").arg(iconName);
   return QStandardPaths::locate(QStandardPaths::GenericDataLocation, file).isEmpty() ? QString()
                                                                                      : iconName;
 }
 
-/// On X11 hosts tell of pixels, which Qt scales around the corner of each screen.
+/// Hosts on X11 report pixels, which Qt scales relative to the upper left corner of each screen.
 std::optional<QPoint> inPoints(std::optional<QPoint> place) {
   if (!place || QGuiApplication::platformName() != QLatin1String("xcb")) {
     return place;
@@ -68,7 +69,8 @@ std::optional<QPoint> inPoints(std::optional<QPoint> place) {
   return place;
 }
 
-/// A menu that somebody chose from is beside its icon. Wayland does not tell where the cursor is.
+/// The position of the cursor, which is near the icon while the user chooses from its menu.
+/// Unavailable on Wayland.
 std::optional<QPoint> cursor() {
   return QGuiApplication::platformName() == QLatin1String("xcb") ? std::optional(QCursor::pos())
                                                                  : std::nullopt;
@@ -158,7 +160,7 @@ void StatusNotifierTray::exportItem() {
   bus_.registerObject(itemPath, item_.get(), everything);
 }
 
-/// A new watcher knows nothing of the item.
+/// Also called when the watcher changes, because a new one has no items.
 void StatusNotifierTray::registerItem() {
   if (item_) {
     QDBusMessage call = callOfWatcher(watcherService, QStringLiteral("RegisterStatusNotifierItem"));

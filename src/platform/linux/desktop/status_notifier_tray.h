@@ -11,9 +11,9 @@
 
 namespace tamberline {
 
-/// The tray that desktops offer on the session bus. It follows the tray's coming and going by
-/// itself. Qt has such a tray too, but looks for it only once, keeps the place of a click to
-/// itself, and names no icon. Main thread only.
+/// The tray that desktops provide on the session bus. It tracks when the tray appears and
+/// disappears. Qt's own implementation looks for the tray only once, does not pass on the position
+/// of a click and sends no icon name. Main thread only.
 class StatusNotifierTray final : public QObject, public Tray {
   Q_OBJECT
 
@@ -31,10 +31,10 @@ public:
 
   void show(Look look, Events events) override;
   bool isAvailable() const override { return isAvailable_; }
-  /// Whether the desktop was asked for a tray and has not answered yet. When it has, the hook is
-  /// called.
+  /// Whether the desktop has not answered yet whether it has a tray. Once it has,
+  /// `availabilityChanged` is called.
   bool isUndecided() const { return isUndecided_; }
-  QRect iconGeometry() const override { return {}; } // hosts do not tell
+  QRect iconGeometry() const override { return {}; } // hosts do not report it
   void redraw() override;
 
 private slots: // NOLINT(readability-redundant-access-specifiers): the bus library reads it
@@ -51,8 +51,8 @@ private: // NOLINT(readability-redundant-access-specifiers): no more slots
   Events events_;
   QDBusConnection bus_;
   QDBusServiceWatcher watcherOwner_;
-  std::unique_ptr<StatusNotifierItem> item_; // once shown
-  std::unique_ptr<QObject> menu_;            // once shown
+  std::unique_ptr<StatusNotifierItem> item_; // null until shown
+  std::unique_ptr<QObject> menu_;            // null until shown
   bool isAvailable_ = false;
   bool isUndecided_ = false;
 };

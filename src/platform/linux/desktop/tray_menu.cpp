@@ -8,7 +8,8 @@ namespace {
 constexpr int menuId = 0;
 constexpr uint onlyRevision = 1;
 
-/// A single underscore marks the key of an entry; ours have none.
+/// A single underscore marks the access key of an entry. Our entries have none, so underscores are
+/// doubled.
 QString asLabel(QString text) {
   return text.replace(QLatin1Char('_'), QLatin1String("__"));
 }
@@ -36,7 +37,7 @@ QVariantMap TrayMenu::properties(int id) const {
           {QStringLiteral("visible"), true}};
 }
 
-/// Hosts may ask for some properties only; they take what they know of more.
+/// Hosts may ask for some properties only; they ignore the others.
 uint TrayMenu::GetLayout(int parentId, int recursionDepth, const QStringList& /*propertyNames*/,
                          TrayMenuLayout& layout) const {
   layout = {.id = parentId, .properties = properties(parentId), .children = {}};
@@ -49,7 +50,7 @@ uint TrayMenu::GetLayout(int parentId, int recursionDepth, const QStringList& /*
   return onlyRevision;
 }
 
-/// No identifiers mean all.
+/// An empty list of identifiers means all entries.
 TrayMenuItems TrayMenu::GetGroupProperties(const QList<int>& ids,
                                            const QStringList& /*propertyNames*/) const {
   TrayMenuItems items;
@@ -73,7 +74,7 @@ void TrayMenu::Event(int id, const QString& name, const QDBusVariant& /*data*/,
   }
 }
 
-/// Answers with the identifiers that are unknown here.
+/// Returns the identifiers that do not exist.
 QList<int> TrayMenu::EventGroup(const TrayMenuEvents& events) {
   QList<int> unknown;
   for (const TrayMenuEvent& event : events) {
@@ -86,7 +87,7 @@ QList<int> TrayMenu::EventGroup(const TrayMenuEvents& events) {
   return unknown;
 }
 
-/// Whether the layout must be read anew, which it never must.
+/// Returns whether the host must read the layout again. It never changes.
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): the bus calls it
 bool TrayMenu::AboutToShow(int /*id*/) const {
   return false;

@@ -8,7 +8,7 @@
 
 namespace tamberline {
 
-/// The icon's menu as a tray's host reads it from the bus and draws it itself: one level of entries
+/// The icon's menu, exported on the bus for hosts that draw it themselves: one level of entries
 /// that never change.
 class TrayMenu : public QObject {
   Q_OBJECT
@@ -49,7 +49,7 @@ private:
   bool isEntry(int id) const;
   QVariantMap properties(int id) const;
 
-  MenuEntries entries_; // those with the identifiers 1, 2 and so on; 0 is the menu
+  MenuEntries entries_; // identifiers 1, 2 and so on; 0 is the menu
 };
 
 } // namespace tamberline

@@ -1,5 +1,5 @@
-// The values that a tray's host and an item exchange on the session bus, as the protocols
-// org.kde.StatusNotifierItem and com.canonical.dbusmenu lay them out.
+// The values that a tray's host and an item exchange on the session bus, in the format of the
+// protocols org.kde.StatusNotifierItem and com.canonical.dbusmenu.
 #pragma once
 
 #include <QByteArray>
@@ -56,7 +56,8 @@ const QDBusArgument& operator>>(const QDBusArgument& in, TrayMenuLayout& layout)
 QDBusArgument& operator<<(QDBusArgument& out, const TrayMenuEvent& event);
 const QDBusArgument& operator>>(const QDBusArgument& in, TrayMenuEvent& event);
 
-/// Tells the bus library of all of them. Before the first is sent; more than once does no harm.
+/// Registers all of these types with the D-Bus library. Call it before the first is sent; further
+/// calls do no harm.
 void registerTrayMessages();
 
 } // namespace tamberline
