@@ -31,7 +31,7 @@ void EventThrottle::take() {
 void EventThrottle::passOn() {
   hasPassed_ = true;
   lastPassed_ = now_();
-  const Pass pass = pass_; // which may end the pacer
+  const Pass pass = pass_; // a copy: the call may destroy this object
   pass();
 }
 

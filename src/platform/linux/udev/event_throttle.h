@@ -5,21 +5,21 @@
 
 namespace tamberline {
 
-/// Passes events on to somebody who acts once they have been silent for a while, such that a burst
-/// without end delays that for at most two seconds: of a burst that has lasted too long, events are
-/// held back until the silence was there. Nothing is lost: what was held back is passed on then.
-/// One thread.
+/// Passes events on to a receiver that waits for silence before it acts. An endless burst would
+/// delay the receiver indefinitely. So after `maxBurst` of a burst, events are held back for
+/// `silence`, and the receiver acts within two seconds. The held-back events are then passed on as
+/// one, so nothing is lost. For use on one thread.
 class EventThrottle {
 public:
   using Clock = std::chrono::steady_clock;
   using Pass = std::function<void()>;
-  /// Calls back after the delay, and not once the pacer is gone.
+  /// Calls back after the delay, but not after the throttle is destroyed.
   using Later = std::function<void(std::chrono::milliseconds delay, std::function<void()> call)>;
   using Now = std::function<Clock::time_point()>;
 
-  /// How long somebody waits for silence (0.4 s), and a bit.
+  /// The receiver's delay of 0.4 s, plus a margin.
   static constexpr std::chrono::milliseconds silence{450};
-  /// Of a burst, before it is held back.
+  /// How long the events of a burst are passed on before they are held back.
   static constexpr std::chrono::milliseconds maxBurst{1500};
 
   EventThrottle(Pass pass, Now now, Later later);

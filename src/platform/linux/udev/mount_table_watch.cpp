@@ -15,7 +15,7 @@ MountTableWatch::MountTableWatch(std::filesystem::path table, std::function<void
   if (!descriptor_.isOpen()) {
     return;
   }
-  // The kernel tells of a change of the table as of an exceptional state of its file.
+  // The kernel signals a change of the table as an exceptional condition of its file.
   notifier_ = std::make_unique<QSocketNotifier>(descriptor_.number(), QSocketNotifier::Exception);
   QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
                    [this] { handleChange(); });
@@ -36,7 +36,7 @@ void MountTableWatch::handleChange() {
   std::string devices = mountedDevices();
   if (devices != lastMountedDevices_) {
     lastMountedDevices_ = std::move(devices);
-    const auto tell = onChange_; // which may end the watch
+    const auto tell = onChange_; // a copy: the call may destroy the watch
     tell();
   }
 }

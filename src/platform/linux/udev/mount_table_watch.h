@@ -11,12 +11,13 @@
 
 namespace tamberline {
 
-/// May go while it tells. Tells on the main thread, while its event loop runs, that a block device
-/// was mounted somewhere or unmounted. Other file systems (of containers, say) and loop devices
-/// come and go all the time and are not told of.
+/// Calls back on the main thread, while its event loop runs, when a block device is mounted or
+/// unmounted. Other file systems, such as those of containers, and loop devices are ignored because
+/// they come and go all the time. The callback may destroy the watch.
 class MountTableWatch {
 public:
-  /// The kernel's table, such as "/proc/self/mountinfo"; another file never changes.
+  /// `table` is the kernel's mount table, such as "/proc/self/mountinfo"; any other file never
+  /// reports a change.
   MountTableWatch(std::filesystem::path table, std::function<void()> onChange);
   MountTableWatch(const MountTableWatch&) = delete;
   MountTableWatch& operator=(const MountTableWatch&) = delete;

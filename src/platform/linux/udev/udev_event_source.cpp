@@ -16,7 +16,7 @@ struct WatchedSubsystem {
   const char* deviceType; // null for all
 };
 
-/// Of USB devices their interfaces tell nothing more.
+/// USB interfaces are left out: their events add nothing to those of the device.
 constexpr std::array<WatchedSubsystem, 5> watchedSubsystems = {{
     {"usb", "usb_device"},
     {"thunderbolt", nullptr},
@@ -28,13 +28,13 @@ constexpr std::array<WatchedSubsystem, 5> watchedSubsystems = {{
 constexpr std::string_view powerSupplies = "power_supply";
 constexpr std::string_view blockDevices = "block";
 
-/// udev passes events on when its rules are through with a device; without it the kernel's own have
-/// to do.
+/// udev sends an event after its rules have processed the device. Without udev, the kernel's own
+/// events are used.
 const char* eventSender() {
   return sysfs::doesExist("/run/udev/control") ? "udev" : "kernel";
 }
 
-/// Null when there are no events to be had.
+/// Null if events are unavailable.
 UdevReference<udev_monitor> makeMonitor(udev* context) {
   UdevReference<udev_monitor> monitor(
       context == nullptr ? nullptr : udev_monitor_new_from_netlink(context, eventSender()));
@@ -94,7 +94,7 @@ bool UdevEventSource::isOnExternalPower() const {
   return sysfs::isOnExternalPower(paths_.sysfs);
 }
 
-/// Takes all that wait and tells of them once. The socket never blocks.
+/// Reads all pending events and reports each kind of change once. The socket is nonblocking.
 void UdevEventSource::takeEvents() {
   bool didRegistryChange = false;
   bool didPowerChange = false;
@@ -104,7 +104,7 @@ void UdevEventSource::takeEvents() {
     didPowerChange = didPowerChange || isPower;
     didRegistryChange = didRegistryChange || (!isPower && concernsPorts(*device));
   }
-  const std::function<void()> powerChanged = events_.powerChanged; // the first may stop the source
+  const std::function<void()> powerChanged = events_.powerChanged; // a copy: take() may stop this
   if (didRegistryChange) {
     registryPacer_->take();
   }

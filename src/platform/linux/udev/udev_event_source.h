@@ -13,11 +13,12 @@
 
 namespace tamberline {
 
-/// The events of udev, or of the kernel itself where udev does not run: USB devices, Thunderbolt
-/// routers, USB-C ports and block devices on either that come, go or change, and power supplies
-/// that change; besides, block devices that are mounted and unmounted, of which no such event
-/// tells. They arrive on the main thread while its event loop runs, paced so that events without
-/// end do not keep anybody waiting for silence. Where there are no events, none arrive.
+/// The events of udev, or of the kernel if udev does not run: USB devices, Thunderbolt routers,
+/// USB-C ports and block devices on USB or Thunderbolt that come, go or change, and power supplies
+/// that change. Also reports block devices that are mounted or unmounted, for which there is no
+/// udev event. Events arrive on the main thread while its event loop runs, throttled so that an
+/// endless stream does not delay a receiver that waits for silence. If events are unavailable, none
+/// arrive.
 class UdevEventSource final : public PortEventSource {
 public:
   explicit UdevEventSource(MachinePaths paths = {});
@@ -31,8 +32,8 @@ public:
 
 private:
   void takeEvents();
-  /// Whether a device is one that the ports can have: of block devices only those on USB or on what
-  /// can be pulled from PCI, since the others, such as loop devices, come and go all the time.
+  /// Whether a device can be connected to a port. Of block devices, these are only those on USB or
+  /// removable PCI; others, such as loop devices, come and go all the time.
   bool concernsPorts(udev_device& device) const;
 
   MachinePaths paths_;

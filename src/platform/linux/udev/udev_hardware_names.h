@@ -4,8 +4,8 @@
 
 namespace tamberline {
 
-/// Asks udev's database of hardware, which is opened when it is first asked; an empty answer where
-/// there is none. One call at a time.
+/// Looks up names in udev's hardware database, which is opened on first use. The names are empty if
+/// there is no database. One call at a time.
 HardwareDatabase udevHardwareNames();
 
 } // namespace tamberline

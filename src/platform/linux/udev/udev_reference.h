@@ -12,7 +12,7 @@ struct ReleaseUdev {
   void operator()(udev_monitor* object) const { udev_monitor_unref(object); }
 };
 
-/// Owns what a function of libudev gave; null when it gave nothing.
+/// Owns an object returned by libudev; null if it returned none.
 template <typename Object>
 using UdevReference = std::unique_ptr<Object, ReleaseUdev>;
 
