@@ -10,8 +10,8 @@
 namespace tamberline {
 namespace {
 
-/// The drawings are read as files: asking Qt for a theme's icon takes longer, finds nothing on some
-/// platforms, and chooses by size between drawings that look different.
+/// Icons are read as files, because Qt's lookup of theme icons is slower, finds nothing on some
+/// platforms and chooses by size between icons that look different.
 QString drawingFile(std::string_view icon) {
   return QStandardPaths::locate(QStandardPaths::GenericDataLocation,
                                 QStringLiteral("icons/breeze/%1.svg")

@@ -1,5 +1,4 @@
-// The names of all symbols that the panel and the menu bar use, and the drawing that the Breeze
-// icon theme has for each.
+// The symbols that the panel and the menu bar use, each with its icon in the Breeze icon theme.
 #pragma once
 
 #include <span>
@@ -9,8 +8,8 @@ namespace tamberline {
 
 struct SymbolIcon {
   std::string_view symbol;
-  /// Folder, size and name within the theme. The size is that of the grid that the drawing was made
-  /// for; the theme's drawings of the same name on larger grids are often pictures in many colours.
+  /// Folder, size and name within the theme. The size is that of the grid that the icon was drawn
+  /// for; icons of the same name on larger grids are often pictures in many colours.
   std::string_view themeIcon;
 };
 
