@@ -11,8 +11,8 @@ namespace {
 using Interfaces = QMap<QString, QVariantMap>;
 using Objects = QMap<QDBusObjectPath, Interfaces>;
 
-/// Reads the properties of one interface and remembers whether all of them were there and of the
-/// type that the service promises.
+/// Reads the properties of one interface and records whether all of them were present and of the
+/// documented type.
 class Properties {
 public:
   explicit Properties(const QVariantMap& values) : values_(values) {}
@@ -23,7 +23,7 @@ public:
   QString text(const char* name) { return read<QString>(name); }
   std::uint64_t number(const char* name) { return read<qulonglong>(name); }
 
-  /// Empty for the path that stands for no object.
+  /// Empty for the path "/", which stands for no object.
   QString object(const char* name) {
     const QString path = read<QDBusObjectPath>(name).path();
     return path == QLatin1String("/") ? QString() : path;
@@ -94,7 +94,7 @@ std::optional<BlockDevice> readBlock(const QString& path, const Interfaces& inte
   return properties.areComplete() && mountPoints ? std::optional(block) : std::nullopt;
 }
 
-/// Puts a record into a list; false when there is none.
+/// Appends a record to a list; false if there is none.
 template <typename Record>
 bool take(std::optional<Record> record, std::vector<Record>& records) {
   if (!record) {
@@ -104,7 +104,7 @@ bool take(std::optional<Record> record, std::vector<Record>& records) {
   return true;
 }
 
-/// False when the object is none of those that the service promises.
+/// False if a block device or drive does not have the documented properties.
 bool readObject(const QString& path, const Interfaces& interfaces, DiskObjects& objects) {
   if (interfaces.contains(QLatin1String(DiskService::block))) {
     return take(readBlock(path, interfaces), objects.blocks);

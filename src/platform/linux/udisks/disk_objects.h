@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-/// The names by which UDisks2 and the interfaces of its objects go on the system bus.
+/// The names of UDisks2 and its interfaces on the system bus.
 namespace tamberline::DiskService {
 
 inline constexpr const char* name = "org.freedesktop.UDisks2";
@@ -22,23 +22,23 @@ inline constexpr const char* fileSystem = "org.freedesktop.UDisks2.Filesystem";
 
 namespace tamberline {
 
-/// A disk, a partition, or what an unlocked encrypted one shows. Paths are those of the disk
-/// service's objects; an empty one means that there is none.
+/// A disk, a partition, or the unlocked content of an encrypted one. Paths are those of the disk
+/// service's objects; an empty path means that there is none.
 struct BlockDevice {
   QString path;
   std::uint64_t deviceNumber = 0; // a dev_t
   QString drive;
-  QString encryptedDevice;    // the one that this shows the content of
-  QByteArrayList mountPoints; // bytes of any encoding; empty also when it holds no file system
+  QString encryptedDevice;    // the one whose content this is
+  QByteArrayList mountPoints; // in any encoding; also empty if there is no file system
 };
 
-/// Something that can be plugged in or takes media.
+/// A device that can be plugged in or that takes media.
 struct Drive {
   QString path;
   bool hasOpticalDisc = false;
   bool canPowerOff = false;
   bool canEject = false;
-  QString siblingId; // the same for all drives of one device; empty when it has only this one
+  QString siblingId; // the same for all drives of one device; empty if it has only this one
 };
 
 struct DiskObjects {
@@ -49,8 +49,8 @@ struct DiskObjects {
 /// The call that asks the disk service for its objects.
 QDBusMessage askForDiskObjects();
 
-/// What the service answered; absent when that is not what the service promises, since half a list
-/// could make a drive look unused.
+/// Decodes the answer of the disk service. Absent if the answer is not in the documented format,
+/// because an incomplete list could make a drive look unused.
 std::optional<DiskObjects> readDiskObjects(const QDBusMessage& answer);
 
 } // namespace tamberline

@@ -9,12 +9,12 @@
 namespace tamberline {
 namespace {
 
-/// How the disk service's objects belong together.
+/// The relations between the disk service's objects.
 class DiskTopology {
 public:
   explicit DiskTopology(const DiskObjects& objects) : objects_(objects) {}
 
-  /// The block devices with the volume; several for a file system that lies on several.
+  /// The block devices with the volume; several if its file system is on several.
   std::vector<const BlockDevice*> blocksWith(const EjectRequest& volume) const {
     const QByteArray mountPoint = QByteArray::fromStdString(volume.mountPoint);
     std::vector<const BlockDevice*> found;
@@ -33,7 +33,7 @@ public:
     });
   }
 
-  /// The encrypted devices that a block device lies in, innermost first.
+  /// The encrypted devices that contain a block device, innermost first.
   std::vector<const BlockDevice*> encryptedDevicesBelow(const BlockDevice& block) const {
     std::vector<const BlockDevice*> devices;
     const BlockDevice* below = byPath(objects_.blocks, block.encryptedDevice);
@@ -45,7 +45,8 @@ public:
     return devices;
   }
 
-  /// The path of the drive that a block device lies on in the end; empty when there is none.
+  /// The path of the drive that contains a block device, directly or through encrypted devices;
+  /// empty if there is none.
   QString drivePathOf(const BlockDevice& block) const {
     const std::vector<const BlockDevice*> below = encryptedDevicesBelow(block);
     return below.empty() ? block.drive : below.back()->drive;
@@ -108,7 +109,7 @@ void addUnmounting(const BlockDevice& block, std::vector<DiskCall>& calls) {
   calls.insert(calls.end(), count, {block.path, DiskService::fileSystem, "Unmount"});
 }
 
-/// What lies in another encrypted device is locked before that.
+/// Inner encrypted devices are locked before outer ones.
 void addLocking(std::vector<const BlockDevice*> blocks, const DiskTopology& topology,
                 std::vector<DiskCall>& calls) {
   std::stable_sort(blocks.begin(), blocks.end(), [&](const auto* first, const auto* second) {
@@ -122,7 +123,7 @@ void addLocking(std::vector<const BlockDevice*> blocks, const DiskTopology& topo
   }
 }
 
-/// What makes a drive that is not in use safe to pull; absent when that is all that it takes.
+/// The call that makes an unused drive safe to unplug; absent if none is needed.
 std::optional<DiskCall> callToRelease(const Drive& drive, bool isSiblingInUse) {
   if (drive.hasOpticalDisc) {
     return DiskCall{drive.path, DiskService::drive, "Eject"};
@@ -174,7 +175,7 @@ EjectPlan makeEjectPlan(const DiskObjects& objects, const EjectRequest& request)
     return plan;
   }
   const Drive* drive = topology.drive(drivePath);
-  if (drive == nullptr) { // it was pulled while the service told of it
+  if (drive == nullptr) { // unplugged while the service listed it
     return {};
   }
   return makeDriveEjectPlan(*drive, askedBlock, topology);

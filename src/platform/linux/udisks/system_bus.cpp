@@ -8,7 +8,7 @@
 namespace tamberline {
 namespace {
 
-/// Connections of one name are one connection.
+/// Connections with the same name would share one connection.
 QString unusedName() {
   static std::atomic<unsigned> count = 0;
   return QStringLiteral("tamberline-system-bus-%1").arg(++count);

@@ -6,8 +6,8 @@
 
 namespace tamberline {
 
-/// A connection of its own to the system bus, closed when it goes. Used by one thread, which needs
-/// no event loop.
+/// A separate connection to the system bus, closed on destruction. For use by one thread, which
+/// needs no event loop.
 class SystemBus {
 public:
   SystemBus();
@@ -16,15 +16,15 @@ public:
   ~SystemBus();
 
   bool isConnected() const { return connection_.isConnected(); }
-  /// Why it is not connected, in the words of the bus.
+  /// The bus's error message if there is no connection.
   QString error() const { return connection_.lastError().message(); }
 
-  /// The answer to a question, which may be an error; also when there is none after 25 seconds, by
-  /// which a service that lives has answered.
+  /// The answer to a query, which may be an error. It is an error after 25 seconds without an
+  /// answer, because a working service answers sooner.
   QDBusMessage callForAnswer(const QDBusMessage& message) const;
 
-  /// The answer to a call that does something, which may be an error. Waits as long as it takes: a
-  /// slow drive may have much to write, and the system may ask the person for a password meanwhile.
+  /// The answer to a call that changes something, which may be an error. There is no time limit: a
+  /// slow drive may have much to write, and the system may ask the user for a password.
   QDBusMessage callForAction(QDBusMessage message) const;
 
 private:

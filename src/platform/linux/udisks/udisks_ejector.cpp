@@ -25,8 +25,8 @@ QDBusMessage messageOf(const DiskCall& call) {
   return message;
 }
 
-/// A file system over several block devices is mounted on each of them and gone from all at once,
-/// and somebody else may have unmounted it meanwhile.
+/// A file system on several block devices has a mount on each of them, and the first call unmounts
+/// them all. Another program may also have unmounted it meanwhile.
 bool isAlreadyDone(const QDBusMessage& answer) {
   return answer.errorName() == QLatin1String("org.freedesktop.UDisks2.Error.NotMounted");
 }

@@ -4,8 +4,8 @@
 
 namespace tamberline {
 
-/// Ejects through UDisks2, the disk service of Linux desktops; what that says of a failure is the
-/// message. The message is empty when its answers cannot be understood.
+/// Ejects through UDisks2, the disk service of Linux desktops, and passes on its error message. The
+/// message is empty if the service's answers cannot be decoded.
 class UDisksEjector final : public VolumeEjector {
 public:
   EjectOutcome eject(const EjectRequest& request) override;
