@@ -2,8 +2,8 @@
 
 namespace tamberline {
 
-/// Nothing: a thread already runs with the priority of the program that a person started, and
-/// raising it takes privileges that the program does not have.
+/// Does nothing: threads already have the program's normal priority, and raising it requires
+/// privileges that the program does not have.
 void becomeUserInitiatedTask() {}
 
 } // namespace tamberline

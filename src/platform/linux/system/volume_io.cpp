@@ -26,16 +26,16 @@ struct statx statusOf(int descriptor) {
   return status;
 }
 
-/// Where the kernel describes the device with the file system.
+/// The sysfs folder of the device that holds the file system.
 std::string deviceFolder(const struct statx& status) {
   return "/sys/dev/block/" + std::to_string(status.stx_dev_major) + ":" +
          std::to_string(status.stx_dev_minor);
 }
 
-/// The kernel counts every disk that it ever met; another stick in the same place has another
-/// number. Empty where it does not, and where the file system lies on no single device.
+/// The kernel numbers all disks that it has seen, so another stick in the same socket has another
+/// number. Empty if the kernel does not do so or the file system is not on a single device.
 std::string diskSequence(const struct statx& status) {
-  for (const char* file : {"/diskseq", "/../diskseq"}) { // a partition's disk stands above it
+  for (const char* file : {"/diskseq", "/../diskseq"}) { // a disk's folder contains its partitions
     std::string sequence;
     if (std::getline(std::ifstream(deviceFolder(status) + file), sequence)) {
       return sequence;
@@ -44,7 +44,7 @@ std::string diskSequence(const struct statx& status) {
   return {};
 }
 
-/// Empty when there is none.
+/// Empty if there is none.
 std::string pathOfDevice(const struct statx& status) {
   static constexpr std::string_view key = "DEVNAME=";
   std::ifstream properties(deviceFolder(status) + "/uevent");
@@ -62,7 +62,7 @@ bool isDevice(int descriptor, const struct statx& fileSystem) {
          status.st_rdev == makedev(fileSystem.stx_dev_major, fileSystem.stx_dev_minor);
 }
 
-/// Some file systems, such as those on several devices, have a number that is no device's.
+/// Absent for file systems, such as those on several devices, whose number is not that of a device.
 std::optional<std::uint64_t> deviceNumberOf(const struct statx& status) {
   if (status.stx_dev_major == 0) {
     return std::nullopt;
@@ -79,8 +79,8 @@ std::string fileSystemId(int folder) {
 
 const int pathOpenFlags = O_PATH;
 
-/// The number of a mount is given to another one when it is gone, and so is that of a device; that
-/// of a disk is not, and neither is that of a file system that makes it of its own UUID.
+/// The numbers of mounts and devices are reused. Those of disks are not, and neither are those of
+/// file systems that derive them from their UUID.
 VolumeIdentity identityOf(int folder, const std::string& /*mountPoint*/) {
   const struct statx status = statusOf(folder);
   const bool reportsMountRoots = (status.stx_attributes_mask & STATX_ATTR_MOUNT_ROOT) != 0;
@@ -94,7 +94,7 @@ VolumeIdentity identityOf(int folder, const std::string& /*mountPoint*/) {
           .deviceNumber = deviceNumberOf(status)};
 }
 
-/// A volume without a size is one that does not tell it.
+/// A size of zero means that the volume does not report its size.
 std::optional<std::uint64_t> availableBytes(int folder) {
   struct statvfs status = {};
   if (fstatvfs(folder, &status) != 0 || status.f_blocks == 0) {
@@ -103,7 +103,8 @@ std::optional<std::uint64_t> availableBytes(int folder) {
   return static_cast<std::uint64_t>(status.f_bavail) * status.f_frsize;
 }
 
-/// Asked for only after opening: a file system that refuses it may have made the file by then.
+/// Set after opening: if O_DIRECT is passed to open, a file system that refuses it may already have
+/// created the file.
 bool bypassCache(int descriptor) {
   return setStatusFlags(descriptor, O_DIRECT, 0);
 }
@@ -116,7 +117,8 @@ bool flushToMedium(int descriptor) {
   return fsync(descriptor) == 0;
 }
 
-/// Also after direct reading was allowed: some file systems allow it and read through their cache.
+/// Needed even if the file system has accepted O_DIRECT, because some accept it and still read
+/// through their cache.
 void dropCachedPages(int descriptor) {
   posix_fadvise(descriptor, 0, 0, POSIX_FADV_DONTNEED);
 }
@@ -126,8 +128,8 @@ bool isServedByProgram(int descriptor) {
   return fstatfs(descriptor, &status) == 0 && status.f_type == FUSE_SUPER_MAGIC;
 }
 
-/// A descriptor of the device is needed, which most people may not have; an ioctl that drops more
-/// asks for root.
+/// Needs a descriptor of the device, which most users may not open. The ioctl that drops more
+/// requires root.
 bool dropDevicePages(int folder) {
   const struct statx status = statusOf(folder);
   const int device = open(pathOfDevice(status).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
@@ -140,7 +142,8 @@ bool dropDevicePages(int folder) {
   return isDropped;
 }
 
-/// The third number that the kernel counts is that of sectors read, of 512 bytes on every device.
+/// The third number in the kernel's statistics counts the sectors read, which have 512 bytes on
+/// every device.
 std::optional<std::uint64_t> bytesReadFromDevice(int folder) {
   constexpr std::uint64_t sectorBytes = 512;
   std::ifstream counts(deviceFolder(statusOf(folder)) + "/stat");
