@@ -14,13 +14,13 @@
 namespace tamberline::sysfs {
 namespace {
 
-/// More than any machine has; a folder with more is read in part.
+/// More than any machine has; a larger folder is read only in part.
 constexpr std::size_t maxNames = 65536;
 
 } // namespace
 
 std::string readBytes(const std::filesystem::path& file, std::size_t maxBytesRead) {
-  // Nothing waits for the other end of a pipe, and no terminal is taken over.
+  // Opening does not block on a pipe without a writer and acquires no controlling terminal.
   const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
   if (descriptor < 0) {
     return {};

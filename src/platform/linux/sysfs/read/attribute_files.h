@@ -1,5 +1,6 @@
-// How the kernel's description of the machine is read. Every entry may be missing, unreadable, gone
-// in the middle, or hold what a device makes up; none of that is an error. Any thread.
+// Reads the kernel's description of the machine. Any entry may be missing or unreadable, disappear
+// while it is read, or contain arbitrary data from a device; none of that is an error. The
+// functions may be called on any thread.
 #pragma once
 
 #include <cstddef>
@@ -11,35 +12,35 @@
 
 namespace tamberline::sysfs {
 
-/// The kernel gives at most a page for an attribute.
+/// The kernel limits an attribute to one page.
 inline constexpr std::size_t maxAttributeBytes = 4096;
 
-/// What the file holds, up to a number of bytes; empty when it cannot be read.
+/// The content of the file, up to `maxBytesRead`; empty if it cannot be read.
 std::string readBytes(const std::filesystem::path& file, std::size_t maxBytesRead);
 
-/// An attribute as UTF-8 without control characters and without white space at its ends: bytes that
-/// are no UTF-8 become U+FFFD, control characters blanks. Absent when nothing is left.
+/// An attribute as UTF-8: invalid UTF-8 becomes U+FFFD, control characters become blanks, and white
+/// space at both ends is removed. Absent if nothing is left.
 std::optional<std::string> readText(const std::filesystem::path& file);
 
-/// The same, or an empty text.
+/// The same, but empty instead of absent.
 std::string readTextOrNothing(const std::filesystem::path& file);
 
-/// The decimal number of an attribute, with whatever unit behind it: "500mA" is 500.
+/// The decimal number at the start of an attribute, without a unit after it: "500mA" is 500.
 std::optional<std::int64_t> readNumber(const std::filesystem::path& file);
 
-/// The chosen word where an attribute lists what can be chosen: "source [sink]" is "sink". A single
-/// word is chosen.
+/// The selected word of an attribute that lists options: "source [sink]" is "sink". A single word
+/// counts as selected.
 std::string readChoice(const std::filesystem::path& file);
 
-/// What a symbolic link says; absent when there is none.
+/// The target of a symbolic link; absent if there is none.
 std::optional<std::filesystem::path> linkTarget(const std::filesystem::path& link);
 
-/// The last part of that.
+/// The last part of the target of a symbolic link.
 std::optional<std::string> linkedName(const std::filesystem::path& link);
 
 bool doesExist(const std::filesystem::path& path);
 
-/// The names in a folder, sorted; empty when it cannot be read.
+/// The names in a folder, sorted; empty if it cannot be read.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
 } // namespace tamberline::sysfs

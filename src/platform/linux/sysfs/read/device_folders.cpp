@@ -8,7 +8,7 @@
 namespace tamberline::sysfs {
 namespace {
 
-/// A location report has a byte for the port, of which the last value means none.
+/// A location has one byte for the port, and its max value means none.
 constexpr std::int64_t maxPortNumber = 254;
 
 } // namespace
@@ -50,7 +50,7 @@ std::optional<PhysicalLocation> physicalLocation(const std::filesystem::path& de
   for (const char* part : {"vertical_position", "horizontal_position", "dock", "lid"}) {
     location += "/" + readTextOrNothing(folder / part);
   }
-  constexpr const char* unsetLocation = "top/upper/left/no/no"; // what zeros everywhere mean
+  constexpr const char* unsetLocation = "top/upper/left/no/no"; // firmware left all fields zero
   return location == unsetLocation ? std::nullopt : std::optional(location);
 }
 

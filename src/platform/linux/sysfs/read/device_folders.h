@@ -12,18 +12,18 @@ namespace tamberline::sysfs {
 std::filesystem::path busFolder(const std::filesystem::path& sysfs, std::string_view bus);
 std::filesystem::path classFolder(const std::filesystem::path& sysfs, std::string_view name);
 
-/// The number of a USB-C port from the name that the kernel gives it ("port0"); absent for other
-/// names and for numbers that no report could hold.
+/// The number of a USB-C port from its kernel name ("port0"); absent for other names and for
+/// numbers that are too large for a report.
 std::optional<int> typecPortNumber(std::string_view name);
 
-/// The USB-C port that firmware ties a device to.
+/// The USB-C port that firmware links a device to.
 std::optional<int> linkedConnector(const std::filesystem::path& device);
 
-/// Where firmware says that a device is; absent when it says nothing of use.
+/// The location of a device according to firmware; absent if firmware gives no usable one.
 std::optional<PhysicalLocation> physicalLocation(const std::filesystem::path& device);
 
-/// Of a device with an entry in a class, the path of the device that it belongs to, such as
-/// "devices/platform/USBC000:00"; empty when the entry is no link.
+/// The path of the device that an entry in a class belongs to, such as
+/// "devices/platform/USBC000:00"; empty if the entry is not a link.
 std::string owningDevice(const std::filesystem::path& classEntry);
 
 } // namespace tamberline::sysfs

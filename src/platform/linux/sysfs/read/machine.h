@@ -1,4 +1,4 @@
-// What the kernel says of a machine, as plain values: one snapshot of its devices.
+// A snapshot of a machine's devices as the kernel reports them, in plain values.
 #pragma once
 
 #include "platform/linux/sysfs/read/usb_address.h"
@@ -12,7 +12,8 @@
 
 namespace tamberline::sysfs {
 
-/// Where on the case firmware says that a port is. Several ports may be at the same place.
+/// The location of a port on the case, according to firmware. Several ports may have the same
+/// location.
 using PhysicalLocation = std::string;
 
 /// A mounted file system.
@@ -21,7 +22,7 @@ struct Volume {
   std::string mountPoint;
 };
 
-/// Texts are empty when the device has none.
+/// Texts are empty if the device has none.
 struct UsbDevice {
   std::string name = {};
   std::string manufacturer = {};
@@ -31,33 +32,33 @@ struct UsbDevice {
   std::string megabitsPerSecond = {}; // as the kernel writes it: "480", "1.5"
   std::optional<std::int64_t> ratedMa = {};
   bool isHub = false;
-  /// What a video adapter is when it could not switch to video.
+  /// A video adapter appears as a billboard if it could not switch to video.
   bool isBillboard = false;
-  /// Of a root hub: nothing that can be plugged in brought it.
+  /// For a root hub: whether its controller is built in, not part of something plugged in.
   bool isOnBuiltInController = false;
-  /// What its descriptors say it belongs to; absent also where they cannot be read.
+  /// The container in its descriptors; also absent if they cannot be read.
   std::optional<std::string> descriptorContainerId = {};
   std::vector<Volume> volumes = {};
 
-  /// Whether it is connected by the wires that USB 3 added.
+  /// Whether it is connected through the wires that USB 3 added.
   bool isSuperSpeed() const;
 };
 
 struct UsbPort {
-  std::optional<int> connector = {};   // the number of the USB-C port that firmware ties it to
+  std::optional<int> connector = {};   // number of the USB-C port that firmware links it to
   std::optional<UsbAddress> peer = {}; // the port of another bus in the same receptacle
   std::optional<PhysicalLocation> location = {};
   bool isHardwired = false; // to something inside the case
 };
 
-/// Both by the address of the device or of what would hang on the port.
+/// Both are keyed by the address of the device, or of a device that would be plugged into the port.
 struct UsbTopology {
   std::map<UsbAddress, UsbDevice> devices;
   std::map<UsbAddress, UsbPort> ports;
 };
 
-/// A place in a Thunderbolt or USB4 domain. The route holds the downstream port of each router on
-/// the way, a byte for each, the host's in the lowest; 0 is the host.
+/// The position of a router in a Thunderbolt or USB4 domain. The route has one byte for the
+/// downstream port of each router on the way, the host's in the lowest; 0 is the host.
 struct RouterAddress {
   int domain = 0;
   std::uint64_t route = 0;
@@ -66,11 +67,11 @@ struct RouterAddress {
   int hostPort() const { return static_cast<int>(route & 0xFFU); }
   RouterAddress parent() const;
 
-  // NOLINTNEXTLINE(modernize-use-nullptr): takes the comparison that the compiler makes for a 0
+  // NOLINTNEXTLINE(modernize-use-nullptr): false alarm in the generated comparison with 0
   friend auto operator<=>(const RouterAddress&, const RouterAddress&) = default;
 };
 
-/// One way of a link. The text is empty where the kernel says nothing.
+/// One direction of a link. The text is empty if the kernel does not report it.
 struct LinkWay {
   std::string speedOfLane = {}; // "20.0 Gb/s"
   std::optional<std::int64_t> lanes = {};
@@ -83,7 +84,7 @@ struct Drive {
   std::vector<Volume> volumes = {};
 };
 
-/// Texts are empty where the kernel says nothing.
+/// Texts are empty if the kernel does not report them.
 struct Router {
   std::string name = {};
   std::string vendor = {};
@@ -107,15 +108,15 @@ struct Usb4Port {
 
 struct ThunderboltTopology {
   std::map<RouterAddress, Router> routers;
-  std::vector<Usb4Port> hostPorts; // in the order of domain and number
+  std::vector<Usb4Port> hostPorts; // sorted by domain and number
 };
 
 enum class PowerRole : std::uint8_t { unknown, source, sink };
 
-/// What the kernel knows of a partner's way to show pictures.
+/// Whether a partner offers or uses a video mode.
 enum class PartnerVideo : std::uint8_t { none, offered, active };
 
-/// A partner that is no device but wires: headphones, say.
+/// A partner that is an accessory rather than a device, such as analog headphones.
 enum class PartnerAccessory : std::uint8_t { none, audio, debug };
 
 struct TypecPartner {
@@ -123,10 +124,10 @@ struct TypecPartner {
   std::int64_t productId = 0;
   PartnerVideo video = PartnerVideo::none;
   PartnerAccessory accessory = PartnerAccessory::none;
-  /// Whether it knows ways to use the wires other than for USB.
+  /// Whether it supports other uses of the wires than USB.
   bool hasAlternateModes = false;
   bool knowsThunderbolt = false;
-  /// The most that it offers; absent when it offers nothing or does not tell.
+  /// The max power that it offers; absent if it offers none or does not report it.
   std::optional<double> offeredWatts = {};
 };
 
@@ -135,7 +136,7 @@ struct TypecCable {
   bool isOptical = false;
 };
 
-/// A USB-C port; its number is the kernel's.
+/// A USB-C port. Ports have the numbers that the kernel gives them.
 struct TypecPort {
   PowerRole role = PowerRole::unknown;
   bool isDualRole = false;
@@ -144,17 +145,17 @@ struct TypecPort {
   std::optional<TypecPartner> partner = {};
   std::optional<TypecCable> cable = {};
   std::optional<PhysicalLocation> location = {};
-  /// The path of the controller's device, below which its power supplies stand.
+  /// The path of the controller's device, which is also the parent of its power supplies.
   std::string controller = {};
 };
 
-/// Numbers are in microvolts, microamperes and so on, as the kernel gives them.
+/// Numbers are in microvolts, microamperes and so on, as the kernel reports them.
 struct PowerSupply {
   std::string name = {};
   std::string type = {}; // "Battery", "Mains", "USB"
   std::string modelName = {};
   std::string manufacturer = {};
-  bool belongsToDevice = false; // the battery of a mouse, say
+  bool belongsToDevice = false; // such as the battery of a mouse
   bool isOnline = false;
   std::string status = {}; // of a battery: "Charging", "Full"
   std::string health = {};
@@ -167,11 +168,11 @@ struct PowerSupply {
   std::optional<std::int64_t> voltageMaxDesign = {};
   std::optional<std::int64_t> currentNow = {};
   std::optional<std::int64_t> currentMax = {};
-  std::string controller = {}; // the path of the device below which it stands
+  std::string controller = {}; // the path of its parent device
 
   bool isBattery() const;
   bool isAdapter() const;
-  /// Whether voltage and current are what both ends of a USB-C cable agreed on, and no measurement.
+  /// Whether voltage and current are what both ends of a USB-C cable agreed on, not a measurement.
   bool reportsContract() const;
 };
 

@@ -10,21 +10,20 @@
 
 namespace tamberline {
 
-/// Where the kernel and udev describe the machine; a test puts folders of its own in their place.
+/// Where the kernel and udev describe the machine; tests pass their own folders.
 struct MachinePaths {
   std::filesystem::path sysfs = "/sys";
   std::filesystem::path mountTable = "/proc/self/mountinfo";
   std::filesystem::path udevData = "/run/udev/data";
 };
 
-/// What a database of hardware calls a device that does not name itself; empty where it knows
-/// nothing.
+/// The names of a device in a hardware database; empty if the database does not have them.
 struct HardwareNames {
   std::string vendor = {};
   std::string model = {};
 };
 
-/// Asked by hexadecimal vendor and product, four digits each.
+/// Looks up a device by its hexadecimal vendor and product identifiers, four digits each.
 using HardwareDatabase =
     std::function<HardwareNames(std::string_view vendorId, std::string_view productId)>;
 
@@ -32,9 +31,9 @@ using HardwareDatabase =
 
 namespace tamberline::sysfs {
 
-/// Reads everything, without being root and without waking anything. What cannot be read is left
-/// out; devices may come and go meanwhile. `texts` has what USB devices told of themselves before.
-/// Any thread, one call at a time.
+/// Reads the whole machine, without root privileges and without waking devices. What cannot be read
+/// is left out; devices may come and go meanwhile. `texts` caches the texts of USB devices between
+/// calls. Can be called on any thread, one call at a time.
 Machine readMachine(const MachinePaths& paths, const HardwareDatabase& database,
                     UsbStringCache& texts);
 

@@ -8,8 +8,8 @@
 
 namespace tamberline::sysfs {
 
-/// A line: number, parent, device, root, mount point, options, any number of others, "-", type,
-/// source, options.
+/// A line has the fields: number, parent, device, root, mount point, options, any number of others,
+/// "-", type, source, options.
 std::vector<MountedFileSystem> mountedFileSystemsIn(std::string_view mountTable) {
   constexpr std::size_t deviceField = 2;
   constexpr std::size_t rootField = 3;
@@ -36,7 +36,8 @@ std::vector<MountedFileSystem> mountedFileSystemsIn(std::string_view mountTable)
 }
 
 bool isOn(const MountedFileSystem& mount, const BlockDeviceNames& device) {
-  // These may lie on several devices and have a number that is no device's; only root mounts them.
+  // These file systems may be on several devices and have a number that is not that of a device.
+  // Only root can mount them, so their source can be trusted.
   const bool isSourceTrue = mount.type == "btrfs" || mount.type == "bcachefs";
   return (!device.number.empty() && mount.deviceNumber == device.number) ||
          (isSourceTrue && mount.source == "/dev/" + device.kernelName) ||

@@ -8,7 +8,7 @@
 namespace tamberline::sysfs {
 namespace {
 
-/// Such as "0000:00:14.0".
+/// Function names have the form "0000:00:14.0".
 bool isPciFunction(std::string_view name) {
   constexpr std::string_view shape = "xxxx:xx:xx.x";
   constexpr std::string_view digits = "0123456789abcdef";

@@ -6,18 +6,19 @@
 
 namespace tamberline::sysfs {
 
-/// The PCI functions above a device, from the bus of the computer down to the device.
+/// The PCI functions above a device, from the computer's own bus down to the device.
 struct PciPath {
   std::vector<std::filesystem::path> functions = {}; // their folders
 
   bool isEmpty() const { return functions.empty(); }
-  /// Directly on the computer's own bus, where nothing can be plugged in.
+  /// Whether the device is directly on the computer's own bus, where nothing can be plugged in.
   bool isOnRootBus() const { return functions.size() == 1; }
-  /// Behind a port that firmware says faces the outside, as Thunderbolt's and USB4's do.
+  /// Whether the device is behind a port that firmware marks as external, such as those of
+  /// Thunderbolt and USB4.
   bool isRemovable() const;
 };
 
-/// `device` is a folder below "devices", such as the one that an entry of a class links to.
+/// `device` is a folder below "devices", such as the target of the link in a class.
 PciPath pciPathOf(const std::filesystem::path& device);
 
 } // namespace tamberline::sysfs

@@ -17,12 +17,12 @@ bool isControl(char32_t codePoint) {
   return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
 }
 
-/// XML knows neither of these two, however they are written.
+/// XML allows neither of these two, not even as character references.
 bool isInvalidXmlCharacter(char32_t codePoint) {
   return codePoint == 0xFFFE || codePoint == 0xFFFF;
 }
 
-/// Replaces `prefix` and the `digitCount` digits behind it by the byte that they stand for.
+/// Replaces each `prefix` and the `digitCount` digits after it with the byte that they encode.
 std::string withoutEscapes(std::string_view text, std::string_view prefix, std::size_t digitCount,
                            int base) {
   std::string plain;

@@ -5,14 +5,15 @@
 
 namespace tamberline::sysfs {
 
-/// Bytes that a device or a person made up as text that every report can hold: bytes that are no
-/// UTF-8 become U+FFFD and control characters blanks; white space at the ends goes.
+/// Converts arbitrary bytes from a device or the user to text that every report can hold. Invalid
+/// UTF-8 and characters that XML does not allow become U+FFFD, control characters become blanks,
+/// and white space at both ends is removed.
 std::string plainText(std::string_view bytes);
 
-/// A text in which "\x20" stands for a byte, as udev's database writes it.
+/// Decodes escaped bytes such as "\x20", as in udev's database.
 std::string withoutHexEscapes(std::string_view text);
 
-/// A text in which "\040" stands for a byte, as the mount table writes it.
+/// Decodes escaped bytes such as "\040", as in the mount table.
 std::string withoutOctalEscapes(std::string_view text);
 
 } // namespace tamberline::sysfs

@@ -9,14 +9,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Some batteries count charge, others energy.
+/// Some batteries report charge, others energy.
 std::optional<std::int64_t> readChargeOrEnergy(const fs::path& folder, const std::string& what) {
   const auto charge = readNumber(folder / ("charge_" + what));
   return charge ? charge : readNumber(folder / ("energy_" + what));
 }
 
-/// What it is and whether it is online. The supplies of USB-C ports are always the computer's,
-/// though some kernels call those that others are charged by a device's.
+/// Reads what kind of supply it is and whether it is online. The supplies of USB-C ports always
+/// belong to the computer, although some kernels mark them as a device's if they charge something
+/// else.
 PowerSupply readKind(const fs::path& folder) {
   PowerSupply supply{
       .name = folder.filename().string(),
@@ -28,7 +29,7 @@ PowerSupply readKind(const fs::path& folder) {
   return supply;
 }
 
-/// Some drivers write a 0 in the place of a text that they do not have.
+/// Some drivers write "0" instead of a text that they do not have.
 std::string readName(const fs::path& file) {
   const std::string name = readTextOrNothing(file);
   return name == "0" ? std::string() : name;

@@ -21,7 +21,8 @@ std::optional<Number> numberIn(std::string_view text, int base) {
                                                                        : std::nullopt;
 }
 
-/// A router's own receiving lanes are those from the host.
+/// The kernel reports lanes from the router's side, so the receiving lanes ("rx") are those from
+/// the host.
 LinkWay readWay(const fs::path& folder, const std::string& side) {
   return {.speedOfLane = readTextOrNothing(folder / (side + "_speed")),
           .lanes = readNumber(folder / (side + "_lanes"))};

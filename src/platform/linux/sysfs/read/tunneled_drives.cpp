@@ -28,7 +28,7 @@ fs::path wholeDrive(const fs::path& blockDevice) {
   return isPartition ? above : blockDevice;
 }
 
-/// Beside the drive itself, its controller tells what it is.
+/// Reads an attribute that describes the drive, from its device, its controller or its own folder.
 std::string tellingText(const fs::path& drive, const char* name) {
   for (const fs::path& folder : {drive / "device", drive.parent_path(), drive}) {
     if (const auto text = readText(folder / name)) {
@@ -56,7 +56,8 @@ bool hasEnclosureName(const Router& router) {
 
 using Routers = std::map<RouterAddress, Router>;
 
-/// The only one of those that sounds like an enclosure; absent when there are more or none.
+/// The only candidate whose name can be that of a drive enclosure; absent if there are several or
+/// none.
 std::optional<RouterAddress> onlyEnclosure(const std::vector<RouterAddress>& candidates,
                                            const Routers& routers) {
   std::optional<RouterAddress> found;
@@ -71,7 +72,8 @@ std::optional<RouterAddress> onlyEnclosure(const std::vector<RouterAddress>& can
   return found;
 }
 
-/// Routers that PCI can lead through. One that is not authorised, or is another computer, has none.
+/// The routers that can tunnel PCI. A router that is not authorised, or that is another computer,
+/// cannot.
 std::vector<RouterAddress> routersWithPci(const Routers& routers) {
   std::vector<RouterAddress> found;
   for (const auto& [address, router] : routers) {
@@ -82,8 +84,8 @@ std::vector<RouterAddress> routersWithPci(const Routers& routers) {
   return found;
 }
 
-/// Of a chain, the router that as many bridges lead to: each brings two, with the port's own before
-/// and the drive behind them.
+/// The router in a chain at the depth that the number of PCI functions indicates. Each router adds
+/// two bridges, between the port's own bridge and the drive.
 RouterAddress inChain(const RouterAddress& first, const PciPath& path, const Routers& routers) {
   const std::size_t depth = std::max<std::size_t>((path.functions.size() - 2) / 2, 1);
   std::vector<RouterAddress> atDepth;

@@ -9,19 +9,20 @@
 
 namespace tamberline::sysfs {
 
-/// The drives that Thunderbolt and USB4 enclosures connect to the computer's PCI bus, found by
-/// their block devices. Where firmware does not mark its outward PCI ports there are none.
+/// The drives that Thunderbolt and USB4 enclosures connect to the computer's PCI bus, found through
+/// their block devices. There are none if firmware does not mark external PCI ports.
 class TunneledDrives {
 public:
   explicit TunneledDrives(const std::filesystem::path& sysfs);
 
-  /// The drive of a block device or of a partition, by its folder; null for other drives. Lives as
-  /// long as this.
+  /// The drive with this block device or partition, given by its folder; null for drives that are
+  /// not tunneled. The pointer is valid as long as this object.
   Drive* driveOf(const std::filesystem::path& blockDevice);
 
-  /// Gives each drive to the router whose enclosure it is in. The kernel does not name it: of
-  /// several, it is told by the order of PCI ports and of routers where there are as many of both,
-  /// and by how many bridges lead to it. A drive of which it cannot be told is left out.
+  /// Adds each drive to the router of the enclosure that it is in. The kernel does not report the
+  /// router. If there are several, it is found by the order of PCI ports and routers, provided that
+  /// there are equally many, and by the number of bridges above the drive. A drive whose router
+  /// remains unknown is left out.
   void giveTo(ThunderboltTopology& thunderbolt) &&;
 
 private:

@@ -12,7 +12,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A word of what partner and cable tell of themselves: "0x1c0005ac".
+/// A word of the identity that a partner or cable reports, such as "0x1c0005ac"; 0 if there is
+/// none.
 std::uint64_t identityWord(const fs::path& folder, const char* name) {
   std::string_view digits;
   const std::string text = readTextOrNothing(folder / "identity" / name);
@@ -61,7 +62,7 @@ PartnerAccessory readAccessory(const fs::path& partner) {
   return mode == "debug" ? PartnerAccessory::debug : PartnerAccessory::none;
 }
 
-/// One of the powers that a source offers, such as "1:fixed_supply".
+/// A fixed voltage and its max current that a source offers, such as "1:fixed_supply".
 struct PowerOffer {
   std::int64_t millivolts = 0;
   std::int64_t milliamperes = 0;
@@ -129,7 +130,7 @@ std::optional<TypecCable> readCable(const fs::path& ports, const std::string& po
   return TypecCable{.isActive = isActive, .isOptical = isActive && reportsOptical};
 }
 
-/// Test beds list what they have of USB-C on a bus instead.
+/// Test beds list their USB-C ports as a bus instead of a class.
 fs::path portsFolder(const fs::path& sysfs) {
   const fs::path folder = classFolder(sysfs, "typec");
   return doesExist(folder) ? folder : busFolder(sysfs, "typec");

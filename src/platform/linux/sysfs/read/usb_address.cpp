@@ -8,11 +8,11 @@
 namespace tamberline::sysfs {
 namespace {
 
-/// USB allows six ports on the way.
+/// Well above the six ports that USB allows in a path.
 constexpr std::size_t maxPorts = 16;
 constexpr std::int64_t maxNumber = 65535;
 
-/// Digits that spell a number from 1.
+/// A number from 1 to `maxNumber`, written in digits only.
 std::optional<int> countingNumber(std::string_view text) {
   const auto number = parseDecimal(text);
   const bool isSpelled = text.find_first_not_of("0123456789") == std::string_view::npos;

@@ -13,7 +13,7 @@ unsigned byteAt(std::string_view bytes, std::size_t index) {
   return static_cast<unsigned char>(bytes[index]);
 }
 
-/// Takes the first descriptor off; empty when what is left is none.
+/// Removes and returns the first descriptor; empty if the rest does not start with one.
 std::string_view takeDescriptor(std::string_view& bytes) {
   constexpr std::size_t minLength = 2; // its length and its type
   const std::size_t length = bytes.empty() ? 0 : byteAt(bytes, 0);

@@ -1,5 +1,5 @@
-// What USB devices describe themselves with, as the kernel read it when they were plugged in. It
-// gives these bytes at once, also while it waits for a device that no longer answers.
+// Decodes the descriptors of USB devices. The kernel reads them when a device is plugged in and
+// returns them at once, even while it waits for a device that no longer answers.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +9,12 @@
 
 namespace tamberline::sysfs {
 
-/// The container identifier in a device's capabilities (its BOS descriptor), as a UUID; absent when
-/// there is none, and for one of zeros only, which names no container.
+/// The container identifier in a device's capabilities (its BOS descriptor), as a UUID; absent if
+/// there is none or it is all zeros, which identifies no container.
 std::optional<std::string> containerIdIn(std::string_view descriptors);
 
-/// The current in mA that a configuration is rated at, in a device descriptor with its
-/// configurations behind it; absent when that configuration is not among them.
+/// The current in mA that a configuration is rated at. `descriptors` is a device descriptor
+/// followed by its configurations; absent if it does not contain that configuration.
 std::optional<std::int64_t> ratedMaIn(std::string_view descriptors, int configuration,
                                       bool isSuperSpeed);
 

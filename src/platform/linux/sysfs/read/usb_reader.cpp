@@ -21,8 +21,8 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t maxDescriptorBytes = 65536;
 
-/// The active configuration, whose number the folders of its interfaces have ("1-4:1.0"); the
-/// attribute would wait for the device. Absent when there is no interface.
+/// The active configuration, from the folder names of its interfaces ("1-4:1.0"), because reading
+/// its attribute would wait for the device. Absent if there is no interface.
 std::optional<int> activeConfiguration(const fs::path& folder, const UsbAddress& address) {
   const std::string prefix = address.name() + ":";
   for (const std::string& name : namesIn(folder)) {
@@ -44,7 +44,7 @@ std::optional<std::int64_t> describedMa(const fs::path& folder, const UsbAddress
                        : std::nullopt;
 }
 
-/// What the kernel tells of every device at once, whether or not the device still answers.
+/// Reads only what the kernel returns at once, even if the device no longer answers.
 UsbDevice readDevice(const fs::path& folder, const UsbAddress& address) {
   constexpr const char* hubClass = "09";
   constexpr const char* billboardClass = "11";
@@ -64,8 +64,8 @@ UsbDevice readDevice(const fs::path& folder, const UsbAddress& address) {
   return device;
 }
 
-/// The kernel's words for the controller behind a root hub, from the name of its driver: the hub's
-/// own texts wait for whatever is tried on its ports.
+/// The kernel's name for the controller of a root hub, derived from its driver. Reading the hub's
+/// own texts could block while the kernel tries a device on one of its ports.
 std::string controllerName(const fs::path& controller) {
   const std::string driver = linkedName(controller / "driver").value_or("");
   for (const auto& [part, name] : {std::pair("xhci", "xHCI Host Controller"),
@@ -91,7 +91,8 @@ void nameRootHub(const fs::path& folder, UsbDevice& device) {
   device.serialNumber = plainText(controller.filename().string());
 }
 
-/// The kernel gives no device of a bus a number that another one had before it has used all others.
+/// Distinguishes the device from earlier ones at the same address: the kernel reuses a device
+/// number on a bus only after all others.
 std::string identityOf(const fs::path& folder, const UsbAddress& address, const UsbDevice& device) {
   std::string identity = address.name();
   for (const char* name : {"devnum", "bcdDevice", "authorized"}) {
@@ -100,8 +101,8 @@ std::string identityOf(const fs::path& folder, const UsbAddress& address, const 
   return identity + " " + device.vendorId + ":" + device.productId;
 }
 
-/// What udev read when the device was plugged in. It writes some characters of a serial number as
-/// "_".
+/// The texts that udev read when the device was plugged in. udev replaces some characters of a
+/// serial number with "_".
 UsbTexts textsOfUdev(const fs::path& folder, const fs::path& udevData) {
   const std::string record = udevRecord(udevData, "c" + readTextOrNothing(folder / "dev"));
   return {
@@ -133,7 +134,7 @@ void nameByDatabase(UsbDevice& device, const HardwareDatabase& database) {
   }
 }
 
-/// The folder of a hub's only interface holds its ports.
+/// The folder of a hub's only interface, which contains its ports.
 fs::path portsFolder(const fs::path& hubFolder, const UsbAddress& hub) {
   return hubFolder / ((hub.isRootHub() ? std::to_string(hub.bus) + "-0" : hub.name()) + ":1.0");
 }
@@ -177,7 +178,7 @@ private:
     const fs::path folder = folder_ / address.name();
     UsbDevice device = readDevice(folder, address);
     if (device.vendorId.empty() && device.megabitsPerSecond.empty()) {
-      return; // it was pulled while it was read
+      return; // unplugged while it was read
     }
     if (device.isHub) {
       readPorts(folder, address, usb_);
@@ -203,8 +204,8 @@ private:
     }
   }
 
-  /// Firmware marks what can be pulled and says nothing of the rest; where it marks nothing, only
-  /// what no bridge leads to is certain to be built in.
+  /// Firmware marks controllers that can be unplugged, but not built-in ones. If it marks none,
+  /// only those that are not behind a bridge are certain to be built in.
   void markBuiltInControllers() {
     const bool isMarkedByFirmware =
         std::any_of(controllers_.begin(), controllers_.end(),
@@ -219,7 +220,7 @@ private:
   const HardwareDatabase& database_;
   fs::path folder_;
   UsbTopology usb_;
-  std::vector<UsbStringCache::Device> asked_; // and at the same index of the next:
+  std::vector<UsbStringCache::Device> asked_; // parallel to `addresses_`
   std::vector<UsbAddress> addresses_;
   std::map<UsbAddress, PciPath> controllers_; // of the root hubs
 };

@@ -13,10 +13,10 @@ namespace tamberline::sysfs {
 
 struct UsbStringCache::State {
   Read read;
-  mutable std::mutex mutex; // guards what follows
+  mutable std::mutex mutex; // guards the members below
   mutable std::condition_variable answered;
   std::map<std::string, UsbTexts> known;
-  std::set<std::string> asked; // and not answered yet
+  std::set<std::string> asked; // not answered yet
 
   void ask(const std::vector<Device>& devices) {
     for (const Device& device : devices) {
@@ -56,7 +56,8 @@ std::map<std::string, UsbTexts> UsbStringCache::textsOf(const std::vector<Device
   std::erase_if(state_->known, [&](const auto& entry) { return !present.contains(entry.first); });
   std::set<std::string> awaited;
   for (auto& [bus, onBus] : newByBus) {
-    // Only hubs are locked for long, so nothing else of the bus waits behind one.
+    // Only hubs can stay locked for long. Asking them last keeps other devices on the bus from
+    // waiting.
     std::stable_partition(onBus.begin(), onBus.end(),
                           [](const Device& device) { return !device.isHub; });
     for (const Device& device : onBus) {

@@ -12,8 +12,8 @@
 
 namespace tamberline::sysfs {
 
-/// What a USB device tells of itself in words, and the current that the kernel works out for it.
-/// Empty and absent where it says nothing.
+/// The texts that a USB device reports, and the current that the kernel computes for it. They are
+/// empty or absent if the device does not report them.
 struct UsbTexts {
   std::string product = {};
   std::string manufacturer = {};
@@ -23,19 +23,19 @@ struct UsbTexts {
   friend bool operator==(const UsbTexts&, const UsbTexts&) = default;
 };
 
-/// Reads them from a device's folder. The kernel gives these attributes only when it holds the
-/// device's lock, which can take a minute: a hub is locked as long as something on one of its ports
-/// is tried that never answers.
+/// Reads the texts from a device's folder. The kernel locks the device while it returns these
+/// attributes, and getting the lock can take a minute: a hub is locked while the kernel tries a
+/// device on one of its ports that never answers.
 UsbTexts readUsbTexts(const std::filesystem::path& folder);
 
-/// Keeps what devices tell of themselves, so that each is asked once, and asks on threads of its
-/// own, so that one that does not answer delays nothing but itself. One caller at a time.
+/// Caches the texts of USB devices, so that each device is asked once. Asks on separate threads, so
+/// that a device that does not answer does not block the caller. One caller at a time.
 class UsbStringCache {
 public:
   using Read = std::function<UsbTexts(const std::filesystem::path& folder)>;
 
   struct Device {
-    /// Tells it from every other device that was ever there.
+    /// Distinguishes the device from all others, including those unplugged earlier.
     std::string identity;
     std::filesystem::path folder;
     int bus = 0;
@@ -52,17 +52,18 @@ public:
   /// Does not wait for a device that is still being asked.
   ~UsbStringCache() = default;
 
-  /// By identity; a device that has not answered yet is missing. Forgets those that are not named.
+  /// Texts by identity; devices that have not answered yet are missing. Removes devices that are
+  /// not in `devices` from the cache.
   std::map<std::string, UsbTexts> textsOf(const std::vector<Device>& devices);
 
-  /// Waits until a device has answered; false when that takes longer. For tests.
+  /// Waits until a device has answered; false after a timeout. For tests.
   bool waitFor(const std::string& identity, std::chrono::milliseconds patience) const;
 
 private:
   struct State;
 
   std::chrono::milliseconds patience_;
-  std::shared_ptr<State> state_; // a thread that waits for a device keeps it
+  std::shared_ptr<State> state_; // shared with threads that wait for a device
 };
 
 } // namespace tamberline::sysfs

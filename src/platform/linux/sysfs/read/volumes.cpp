@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The nearest USB device above a block device, from the path that its entry links to.
+/// The nearest USB device above a block device, from the target of its link.
 const UsbAddress* usbDeviceAbove(const fs::path& blockDevice, const UsbTopology& usb) {
   const UsbAddress* nearest = nullptr;
   for (const fs::path& part : blockDevice) {
@@ -42,8 +42,8 @@ public:
 
   const fs::path& blocks() const { return blocks_; }
 
-  /// The block device's own file system and what is made of the device. A device is taken once:
-  /// what several devices together hold, and links in a circle.
+  /// Adds the volumes on a block device and on the devices built on it. Each device is visited
+  /// once, because several devices can share a holder and links can form a cycle.
   void take(const std::string& blockName, std::vector<Volume>& volumes) {
     if (!taken_.insert(blockName).second) {
       return;
@@ -59,7 +59,7 @@ public:
   }
 
 private:
-  /// Where it is mounted as a whole, or else some part of it; null when it is not.
+  /// The mount of the whole file system, or else of a part of it; null if it is not mounted.
   const MountedFileSystem* mountOf(const std::string& blockName) const {
     const BlockDeviceNames names = {readTextOrNothing(blocks_ / blockName / "dev"), blockName,
                                     readTextOrNothing(blocks_ / blockName / "dm" / "name")};
@@ -76,7 +76,7 @@ private:
     return part;
   }
 
-  /// The file system's label; without one the name of the logical volume or of the device.
+  /// The file system's label, or else the name of the logical volume or the device.
   std::string labelOf(const std::string& blockName) const {
     const fs::path folder = blocks_ / blockName;
     const std::string number = readTextOrNothing(folder / "dev");

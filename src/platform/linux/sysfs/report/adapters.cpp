@@ -33,10 +33,10 @@ std::optional<double> product(std::optional<std::int64_t> microvolts,
   return watts <= maxCredibleWatts ? std::optional(watts) : std::nullopt;
 }
 
-/// Some kernels take the last offer for one of a fixed voltage though it is one of a range, and
-/// read voltage and current from bits that mean something else. Put together again they are the
-/// range: its end, of which three bits are left, belongs to one of four ranges of the standard, and
-/// each of those to a voltage that the adapter offers its full current at.
+/// Some kernels decode the last offer as a fixed voltage although it is a voltage range, so they
+/// read voltage and current from bits that mean something else. This reassembles the bits. Three
+/// bits of the range's upper end are left, which identify one of four ranges in the standard. Each
+/// range has a nominal voltage at which the adapter offers its full current.
 std::optional<double> wattsOfMisreadRange(std::int64_t microvolts, std::int64_t microamperes) {
   constexpr std::int64_t microvoltsPerStep = 50'000;
   constexpr std::int64_t microamperesPerStep = 10'000;
@@ -71,9 +71,9 @@ std::optional<double> wattsOfMisreadRange(std::int64_t microvolts, std::int64_t 
 
 } // namespace
 
-/// The driver of UCSI counts the ports of its controller from 1 and has the number behind the
-/// controller's name. That of Chromebooks' controllers has the port's own number behind its name.
-/// Other drivers have one supply and one port.
+/// UCSI supplies are named after their controller, followed by the port's number on it, counted
+/// from 1. Supplies of Chromebooks have a fixed name, followed by the port's own number. Other
+/// drivers have one supply and one port.
 std::optional<int> typecPortOf(const PowerSupply& supply, const Machine& machine) {
   constexpr std::string_view chromebookPrefix = "CROS_USBPD_CHARGER";
   if (supply.name.starts_with(chromebookPrefix)) {
@@ -137,12 +137,12 @@ std::optional<double> ratedWatts(const PowerSupply& supply) {
       product(supply.voltageMax ? supply.voltageMax : supply.voltageMaxDesign, supply.currentMax);
   const bool isMisread = supply.reportsContract() && told && supply.voltageNow > supply.voltageMax;
   const auto rated = isMisread ? wattsOfMisreadRange(*supply.voltageMax, *supply.currentMax) : told;
-  // An adapter never agrees to more than it offers.
+  // An adapter never agrees to more than it offers, so a lower rating is wrong.
   return rated && contract && *contract > *rated ? std::nullopt : rated;
 }
 
 std::optional<Contract> contractOn(int number, const Machine& machine) {
-  constexpr std::int64_t defaultCurrent = 100'000; // what USB gives to everybody
+  constexpr std::int64_t defaultCurrent = 100'000; // what USB grants every device
   const TypecPort& port = machine.typecPorts.at(number);
   for (const PowerSupply& supply : machine.powerSupplies) {
     const bool isInUse = supply.isOnline == (port.role == PowerRole::sink);

@@ -7,31 +7,31 @@
 
 namespace tamberline::sysfs {
 
-/// The USB-C port that a power supply is the meter of; absent when the drivers do not say so.
+/// The USB-C port whose power a supply reports; absent if the drivers do not provide it.
 std::optional<int> typecPortOf(const PowerSupply& supply, const Machine& machine);
 
-/// The adapter that powers the machine, the one whose power is known before others; null when none
-/// does.
+/// The adapter that powers the machine: of several, the one with the highest known rating. Null if
+/// there is none.
 const PowerSupply* adapterInUse(const Machine& machine);
 
-/// The USB-C port through which power comes in; absent when none is known to.
+/// The USB-C port through which power comes in; absent if there is none or it is unknown.
 std::optional<int> chargingPort(const Machine& machine);
 
-/// What a supply measures; absent unless it measures voltage and current.
+/// The power that a supply measures; absent unless it measures both voltage and current.
 std::optional<double> measuredWatts(const PowerSupply& supply);
 
-/// The most that the adapter on a supply offers; absent unless it tells, and where what it tells
-/// contradicts itself.
+/// The max power that the adapter on a supply offers; absent if it is not reported or is
+/// contradictory.
 std::optional<double> ratedWatts(const PowerSupply& supply);
 
-/// What the two ends of a USB-C connection agreed on: a voltage, and the most current at it. How
-/// much flows nobody tells.
+/// The voltage and the max current that both ends of a USB-C connection agreed on. The actual
+/// current is not reported.
 struct Contract {
   std::int64_t millivolts = 0;
   std::int64_t milliamperes = 0;
 };
 
-/// Absent where nothing was agreed on or the port's driver does not tell.
+/// Absent if nothing was agreed on or the port's driver does not report it.
 std::optional<Contract> contractOn(int number, const Machine& machine);
 
 } // namespace tamberline::sysfs

@@ -11,10 +11,10 @@
 
 namespace tamberline {
 
-/// Answers from what the kernel says of the machine. No program is run.
+/// Answers from the kernel's description of the machine, without running programs.
 ///
-/// All answers of one scan are about the same moment: the machine is read when something is asked
-/// that was asked before, since a scan asks for each thing once.
+/// All answers of one scan describe the same moment. A scan asks each question once, so the machine
+/// is read again when a question is repeated.
 class LinuxMachine final : public MachineSource {
 public:
   using MachineReader = std::function<sysfs::Machine()>;
@@ -28,9 +28,9 @@ private:
   std::shared_ptr<const sysfs::Machine> machineFor(Question question);
 
   MachineReader readMachine_;
-  std::mutex mutex_; // guards what follows
+  std::mutex mutex_; // guards the members below
   std::shared_ptr<const sysfs::Machine> machine_;
-  std::set<Question> answered_; // from this machine
+  std::set<Question> answered_; // from `machine_`
 };
 
 } // namespace tamberline

@@ -5,9 +5,9 @@
 namespace tamberline::sysfs {
 namespace {
 
-/// What is known of the USB devices on one USB-C port.
+/// What is known about the USB devices on one USB-C port.
 struct UsbUse {
-  bool isLinked = false; // firmware says which USB ports it is
+  bool isLinked = false; // firmware links USB ports to it
   bool hasBillboard = false;
   std::vector<std::string> transports = {};
 };
@@ -46,7 +46,7 @@ PortUse useOf(int number, const Machine& machine, const PhysicalPorts& ports) {
   constexpr std::int64_t usb4Generation = 4;
   const UsbUse usb = usbUseOf(number, machine, ports);
   PortUse use{.dataTransports = usb.transports,
-              // An adapter that could not switch to video shows itself as a billboard instead.
+              // An adapter that could not switch to video appears as a billboard instead.
               .showsVideo = port.partner->video == PartnerVideo::active && !usb.hasBillboard,
               .powersComputer = chargingPort(machine) == number};
   for (const RouterAddress& router : ports.ports.at(number).routers) {

@@ -8,14 +8,14 @@
 
 namespace tamberline::sysfs {
 
-/// What the connection on a USB-C port is used for, as far as the kernel tells.
+/// What the connection on a USB-C port is used for, as far as the kernel reports it.
 struct PortUse {
-  /// Data that goes over it, by the names that port controllers have for it: "USB2", "USB3", "USB4"
-  /// or "CIO".
+  /// The transports that carry data, by their names in port controllers: "USB2", "USB3", "USB4" or
+  /// "CIO".
   std::vector<std::string> dataTransports = {};
   bool showsVideo = false;
   bool powersComputer = false;
-  /// It draws power and is nothing else that the kernel would tell of.
+  /// The partner draws power and has no other use that the kernel would report.
   bool onlyCharges = false;
 
   bool isKnown() const;
@@ -23,9 +23,8 @@ struct PortUse {
 
 PortUse useOf(int number, const Machine& machine, const PhysicalPorts& ports);
 
-/// A word for a partner that is no device: "audio", "debug", "video" (a picture can be shown
-/// through it), "source" (it offers power that the computer does not take), "unknown"; empty when
-/// there is none.
+/// A word for a partner that is not a device: "audio", "debug", "video" (it can show pictures),
+/// "source" (it offers power that the computer does not take), "unknown"; empty if there is none.
 std::string partnerWord(const TypecPort& port, const PortUse& use);
 
 } // namespace tamberline::sysfs

@@ -7,9 +7,9 @@
 namespace tamberline::sysfs {
 namespace {
 
-constexpr int maxUsbPort = 254; // a location has a byte for it, and 255 is no port
+constexpr int maxUsbPort = 254; // a location has one byte for it, and 255 means none
 
-/// Which port of the case is at which place; a place with several ports tells nothing.
+/// The port of the case at each location. A location with several ports identifies none of them.
 class Places {
 public:
   void add(const std::optional<PhysicalLocation>& place, int port) {
@@ -30,12 +30,12 @@ private:
   std::map<PhysicalLocation, std::optional<int>> ports_;
 };
 
-/// Something of a Thunderbolt or USB4 domain that firmware ties to no USB-C port: a USB4 port, or a
-/// first router behind a host that does not tell its ports apart.
+/// A part of a Thunderbolt or USB4 domain that firmware links to no USB-C port: a USB4 port, or a
+/// first router behind a host that does not report its ports.
 struct UnlinkedPort {
   RouterAddress host;
   std::optional<Usb4Port> port = {};
-  std::optional<RouterAddress> router = {}; // absent where nothing is connected
+  std::optional<RouterAddress> router = {}; // absent if nothing is connected
 };
 
 class PortFinder {
@@ -71,7 +71,8 @@ private:
     }
   }
 
-  /// Of two USB4 ports at the place of one USB-C port neither can be told to be it.
+  /// If several USB4 ports are at the location of a USB-C port, none of them can be matched with
+  /// it.
   bool isOnlyOneAtLocation(const Usb4Port& port) const {
     const auto& ports = machine_.thunderbolt.hostPorts;
     return std::count_if(ports.begin(), ports.end(), [&](const Usb4Port& other) {
@@ -86,7 +87,8 @@ private:
     return isOnlyOneAtLocation(port) ? places_.portAt(port.location) : std::nullopt;
   }
 
-  /// The first routers of a domain, also one whose router above went while the machine was read.
+  /// The first routers of a domain, including a router whose parent was removed while the machine
+  /// was read.
   std::vector<RouterAddress> firstRouters(const RouterAddress& host) const {
     std::vector<RouterAddress> first;
     for (const auto& [address, router] : machine_.thunderbolt.routers) {
@@ -125,7 +127,8 @@ private:
     collectOtherRouters(placed);
   }
 
-  /// Those of hosts that do not tell their ports apart, and such hosts themselves.
+  /// Collects the first routers that no USB4 port was found for, and hosts that report neither
+  /// routers nor ports.
   void collectOtherRouters(const std::set<RouterAddress>& placed) {
     for (const auto& entry : machine_.thunderbolt.routers) {
       const RouterAddress host = entry.first;
@@ -148,8 +151,8 @@ private:
     }
   }
 
-  /// Every port that knows Thunderbolt or USB4 is a USB-C port, whether or not firmware says which:
-  /// where the kernel lists USB-C ports, there are no others.
+  /// Every port with Thunderbolt or USB4 is a USB-C port, even if firmware does not link the two.
+  /// If the kernel lists USB-C ports, there are no others.
   void assignUnlinkedPorts() {
     std::vector<UnlinkedPort> connected;
     std::vector<UnlinkedPort> others;
@@ -172,7 +175,7 @@ private:
     }
   }
 
-  /// The USB-C ports of as many routers, in order; empty where that cannot be told.
+  /// The USB-C ports of this many routers, in order; empty if they are ambiguous.
   std::vector<int> portsOfRouters(std::size_t count) const {
     std::vector<int> candidates = freePorts();
     const auto keep = [&](const auto& isCandidate) {
@@ -192,8 +195,8 @@ private:
     return {};
   }
 
-  /// Whether something that is no hub is plugged into a USB-C port; behind a router there is one
-  /// first.
+  /// Whether a device other than a hub is plugged into a USB-C port. Behind a router, the first
+  /// device is a hub.
   bool hasPlainDevice(int connector) const {
     return std::any_of(machine_.usb.ports.begin(), machine_.usb.ports.end(),
                        [&](const auto& entry) {
@@ -203,7 +206,7 @@ private:
                        });
   }
 
-  /// The USB-C ports that no host is known of.
+  /// The USB-C ports without a known host.
   std::vector<int> freePorts() const {
     std::vector<int> numbers;
     for (const auto& [number, port] : machine_.typecPorts) {

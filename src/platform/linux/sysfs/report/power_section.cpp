@@ -24,7 +24,7 @@ const PowerSupply* batteryOf(const Machine& machine) {
   return found == supplies.end() ? nullptr : &*found;
 }
 
-/// What the battery still holds of what it was made for; empty when that cannot be told.
+/// The battery's full charge in percent of its design capacity; empty if unknown.
 std::string maximumCapacity(const PowerSupply& battery) {
   if (battery.fullCharge.value_or(0) <= 0 || battery.fullChargeByDesign.value_or(0) <= 0) {
     return {};
@@ -58,7 +58,7 @@ std::optional<double> ratingOf(const PowerSupply& adapter, const Machine& machin
   return ratedWatts(adapter);
 }
 
-/// The report has the rating in front of the name.
+/// In the report the rating precedes the name.
 std::string adapterName(const PowerSupply& adapter, const Machine& machine) {
   std::string name = adapter.modelName;
   if (name.empty()) {

@@ -6,8 +6,9 @@
 
 namespace tamberline::sysfs {
 
-/// A value as an XML property list: objects become dictionaries, binary values data. Texts must be
-/// UTF-8 without control characters; null and reals have no place in it.
+/// Converts a value to an XML property list: objects become dictionaries and binary values become
+/// data. Texts must be UTF-8 without control characters; null and floating-point numbers are not
+/// allowed.
 std::string asPropertyList(const nlohmann::json& value);
 
 } // namespace tamberline::sysfs

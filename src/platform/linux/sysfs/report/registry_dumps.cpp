@@ -48,7 +48,8 @@ json portControllerEntry(int number, const Machine& machine, const PortUse& use)
   return entry;
 }
 
-/// What powers the computer and has data or video besides, such as a dock, is an adapter as well.
+/// The second entry of a port whose partner powers the computer and also has data or video, such as
+/// a dock.
 json adapterEntry(int number) {
   json entry = describedPort(number);
   entry["ConnectionActive"] = true;
@@ -143,7 +144,7 @@ json powerSourceDump(const Machine& machine) {
   json details = json::array();
   for (const auto& [number, port] : machine.typecPorts) {
     while (details.size() < static_cast<std::size_t>(number)) {
-      details.push_back(""); // the place of a port that does not exist
+      details.push_back(""); // placeholder for a port that does not exist
     }
     details.push_back(fedEntry(port));
   }

@@ -1,5 +1,4 @@
-// What the registry tool would dump of the machine, as values; `asPropertyList` makes texts of
-// them.
+// The registry tool's dumps of the machine as values, which `asPropertyList` converts to text.
 #pragma once
 
 #include "platform/linux/sysfs/read/machine.h"
@@ -8,23 +7,23 @@
 
 namespace tamberline::sysfs {
 
-/// The USB-C ports. A connection counts only where it is known what it is for: data, video, power
-/// coming in, or power going out to something that shows no data on a port whose data is known. Two
-/// keys of our own, "TamberlinePartner" and "TamberlineAgreed…", tell what else the kernel knows. A
-/// port that powers the computer and has data has a second entry, as an adapter's.
+/// The USB-C ports. A connection counts as active only if its use is known: data, video, power in,
+/// or power out to a partner that has no data although the port's data is known. Our own keys,
+/// "TamberlinePartner" and "TamberlineAgreed…", contain what else the kernel reports. A port that
+/// powers the computer and has data or video has a second entry, like that of an adapter.
 nlohmann::json portControllerDump(const Machine& machine);
 
-/// The power that goes out on USB-C ports that measure it; what both ends agreed on is no
+/// The power out of USB-C ports that measure it. The power that both ends agreed on is not a
 /// measurement.
 nlohmann::json portPowerDump(const Machine& machine);
 
 /// The currents that USB-C ports offer at 5 V.
 nlohmann::json deviceTreeDump(const Machine& machine);
 
-/// The containers of the hubs that show themselves twice.
+/// The containers of the hubs that appear on two buses.
 nlohmann::json usbHostDeviceDump(const Machine& machine);
 
-/// Each USB-C port as a source or taker of power.
+/// Each USB-C port as a source or sink of power.
 nlohmann::json powerSourceDump(const Machine& machine);
 
 } // namespace tamberline::sysfs

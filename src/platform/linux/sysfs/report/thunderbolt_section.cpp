@@ -21,7 +21,7 @@ std::string speedText(const LinkWay& way) {
                                        : std::string(way.speedOfLane).erase(decimals, 2);
 }
 
-/// What all lanes carry together; 0 when unknown.
+/// The total speed of all lanes; 0 if unknown.
 std::int64_t gbpsOf(const LinkWay& way) {
   constexpr std::int64_t maxCredibleGbpsOfLane = 1000;
   constexpr std::int64_t maxCredibleLanes = 16;
@@ -33,7 +33,7 @@ std::int64_t gbpsOf(const LinkWay& way) {
   return isCredible ? gbpsOfLane * lanes : 0;
 }
 
-/// The whole link, of which the report's own keys can only say the speed of one lane.
+/// Adds the speed of the whole link, because the report's own keys have only that of one lane.
 void addLinkDirection(const std::string& name, const LinkWay& way, json& link) {
   if (const std::int64_t gbps = gbpsOf(way); gbps > 0) {
     link["tamberline_link_" + name + "_gbps"] = std::to_string(gbps);
@@ -54,7 +54,8 @@ json linkOf(const Router& router) {
   return link;
 }
 
-/// A USB4 link is named after its generation, which is known by its speed, and its lanes.
+/// The name of a USB4 link consists of its generation, which is derived from its speed, and its
+/// number of lanes.
 std::string usb4Mode(const Router& router) {
   const std::string speed = speedText(router.fromHost);
   std::string generation;
@@ -71,7 +72,7 @@ std::string usb4Mode(const Router& router) {
   return "usb4" + link;
 }
 
-/// Empty where the kernel does not tell.
+/// Empty if the kernel does not report it.
 std::string modeOf(const Router& router) {
   switch (router.generation.value_or(0)) {
   case 1:

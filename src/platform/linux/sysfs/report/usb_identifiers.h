@@ -1,4 +1,4 @@
-// By what the reports tell USB devices apart.
+// Identifiers that distinguish USB devices in the reports.
 #pragma once
 
 #include "platform/linux/sysfs/read/machine.h"
@@ -10,14 +10,15 @@
 
 namespace tamberline::sysfs {
 
-/// A location for each USB device: the port of the case in bits 24 to 31, 255 when unknown, and
-/// below them what no other device has.
+/// A location for each USB device: the port of the case in bits 24 to 31, 255 if unknown, and a
+/// unique number in the bits below.
 std::map<UsbAddress, std::uint32_t> usbLocations(const UsbTopology& usb,
                                                  const PhysicalPorts& ports);
 
-/// An identifier for each hub that shows itself on two buses, the same for its two halves: the one
-/// that both describe, where no third hub describes the same (some makers give all their hubs one
-/// identifier), or else one for the two ports that the kernel knows as one receptacle.
+/// An identifier for each hub that appears on two buses, shared by its two halves. It is the
+/// container identifier in the descriptors of both if no third hub has the same one (some makers
+/// give all their hubs one identifier). Otherwise it is made of the two ports that the kernel
+/// reports as one receptacle.
 std::map<UsbAddress, std::string> containersOfHubHalves(const UsbTopology& usb);
 
 } // namespace tamberline::sysfs

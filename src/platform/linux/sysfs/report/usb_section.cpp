@@ -19,7 +19,7 @@ namespace {
 
 using nlohmann::json;
 
-/// By this name the records know the controllers whose devices stand under the computer's ports.
+/// The records recognise a controller of the computer's own ports by this name.
 constexpr const char* ownPortController = "T8112USBXHCI";
 
 std::string hexadecimal(std::uint32_t number) {
@@ -28,7 +28,7 @@ std::string hexadecimal(std::uint32_t number) {
   return text.data();
 }
 
-/// The report has no token above 10 Gb/s; such a speed is handed on as a text.
+/// The report has no token above 10 Gb/s; such a speed is written as text.
 std::string speedToken(const std::string& megabitsPerSecond) {
   static constexpr std::array<std::pair<std::string_view, const char*>, 6> tokens = {{
       {"1.5", "low_speed"},
@@ -46,7 +46,7 @@ std::string speedToken(const std::string& megabitsPerSecond) {
   return {};
 }
 
-/// The slowest name that the report has is that of USB 2.0.
+/// The report has no name for buses slower than USB 2.0.
 std::string busName(const UsbDevice& rootHub) {
   const std::int64_t megabits = parseDecimal(rootHub.megabitsPerSecond).value_or(0);
   if (megabits >= 10000) {
@@ -68,7 +68,7 @@ void addText(json& object, const char* key, const std::string& text) {
   }
 }
 
-/// Speeds that the report has neither a token nor a bus name for.
+/// Adds a speed for which the report has neither a token nor a bus name.
 void addActualSpeed(const char* key, const UsbDevice& device, json& object) {
   constexpr std::int64_t maxMegabitsOfTokens = 10'000;
   if (parseDecimal(device.megabitsPerSecond).value_or(0) > maxMegabitsOfTokens) {
@@ -104,7 +104,7 @@ private:
     return ports_.portOfUsbPort.contains(address);
   }
 
-  /// The hub, or the bus when the hub went while the machine was read.
+  /// The hub, or the bus if the hub was removed while the machine was read.
   UsbAddress attachedTo(const UsbAddress& address) const {
     const UsbAddress hub = address.parent();
     return usb_.devices.contains(hub) ? hub : UsbAddress{address.bus};
