@@ -85,8 +85,9 @@ check_coverage_lines() {
 
 # Against the types that the build has written down.
 check_qmllint() {
-  local module=build/coverage/qml
-  "$(qtpaths6 --query QT_HOST_BINS)/qmllint" --unused-imports warning -I "$module" "$module"/Tamberline/*.qml
+  local modules=build/coverage/qml
+  find "$modules" -name '*.qml' -print0 |
+    xargs -0 "$(qtpaths6 --query QT_HOST_BINS)/qmllint" --unused-imports warning -I "$modules"
 }
 
 check_build_asan() { build asan; }
