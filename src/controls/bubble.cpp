@@ -5,7 +5,7 @@
 namespace tamberline {
 namespace {
 
-constexpr double gap = 4;    // between the box and what it explains
+constexpr double gap = 4;    // between the box and its target
 constexpr double margin = 8; // between the box and the edge of the panel
 
 } // namespace
@@ -15,7 +15,7 @@ Bubble::Bubble(QQuickItem* parent) : QQuickItem(parent) {
 }
 
 void Bubble::setTarget(QQuickItem* target) {
-  setVisible(target != nullptr); // a target that was deleted is null already
+  setVisible(target != nullptr); // target_ is already null if its item was deleted
   if (target == target_) {
     return;
   }

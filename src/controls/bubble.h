@@ -6,8 +6,8 @@
 
 namespace tamberline {
 
-/// A box that floats beside the item that it explains, inside its parent: below the item where
-/// there is room, above it otherwise. Seen while it has a target.
+/// A box that explains another item, its target. It floats in its parent, below the target if there
+/// is room, otherwise above it. Visible while it has a target.
 class Bubble : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT

@@ -6,7 +6,7 @@ ChildLayout::ChildLayout(QQuickItem* parent) : QQuickItem(parent) {
   connect(this, &ChildLayout::spacingChanged, this, &ChildLayout::layOut);
 }
 
-/// The children stay a moment longer, and change while they are let go.
+/// The children are released after this destructor and change then, so they are disconnected here.
 ChildLayout::~ChildLayout() {
   for (QQuickItem* child : childItems()) {
     child->disconnect(this);
@@ -30,7 +30,7 @@ void ChildLayout::itemChange(ItemChange change, const ItemChangeData& data) {
   if (change != ItemChildAddedChange && change != ItemChildRemovedChange) {
     return;
   }
-  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): Qt hands it over so.
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): this is Qt's interface.
   QQuickItem* const child = data.item;
   if (change == ItemChildAddedChange) {
     follow(child);

@@ -5,8 +5,8 @@
 
 namespace tamberline {
 
-/// Places its children by itself, at once whenever one of them changes: an item is never seen, nor
-/// measured by a list, before it has its size.
+/// Places its children immediately when one of them changes, so that no item is shown, or measured
+/// by a list, before it has its size.
 class ChildLayout : public QQuickItem {
   Q_OBJECT
   QML_ANONYMOUS
@@ -30,9 +30,10 @@ protected:
 
   double spacing() const { return spacing_; }
 
-  /// Calls layOut when the child changes in a way that matters.
+  /// Connects the signals of the child that affect the layout to `layOut`.
   virtual void follow(QQuickItem* child) = 0;
-  /// Places the children and sets the implicit size. Changes made meanwhile do not call it again.
+  /// Places the children and sets the implicit size. Changes that it makes do not cause another
+  /// call.
   virtual void place() = 0;
 
 private:

@@ -1,4 +1,4 @@
-// Colours by how they are seen.
+// Calculations with colours as people perceive them.
 #pragma once
 
 #include <QColor>
@@ -10,11 +10,11 @@ namespace tamberline {
 /// From 1 (the same) to 21 (black on white), as WCAG 2 defines it. Opaque colours.
 double contrastRatio(const QColor& first, const QColor& second);
 
-/// `share` of `over`, the rest of `under`.
+/// A mixture: `share` (0 to 1) of `over`, the rest of `under`.
 QColor blended(const QColor& over, const QColor& under, double share);
 
-/// The colour nearest to `color`, going towards black or white as the first background asks, with
-/// at least `ratio` to every one of the backgrounds; black or white where there is none.
+/// `color`, made darker if the first background is light, otherwise lighter, just until its
+/// contrast with every background is at least `ratio`. Black or white if that is not enough.
 QColor readableOn(const std::vector<QColor>& backgrounds, const QColor& color, double ratio);
 
 } // namespace tamberline

@@ -1,5 +1,5 @@
-// The objects behind QML's singletons and items, one of each type for an engine. They are handed to
-// the engine before it loads anything, must outlive it, and stay in C++'s hands.
+// The C++ objects that QML's singletons and items use, one of each type per engine. They are set
+// before the engine loads anything, must outlive it, and are owned by C++.
 #pragma once
 
 #include <QMetaType>
@@ -18,7 +18,7 @@ void setEngineObject(QQmlEngine& engine, Object& object) {
   engine.setProperty(QMetaType::fromType<Object*>().name(), QVariant::fromValue(&object));
 }
 
-/// Null where the engine has none.
+/// Null if the engine has none.
 template <typename Object>
 Object* engineObject(const QQmlEngine& engine) {
   return engine.property(QMetaType::fromType<Object*>().name()).template value<Object*>();

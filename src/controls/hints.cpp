@@ -29,7 +29,7 @@ void Hints::setHovered(QQuickItem* item, const QString& text, bool isHovered) {
     hide();
     hovered_ = item;
     connect(item, &QQuickItem::visibleChanged, this, [this, item] {
-      if (!item->isVisible()) { // and not when it comes, with a hint that begins here
+      if (!item->isVisible()) { // an item that appears may have just started its tooltip
         hide();
       }
     });

@@ -15,15 +15,15 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// The tooltip of the panel: which item it belongs to and what it says. It comes when the pointer
-/// rests on an item, and goes with the pointer or the item. Main thread only.
+/// The tooltip of the panel: its item and its text. It appears when the pointer rests on an item,
+/// and disappears when the pointer leaves or the item is hidden or deleted. Main thread only.
 class Hints final : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_SINGLETON
 
   Q_PROPERTY(QString text READ text NOTIFY changed)
-  /// Null when no tooltip is shown.
+  /// Null if no tooltip is shown.
   Q_PROPERTY(QQuickItem* target READ target NOTIFY changed)
 
 public:
@@ -32,7 +32,7 @@ public:
   Hints(const Hints&) = delete;
   Hints& operator=(const Hints&) = delete;
 
-  /// The engine's own.
+  /// The engine's instance; called by QML.
   static Hints* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString text() const { return text_; }
@@ -40,7 +40,7 @@ public:
 
   Q_INVOKABLE void setHovered(QQuickItem* item, const QString& text, bool isHovered);
 
-  /// The pointer pressed something or the panel closed.
+  /// Called when a mouse button or a key is pressed, and when the panel is hidden.
   Q_INVOKABLE void hide();
 
 signals:
@@ -54,7 +54,7 @@ private:
   QPointer<QQuickItem> hovered_;
   QPointer<QQuickItem> target_;
   QString text_;
-  bool isShown_ = false; // still true when the target was deleted
+  bool isShown_ = false; // still true after the target was deleted
 };
 
 } // namespace tamberline

@@ -101,7 +101,8 @@ std::vector<LineLayout::Line> LineLayout::breakIntoLines(const std::vector<Part>
   return lines;
 }
 
-/// Gives elastic parts what the others leave, and cuts what is wider than a whole line.
+/// Gives elastic parts the width that the others leave, and limits each part to the available
+/// width.
 void LineLayout::stretch(Line& line, double available) const {
   double left = available + spacing();
   for (const Part& part : line) {
@@ -141,8 +142,8 @@ double LineLayout::placeDown(const Line& line, double top) {
   return height;
 }
 
-/// Likewise. Nothing reaches above the line: the baseline is as low as that takes, in whole points,
-/// so that letters stand on whole pixels.
+/// Returns the height of the line. The baseline is just low enough that nothing reaches above the
+/// line, in whole points, so that letters are drawn on whole pixels.
 double LineLayout::placeOnBaseline(const Line& line, double top) {
   const auto first = std::find_if(line.begin(), line.end(),
                                   [](const Part& part) { return part.item->baselineOffset() > 0; });

@@ -8,15 +8,15 @@
 
 namespace tamberline {
 
-/// How a child of a LineLayout takes part in it.
+/// How a LineLayout places a child.
 class LineAttached : public QObject {
   Q_OBJECT
   QML_ANONYMOUS
-  /// May become narrower than it wants to be: a name.
+  /// May become narrower than its implicit width, like a name.
   Q_PROPERTY(bool isElastic MEMBER isElastic NOTIFY changed)
-  /// Stands at the right end of its line, with everything after it.
+  /// Aligned to the right end of its line, together with everything after it.
   Q_PROPERTY(bool isTrailing MEMBER isTrailing NOTIFY changed)
-  /// Stands at the right end of the first line, whatever else wraps.
+  /// Stays at the right end of the first line even if other children wrap.
   Q_PROPERTY(bool isPinned MEMBER isPinned NOTIFY changed)
 
 public:
@@ -30,12 +30,11 @@ signals:
   void changed();
 };
 
-/// Children side by side in one line, as long as they fit; then in several. An elastic child makes
-/// room for the others, down to `minElasticWidth`, before anything wraps, so that a name stays in
-/// sight beside any number of badges and at any size of the font. The children of a line are
-/// centred vertically, or stand on one baseline where `alignsBaselines` is set; a child without a
-/// baseline is then centred on the first that has one. The layout's own baseline is that of its
-/// first line.
+/// Places its children in one line if they fit, otherwise in several. Elastic children shrink to
+/// `minElasticWidth` before anything wraps, so that a name stays visible beside any number of
+/// badges and at any font size. The children of a line are centred vertically. With
+/// `alignsBaselines` they share a baseline instead: a child without one is centred on the first
+/// child that has one, and the layout's baseline is that of its first line.
 class LineLayout : public tamberline::ChildLayout {
   Q_OBJECT
   QML_ELEMENT

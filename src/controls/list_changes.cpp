@@ -9,11 +9,11 @@
 namespace tamberline {
 namespace {
 
-/// Every view of the list has to follow each move, so too many of them are slower than a new start.
+/// Every view of the list must process each move, so starting over is faster than too many moves.
 constexpr std::size_t maxMoves = 64;
 constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
 
-/// For each key of `before`, where it stands in `after`, or nowhere.
+/// For each key of `before`, its position in `after`, or `nowhere`.
 std::vector<std::size_t> positionsAfter(const std::vector<std::string>& before,
                                         const std::vector<std::string>& after) {
   std::unordered_map<std::string_view, std::vector<std::size_t>> places;
@@ -50,7 +50,7 @@ void appendRemovals(const std::vector<std::size_t>& positions, std::vector<ListC
   }
 }
 
-/// Sorts `kept` by moving runs forward; false when that takes too many moves.
+/// Sorts `kept` by moving runs forward; false if that takes too many moves.
 bool appendMoves(std::vector<std::size_t> kept, std::vector<ListChange>& changes) {
   std::vector<std::size_t> sorted = kept;
   std::sort(sorted.begin(), sorted.end());
@@ -76,7 +76,7 @@ bool appendMoves(std::vector<std::size_t> kept, std::vector<ListChange>& changes
   return true;
 }
 
-/// `kept` are the positions in the new list that are filled already, in ascending order.
+/// `kept` contains the positions in the new list that are already filled, in ascending order.
 void appendInsertions(const std::vector<std::size_t>& kept, std::size_t size,
                       std::vector<ListChange>& changes) {
   std::size_t next = 0;

@@ -11,8 +11,8 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// The one explanation that is open on the panel: which button opened it, and what it says. Goes
-/// when its button does. Main thread only.
+/// The one explanation that can be open on the panel: the button that opened it, its title and its
+/// text. Closes when its button is hidden or deleted. Main thread only.
 class Popover final : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -20,14 +20,14 @@ class Popover final : public QObject {
 
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(QString text READ text NOTIFY changed)
-  /// Null when none is open.
+  /// Null if none is open.
   Q_PROPERTY(QQuickItem* target READ target NOTIFY changed)
 
 public:
-  /// No default constructor: QML would prefer it to `create`.
+  /// Not a default constructor, because QML would use that instead of `create`.
   explicit Popover(QObject* parent) : QObject(parent) {}
 
-  /// The engine's own.
+  /// The engine's instance; called by QML.
   static Popover* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString title() const { return title_; }

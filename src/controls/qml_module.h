@@ -4,8 +4,8 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// Makes the QML module Tamberline.Controls known to an engine. It is in a static library, which
-/// does not register itself.
+/// Registers the QML module Tamberline.Controls with an engine. The module is in a static library,
+/// which does not register itself.
 void useControlsModule(QQmlEngine& engine);
 
 } // namespace tamberline

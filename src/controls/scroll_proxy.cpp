@@ -27,7 +27,8 @@ void ScrollProxy::setList(QQuickItem* list) {
   emit listChanged();
 }
 
-/// A row that the list makes for the keyboard has its place only after it has the keyboard.
+/// Queued, because a row that the list creates to receive focus is positioned only after it has
+/// focus.
 void ScrollProxy::followKeyboard(const QQuickWindow* window) const {
   if (window != nullptr) {
     connect(window, &QQuickWindow::activeFocusItemChanged, this, &ScrollProxy::revealKeyboard,
@@ -65,8 +66,8 @@ void ScrollProxy::centre(int index) {
   list_->forceActiveFocus(Qt::OtherFocusReason);
 }
 
-/// Where the list is; for a row that is not drawn, as far away from it as is seen at once. How far
-/// it really is the list only guesses, as long as it has not made the rows between.
+/// The current position. For a row without a delegate: one visible height away from the row,
+/// because the list only estimates the real distance until it has created the rows between.
 double ScrollProxy::scrollStartFor(int index) {
   const double position = list_->property("contentY").toDouble();
   if (rowAt(index) != nullptr) {
@@ -80,14 +81,14 @@ double ScrollProxy::scrollStartFor(int index) {
   return positionThatCentres(index) + (seen < index ? -visibleHeight_ : visibleHeight_);
 }
 
-/// Rows that became higher or lower on the way have moved the end of it.
+/// Corrects the end position, which is wrong if the height of rows changed during the animation.
 void ScrollProxy::arrive() {
   if (const int index = list_->property("currentIndex").toInt(); rowAt(index) != nullptr) {
     moveTo(positionThatCentres(index));
   }
 }
 
-/// A list view that stands beyond its ends can be at work for ever to get back.
+/// Stays within the ends, because a list view beyond them can keep trying endlessly to return.
 void ScrollProxy::moveTo(double position) {
   list_->setProperty("contentY", betweenEnds(position));
 }
@@ -100,7 +101,7 @@ double ScrollProxy::betweenEnds(double position) const {
   return std::clamp(position, top, std::max(top, bottom));
 }
 
-/// Null where the list view drew none.
+/// Null if the list view has no delegate for it.
 QQuickItem* ScrollProxy::rowAt(int index) const {
   QQuickItem* row = nullptr;
   QMetaObject::invokeMethod(list_, "itemAtIndex", Q_RETURN_ARG(QQuickItem*, row),

@@ -8,24 +8,24 @@
 
 namespace tamberline {
 
-/// Moves a list view: smoothly, so that a row comes to stand in the middle of what is seen of it,
-/// and at once, so that what has the keyboard is seen.
+/// Scrolls a list view: smoothly to centre a row in the visible part, and immediately to keep the
+/// item with keyboard focus visible.
 class ScrollProxy : public QObject {
   Q_OBJECT
   QML_ELEMENT
 
   Q_PROPERTY(QQuickItem* list MEMBER list_ WRITE setList NOTIFY listChanged)
-  /// The height of the part of the list that is seen, in points.
+  /// The height of the visible part of the list, in points.
   Q_PROPERTY(double visibleHeight MEMBER visibleHeight_ NOTIFY visibleHeightChanged)
 
 public:
   explicit ScrollProxy(QObject* parent = nullptr);
 
   void setList(QQuickItem* list);
-  /// Also gives the row the keyboard.
+  /// Also gives the row keyboard focus.
   void centre(int index);
 
-  /// Somebody scrolls by hand.
+  /// Called when the user scrolls.
   Q_INVOKABLE void stop() { animation_.stop(); }
 
 signals:

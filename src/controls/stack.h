@@ -6,8 +6,8 @@
 
 namespace tamberline {
 
-/// Children one below the other, at their own sizes. Those that are hidden or have no height take
-/// no room.
+/// Places its children one below the other, at their own sizes. Hidden children and those without
+/// height take no space.
 class Stack : public tamberline::ChildLayout {
   Q_OBJECT
   QML_ELEMENT

@@ -7,7 +7,7 @@
 
 namespace tamberline {
 
-/// A symbol, drawn in one colour and as large as fits the item.
+/// A symbol in one colour, as large as fits into the item.
 class Symbol : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT

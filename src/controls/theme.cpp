@@ -10,23 +10,23 @@
 namespace tamberline {
 namespace {
 
-/// What small text needs to be readable.
+/// The min contrast of small text.
 constexpr double readableContrast = 4.5;
 
-/// How much of a colour is in the backgrounds of badges and counts.
+/// The share of a colour in the backgrounds of badges and counts.
 constexpr double badgeShare = 0.12;
 constexpr double countShare = 0.15;
 
-/// The sizes below are right for a platform whose own text is this large.
+/// The platform's text size for which the sizes below are designed.
 constexpr double designPixelSize = 13;
 
 bool isDarkColor(const QColor& color) {
   return contrastRatio(color, Qt::white) > contrastRatio(color, Qt::black);
 }
 
-/// Where nobody tells the accent apart, it is the colour of what is selected: Qt knows an accent
-/// since 6.6, and not every palette that has the one colour has the other. On a Mac what is
-/// selected has a pale shade of the accent.
+/// The palette's accent, or its selection colour if the palette sets only that or Qt is older than
+/// 6.6, which added the accent. Not always the selection colour: on a Mac that is a pale shade of
+/// the accent.
 QColor accentOf(const QPalette& palette) {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
   const bool hasOnlyHighlight = palette.isBrushSet(QPalette::Active, QPalette::Highlight) &&

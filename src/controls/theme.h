@@ -11,8 +11,8 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// What the panel looks like: colours from the platform's palette and accent, fonts from the
-/// platform's font. Follows both live. Main thread only.
+/// The colours of the panel, from the platform's palette and accent, and its fonts, from the
+/// platform's font. Updated when these change. Main thread only.
 class Theme final : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -35,20 +35,20 @@ class Theme final : public QObject {
   Q_PROPERTY(QFont captionFont MEMBER captionFont_ NOTIFY changed)
   Q_PROPERTY(QFont caption2Font MEMBER caption2Font_ NOTIFY changed)
   Q_PROPERTY(QFont badgeFont MEMBER badgeFont_ NOTIFY changed)
-  /// How much larger than the design's own size the text is; lengths that go with text follow it.
+  /// The size of text relative to the design. Lengths that depend on text are scaled by it.
   Q_PROPERTY(double scale READ scale NOTIFY changed)
   Q_PROPERTY(double symbolSize READ symbolSize NOTIFY changed)
   Q_PROPERTY(double smallSymbolSize READ smallSymbolSize NOTIFY changed)
   Q_PROPERTY(double buttonSize READ buttonSize NOTIFY changed)
-  /// What the name of a device or a port keeps when badges crowd it.
+  /// The min widths that badges leave for the name of a device and the title of a port.
   Q_PROPERTY(double minNameWidth READ minNameWidth NOTIFY changed)
   Q_PROPERTY(double minTitleWidth READ minTitleWidth NOTIFY changed)
 
 public:
-  /// `fontScale` multiplies the size that the platform wants.
+  /// `fontScale` multiplies the platform's font size.
   explicit Theme(double fontScale, QObject* parent = nullptr);
 
-  /// The engine's own.
+  /// The engine's instance; called by QML.
   static Theme* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   bool isDark() const { return isDark_; }
@@ -56,10 +56,10 @@ public:
   QColor card() const { return card_; }
   QColor accent() const { return accent_; }
   QColor grey() const { return grey_; }
-  /// What `secondary` is made of, for areas.
+  /// The colour from which `secondary` is derived; for areas, which need less contrast than text.
   QColor fadedText() const { return fadedText_; }
-  /// The same hue, but readable on everything that text stands on: the card, the window, a field, a
-  /// tint of itself and the grey of a count.
+  /// The same hue with enough contrast on every background of text: the card, the window, a field,
+  /// a tint of the colour itself and the grey of a count.
   QColor readable(const QColor& color) const;
 
   double scale() const { return scale_; }

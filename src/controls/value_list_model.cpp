@@ -20,7 +20,7 @@ void ValueListModel::setValues(const QVariantList& values) {
   emit valuesChanged();
 }
 
-/// Drops what stands beyond the common part, and adds what is new.
+/// Removes or adds the values after the common part.
 void ValueListModel::changeLength(qsizetype common, const QVariantList& values) {
   const auto first = static_cast<int>(common);
   if (values_.size() > common) {

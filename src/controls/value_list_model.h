@@ -6,8 +6,8 @@
 
 namespace tamberline {
 
-/// A short list of values as a model whose items stay when values change: what stands in them keeps
-/// the keyboard. New and missing values are at the end. Main thread only.
+/// A short list of values as a model that keeps its delegates when values change, so that they keep
+/// keyboard focus. Values are added and removed at the end only. Main thread only.
 class ValueListModel : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT

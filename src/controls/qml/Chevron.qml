@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// Points down where something is open.
+// Points down if something is expanded, otherwise to the right.
 Symbol {
     required property bool isExpanded
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// The look of what floats above the panel.
+// The background and padding of a box that floats above the panel.
 Bubble {
     id: bubble
 

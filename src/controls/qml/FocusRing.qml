@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// Shows where the keyboard is.
+// Outlines `item` while it has keyboard focus.
 Rectangle {
     required property Item item
 

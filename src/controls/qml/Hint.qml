@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// Shows a tooltip while the pointer rests on the item that this stands in.
+// Shows a tooltip while the pointer rests on the parent.
 HoverHandler {
     required property string text
 

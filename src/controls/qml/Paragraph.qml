@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// A text in as many lines as it needs.
+// A text that wraps to as many lines as it needs.
 Text {
     color: Theme.text
     font: Theme.caption2Font

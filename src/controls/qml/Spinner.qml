@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// Something is under way.
+// Shows that something is in progress.
 SymbolIcon {
     id: spinner
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// A spinner that stops what it stands for when it is pressed.
+// A spinner that can be pressed to stop the operation in progress.
 SymbolButton {
     id: button
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// A button that shows a symbol. Its hint is its name.
+// A button with a symbol. The screen reader reads its tooltip as its name.
 Item {
     id: button
 

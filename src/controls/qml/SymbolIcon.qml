@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// A symbol of the size that goes with a line of text.
+// A symbol at the size of a line of text, ignored by the screen reader.
 Symbol {
     implicitHeight: Theme.symbolSize
     implicitWidth: Theme.symbolSize

@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// A button that shows a text.
+// A button with a text label.
 Item {
     id: button
 

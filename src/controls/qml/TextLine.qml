@@ -1,14 +1,14 @@
 import QtQuick
 import Tamberline.Controls
 
-// A text in one line. What does not fit is left out in the middle, and the tooltip shows the whole.
+// A text in one line. If it does not fit, its middle is left out and the tooltip shows all of it.
 Text {
     id: line
 
     property string tooltip
     property string wholeText: text
     readonly property string hint: truncated ? wholeText : tooltip
-    property bool showsHint: true // unless something larger around it does
+    property bool showsHint: true // false if an item around it shows the tooltip
 
     color: Theme.text
     elide: Text.ElideMiddle
