@@ -11,7 +11,7 @@
 
 namespace tamberline {
 
-/// What each colour of the description looks like at the moment.
+/// The colour to draw for each `Color` of the panel's description.
 class ColorSet {
   Q_GADGET
   QML_VALUE_TYPE(colorSet)

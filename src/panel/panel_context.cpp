@@ -8,7 +8,8 @@
 namespace tamberline {
 namespace {
 
-/// QML makes a singleton of its own of every type that it can, instead of asking `create`.
+/// If a singleton has a default constructor, QML creates its own instance instead of calling
+/// `create`.
 template <typename... Singleton>
 constexpr bool areNotDefaultConstructible = (!std::is_default_constructible_v<Singleton> && ...);
 static_assert(areNotDefaultConstructible<Hints, PanelController, PanelSizing, Popover,

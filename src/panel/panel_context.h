@@ -20,8 +20,8 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// What a panel is made of: the state behind its QML, one object for each singleton that the QML
-/// knows. Outlives the engine. Main thread only.
+/// The state behind the panel's QML: the symbol images and one object for each QML singleton. Must
+/// outlive the engine. Main thread only.
 class PanelContext {
 public:
   struct Outside {
@@ -34,7 +34,7 @@ public:
 
   explicit PanelContext(Outside outside);
 
-  /// Hands the objects to the engine, whose QML finds them by their types.
+  /// Makes the objects available to the engine's QML, which finds them by type.
   void attachTo(QQmlEngine& engine);
 
   PanelController* panel() { return &panel_; }

@@ -43,7 +43,7 @@ void PanelController::observeScanner() {
   observations_.push_back(scanner_->portCurrentLimitMa.observe(redescribe));
   observations_.push_back(scanner_->errorMessage.observe(redescribe));
   observations_.push_back(scanner_->isScanning.observe([this] {
-    if (panel_->state != Panel::State::Cards) { // cards say nothing of a scan under way
+    if (panel_->state != Panel::State::Cards) { // cards do not show whether a scan is running
       describe();
     }
     emit isScanningChanged();
@@ -170,8 +170,8 @@ void PanelController::showRows() {
   rows_.setRows(std::move(rows));
 }
 
-/// A row's pulse goes with the row; it begins when the highlight comes to a row that is shown, or
-/// when the highlighted row appears. True when a pulse began.
+/// Cancels the pulses of rows that disappeared. Starts a pulse, and returns true, if a visible row
+/// becomes highlighted or the highlighted row appears.
 bool PanelController::updatePulses() {
   std::vector<std::string> vanished;
   for (const auto& [id, phase] : pulses_.phases()) {

@@ -25,8 +25,8 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// What the panel can ask for beside a scan. An action that is absent does nothing, and its
-/// buttons are disabled.
+/// What the panel can request besides a scan. An absent action does nothing, and its buttons are
+/// disabled.
 struct PanelActions {
   std::function<void(const std::string& mountPoint)> runBenchmark = {};
   std::function<void(const std::string& mountPoint)> stopBenchmark = {};
@@ -36,8 +36,8 @@ struct PanelActions {
   std::function<void()> quit = {};
 };
 
-/// The panel's list and controls for QML: what the scanner knows in one direction, what a person
-/// does in the other. Main thread only.
+/// The panel's list and actions for QML. Passes the scanner's results to QML, and the user's
+/// actions to the scanner and to `PanelActions`. Main thread only.
 class PanelController final : public QObject {
   Q_OBJECT
   QML_NAMED_ELEMENT(Panel)
@@ -45,7 +45,7 @@ class PanelController final : public QObject {
 
   Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
   Q_PROPERTY(tamberline::views::PanelState state READ state NOTIFY stateChanged)
-  /// Stands in place of the cards.
+  /// Shown instead of the cards.
   Q_PROPERTY(QString message READ message NOTIFY stateChanged)
   Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
   Q_PROPERTY(tamberline::PanelTexts texts READ texts CONSTANT)
@@ -59,7 +59,7 @@ public:
   PanelController(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
                   PanelActions actions);
 
-  /// The engine's own.
+  /// The engine's instance; called by QML.
   static PanelController* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   PanelListModel* rows() { return &rows_; }
@@ -107,7 +107,7 @@ private:
   PanelListModel rows_;
   std::shared_ptr<const Panel> panel_;
   bool wasHighlightShown_ = false;
-  std::vector<Observation> observations_; // last: they call into everything above
+  std::vector<Observation> observations_; // last: their callbacks use everything above
 };
 
 } // namespace tamberline

@@ -14,7 +14,7 @@
 namespace tamberline {
 namespace {
 
-/// A line that becomes another kind is drawn by another component, so it is another line.
+/// The kind is part of the key, because a line of another kind needs another delegate.
 std::vector<std::string> keysOf(const std::vector<PanelRow>& rows) {
   std::vector<std::string> keys;
   keys.reserve(rows.size());
@@ -133,7 +133,7 @@ void PanelListModel::applyChanges(const std::vector<PanelRow>& rows) {
   }
 }
 
-/// The order is the new one already.
+/// `rows_` must already be in the new order.
 void PanelListModel::replaceChangedRows(std::vector<PanelRow> rows) {
   for (std::size_t index = 0; index < rows.size(); ++index) {
     if (rows_[index] != rows[index]) {

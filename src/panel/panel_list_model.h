@@ -9,8 +9,8 @@
 
 namespace tamberline {
 
-/// The lines of the panel for its list view. A new state of the lines becomes insertions,
-/// removals, moves and changes of exactly the lines that differ. Main thread only.
+/// The lines of the panel for its list view. `setRows` signals insertions, removals, moves and
+/// changes of exactly the lines that differ. Main thread only.
 class PanelListModel final : public QAbstractListModel {
   Q_OBJECT
 
@@ -18,7 +18,7 @@ public:
   enum Role : int {
     KindRole = Qt::UserRole + 1,
     RowIdRole,
-    ContentRole, // a value of the type that the kind's component wants
+    ContentRole, // of the type that the delegate of the kind requires
     SentenceRole,
     FirstOfCardRole,
     LastOfCardRole,
@@ -38,9 +38,9 @@ public:
 
   void setRows(std::vector<PanelRow> rows);
 
-  /// Absent outside the list.
+  /// Null if the index is outside the list.
   const PanelRow* rowAt(int index) const;
-  /// -1 when no line has the identifier.
+  /// -1 if no line has the identifier.
   int indexOf(const std::string& id) const;
 
 private:

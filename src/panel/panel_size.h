@@ -1,6 +1,6 @@
 #pragma once
 
-/// The content of the panel's window, in points.
+/// The size of the content of the panel's window, in points.
 namespace tamberline::PanelSize {
 
 inline constexpr double width = 400;

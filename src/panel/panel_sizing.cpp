@@ -68,8 +68,8 @@ double PanelSizing::maxSuggestionsHeight() const {
   return tamberline::maxSuggestionsHeight(shownHeight(), chromeBaseline_);
 }
 
-/// Measurements come in the middle of a layout, and many at a time; what follows from them begins
-/// another layout, so it waits for the next turn.
+/// Through the queue: many measurements arrive during one layout pass, and combining them starts
+/// another pass.
 void PanelSizing::combineSoon() {
   if (pendingCombination_) {
     return;
@@ -101,7 +101,7 @@ void PanelSizing::combine() {
   }
 }
 
-/// The engine may not know this object any more.
+/// Uses `measuredBy_`, because `qmlEngine` may already return null.
 HeightKey::~HeightKey() {
   if (measuredBy_ != nullptr) {
     measuredBy_->measure(channel_, this, 0);
@@ -120,7 +120,7 @@ void HeightKey::setHeight(double height) {
   emit heightChanged();
 }
 
-/// Null while the engine goes.
+/// Null while the engine is being destroyed.
 PanelSizing* HeightKey::sizing() const {
   QQmlEngine* const engine = qmlEngine(this);
   return engine == nullptr ? nullptr : engineObject<PanelSizing>(*engine);

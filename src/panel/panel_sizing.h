@@ -16,43 +16,42 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// How high the panel wants to be, from the heights that its content measures. All in points;
-/// measurements take effect one turn of the queue later. Main thread only.
+/// Computes the panel's height from the measured heights of its content. All in points.
+/// Measurements take effect later, through the queue. Main thread only.
 class PanelSizing : public QObject {
   Q_OBJECT
   QML_NAMED_ELEMENT(Sizing)
   QML_SINGLETON
 
-  /// While something is searched for, chromeBaseline keeps its last value.
+  /// During a search, chromeBaseline keeps its last value.
   Q_PROPERTY(bool isSearching READ isSearching WRITE setSearching NOTIFY changed)
   Q_PROPERTY(double windowTotalHeight READ windowTotalHeight NOTIFY changed)
   Q_PROPERTY(double listAreaHeight READ listAreaHeight NOTIFY changed)
-  /// The most that the list area can ever need on this screen.
+  /// The max height of the list area on this screen.
   Q_PROPERTY(double maxListAreaHeight READ maxListAreaHeight NOTIFY changed)
   Q_PROPERTY(double maxSuggestionsHeight READ maxSuggestionsHeight NOTIFY changed)
 
 public:
-  /// Which of the two sums a measurement belongs to: heights of the list combine by maximum,
-  /// those of the chrome by sum.
+  /// How measurements are combined: the max of the list's heights, the sum of the chrome's.
   enum class Channel : unsigned char { list, chrome };
 
   explicit PanelSizing(std::shared_ptr<MainQueue> queue);
 
-  /// The engine's own.
+  /// The engine's instance; called by QML.
   static PanelSizing* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   bool isSearching() const { return isSearching_; }
   void setSearching(bool isSearching);
 
-  /// Absent without a screen.
+  /// Absent if there is no screen.
   void setScreenHeight(std::optional<double> points);
   std::optional<double> screenHeight() const { return screenHeight_; }
 
-  /// The height that the desktop gives the window whatever it asks for; absent where the window
-  /// follows its content. The list has what is left of it.
+  /// The height that the desktop forces on the window; absent if the window follows its content.
+  /// The list gets what the other parts leave.
   void setGivenHeight(std::optional<double> points);
 
-  /// `source` is only told apart from others; a height of 0 takes its measurement back.
+  /// `source` only identifies the measurement; a height of 0 removes it.
   void measure(Channel channel, const void* source, double height);
 
   double chromeHeight() const { return chromeHeight_; }
@@ -112,7 +111,7 @@ private:
   double height_ = 0;
 };
 
-/// The natural height of what the list area shows.
+/// The natural height of the list area's content.
 class ListHeightKey : public tamberline::HeightKey {
   Q_OBJECT
   QML_ELEMENT

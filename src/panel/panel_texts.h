@@ -10,7 +10,7 @@
 
 namespace tamberline {
 
-/// The texts of the panel's own controls, in the language of the run.
+/// The texts of the panel's own controls, in the current language.
 class PanelTexts {
   Q_GADGET
   QML_VALUE_TYPE(panelTexts)

@@ -67,8 +67,8 @@ void PanelWindow::resizeEvent(QResizeEvent* event) {
   centerContent();
 }
 
-/// A tiled or maximized window is wider than the panel, which keeps its width and stands in the
-/// middle.
+/// A tiled or maximized window can be wider than the panel, which then keeps its width and is
+/// centred.
 void PanelWindow::centerContent() {
   if (QQuickItem* const content = rootObject(); content != nullptr) {
     const double contentWidth = std::min<double>(width(), PanelSize::width);
@@ -77,7 +77,7 @@ void PanelWindow::centerContent() {
   }
 }
 
-/// What Qt calls Ctrl is the command key of a Mac.
+/// On a Mac, Qt::CTRL is the command key.
 void PanelWindow::handleUnusedKey(QKeyEvent& event) {
   const QKeyCombination keys = event.keyCombination();
   if (event.key() == Qt::Key_Escape) {

@@ -8,14 +8,14 @@
 
 namespace tamberline {
 
-/// The window that shows the panel's content, PanelSize::width wide. Its context outlives it.
+/// The window that shows the panel's content, PanelSize::width wide. `context` must outlive it.
 class PanelWindow final : public QQuickView {
   Q_OBJECT
 
 public:
   enum class Kind : unsigned char {
-    ordinary, // with a frame; stays where it is
-    attached, // belongs to a tray icon, without a frame
+    ordinary, // has a frame; stays where it is
+    attached, // belongs to a tray icon; has no frame
   };
 
   PanelWindow(PanelContext& context, Kind kind);

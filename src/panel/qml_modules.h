@@ -4,7 +4,7 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// Makes the panel's QML modules known to an engine. They are in static libraries, which do not
+/// Registers the panel's QML modules with an engine. They are in static libraries, which do not
 /// register themselves.
 void useQmlModules(QQmlEngine& engine);
 

@@ -11,22 +11,22 @@
 
 namespace tamberline {
 
-/// The highlights of the rows that a search led to: each throbs for 5 s, fades for 0.4 s, and then
-/// gives up the scanner's highlight if that still names it. Main thread only.
+/// The animated highlights of rows that a search jumped to. Each throbs for 5 s and fades for 0.4
+/// s. At the end the scanner's highlight is cleared if it is still this row. Main thread only.
 class RowPulses {
 public:
-  /// `onChange` is called when a pulse goes on to its next phase, not when one is started or
-  /// cancelled from outside.
+  /// `onChange` is called when a pulse starts to fade and when it ends, but not by `start` and
+  /// `cancel`.
   RowPulses(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
             std::function<void()> onChange);
   RowPulses(const RowPulses&) = delete;
   RowPulses& operator=(const RowPulses&) = delete;
   ~RowPulses();
 
-  /// From the beginning when the row pulses already.
+  /// Restarts a pulse that the row already has.
   void start(const std::string& id);
 
-  /// The row disappeared; it keeps the scanner's highlight.
+  /// For a row that disappeared. The scanner's highlight does not change.
   void cancel(const std::string& id);
 
   const std::map<std::string, Pulse>& phases() const { return phases_; }

@@ -9,7 +9,8 @@
 namespace tamberline {
 namespace {
 
-/// Until the rows that the jump opens exist, and until the highlight is seen before the list moves.
+/// The times that the expanded rows need to appear, and the highlight to be visible before the list
+/// scrolls.
 constexpr std::chrono::milliseconds rowAppearTime{30};
 constexpr std::chrono::milliseconds highlightFadeInTime{150};
 
@@ -50,7 +51,7 @@ void SearchController::setScrollProxy(ScrollProxy* proxy) {
 
 void SearchController::jumpToSuggestion(int index) {
   if (const SearchEntry* entry = suggestions_.entryAt(index)) {
-    jumpTo(SearchEntry(*entry)); // clearing the search clears the suggestions
+    jumpTo(SearchEntry(*entry)); // a copy: clearing the search clears the suggestions
   }
 }
 
@@ -106,7 +107,7 @@ void SearchController::scrollTo(const std::string& id) {
   }
 }
 
-/// A new jump takes the place of one that is still under way.
+/// Replaces the pending step, so that a new jump stops one that is still in progress.
 void SearchController::after(std::chrono::milliseconds delay, MainQueue::Work step) {
   queue_->cancel(nextStep_);
   nextStep_ = queue_->postLater(delay, std::move(step));

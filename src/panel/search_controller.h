@@ -22,7 +22,7 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// The search field, its suggestions, and the way to what was found. Main thread only.
+/// The search text, its suggestions, and the jump to a suggestion. Main thread only.
 class SearchController final : public QObject {
   Q_OBJECT
   QML_NAMED_ELEMENT(Search)
@@ -32,21 +32,21 @@ class SearchController final : public QObject {
   Q_PROPERTY(bool isSearching READ isSearching NOTIFY searchTextChanged)
   Q_PROPERTY(QAbstractItemModel* suggestions READ suggestions CONSTANT)
   Q_PROPERTY(bool hasSuggestions READ hasSuggestions NOTIFY suggestionsChanged)
-  /// The text field; typing anywhere on the panel goes on in it.
+  /// The text field. It also receives what is typed elsewhere on the panel.
   Q_PROPERTY(QQuickItem* field READ field WRITE setField NOTIFY fieldChanged)
-  /// Moves the list; null until the list appears.
+  /// Scrolls the list; null until the list exists.
   Q_PROPERTY(tamberline::ScrollProxy* scrollProxy READ scrollProxy WRITE setScrollProxy NOTIFY
                  scrollProxyChanged)
 
 public:
-  /// `indexOfRow` tells where in the list a node's row stands, -1 when nowhere.
+  /// `indexOfRow` returns the position of a node's row in the list, or -1 if it is not there.
   SearchController(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
                    std::function<int(const std::string& id)> indexOfRow);
   ~SearchController() override;
   SearchController(const SearchController&) = delete;
   SearchController& operator=(const SearchController&) = delete;
 
-  /// The engine's own.
+  /// The engine's instance; called by QML.
   static SearchController* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString searchText() const { return searchText_; }
@@ -59,16 +59,15 @@ public:
   ScrollProxy* scrollProxy() const { return scrollProxy_; }
   void setScrollProxy(ScrollProxy* proxy);
 
-  /// Opens what contains the suggestion, highlights it, and scrolls to it.
+  /// Expands the nodes that contain the suggestion, highlights it and scrolls to it.
   Q_INVOKABLE void jumpToSuggestion(int index);
-  /// Does nothing when nothing was found.
+  /// Does nothing if nothing was found.
   Q_INVOKABLE void jumpToFirst() { jumpToSuggestion(0); }
-  /// Leaves the keyboard in the field, wherever it was: the suggestions go.
+  /// Also moves keyboard focus to the field, because the suggestions, which may have it, disappear.
   Q_INVOKABLE void clear();
-  /// Appends to the search text, and gives the keyboard to the field.
+  /// Appends to the search text and moves keyboard focus to the field.
   void type(const QString& text);
 
-  /// Takes the keyboard to the field.
   void focusField();
 
 signals:
@@ -92,7 +91,7 @@ private:
   SuggestionModel suggestions_;
   QPointer<QQuickItem> field_;
   QPointer<ScrollProxy> scrollProxy_;
-  MainQueue::WorkItem nextStep_ = 0; // of the jump under way
+  MainQueue::WorkItem nextStep_ = 0; // of the jump in progress
   Observation treeObservation_;
 };
 

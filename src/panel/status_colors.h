@@ -12,8 +12,8 @@ namespace tamberline {
 
 class Theme;
 
-/// What the colours of the description look like: some are the theme's, others ours in a light and
-/// a dark shade. Follows the theme. Main thread only.
+/// How the colours of the panel's description are drawn. Some come from the theme; others are
+/// fixed, some of them with a light and a dark variant. Updated with the theme. Main thread only.
 class StatusColors final : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -21,14 +21,14 @@ class StatusColors final : public QObject {
 
   /// For areas.
   Q_PROPERTY(tamberline::ColorSet fills READ fills NOTIFY changed)
-  /// For text and symbols: the same hues, but readable wherever text stands.
+  /// For text and symbols: the same hues with enough contrast on every background of text.
   Q_PROPERTY(tamberline::ColorSet inks READ inks NOTIFY changed)
 
 public:
   /// `theme` must outlive this.
   explicit StatusColors(const Theme& theme);
 
-  /// The engine's own.
+  /// The engine's instance; called by QML.
   static StatusColors* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   const ColorSet& fills() const { return fills_; }

@@ -8,7 +8,7 @@
 
 namespace tamberline {
 
-/// What the search found, for its list view. Main thread only.
+/// The search results for their list view. Main thread only.
 class SuggestionModel final : public QAbstractListModel {
   Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
 
   void setEntries(std::vector<SearchEntry> entries);
 
-  /// Absent outside the list; holds until the entries change.
+  /// Null if the index is outside the list; valid until the entries change.
   const SearchEntry* entryAt(int index) const;
 
 private:

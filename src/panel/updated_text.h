@@ -16,14 +16,14 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// How long ago the last scan was. Goes with the time while the panel is seen, and sleeps
-/// otherwise. Main thread only.
+/// The text about how long ago the last scan was. It is updated only while the panel is visible;
+/// otherwise no timer runs. Main thread only.
 class UpdatedText final : public QObject {
   Q_OBJECT
   QML_NAMED_ELEMENT(Updated)
   QML_SINGLETON
 
-  /// Empty before the first scan that succeeded.
+  /// Empty before the first successful scan.
   Q_PROPERTY(QString text READ text NOTIFY textChanged)
 
 public:
@@ -34,7 +34,7 @@ public:
   UpdatedText(const UpdatedText&) = delete;
   UpdatedText& operator=(const UpdatedText&) = delete;
 
-  /// The engine's own.
+  /// The engine's instance; called by QML.
   static UpdatedText* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString text() const { return text_; }

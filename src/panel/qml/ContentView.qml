@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 import Tamberline.Controls
 
-// Everything on the panel.
+// The root item of the panel.
 FocusScope {
     id: content
 

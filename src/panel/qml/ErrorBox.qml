@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// Why there is nothing to show.
+// The error because of which there is nothing to show.
 Item {
     id: errorBox
 

@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// The scrolling part of the panel: cards, or what there is to say without them.
+// The scrolling part of the panel: cards, or a message if there are none.
 Item {
     id: area
 

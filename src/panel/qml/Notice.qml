@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Controls
 
-// What stands in place of cards while there are none.
+// The message shown while there are no cards.
 Item {
     id: notice
 

@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 import Tamberline.Controls
 
-// The manual, the time of the last scan, and the way out.
+// The manual button, the time of the last scan, and the quit button.
 Item {
     implicitHeight: line.implicitHeight + line.y * 2
 

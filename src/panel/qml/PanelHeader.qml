@@ -2,8 +2,8 @@ import QtQuick
 import Tamberline
 import Tamberline.Controls
 
-// The application's name and the controls of the whole list. The search area below has a padding of
-// its own.
+// The application's name and the controls for the whole list. Without padding at the bottom,
+// because the search area below has its own.
 Item {
     implicitHeight: line.y + line.implicitHeight
 

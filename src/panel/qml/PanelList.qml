@@ -4,13 +4,13 @@ import Tamberline.Controls
 import Tamberline.Views
 import Qt.labs.qmlmodels
 
-// The cards of the ports. As high as it can ever become, so that it always knows the height of what
-// the window could show; what is not seen of it is cut off, and can be scrolled to.
+// The cards of the ports. Always as high as the list area can become, so that it measures all rows
+// that the window could show. The part outside the visible area is clipped and can be scrolled to.
 ListView {
     id: list
 
     required property real visibleHeight
-    // Margins: header and footer items of a list make it start over when they move.
+    // Used as margins, because a list rebuilds itself when header or footer items move.
     readonly property real roomAbove: 12
     readonly property real spaceBelow: 2
     readonly property real fullHeight: roomAbove + contentHeight + spaceBelow
@@ -18,8 +18,8 @@ ListView {
     activeFocusOnTab: true
     bottomMargin: height - visibleHeight + spaceBelow
     boundsBehavior: Flickable.StopAtBounds
-    cacheBuffer: 0 // rows that are made ahead warn when the list shrinks before they are there
-    highlightFollowsCurrentItem: false // the scroll proxy knows what is seen
+    cacheBuffer: 0 // rows created in advance warn if the list shrinks before they are ready
+    highlightFollowsCurrentItem: false // the scroll proxy does this for the visible part
     keyNavigationEnabled: true
     model: Panel.rows
     topMargin: roomAbove

@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 import Tamberline.Controls
 
-// Shows which part of the list is seen.
+// Shows which part of the list is visible.
 Rectangle {
     id: bar
 

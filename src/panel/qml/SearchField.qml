@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 import Tamberline.Controls
 
-// The field that finds devices by name.
+// The text field to search for devices by name.
 Item {
     id: field
 

@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 import Tamberline.Controls
 
-// One device that the search found, and where it is.
+// One search result: a device and its location.
 FocusScope {
     id: row
 

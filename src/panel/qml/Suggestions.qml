@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 import Tamberline.Controls
 
-// What the search found. The first is what Return jumps to.
+// The search results. Return in the search field jumps to the first.
 Item {
     id: suggestions
 

@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 import Tamberline.Controls
 
-// Why the panel has no symbols, where they cannot be drawn.
+// Explains why the panel has no symbols if they cannot be drawn.
 Item {
     implicitHeight: text.implicitHeight + 16
 

@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline.Controls
 import Tamberline.Views
 
-// What both ends of a port's connection agreed on.
+// The power that both ends of a port's connection agreed on.
 LineLayout {
     id: row
 

@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// A small label; coloured, on a faint background of its colour, where it has a colour.
+// A small label. If it has a colour, its background is a faint tint of that colour.
 Rectangle {
     id: badgeView
 

@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// A mounted volume: its name, its speed test, and the way to eject it.
+// A mounted volume: its name, its speed test and its eject button.
 LineLayout {
     id: row
 

@@ -2,8 +2,8 @@ import QtQuick
 import Tamberline
 import Tamberline.Controls
 
-// One line of a card: its part of the card's background, and what stands on it. Where it can be
-// opened it is a button.
+// One line of a card, with its part of the card's background. If it can be expanded, it is a
+// button.
 FocusScope {
     id: segment
 

@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 import Tamberline.Views
 
-// The adapter on its card.
+// The power adapter in its card.
 CardSegment {
     id: segment
 

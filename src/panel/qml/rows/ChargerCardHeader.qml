@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// The header of the card of an adapter that is on no USB-C port.
+// The header of the card of an adapter that is not on a USB-C port.
 CardSegment {
     id: segment
 

@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// A port that draws power without data.
+// A row for something that draws power from a port without a data connection.
 Item {
     id: row
 

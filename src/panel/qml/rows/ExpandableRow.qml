@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline
 import Tamberline.Views
 
-// One node of the tree below a card's header: indented, tinted, and a button where it has children.
+// One node of the tree below a card's header: indented, tinted, and a button if it has children.
 CardSegment {
     id: row
 

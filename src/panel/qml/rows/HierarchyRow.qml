@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline.Controls
 
 // Indents a row and draws the lines that lead to it: a guide for each ancestor, and a connector
-// that goes on to the next sibling unless there is none.
+// that continues to the next sibling if there is one.
 Item {
     id: hierarchy
 
@@ -13,7 +13,7 @@ Item {
     implicitHeight: slot.childrenRect.height
 
     Row {
-        height: parent.height + 4 // as far as the neighbours' own lines
+        height: parent.height + 4 // up to the lines of the neighbouring rows
         y: -2
 
         Repeater {

@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline.Controls
 import Tamberline.Views
 
-// A label and a value on a rounded background.
+// A label and its value on a rounded background.
 Rectangle {
     id: infoChip
 

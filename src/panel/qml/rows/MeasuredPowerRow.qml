@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// The live measured power of a port.
+// The measured power of a port, updated live.
 Stack {
     id: row
 

@@ -2,7 +2,7 @@ import QtQuick
 import Tamberline.Controls
 import Tamberline.Views
 
-// The name of a device, which may come cut already; the whole of it in the tooltip then too.
+// The name of a device. The tooltip shows all of it, even if C++ has already shortened the text.
 TextLine {
     required property nameLabel name
 

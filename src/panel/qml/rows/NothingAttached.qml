@@ -3,7 +3,8 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// What the card of a bus without devices shows, and an open one of an empty port.
+// The line below the header in the card of a bus without devices and in the expanded card of an
+// empty port.
 CardSegment {
     id: segment
 

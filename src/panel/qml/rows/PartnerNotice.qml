@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// Something on a port that is neither a device nor an adapter in use.
+// A notice about something on a port that is neither a device nor the adapter in use.
 CardSegment {
     id: segment
 

@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// The header of a port's card, which opens and closes it.
+// The header of a port's card, which expands and collapses the card.
 CardSegment {
     id: card
 

@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// The power on a port: what is measured or agreed on, and the rated draw of everything on it.
+// The power on a port: measured or agreed power, and the total rated draw of everything on it.
 CardSegment {
     id: segment
 

@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// A rated draw against a port's budget.
+// A bar for the rated draw in relation to a port's budget.
 Stack {
     id: row
 

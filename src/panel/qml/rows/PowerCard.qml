@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// The adapter and the battery on a card of their own.
+// A card for the adapter and the battery.
 Rectangle {
     id: powerCard
 

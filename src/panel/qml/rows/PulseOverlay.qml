@@ -2,8 +2,8 @@ import QtQuick
 import Tamberline.Controls
 import Tamberline.Views
 
-// Throbs over the row that a search led to, and fades. A row that is made for its highlight throbs
-// from the start.
+// The highlight of a row that a search jumped to: it throbs, then fades. A row that is created
+// while it is highlighted throbs from the start.
 Rectangle {
     id: overlay
 
@@ -37,7 +37,7 @@ Rectangle {
         duration: 400
         easing.type: Easing.OutQuad
         property: "opacity"
-        running: !overlay.isThrobbing && overlay.opacity > 0 // to its end, whenever the phase ends
+        running: !overlay.isThrobbing && overlay.opacity > 0 // runs until it is invisible
         target: overlay
         to: 0
     }

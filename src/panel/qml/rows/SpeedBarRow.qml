@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// A negotiated speed against a maximum.
+// A bar for a negotiated speed in relation to the max speed.
 Stack {
     id: row
 

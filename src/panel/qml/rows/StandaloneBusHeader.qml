@@ -3,7 +3,7 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// The header of the card of a bus that no port brought.
+// The header of the card of a bus that belongs to no port.
 CardSegment {
     id: segment
 

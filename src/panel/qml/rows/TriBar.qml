@@ -1,7 +1,7 @@
 import QtQuick
 import Tamberline.Views
 
-// A thin bar: the track, what is allocated, what is used.
+// A thin bar of three layers: the track, the allocated part, the used part.
 Item {
     id: triBar
 
