@@ -8,7 +8,7 @@
 
 namespace tamberline {
 
-/// A small coloured label. QML draws none for an empty text.
+/// A small coloured label. Not drawn if the text is empty.
 struct Badge {
   Q_GADGET
   QML_VALUE_TYPE(badge)

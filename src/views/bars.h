@@ -14,7 +14,7 @@ namespace tamberline {
 constexpr double nearlyFull = 0.92;
 constexpr double nearlyHalf = 0.45;
 
-/// A thin bar: both fractions are between 0 and 1.
+/// A thin bar of two layers. Both fractions are between 0 and 1.
 struct TriBar {
   Q_GADGET
   QML_VALUE_TYPE(triBar)
@@ -34,7 +34,7 @@ public:
 
 TriBar triBar(double usedFraction, double cableFraction);
 
-/// A negotiated speed against a maximum.
+/// A bar for a negotiated speed in relation to the max speed.
 struct SpeedBarRow {
   Q_GADGET
   QML_VALUE_TYPE(speedBarRow)
@@ -64,7 +64,7 @@ public:
 SpeedBarRow speedBarRow(double usedGbps, double portMaxGbps, std::string speedLabel,
                         std::string portMaxLabel);
 
-/// A rated draw against a port's budget. Texts that are not shown are absent.
+/// A bar for the rated draw in relation to a port's budget. Texts that are not shown are absent.
 struct PowerBarRow {
   Q_GADGET
   QML_VALUE_TYPE(powerBarRow)

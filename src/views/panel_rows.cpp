@@ -19,7 +19,7 @@ PanelRow::Kind kindOf(const ExpandableRow& row) {
                     row.content);
 }
 
-/// Writes the lines of one card after another.
+/// Collects the lines of one card after another.
 class RowWriter {
 public:
   explicit RowWriter(const RowStates& states) : states_(states) {}

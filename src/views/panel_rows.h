@@ -15,7 +15,7 @@
 
 namespace tamberline {
 
-/// Says that a card has nothing to show below its header.
+/// The text of a card that has nothing else to show below its header.
 struct NothingAttachedRow {
   Q_GADGET
   QML_VALUE_TYPE(nothingAttachedRow)
@@ -38,7 +38,7 @@ struct PanelRow {
       std::variant<PortHeader, PortPower, NothingAttachedRow, PartnerNotice, ChargerCardHeader,
                    ChargerRow, TBDeviceRow, USBBusHeaderRow, USBDeviceDetailRow, ChargingOnlyRow>;
 
-  /// Where a row of the tree stands.
+  /// The position of a row in the tree, and its look there.
   struct TreePlace {
     int depth = 0;
     bool isLast = false;
@@ -49,7 +49,8 @@ struct PanelRow {
   };
 
   Kind kind = Kind::PortHeader;
-  /// A node's stable identifier; for a part of a body, with a suffix that no node has.
+  /// A node's stable identifier; for a part of a card's body, with a suffix that no node's
+  /// identifier has.
   std::string id = {};
   Content content = {};
   std::optional<TreePlace> place = {};
@@ -62,7 +63,7 @@ struct PanelRow {
   friend bool operator==(const PanelRow&, const PanelRow&) = default;
 };
 
-/// What the rows show in addition to the panel's description.
+/// The state that the rows show in addition to the panel's description.
 struct RowStates {
   const RowExpansion& expansion;
   const std::set<std::string>& expandedOverrideIDs;
@@ -73,7 +74,7 @@ struct RowStates {
   std::map<std::string, int> testProgress = {};
 };
 
-/// The lines of the open cards and rows.
+/// The visible lines: those of all cards, and the contents of expanded cards and rows.
 std::vector<PanelRow> panelRows(const Panel& panel, const RowStates& states);
 
 } // namespace tamberline

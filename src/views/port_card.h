@@ -15,7 +15,7 @@
 
 namespace tamberline {
 
-/// What the scanner knows about the ports in addition to the tree; see PortScanner.
+/// The scanner's data about the ports that the tree does not contain; see PortScanner.
 struct PortFacts {
   std::vector<HPMPort> hpmPorts = {};
   std::map<std::int64_t, PortPowerOut> portPowerOut = {};
@@ -55,7 +55,7 @@ public:
   friend bool operator==(const MeasuredPower&, const MeasuredPower&) = default;
 };
 
-/// What both ends of a port's connection agreed on, which is not a measurement.
+/// The power that both ends of a port's connection agreed on. Not measured.
 struct AgreedPowerRow {
   Q_GADGET
   QML_VALUE_TYPE(agreedPowerRow)
@@ -111,8 +111,8 @@ public:
   bool inUse = false;
   std::string dotTooltip = {};
   std::string title = {};
-  /// What the title does not say: the sockets, if their numbers differ from the port's, and the
-  /// actual link.
+  /// An addition to the title: the sockets, if their numbers differ from the port's, and the actual
+  /// link.
   std::optional<std::string> titleNote = {};
   std::optional<std::string> itemCount = {};
   std::optional<std::string> itemCountTooltip = {};
@@ -127,8 +127,8 @@ public:
   friend bool operator==(const PortHeader&, const PortHeader&) = default;
 };
 
-/// The power on a port: what is measured or agreed, and the rated draw of everything on it. Parts
-/// that are not shown are absent.
+/// The power on a port: measured or agreed power, and the total rated draw of everything on it.
+/// Parts that are not shown are absent.
 struct PortPower {
   Q_GADGET
   QML_VALUE_TYPE(portPower)
@@ -165,7 +165,7 @@ struct PortCard {
   std::optional<std::string> nothingAttached = {};
 };
 
-/// `node` contains the bus of a port (`bus` is the same one).
+/// `node` must be the node of a port, and `bus` its bus.
 PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFacts& facts);
 
 } // namespace tamberline

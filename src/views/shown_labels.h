@@ -1,6 +1,6 @@
-// Texts of the description as QML draws them: cut to a length that can be drawn and without
-// characters that would change what stands around them (see shownText), since names come from
-// devices.
+// Texts of the panel's description as QML draws them. Names come from devices, so texts are
+// shortened to a length that can be drawn, and characters that affect the surrounding text are
+// removed (see shownText).
 #pragma once
 
 #include <QObject>
@@ -16,19 +16,19 @@
 
 namespace tamberline {
 
-// In characters.
+// Lengths in characters.
 constexpr std::size_t maxLabelLength = 120;
 constexpr std::size_t maxTooltipLength = 600;
 constexpr std::size_t maxSentenceLength = 2000;
 
 QString shownLabel(std::string_view text, std::size_t maxLength = maxLabelLength);
-/// Empty when absent.
+/// Empty if absent.
 QString labelOrEmpty(const std::optional<std::string>& text);
 QString shownTooltip(std::string_view text);
-/// Symbols' names are ours.
+/// Unchanged, because the names of symbols never come from devices.
 QString shownSymbol(std::string_view symbol);
 
-/// For QML, which takes lists of values of a type of ours as lists of variants only.
+/// For QML, which accepts a list of our value types only as a list of variants.
 template <typename Value>
 QVariantList asVariants(const std::vector<Value>& values) {
   QVariantList variants;
@@ -38,7 +38,8 @@ QVariantList asVariants(const std::vector<Value>& values) {
   return variants;
 }
 
-/// A name that may be cut where it is drawn, with all of it, and perhaps more, in the tooltip.
+/// A name that may be shortened when drawn. The tooltip contains the whole name and possibly a
+/// note.
 struct NameLabel {
   Q_GADGET
   QML_VALUE_TYPE(nameLabel)
@@ -52,7 +53,7 @@ public:
   friend bool operator==(const NameLabel&, const NameLabel&) = default;
 };
 
-/// `note` is what the tooltip says beside the name.
+/// `note` is added to the name in the tooltip.
 NameLabel nameLabel(std::string_view name, const std::optional<std::string>& note = {});
 
 } // namespace tamberline

@@ -72,7 +72,7 @@ public:
   friend bool operator==(const USBBusHeaderRow&, const USBBusHeaderRow&) = default;
 };
 
-/// Why a link is slow: the title and the text of the popover. QML draws none without a title.
+/// Why a link is slow: the title and text of a popover. Not drawn if the title is empty.
 struct SpeedNote {
   Q_GADGET
   QML_VALUE_TYPE(speedNote)
@@ -132,7 +132,7 @@ public:
   std::optional<SpeedBarRow> speedBar = {};
   std::optional<PowerBarRow> powerBar = {};
   std::vector<VolumeRow> volumes = {};
-  /// More for the name's tooltip: extra current, built in, tunneled.
+  /// An addition to the name's tooltip: extra current, built in, tunneled.
   std::optional<std::string> note = {};
 
   QString iconName() const { return shownSymbol(icon); }
@@ -163,7 +163,7 @@ public:
   std::optional<std::string> rated = {};
   bool isCharging = false;
 
-  /// The row's name if the adapter has none.
+  /// The adapter's name, or a general one if it has none.
   std::string shownName() const;
 
   NameLabel nameText() const { return nameLabel(shownName()); }

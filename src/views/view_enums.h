@@ -1,5 +1,5 @@
-// What the description of the panel says in words that QML knows too, as `Views.Green`. QML asks
-// for enumerators that begin with a capital letter and have the size of an int.
+// The enumerations of the panel's description, available to QML as in `Views.Green`. QML requires
+// enumerators that begin with a capital letter and have the size of an int.
 #pragma once
 
 #include <QObject>
@@ -11,7 +11,7 @@ namespace tamberline::views {
 Q_NAMESPACE
 QML_NAMED_ELEMENT(Views)
 
-/// Colours by meaning; the drawing code decides how they look in light and dark.
+/// Colours by meaning; StatusColors defines how they are drawn on light and dark backgrounds.
 enum class Color {
   Green,
   Amber,
@@ -26,16 +26,16 @@ enum class Color {
   Primary,
   TextBackground,
   Clear,
-  /// The amber of a device's speed is not quite that of the bars.
+  /// For a device's speed; slightly darker than the amber of the bars.
   SpeedTextAmber,
 };
 Q_ENUM_NS(Color)
 
-/// What stands in place of the cards, if there are none.
+/// `Cards`, or what the panel shows instead of cards.
 enum class PanelState { Error, Scanning, Empty, Cards };
 Q_ENUM_NS(PanelState)
 
-/// What a line of the panel's list shows. Two kinds may have content of one type.
+/// What a line of the panel's list shows. Different kinds may have content of the same type.
 enum class RowKind {
   PortHeader,
   PortPower,
@@ -52,11 +52,11 @@ enum class RowKind {
 };
 Q_ENUM_NS(RowKind)
 
-/// The animation of the row that a search led to: it throbs, then fades.
+/// The animation of a row that a search jumped to: it throbs, then fades.
 enum class Pulse { None, Throbbing, Fading };
 Q_ENUM_NS(Pulse)
 
-/// As the inspect document spells it.
+/// The colour's name in the inspect document.
 std::string_view nameOf(Color color);
 
 } // namespace tamberline::views

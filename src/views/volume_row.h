@@ -12,7 +12,7 @@
 
 namespace tamberline {
 
-/// A piece of text in its colour.
+/// A piece of text with a colour.
 struct ColoredText {
   Q_GADGET
   QML_VALUE_TYPE(coloredText)
@@ -28,7 +28,8 @@ public:
   friend bool operator==(const ColoredText&, const ColoredText&) = default;
 };
 
-/// A button that shows a symbol; its tooltip says what it does. QML draws none without a symbol.
+/// A button that shows a symbol; its tooltip explains what it does. Not drawn if the symbol is
+/// empty.
 struct SymbolButton {
   Q_GADGET
   QML_VALUE_TYPE(symbolButton)
@@ -65,7 +66,7 @@ public:
   bool showsTestProgress = false;
   /// The current phase of the test and its progress: "Writing… 40%".
   std::string testProgress = {};
-  /// The same, with the hint that a press stops the test.
+  /// The same, with a note that pressing it stops the test.
   std::string stopTooltip = {};
   std::vector<ColoredText> testTexts = {};
   std::optional<SymbolButton> testButton = {};
@@ -95,7 +96,7 @@ public:
   std::string label = {};
   std::string name = {};
   std::string mountPoint = {};
-  VolumeTools tools = {}; // as they are before any state is known, nothing is shown
+  VolumeTools tools = {}; // nothing is shown until addTools sets them
 
   QString shownLabelText() const { return shownLabel(label); }
   NameLabel nameText() const { return nameLabel(name); }
@@ -116,7 +117,7 @@ struct VolumeStates {
   const std::map<std::string, int>& testProgress;
 };
 
-/// Gives the volumes of one drive their tools. None is ejected while one is tested or ejected.
+/// Sets the tools of the volumes of one drive. None can be ejected while one is tested or ejected.
 void addTools(const VolumeStates& states, std::vector<VolumeRow>& volumes);
 
 } // namespace tamberline
