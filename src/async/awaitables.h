@@ -1,12 +1,12 @@
-// What coroutines on the main thread wait for. Each of these resumes on the main thread.
+// Awaitables for coroutines on the main thread. Each resumes on the main thread.
 //
-// A queue that ends drops the work that waits in it. A coroutine that waits is then resumed once
-// more, with QueueEnded thrown into it, so that it unwinds and gives up everything that it holds;
-// whoever awaits it unwinds in turn. Nothing catches QueueEnded.
+// A queue that ends drops its waiting work. A coroutine that is waiting is then resumed once more,
+// and its co_await throws QueueEnded, so that the coroutine unwinds and releases everything that it
+// holds. Coroutines that await it unwind as well. Nothing catches QueueEnded.
 //
-// Rules that the compilers in use make necessary: a coroutine takes its parameters by value; no
-// capturing lambda is a coroutine; a value that a co_await expression needs is named before it,
-// because g++ 12 frees an aggregate temporary there twice.
+// Rules for coroutines, needed for the compilers in use: they take parameters by value; capturing
+// lambdas are not coroutines; operands of co_await are named variables, because g++ 12 frees an
+// aggregate temporary there twice.
 #pragma once
 
 #include "async/main_queue.h"
@@ -21,14 +21,14 @@
 
 namespace tamberline {
 
-/// Thrown into coroutines whose queue ended while they waited.
+/// Thrown in coroutines whose queue ended while they waited.
 struct QueueEnded {};
 
-/// Resumes a coroutine exactly once: when called or, if nobody called it, when the last copy of the
-/// work that holds it is dropped. Main thread only.
+/// Resumes a coroutine exactly once: by `resume` or, if that was not called, when the last copy of
+/// the work that holds this object is dropped. Main thread only.
 class Resumption {
 public:
-  /// `hasEnded` lives in the coroutine and tells it which of the two happened.
+  /// `hasEnded` is in the coroutine's frame. It is set if the work was dropped.
   Resumption(std::coroutine_handle<> waiting, bool& hasEnded)
       : waiting_(waiting), hasEnded_(hasEnded) {}
   Resumption(const Resumption&) = delete;
@@ -47,7 +47,7 @@ private:
   bool& hasEnded_;
 };
 
-/// What the awaitables share: a queue, and how they learn of its end.
+/// The base of the awaitables: a queue, and whether it ended.
 class QueueAwaitable {
 public:
   explicit QueueAwaitable(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
@@ -71,7 +71,7 @@ private:
   bool hasEnded_ = false;
 };
 
-/// Suspends for a time by the queue's clock.
+/// Suspends for a duration, measured by the queue's clock.
 class Delay : public QueueAwaitable {
 public:
   Delay(std::shared_ptr<MainQueue> queue, std::chrono::milliseconds duration)
@@ -89,7 +89,7 @@ private:
   std::chrono::milliseconds duration_;
 };
 
-/// Continues on the main thread; does not suspend when already there.
+/// Continues on the main thread; does not suspend if already there.
 class HopToMainThread : public QueueAwaitable {
 public:
   using QueueAwaitable::QueueAwaitable;
@@ -99,8 +99,9 @@ public:
   void await_resume() const { throwIfEnded(); }
 };
 
-/// Runs a function on a background task and gives its result; a default one when no task could be
-/// had or the function threw. The function may outlive the coroutine and owns what it uses.
+/// Runs a function on a background thread and returns its result, or a default one if no thread
+/// could be started or the function threw. The function may outlive the coroutine, so it must own
+/// what it uses.
 template <typename Result>
 class InBackground : public QueueAwaitable {
 public:
@@ -132,9 +133,8 @@ private:
   std::shared_ptr<Result> result_ = std::make_shared<Result>();
 };
 
-/// Something that several coroutines wait for, which is announced to all of them at once. Main
-/// thread only. Whoever is to announce it must do so also when the queue ends: those who wait
-/// unwind then.
+/// An event that several coroutines can wait for; `announce` resumes all of them. It must also be
+/// called when the queue ends, so that they unwind. Main thread only.
 class Announcement {
 public:
   explicit Announcement(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
@@ -156,7 +156,7 @@ public:
     Announcement& announcement_;
   };
 
-  /// Those who wait go on with later work of the queue, in the order in which they began to wait.
+  /// Resumes the waiting coroutines through the queue, in the order in which they began to wait.
   void announce() {
     for (MainQueue::Work& resumption : std::exchange(waiting_, {})) {
       queue_->post(std::move(resumption));

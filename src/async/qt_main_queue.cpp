@@ -16,8 +16,8 @@
 
 namespace tamberline {
 
-/// Work on its way to the main thread. It is handed over under a standard mutex, which the thread
-/// sanitizer understands, and the event carries nothing but the wake-up.
+/// Work posted to the main thread. It is passed under a standard mutex, which the thread sanitizer
+/// understands; the Qt event only wakes the main thread.
 class QtMainQueue::Inbox {
 public:
   void open(QObject* receiver) {
@@ -25,7 +25,7 @@ public:
     receiver_ = receiver;
   }
 
-  /// From now on everything is dropped on arrival, on whatever thread.
+  /// Work posted from now on is dropped at once, on the posting thread.
   void close() {
     const std::lock_guard lock(mutex_);
     receiver_ = nullptr;
@@ -64,8 +64,8 @@ public:
     return item;
   }
 
-  /// Drops what waits. What other threads post from now on is dropped here, too: work that holds a
-  /// coroutine must not unwind it on their side.
+  /// Drops all waiting work. Work that other threads post from now on is dropped on the main thread
+  /// too, because work that holds a coroutine must not unwind it on another thread.
   void end() {
     hasEnded_ = true;
     std::map<int, DelayedWork> dropped = std::exchange(delayed_, {});
@@ -88,10 +88,10 @@ public:
   }
 
 protected:
-  /// The event is only the wake-up; what it says was handed over under the inbox's mutex.
+  /// The event only wakes the thread; the work is in the inbox.
   void customEvent(QEvent* /*event*/) override {
     for (const Work& work : inbox_->takeAll()) {
-      if (hasEnded_) { // perhaps by the work before
+      if (hasEnded_) { // perhaps because of the previous work
         return;
       }
       work();
@@ -116,7 +116,7 @@ private:
   };
 
   std::shared_ptr<Inbox> inbox_;
-  std::map<int, DelayedWork> delayed_; // by timer; Qt uses the numbers of ended timers again
+  std::map<int, DelayedWork> delayed_; // by timer; Qt reuses the numbers of ended timers
   WorkItem lastItem_ = 0;
   bool hasEnded_ = false;
 };
@@ -170,7 +170,7 @@ void QtMainQueue::runInBackground(Work work, Work next) {
         prepare();
       }
       work();
-      work = nullptr; // what it holds must not outlive what follows, which may end the process
+      work = nullptr; // release what it holds before `finish`, which may end the process
       inbox->post(finish);
     }).detach();
   } catch (const std::system_error&) {

@@ -9,18 +9,18 @@
 
 namespace tamberline {
 
-/// The main queue of a running Qt event loop. Made, ended and destroyed on the main thread. Only a
-/// MainQueueScope makes one, so that no program forgets to end it.
+/// The main queue of a running Qt event loop. Created, ended and destroyed on the main thread. Only
+/// MainQueueScope can create one, so that no program forgets to end it.
 class QtMainQueue final : public MainQueue {
 public:
   QtMainQueue(const QtMainQueue&) = delete;
   QtMainQueue& operator=(const QtMainQueue&) = delete;
   ~QtMainQueue() override;
 
-  /// Ends the queue: drops what waits, and what comes later. What another thread posts later is
-  /// dropped by the event loop, as long as there is one. Coroutines that wait hold the queue, so
-  /// whoever made it ends it, before the application object goes. Background work that still runs
-  /// ends unheard.
+  /// Drops all waiting work and all later work. The event loop drops work that other threads post
+  /// later, as long as it runs. Waiting coroutines keep the queue alive, so the owner must call
+  /// this before the application object is destroyed. Results of background work that still runs
+  /// are ignored.
   void end();
 
   bool isMainThread() const override;
@@ -46,8 +46,8 @@ private:
   WorkItem lastBackgroundWork_ = 0;
 };
 
-/// The main queue of a program: ends with its scope, which lies within that of the application
-/// object. Coroutines that still wait then unwind.
+/// Creates the main queue of a program and ends it with its own scope, which must be inside that of
+/// the application object. Coroutines that are still waiting then unwind.
 class MainQueueScope {
 public:
   /// `prepareTask` runs at the start of each background task, on its thread.
