@@ -12,7 +12,7 @@ namespace tamberline {
 namespace {
 
 constexpr std::int64_t bytesPerMB = 1'000'000;
-/// What stays free beside the file, so that a benchmark never fills a volume.
+/// The space that must stay free beside the file, so that a benchmark never fills a volume.
 constexpr std::int64_t reserveMB = 128;
 
 double speedMBps(std::int64_t bytes, std::chrono::steady_clock::duration elapsed) {
@@ -63,7 +63,7 @@ std::string_view userText(BenchmarkError error) {
   return Loc::testFailed();
 }
 
-/// A routine under way, which `stop` waits for.
+/// Counts a running routine, so that `stop` can wait for its end.
 class Benchmark::ActiveRoutine {
 public:
   explicit ActiveRoutine(Benchmark& benchmark) : benchmark_(benchmark) {
@@ -82,9 +82,10 @@ private:
   Benchmark& benchmark_;
 };
 
-/// One volume between writing and the removal of its file. Routines of one run follow one another.
+/// The run on one volume, from writing to the removal of its file. Its routines never run in
+/// parallel.
 struct Benchmark::Run {
-  std::unique_ptr<VolumeFolder> folder; // null before the volume was found to be the right one
+  std::unique_ptr<VolumeFolder> folder; // null until the volume has been checked
   std::int64_t writtenBytes = 0;
 
   void removeFile() const {
@@ -158,7 +159,7 @@ BenchmarkResult Benchmark::writeChunks(VolumeFile& file, std::int64_t totalBytes
     remaining -= written;
     reportProgress(order, totalBytes - remaining, totalBytes);
   }
-  file.flushToMedium(); // some file systems cannot, and their volumes have a speed all the same
+  file.flushToMedium(); // failure is ignored: some file systems cannot flush, but have a speed
   return speedMBps(totalBytes, setting_.now() - start);
 }
 
@@ -175,7 +176,7 @@ BenchmarkResult Benchmark::readSync(const std::string& mountPoint, const Benchma
   return readChunks(*file, run->writtenBytes, order);
 }
 
-/// Ends also where somebody makes the file longer and longer.
+/// Stops after `totalBytes`, so that it ends even if another program keeps extending the file.
 BenchmarkResult Benchmark::readChunks(VolumeFile& file, std::int64_t totalBytes,
                                       const BenchmarkOrder& order) {
   ChunkBuffer buffer(chunkBytes);

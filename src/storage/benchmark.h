@@ -27,34 +27,33 @@ enum class BenchmarkError : std::uint8_t {
   noPermission,
   noSpace,
   ioError,
-  volumeChanged, // something else is mounted there now, or nothing
-  notMeasurable, // what is read would come from memory
+  volumeChanged, // another volume is mounted there now, or none
+  notMeasurable, // data would be read from memory, not from the medium
 };
 
-/// What a person reads of the error, in the language of the run.
+/// The error's text for the user, in the current language.
 std::string_view userText(BenchmarkError error);
 
-/// Decimal megabytes per second, or why there are none. Neither when the benchmark was stopped or
-/// could not begin.
+/// The speed in decimal MB/s, or an error. Neither if the benchmark was stopped or could not begin.
 using BenchmarkResult = std::variant<std::monostate, double, BenchmarkError>;
 
-/// One run, as whoever asks for it knows it.
+/// What the caller specifies for one run.
 struct BenchmarkOrder {
-  /// The volume that must be mounted there; absent when any will do.
+  /// The volume that must be mounted at the mount point; absent if any volume is accepted.
   std::optional<VolumeIdentity> volume = {};
-  /// Whether nobody wants the result any more. Asked before each chunk, on the run's task.
+  /// Whether the run should stop. Called before each chunk, on the run's thread.
   std::function<bool()> isCancelled = [] { return false; };
-  /// Told after each chunk, on the run's task, how much of the part under way is done, from 0
-  /// to 1.
+  /// Called after each chunk, on the run's thread, with the completed fraction (0 to 1) of the
+  /// current routine.
   std::function<void(double fraction)> progress = [](double /*fraction*/) {};
 };
 
-/// Measures what a volume really does: a file at its root is written and read from one end to the
-/// other, past the system's cache, and what the drive keeps back counts as written only once the
-/// medium has it.
+/// Measures the real speed of a volume: writes a file at its root sequentially and reads it again,
+/// both bypassing the system's cache. The time of writing includes flushing the drive's own cache
+/// to the medium.
 ///
-/// The blocking routines run on background tasks, for several volumes at once, but not twice at
-/// once for one. `stop` is for the end of the program.
+/// The routines block and run on background threads: in parallel for several volumes, but only one
+/// at a time for each volume. `stop` is for the end of the program.
 class Benchmark {
 public:
   static constexpr std::string_view fileName = ".tamberline_benchmark.tmp";
@@ -62,7 +61,7 @@ public:
   /// Decimal megabytes.
   static constexpr std::int64_t defaultSizeMB = 256;
 
-  /// What a test can change.
+  /// What tests can change.
   struct Setting {
     std::int64_t sizeMB = defaultSizeMB;
     std::function<std::chrono::steady_clock::time_point()> now = std::chrono::steady_clock::now;
@@ -72,19 +71,20 @@ public:
   explicit Benchmark(std::shared_ptr<VolumeFiles> files) : Benchmark(std::move(files), Setting{}) {}
   Benchmark(std::shared_ptr<VolumeFiles> files, Setting setting);
 
-  /// Leaves the file where it is, for `readSync`, and also when it fails. Holds the volume's folder
-  /// open until `cleanup`.
+  /// Does not remove the file, even on failure, since `readSync` needs it. Keeps the volume's
+  /// folder open until `cleanup`.
   BenchmarkResult writeSync(const std::string& mountPoint, std::int64_t sizeMB,
                             const BenchmarkOrder& order = {});
 
-  /// Reads what `writeSync` wrote, to its end.
+  /// Reads the whole file that `writeSync` wrote.
   BenchmarkResult readSync(const std::string& mountPoint, const BenchmarkOrder& order = {});
 
-  /// Removes the file, wherever its volume is mounted by now; nothing happens where there is none.
+  /// Removes the file, even if its volume is mounted elsewhere by now. Does nothing if there is no
+  /// file.
   void cleanup(const std::string& mountPoint);
 
-  /// Ends the runs under way: waits until each is through with the chunk that it is at, and
-  /// removes their files. No run begins after it. Any thread.
+  /// Stops all runs: waits until each has finished its current chunk, then removes their files. No
+  /// run can begin afterwards. Any thread.
   void stop();
 
   std::int64_t sizeMB() const { return setting_.sizeMB; }
@@ -93,7 +93,7 @@ private:
   class ActiveRoutine;
   struct Run;
 
-  /// Null when the program ends, which must find no new file.
+  /// Null after `stop`, which must not miss a new file.
   std::shared_ptr<Run> beginRun(const std::string& mountPoint);
   std::shared_ptr<Run> runOf(const std::string& mountPoint);
   BenchmarkResult writeInto(Run& run, std::int64_t sizeMB, const BenchmarkOrder& order);
@@ -107,13 +107,13 @@ private:
   Setting setting_;
 
   std::atomic<bool> isStopping_ = false;
-  std::mutex mutex_; // guards what follows
+  std::mutex mutex_; // guards the members below
   std::condition_variable routineEnded_;
   int routineCount_ = 0;
   std::map<std::string, std::shared_ptr<Run>> runs_; // from writing to cleanup, by mount point
 };
 
-/// The routines as background tasks. A task that cannot be had gives no result.
+/// The routines as background tasks. There is no result if no thread can be started.
 QCoro::Task<BenchmarkResult> writeTest(std::shared_ptr<Benchmark> benchmark,
                                        std::shared_ptr<MainQueue> queue, std::string mountPoint,
                                        BenchmarkOrder order = {});

@@ -11,13 +11,14 @@
 namespace tamberline {
 namespace {
 
-/// The size of a page on every system so far; blocks of drives are at most as large.
+/// At least the page size of all supported systems and the block size of drives.
 constexpr std::align_val_t pageAlignment{16384};
 
 } // namespace
 
-/// Touched as a whole, because the system gives memory only then: some file systems read into
-/// untouched memory through their cache, and the others would have it given while the clock runs.
+/// Writes to all of the memory, because the system allocates pages only on first use. Some file
+/// systems read into unallocated pages through their cache; with the others the allocation would be
+/// part of the measured time.
 ChunkBuffer::ChunkBuffer(std::size_t size)
     : start_(static_cast<std::byte*>(operator new(size, pageAlignment))), size_(size) {
   std::memset(start_.get(), 0, size_);

@@ -6,7 +6,7 @@
 
 namespace tamberline {
 
-/// Memory that a drive can be written from and read into directly: it begins at a page.
+/// Page-aligned memory, which drives can read and write directly.
 class ChunkBuffer {
 public:
   /// Throws std::bad_alloc.
@@ -14,7 +14,7 @@ public:
 
   std::span<std::byte> bytes() { return {start_.get(), size_}; }
 
-  /// Makes the content such that no drive and no file system can make it smaller.
+  /// Fills it with random data, which no drive or file system can compress.
   void fillRandomly();
 
 private:

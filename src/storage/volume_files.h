@@ -10,26 +10,25 @@
 
 namespace tamberline {
 
-/// Tells the volume that is mounted at a place from another one that is mounted there later.
+/// Distinguishes the volume at a mount point from another one that is mounted there later.
 struct VolumeIdentity {
-  /// Equal for the same volume and different for another one, and nothing else. Empty where nothing
-  /// is mounted.
+  /// An opaque text, equal only for the same volume. Empty if nothing is mounted.
   std::string text = {};
-  /// The number by which the system knows the block device with the file system (a dev_t); absent
-  /// where the file system does not lie on one device.
+  /// The system's number for the block device with the file system (a dev_t); absent if the file
+  /// system is not on exactly one device.
   std::optional<std::uint64_t> deviceNumber = {};
 
-  /// False also where nothing is mounted.
+  /// Also false if nothing is mounted.
   bool isSameVolumeAs(const VolumeIdentity& other) const {
     return !text.empty() && text == other.text;
   }
 };
 
-/// An open file of a volume whose bytes go past the system's cache where the file system lets them.
-/// Closed when it goes. Blocking; used by one background task at a time.
+/// An open file of a volume. Bypasses the system's cache if the file system allows it. The
+/// destructor closes the file. Blocking; used by one background task at a time.
 class VolumeFile {
 public:
-  /// What a write gives when the volume is full.
+  /// Returned by `write` if the volume is full.
   static constexpr std::int64_t noSpaceLeft = -2;
 
   VolumeFile() = default;
@@ -37,23 +36,23 @@ public:
   VolumeFile& operator=(const VolumeFile&) = delete;
   virtual ~VolumeFile() = default;
 
-  /// How many of the bytes were written, which may be fewer than asked for; 0 or less on failure.
+  /// Returns the number of bytes written, which may be less than requested; 0 or less on failure.
   virtual std::int64_t write(std::span<const std::byte> bytes) = 0;
 
-  /// How many bytes were read; 0 at the end of the file, negative on failure.
+  /// Returns the number of bytes read; 0 at the end of the file, negative on failure.
   virtual std::int64_t read(std::span<std::byte> buffer) = 0;
 
-  /// Returns when the medium holds everything, whatever the drive itself would like to cache. False
-  /// when it does not, or when the file system cannot tell.
+  /// Waits until everything is on the medium, including what is in the drive's own cache. False if
+  /// that fails or the file system cannot confirm it.
   virtual bool flushToMedium() = 0;
 
-  /// Whether what was read came from the medium. False also when nobody can tell.
+  /// Whether the data was read from the medium. Also false if that is unknown.
   virtual bool hasReadMedium() const = 0;
 };
 
-/// The root folder of a volume, held open: whatever happens to its path meanwhile, everything below
-/// is about this folder. Holds the volume mounted. Failure is a value: nothing is thrown. Blocking;
-/// used by one background task at a time.
+/// The root folder of a volume. It is kept open, so all operations are on this folder even if
+/// something else is mounted at its path, and the volume cannot be unmounted. Failures are return
+/// values; nothing is thrown. Blocking; used by one background task at a time.
 class VolumeFolder {
 public:
   enum class CreateFailure : std::uint8_t { readOnly, notPermitted, noRoom };
@@ -66,23 +65,23 @@ public:
 
   virtual VolumeIdentity identity() const = 0;
 
-  /// What an ordinary person may still write to the volume; absent when the system does not tell.
+  /// The space that an unprivileged user can still write to; absent if the system does not report
+  /// it.
   virtual std::optional<std::uint64_t> freeBytes() const = 0;
 
-  /// False when something between this program and the medium remembers what was written, and
-  /// cannot be made to forget it.
+  /// False if written data stays in a cache between this program and the medium that cannot be
+  /// bypassed or dropped.
   virtual bool canReadMedium() const = 0;
 
-  /// Makes a file and opens it for writing. A file that has the name goes, but nothing else: not a
-  /// folder, a symbolic link, a device, another name of some file. Those count as a read-only
-  /// volume.
+  /// Creates a file and opens it for writing. Replaces an existing regular file, but not a folder,
+  /// a symbolic link, a device or a file with further hard links: the result is then `readOnly`.
   virtual Created create(const std::string& name) = 0;
 
-  /// Opens the file that `create` made so that reading it reads the medium and nothing that the
-  /// system remembers. Null when that cannot be, or when another file has the name now.
+  /// Opens the file that `create` made, such that reads come from the medium and not from the
+  /// system's cache. Null if that is impossible or if another file has the name now.
   virtual std::unique_ptr<VolumeFile> open(const std::string& name) = 0;
 
-  /// Removes what `create` would have replaced, and leaves everything else alone.
+  /// Removes only a file that `create` would replace.
   virtual void remove(const std::string& name) = 0;
 };
 
@@ -94,7 +93,7 @@ public:
   VolumeFiles& operator=(const VolumeFiles&) = delete;
   virtual ~VolumeFiles() = default;
 
-  /// Null when there is no such folder, or when it may not be opened.
+  /// Null if there is no such folder or it may not be opened.
   virtual std::unique_ptr<VolumeFolder> openFolder(const std::string& mountPoint) = 0;
 };
 
