@@ -7,8 +7,8 @@
 
 namespace tamberline {
 
-/// What every acquisition needs of the outside world. Background tasks may outlive the caller, so
-/// both are shared.
+/// What is needed to query a machine. Both members are shared, because background tasks may outlive
+/// the caller.
 struct Acquisition {
   std::shared_ptr<MachineSource> machine;
   std::shared_ptr<MainQueue> queue;

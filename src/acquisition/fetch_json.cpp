@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::chrono::milliseconds retryInterval{150};
 
-/// Absent when the answer is no report.
+/// Absent if the answer is not a report.
 QCoro::Task<std::optional<nlohmann::json>> attemptReport(Acquisition acquisition,
                                                          Question section) {
   InBackground<std::string> asking(acquisition.queue, [machine = acquisition.machine, section] {
@@ -21,7 +21,7 @@ QCoro::Task<std::optional<nlohmann::json>> attemptReport(Acquisition acquisition
   co_return decodeReport(answer);
 }
 
-/// By which the error names the section.
+/// The name of the section in the error.
 std::string nameOf(Question section) {
   switch (section) {
   case Question::thunderbolt:

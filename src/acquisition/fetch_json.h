@@ -17,20 +17,20 @@ struct ReportError {
   std::string description;
 };
 
-/// The top-level object of one report section, or why there is none.
+/// The top-level object of one report section, or the error because of which there is none.
 struct FetchedReport {
   nlohmann::json content;
   std::optional<ReportError> error;
 };
 
-/// Set on the main thread to tell running fetches that nobody wants their result any more: a
-/// question that was asked is not taken back, but it is not asked again.
+/// Set on the main thread when the result of running fetches is no longer needed. It does not
+/// interrupt a question, but prevents a second attempt.
 struct CancelRequest {
   bool isCancelled = false;
 };
 
-/// Asks for one section of the hardware report in the background, and a second time 150 ms after a
-/// first answer that was no JSON object. Main thread only.
+/// Requests one section of the hardware report in the background. If the answer is not a JSON
+/// object, it tries a second time after 150 ms. Main thread only.
 QCoro::Task<FetchedReport> fetchJSON(Acquisition acquisition, Question section,
                                      std::shared_ptr<const CancelRequest> cancelRequest);
 

@@ -5,8 +5,8 @@
 
 namespace tamberline {
 
-/// What can be asked of a machine. Answers have the formats of a Mac's tools, on every system: a
-/// section of the hardware report is JSON, a part of the registry an XML property list.
+/// The questions to a machine. On every system, answers have the formats of a Mac's tools: a
+/// section of the hardware report is JSON, a part of the registry is an XML property list.
 enum class Question : std::uint8_t {
   // Sections of the hardware report:
   thunderbolt,
@@ -15,16 +15,16 @@ enum class Question : std::uint8_t {
   // Parts of the registry:
   portControllers,
   portPower,
-  deviceTree, // which holds the current limits of the ports
+  deviceTree, // contains the current limits of the ports
   usbHostDevices,
   powerSource,
-  /// The section in which newer releases of the Mac keep their USB devices. A scan never asks for
-  /// it; the other systems do not have it.
+  /// The section with the USB devices on newer releases of macOS. Other systems do not have it, and
+  /// scans do not request it.
   newerUsb,
 };
 
-/// Answers questions about one machine. Blocking, and called on background tasks, several at once.
-/// Failure is an empty answer: nothing is thrown. There is no time limit.
+/// Answers questions about one machine. Blocking, without a time limit. Several background tasks
+/// may call it in parallel. On failure the answer is empty; nothing is thrown.
 class MachineSource {
 public:
   MachineSource() = default;

@@ -11,7 +11,8 @@ namespace tamberline {
 
 namespace {
 
-/// One dump, read by `read`; a default result when there is nothing to read.
+/// Asks `question` and parses the dump with `read`. Returns a default result if the answer is not a
+/// property list.
 template <typename Result>
 QCoro::Task<Result> probe(Acquisition acquisition, Question question,
                           Result (*read)(const PropertyList& dump)) {

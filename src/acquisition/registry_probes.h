@@ -1,5 +1,5 @@
-// The registry probes: each asks for a part of the registry in the background and reads the dump on
-// the main thread. They never fail; no answer and any unexpected one give an empty result. Main
+// The registry probes. Each requests a part of the registry in the background and parses the dump
+// on the main thread. A missing or unexpected answer gives an empty result; nothing is thrown. Main
 // thread only.
 #pragma once
 
