@@ -8,7 +8,8 @@
 
 namespace tamberline {
 
-/// While it lives, the drive of a volume is in use: benchmarks of other volumes there wait.
+/// Marks the drive of a volume as in use during its lifetime. Benchmarks of the drive's other
+/// volumes wait for its end.
 class PortScanner::DriveUse {
 public:
   DriveUse(std::shared_ptr<PortScanner> scanner, std::string mountPoint)

@@ -11,8 +11,8 @@
 
 namespace tamberline {
 
-/// Whether values of the type can be compared. Containers claim that they can even when what they
-/// hold cannot, so they are looked into.
+/// Whether values of the type can be compared. Containers satisfy equality_comparable even if their
+/// elements do not, so the elements are checked.
 template <typename Value>
 struct SupportsEquality : std::bool_constant<std::equality_comparable<Value>> {};
 template <typename Value>
@@ -22,7 +22,8 @@ struct SupportsEquality<std::optional<Value>> : SupportsEquality<Value> {};
 template <typename Key, typename Value>
 struct SupportsEquality<std::map<Key, Value>> : SupportsEquality<Value> {};
 
-/// A write tells the observers only when the value differs; when that cannot be known, always.
+/// Observers are notified of a write only if the value changed, or always if values cannot be
+/// compared.
 template <typename Value>
 bool shouldNotifyObservers([[maybe_unused]] const Value& oldValue,
                            [[maybe_unused]] const Value& newValue) {
@@ -33,7 +34,7 @@ bool shouldNotifyObservers([[maybe_unused]] const Value& oldValue,
   }
 }
 
-/// Ends an observation when it goes. May outlive the field.
+/// Ends an observation in its destructor. May outlive the field.
 class Observation {
 public:
   Observation() = default;
@@ -55,8 +56,8 @@ private:
   std::function<void()> end_;
 };
 
-/// One published value with observers of its own. Main thread only. Observers may start and end
-/// observations and write the field while they are told.
+/// A value with observers. While they are notified, observers may start and end observations and
+/// write the field. Main thread only.
 template <typename Value>
 class ObservableField {
 public:
@@ -101,7 +102,7 @@ private:
   std::uint64_t nextKey_ = 0;
 };
 
-/// A field that everybody may read and observe, and only its owner may write.
+/// A field that only its owner may write; everyone may read and observe it.
 template <typename Value, typename Owner>
 class PublishedField : private ObservableField<Value> {
 public:

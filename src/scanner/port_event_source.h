@@ -4,14 +4,14 @@
 
 namespace tamberline {
 
-/// What the system tells: something was attached or removed; the power source may have changed.
+/// Called when something was attached or removed, and when the power source may have changed.
 struct PortEvents {
   std::function<void()> registryChanged;
   std::function<void()> powerChanged;
 };
 
-/// Where the events come from. Main thread only; events arrive between `start` and `stop`, and not
-/// for what was attached before.
+/// Reports events between `start` and `stop`, but none for devices that were attached before
+/// `start`. Main thread only.
 class PortEventSource {
 public:
   PortEventSource() = default;
@@ -21,13 +21,13 @@ public:
 
   virtual void start(PortEvents events) = 0;
 
-  /// Harmless without `start` and a second time.
+  /// May be called without `start` and repeatedly.
   virtual void stop() = 0;
 
   virtual bool isOnExternalPower() const = 0;
 };
 
-/// Events of a machine on which nothing ever changes: for a program that scans once.
+/// A source without events, for a program that scans once.
 class SilentEventSource final : public PortEventSource {
 public:
   void start(PortEvents /*events*/) override {}

@@ -9,8 +9,8 @@
 
 namespace tamberline {
 
-/// Turns bursts of attach and detach events, and changes between battery and external power that
-/// last, into single calls of its action. Main thread only.
+/// Calls its action once for a burst of attach and detach events, and once for a lasting change
+/// between battery and external power. Main thread only.
 class PortMonitor {
 public:
   PortMonitor(std::function<void()> onChange, std::shared_ptr<PortEventSource> events,
@@ -21,7 +21,7 @@ public:
 
   void start();
 
-  /// Also forgets what is pending; the action does not run afterwards.
+  /// Also drops pending calls; the action does not run afterwards.
   void stop();
 
 private:

@@ -18,13 +18,13 @@ namespace {
 
 constexpr std::chrono::milliseconds reportLag{2000};
 
-/// What a scan's first four questions gave.
+/// The answers to a scan's first four questions.
 struct FirstResults {
   FetchedReport thunderbolt;
   FetchedReport usb;
   FetchedReport power;
   ContainerIDs containerIDs;
-  /// The first failure, in this order; everything else is worthless then.
+  /// The first failure, in the order above; the other fields are not used then.
   std::optional<ReportError> error;
 };
 
@@ -50,7 +50,7 @@ QCoro::Task<FirstResults> fetchFirstResults(Acquisition acquisition) {
   co_return results;
 }
 
-/// Some reports lag behind the event that told of a change, so a second scan follows the first.
+/// Scans again after a delay, because some reports lag behind the event that caused the first scan.
 QCoro::Task<> scanTwice(std::weak_ptr<PortScanner> weakScanner, std::shared_ptr<MainQueue> queue) {
   if (const std::shared_ptr<PortScanner> scanner = weakScanner.lock()) {
     auto scan = scanner->scan();
@@ -89,7 +89,7 @@ QCoro::Task<> PortScanner::runScan(std::shared_ptr<PortScanner> self) {
   try {
     auto gathering = gather(self);
     failure = co_await gathering;
-  } catch (const std::exception& error) { // such as memory that a huge report exhausts
+  } catch (const std::exception& error) { // for example if a huge report exhausts memory
     failure = error.what();
   }
   if (failure && wasEmpty) {
@@ -99,7 +99,8 @@ QCoro::Task<> PortScanner::runScan(std::shared_ptr<PortScanner> self) {
   self->startMonitor();
 }
 
-/// Publishes each result as soon as it is there; the failure's text when a report is missing.
+/// Publishes each result as soon as it is available. Returns the failure's text if a report is
+/// missing or the tree is too large.
 QCoro::Task<std::optional<std::string>> PortScanner::gather(std::shared_ptr<PortScanner> self) {
   const Acquisition acquisition = self->outside_.acquisition;
   auto firstStep = fetchFirstResults(acquisition);
@@ -137,7 +138,7 @@ void PortScanner::publishPower(PowerReading reading) {
   }
 }
 
-/// The failure's text where the tree would be too large.
+/// Returns the failure's text if the tree would be too large.
 std::optional<std::string> PortScanner::publishTree() {
   const PortTreeInputs inputs{.thunderboltBuses = thunderboltBuses.get(),
                               .usbBuses = usbBuses.get(),

@@ -29,21 +29,22 @@
 
 namespace tamberline {
 
-/// What the scanner needs of the outside world.
+/// The services that the scanner needs.
 struct ScannerServices {
   Acquisition acquisition;
   std::shared_ptr<PortEventSource> events;
-  /// Null where volumes are only shown: nothing is measured or ejected then.
+  /// If these are null, volumes are only shown, and not measured or ejected.
   std::shared_ptr<Benchmark> benchmark = nullptr;
   std::shared_ptr<VolumeEjector> ejector = nullptr;
-  /// What tells a volume from another one in its place. Null where that is not looked at.
+  /// Used to detect that another volume is mounted in place of one that was shown. If null, that is
+  /// not checked.
   std::shared_ptr<VolumeFiles> volumes = nullptr;
   std::function<std::chrono::system_clock::time_point()> now = std::chrono::system_clock::now;
 };
 
-/// The one model object: it owns all shown state, and one scan fills it. Every field is read and
-/// written on the main thread only and has its own observers. A running scan keeps its scanner
-/// alive; the monitor does not.
+/// The model of the application: it owns all displayed state, which a scan updates. Each field has
+/// its own observers and is used on the main thread only. A running scan keeps the scanner alive;
+/// the monitor does not.
 class PortScanner : public std::enable_shared_from_this<PortScanner> {
 public:
   template <typename Value>
@@ -51,34 +52,35 @@ public:
 
   static std::shared_ptr<PortScanner> create(ScannerServices outside);
 
-  /// Runs one scan; returns at once when one is running already. Never fails: what goes wrong ends
-  /// in `errorMessage`. Called on any thread, runs on the main thread. The monitor starts after the
-  /// first scan.
+  /// Runs a scan; returns at once if one is already running. Errors are published in
+  /// `errorMessage`; nothing is thrown. Can be called on any thread, runs on the main thread. The
+  /// monitor starts after the first scan.
   QCoro::Task<> scan();
 
-  /// Measures a volume's speed, after what else goes on with its drive; returns at once when that
-  /// volume is being measured. Never fails: what goes wrong ends in `benchmarks`. Called on any
-  /// thread, runs on the main thread.
+  /// Measures a volume's speed, after waiting until nothing else uses its drive; returns at once if
+  /// the volume is already being measured. Errors are published in `benchmarks`; nothing is thrown.
+  /// Can be called on any thread, runs on the main thread.
   QCoro::Task<> runBenchmark(std::string mountPoint);
 
-  /// Ends the benchmark of a volume with the chunk that it is at, or while it waits for its drive,
-  /// as if nobody had asked for it; nothing happens when it is not being measured. Main thread
+  /// Stops the benchmark of a volume after the current chunk, or while it waits for the drive,
+  /// without a result or an error. Does nothing if the volume is not being measured. Main thread
   /// only.
   void stopBenchmark(const std::string& mountPoint);
 
-  /// Ejects the drive of a volume and, when that succeeded, scans; returns at once when a volume of
-  /// the drive is being ejected or measured. Never fails: what goes wrong stands in `ejectStates`
-  /// for four seconds. Called on any thread, runs on the main thread.
+  /// Ejects the drive of a volume and scans if that succeeded; returns at once if a volume of the
+  /// drive is being ejected or measured. Errors are published in `ejectStates` for four seconds;
+  /// nothing is thrown. Can be called on any thread, runs on the main thread.
   QCoro::Task<> eject(std::string mountPoint);
 
-  /// In the order of the report. A scan publishes field by field, so these can be newer than
-  /// `portTree` while it runs.
+  /// In the order of the report. A scan publishes field by field, so during a scan these can be
+  /// newer than `portTree`.
   Published<std::vector<ThunderboltBus>> thunderboltBuses;
-  /// After merging the halves of hubs.
+  /// With the two halves of each hub merged.
   Published<std::vector<USBBus>> usbBuses;
-  /// With stable identifiers; what the views draw from. Changes last.
+  /// The tree that is displayed, with stable identifiers. A scan sets it after the fields from
+  /// which it is built.
   Published<std::vector<TreeNode>> portTree;
-  /// The last ones that a report told of; a report that says nothing of them clears nothing.
+  /// The last reported values; a report without them does not clear them.
   Published<std::optional<ChargerInfo>> charger;
   Published<std::optional<BatteryInfo>> battery;
   Published<std::vector<FedPortState>> fedPortStates;
@@ -86,25 +88,26 @@ public:
   Published<bool> isScanning;
   /// When the last successful scan ended; absent before the first.
   Published<std::optional<std::chrono::system_clock::time_point>> lastScanned;
-  /// Why there is nothing to show; absent as soon as anything was shown.
+  /// Why there is nothing to show; absent after a scan that published a tree.
   Published<std::optional<std::string>> errorMessage;
-  /// Benchmarks by mount point. What came of one goes when a scan shows its volume no more, or
-  /// another one in its place.
+  /// Benchmarks by mount point. A result is removed when a scan no longer finds its volume, or
+  /// finds another one in its place.
   ObservableField<std::map<std::string, BenchmarkPhase>> benchmarks;
-  /// How much of the part under way is done, in percent, by mount point of those that are measured.
+  /// The progress of the current phase of running benchmarks, in percent by mount point.
   ObservableField<std::map<std::string, int>> testProgress;
   Published<std::vector<HPMPort>> hpmPorts;
   /// By 1-based port number.
   Published<std::map<std::int64_t, PortPowerOut>> portPowerOut;
-  /// mA by 1-based port number; read until a scan finds any, and then kept.
+  /// mA by 1-based port number. Once a scan has found any, later scans do not read them again.
   Published<std::map<std::int64_t, std::int64_t>> portCurrentLimitMa;
   /// Ejections by mount point.
   ObservableField<std::map<std::string, EjectState>> ejectStates;
-  /// Nodes shown expanded on request. Identifiers are stable, so this holds across scans.
+  /// The nodes that were expanded on request. Identifiers are stable, so this stays valid across
+  /// scans.
   ObservableField<std::set<std::string>> expandedOverrideIDs;
-  /// The target of the last jump while it pulses; absent otherwise.
+  /// The target of the last search jump while its row pulses; absent otherwise.
   ObservableField<std::optional<std::string>> highlightedNodeID;
-  /// Every change tells the rows to drop their own expansion.
+  /// Each change makes the rows drop their own expanded state.
   ObservableField<std::int64_t> collapseAllEpoch;
 
 private:
@@ -147,10 +150,10 @@ private:
   // By mount point:
   std::map<std::string, std::uint64_t> ejectionCounts_;
   std::map<std::string, std::shared_ptr<ActiveRun>> activeRuns_;
-  std::map<std::string, VolumeIdentity> measuredVolumes_; // those with a result
-  std::map<std::string, VolumeIdentity> shownVolumes_;    // as far as they were looked at
+  std::map<std::string, VolumeIdentity> measuredVolumes_; // volumes with a benchmark result
+  std::map<std::string, VolumeIdentity> shownVolumes_;    // as far as they have been identified
 
-  std::set<std::string> usedDrives_; // by mount point of the volume that is measured or ejected
+  std::set<std::string> usedDrives_; // mount points of the volumes that are measured or ejected
   Announcement driveIsFree_;
   bool isIdentifying_ = false;
   bool mustIdentifyAgain_ = false;

@@ -20,7 +20,7 @@ BenchmarkPhase failed(std::string_view message) {
   return {BenchmarkPhase::Failed{std::string(message)}};
 }
 
-/// What became of a part of the benchmark that gave no speed.
+/// The final phase for a write or read test without a speed.
 BenchmarkPhase failureOf(const BenchmarkResult& result, bool isCancelled) {
   if (const auto* error = std::get_if<BenchmarkError>(&result)) {
     return failed(userText(*error));
@@ -41,13 +41,13 @@ BenchmarkPhase finalPhase(const BenchmarkResult& write, const BenchmarkResult& r
   return {BenchmarkPhase::Done{*writeMBps, *readMBps}};
 }
 
-/// Coarse, because each new one redraws the row.
+/// In steps of 5 %, because each change redraws the row.
 int percentOf(double fraction) {
   constexpr int step = 5;
   return static_cast<int>(fraction * 100 / step) * step;
 }
 
-/// Removing a large file can take a slow drive a while.
+/// In the background, because removing a large file can take a while on a slow drive.
 InBackground<bool> fileRemoval(std::shared_ptr<Benchmark> benchmark,
                                std::shared_ptr<MainQueue> queue, std::string mountPoint) {
   return {std::move(queue), [benchmark = std::move(benchmark), mountPoint = std::move(mountPoint)] {
@@ -60,7 +60,7 @@ InBackground<bool> fileRemoval(std::shared_ptr<Benchmark> benchmark,
 
 /// Shared with the background task of the benchmark.
 struct PortScanner::ActiveRun {
-  std::optional<VolumeIdentity> volume; // absent where it was not looked at
+  std::optional<VolumeIdentity> volume; // absent if it was not identified
   std::atomic<bool> isCancelled = false;
 };
 
@@ -72,7 +72,7 @@ void PortScanner::stopBenchmark(const std::string& mountPoint) {
   const auto found = activeRuns_.find(mountPoint);
   if (found != activeRuns_.end()) {
     found->second->isCancelled = true;
-    driveIsFree_.announce(); // it may wait
+    driveIsFree_.announce(); // wakes the benchmark if it is waiting
   }
 }
 
@@ -97,7 +97,7 @@ QCoro::Task<> PortScanner::performRun(std::shared_ptr<PortScanner> self, std::st
     } else {
       phase = BenchmarkPhase{};
     }
-  } catch (const std::exception&) { // such as memory that is used up: the benchmark has failed
+  } catch (const std::exception&) { // such as std::bad_alloc: the phase stays "failed"
   }
   if (driveUse) {
     auto removal = fileRemoval(benchmark, queue, mountPoint);
@@ -106,8 +106,7 @@ QCoro::Task<> PortScanner::performRun(std::shared_ptr<PortScanner> self, std::st
   self->endRun(mountPoint, *run, std::move(phase));
 }
 
-/// Whether the drive came free. False when the benchmark is not wanted any more, or its volume is
-/// gone.
+/// Waits until the drive is free. False if the benchmark was stopped or its volume disappeared.
 QCoro::Task<bool> PortScanner::waitForDrive(std::shared_ptr<PortScanner> self,
                                             std::string mountPoint,
                                             std::shared_ptr<ActiveRun> run) {
@@ -141,7 +140,7 @@ QCoro::Task<BenchmarkPhase> PortScanner::measure(std::shared_ptr<PortScanner> se
   co_return finalPhase(write, read, run->isCancelled);
 }
 
-/// The queue is not held: a background task must not be the last to let go of it.
+/// Holds the queue weakly, because a background task must not be the last owner that releases it.
 BenchmarkOrder PortScanner::orderOf(const std::string& mountPoint,
                                     const std::shared_ptr<ActiveRun>& run) {
   const std::weak_ptr<MainQueue> weakQueue = outside_.acquisition.queue;
@@ -186,7 +185,7 @@ void PortScanner::publishPhase(const std::string& mountPoint, BenchmarkPhase pha
   benchmarks.set(std::move(phases));
 }
 
-/// Absent at the beginning of each part and at the end.
+/// `percent` is absent at the beginning of each phase and at the end.
 void PortScanner::publishProgress(const std::string& mountPoint, std::optional<int> percent) {
   auto progress = testProgress.get();
   progress.erase(mountPoint);

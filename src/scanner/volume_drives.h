@@ -1,4 +1,4 @@
-// Which volumes a scan shows, and which of them share a drive.
+// The volumes of a scan, and which of them share a drive.
 #pragma once
 
 #include "tree/tree_node.h"
@@ -9,11 +9,11 @@
 
 namespace tamberline {
 
-/// The mount points of all volumes of all devices in the tree.
+/// The mount points of all volumes in the tree.
 std::set<std::string> mountPointsIn(const std::vector<TreeNode>& tree);
 
-/// The mount points of all volumes of the device that has one at this mount point, that one among
-/// them; that one alone where no device is known to have it.
+/// The mount points of all volumes on the same device as `mountPoint`, including it. Only
+/// `mountPoint` if no device in the tree has it.
 std::set<std::string> mountPointsOfDrive(const std::vector<TreeNode>& tree,
                                          const std::string& mountPoint);
 

@@ -38,7 +38,7 @@ EjectState failed(const EjectOutcome& outcome) {
   return {EjectState::Failed{std::string(messageOf(outcome))}};
 }
 
-/// The folder is closed again, since an open one keeps the volume from being unmounted.
+/// Closes the folder again, because an open one would prevent unmounting.
 VolumeIdentity volumeAt(const std::string& mountPoint, VolumeFiles& volumes) {
   const std::unique_ptr<VolumeFolder> folder = volumes.openFolder(mountPoint);
   return folder ? folder->identity() : VolumeIdentity();
@@ -64,7 +64,7 @@ QCoro::Task<> PortScanner::runEjection(std::shared_ptr<PortScanner> self, std::s
   try {
     auto asking = askToEject(self, mountPoint);
     outcome = co_await asking;
-  } catch (const std::exception&) { // such as memory that is used up: the ejection has failed
+  } catch (const std::exception&) { // such as std::bad_alloc: the outcome stays "not ejected"
   }
   if (outcome.isEjected) {
     self->publishEjectState(mountPoint, std::nullopt);
@@ -76,12 +76,12 @@ QCoro::Task<> PortScanner::runEjection(std::shared_ptr<PortScanner> self, std::s
   self->publishEjectState(mountPoint, failed(outcome));
   Delay reading(queue, failureDisplayTime);
   co_await reading;
-  if (self->ejectionCounts_[mountPoint] == ejection) { // no newer one, whose state is its own
+  if (self->ejectionCounts_[mountPoint] == ejection) { // else it shows a newer ejection
     self->publishEjectState(mountPoint, std::nullopt);
   }
 }
 
-/// Nothing is asked of the system when another volume than the one that was shown is there by now.
+/// Does not eject if another volume than the one that was shown is mounted there by now.
 QCoro::Task<EjectOutcome> PortScanner::askToEject(std::shared_ptr<PortScanner> self,
                                                   std::string mountPoint) {
   self->publishEjectState(mountPoint, EjectState{EjectState::Ejecting{}});

@@ -1,4 +1,5 @@
-// The part of PortScanner that tells the volumes of a scan from others that take their place.
+// The part of PortScanner that distinguishes the volumes of a scan from others mounted later in
+// their place.
 #include "scanner/port_scanner.h"
 #include "scanner/volume_drives.h"
 
@@ -10,7 +11,7 @@ namespace {
 
 using Identities = std::map<std::string, VolumeIdentity>;
 
-/// Of those whose folder can be opened.
+/// The identities of the volumes whose folder can be opened.
 Identities identitiesOf(const std::set<std::string>& mountPoints, VolumeFiles& volumes) {
   Identities identities;
   for (const std::string& mountPoint : mountPoints) {
@@ -23,8 +24,9 @@ Identities identitiesOf(const std::set<std::string>& mountPoints, VolumeFiles& v
 
 } // namespace
 
-/// Begins when a scan is over, and no scan waits for it: a volume whose drive does not answer any
-/// more must not hold up the others. Only one looks at a time, for the same reason.
+/// Runs after a scan; no scan waits for it, because a drive that no longer responds must not block
+/// scans. For the same reason only one runs at a time, so that blocked background threads do not
+/// add up.
 QCoro::Task<> PortScanner::identifyVolumes(std::shared_ptr<PortScanner> self) {
   const std::shared_ptr<VolumeFiles> volumes = self->outside_.volumes;
   self->mustIdentifyAgain_ = volumes != nullptr;
@@ -44,7 +46,7 @@ QCoro::Task<> PortScanner::identifyVolumes(std::shared_ptr<PortScanner> self) {
   self->isIdentifying_ = false;
 }
 
-/// A result of another volume that was mounted in the same place goes.
+/// Removes the results of volumes in whose place another one is mounted now.
 void PortScanner::takeIdentities(std::map<std::string, VolumeIdentity> identities) {
   auto phases = benchmarks.get();
   std::erase_if(measuredVolumes_, [&](const auto& measured) {
@@ -61,7 +63,7 @@ void PortScanner::takeIdentities(std::map<std::string, VolumeIdentity> identitie
   shownVolumes_ = std::move(identities);
 }
 
-/// Absent also when the volume was shown a moment ago and was not looked at yet.
+/// Also absent if the volume has not been identified since it was first shown.
 std::optional<VolumeIdentity> PortScanner::identityOf(const std::string& mountPoint) const {
   const auto found = shownVolumes_.find(mountPoint);
   return found == shownVolumes_.end() ? std::nullopt : std::optional(found->second);
@@ -77,7 +79,7 @@ bool PortScanner::isDriveInUse(const std::string& mountPoint) const {
                      [&](const std::string& volume) { return usedDrives_.contains(volume); });
 }
 
-/// Or waits for its turn.
+/// Also true while a benchmark waits for the drive.
 bool PortScanner::isDriveMeasured(const std::string& mountPoint) const {
   const std::set<std::string> mountPoints = mountPointsOfDrive(portTree.get(), mountPoint);
   return std::any_of(mountPoints.begin(), mountPoints.end(),
