@@ -11,7 +11,8 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// CLI11 would take the next argument as the value where nothing follows the equals sign.
+/// Splits a word such as "--name=" into the option and an empty value, because CLI11 would take the
+/// next argument as the value.
 Words wordsOf(int argc, char** argv) {
   Words words;
   for (int index = 1; index < argc; ++index) {
@@ -28,16 +29,17 @@ Words wordsOf(int argc, char** argv) {
   return words;
 }
 
-/// Of letters in one word, of which the first is unknown, that letter. A letter beyond ASCII has
-/// several bytes; its word is told as it is.
+/// The unknown option at the beginning of `word`: the first letter of combined short options, such
+/// as "-x" in "-xyz". The whole word for a long option, and for a letter beyond ASCII, which has
+/// several bytes.
 std::string refusedOption(const std::string& word) {
   const auto letter = static_cast<unsigned char>(word[1]);
   const bool isOneByte = letter > ' ' && letter < 0x80 && letter != '-';
   return isOneByte ? word.substr(0, 2) : word;
 }
 
-/// Of words that begin with the first one that nothing takes, with the mark "--" where it stood
-/// before.
+/// The error for surplus arguments. `words` begins with the first of them, or with "--" if that
+/// precedes it.
 std::string aboutSurplus(const Words& words) {
   const bool isAfterMark = words.front() == "--";
   const std::string& first = words.at(isAfterMark ? 1 : 0);
@@ -53,7 +55,8 @@ bool isFlagWithValue(const CLI::App& app, const std::string& word) {
   return option != nullptr && option->get_items_expected_max() == 0;
 }
 
-/// A flag with a value is no option that there is. Otherwise the last word lacks its value.
+/// The error for a wrong number of values: a flag has a value, which counts as an unknown option,
+/// or the last word lacks its value.
 std::string aboutMismatch(const CLI::App& app, const Words& words) {
   const auto flag = std::find_if(words.begin(), words.end(), [&app](const std::string& word) {
     return isFlagWithValue(app, word);
@@ -62,10 +65,10 @@ std::string aboutMismatch(const CLI::App& app, const Words& words) {
                              : "option '" + words.back() + "' needs an argument";
 }
 
-/// What is wrong with the words; absent: nothing.
+/// The error in the arguments; absent if there is none.
 std::optional<std::string> complaintAbout(const Words& words, CLI::App& app) {
   try {
-    app.parse(Words(words.rbegin(), words.rend())); // which takes them from the end
+    app.parse(Words(words.rbegin(), words.rend())); // CLI11 takes them from the end
     return std::nullopt;
   } catch (const CLI::ExtrasError&) {
     return aboutSurplus(app.remaining());
@@ -80,7 +83,7 @@ std::optional<std::string> complaintAbout(const Words& words, CLI::App& app) {
 
 ArgumentParser::ArgumentParser(const std::string& program)
     : app_(std::make_unique<CLI::App>("", program)) {
-  app_->set_help_flag(); // the help text is each program's own
+  app_->set_help_flag(); // each program has its own help text
   app_->option_defaults()->take_last()->disable_flag_override();
 }
 

@@ -14,15 +14,14 @@ class App;
 
 namespace tamberline {
 
-/// Thrown by what an ArgumentParser calls; says what is wrong with an argument.
+/// Thrown by an ArgumentParser's callbacks for an invalid argument; the message explains the error.
 class WrongArgument : public std::runtime_error {
 public:
   using std::runtime_error::runtime_error;
 };
 
-/// Reads the arguments of a program for the terminal. Of an option that is given twice the last
-/// value counts. CLI11 does the work behind this, and takes so long to compile that one source
-/// includes it.
+/// Parses the arguments of a command-line program. If an option is repeated, its last value is
+/// used. Hides CLI11, which takes so long to compile that only one source includes it.
 class ArgumentParser {
 public:
   using TakeValue = std::function<void(const std::string&)>;
@@ -32,15 +31,15 @@ public:
   ArgumentParser& operator=(const ArgumentParser&) = delete;
   ~ArgumentParser();
 
-  /// The names as in "-h,--help".
+  /// `names` as in "-h,--help".
   void addFlag(const std::string& names, bool& isGiven);
-  /// An option with a value, as in "--reports"; without dashes, an argument by its place.
+  /// An option with a value, such as "--reports"; without dashes, a positional argument.
   void addOption(const std::string& name, const TakeValue& takeValue);
   void addLanguageOption(std::optional<AppLanguage>& language);
-  /// Called when everything has been taken, for what only the arguments together tell.
+  /// `check` is called after all arguments have been parsed, to check combinations of them.
   void checkAtEnd(std::function<void()> check);
 
-  /// False when the arguments make no sense, after saying why on standard error.
+  /// False if the arguments are invalid; the reason is then printed to standard error.
   bool parse(int argc, char** argv);
 
 private:

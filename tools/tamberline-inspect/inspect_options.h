@@ -9,17 +9,17 @@
 namespace tamberline {
 
 struct InspectOptions {
-  /// Absent: the machine that the program runs on.
+  /// If absent, this machine is shown.
   std::optional<std::filesystem::path> reportsFolder;
   bool printsJson = false;
   bool watches = false;
-  /// Absent: the language that the person prefers.
+  /// If absent, the user's preferred language is used.
   std::optional<AppLanguage> language;
   bool showsHelp = false;
   bool showsVersion = false;
 };
 
-/// Absent for arguments that make no sense, after saying why on standard error.
+/// Absent if the arguments are invalid; the reason is then printed to standard error.
 std::optional<InspectOptions> parseInspectOptions(int argc, char** argv);
 
 extern const std::string_view inspectUsage;

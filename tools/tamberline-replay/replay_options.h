@@ -13,22 +13,22 @@ enum class ReplayTheme : unsigned char { light, dark };
 
 struct ReplayOptions {
   std::filesystem::path reportsFolder;
-  /// Absent: the language that the person prefers.
+  /// If absent, the user's preferred language is used.
   std::optional<AppLanguage> language;
-  /// Absent: the desktop's.
+  /// If absent, the desktop's theme is used.
   std::optional<ReplayTheme> theme;
   double fontScale = 1;
   bool expandsAll = false;
   std::string searchText;
-  /// Where the picture goes; absent: the panel stays open.
+  /// The file for the picture; if absent, the panel is opened and stays open.
   std::optional<std::filesystem::path> screenshot;
-  /// Where the places of the picture's texts go; never without a picture.
+  /// The file for the positions of texts and buttons in the picture; only with `screenshot`.
   std::optional<std::filesystem::path> places;
   bool showsHelp = false;
   bool showsVersion = false;
 };
 
-/// Absent for arguments that make no sense, after saying why on standard error.
+/// Absent if the arguments are invalid; the reason is then printed to standard error.
 std::optional<ReplayOptions> parseReplayOptions(int argc, char** argv);
 
 extern const std::string_view replayUsage;
