@@ -1,4 +1,4 @@
-# Every outside library, in one place; docs/architecture.md says why each is here.
+# All external libraries; docs/architecture.md explains why each is used.
 find_package(Threads REQUIRED)
 find_package(CLI11 2.1 REQUIRED)
 find_package(nlohmann_json 3.11 REQUIRED)
@@ -9,7 +9,7 @@ if(UNIX AND NOT APPLE)
   find_package(Qt6 6.4 REQUIRED COMPONENTS DBus)
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(udev REQUIRED IMPORTED_TARGET libudev)
-  # Older releases have it for Qt 5 only; without it, panels on Wayland are ordinary windows.
+  # Older distributions have it only for Qt 5. Without it, panels on Wayland are ordinary windows.
   find_package(LayerShellQt 6.0 QUIET)
   if(LayerShellQt_FOUND)
     pkg_check_modules(wayland-client REQUIRED IMPORTED_TARGET wayland-client)

@@ -1,8 +1,8 @@
-# tamberline_layer(<name> [SOURCES ...] [APART ...] [LINKS ...] [PRIVATE_LINKS ...]): one folder under src/
-# as one static library. LINKS names every layer whose headers its sources include, which
-# scripts/check-layers looks at, and the outside libraries that its headers need; PRIVATE_LINKS what only
-# its sources or the linker need. Without SOURCES it has only headers. Sources under APART have names of
-# their own that another has too, and are compiled alone where others are compiled together.
+# tamberline_layer(<name> [SOURCES ...] [APART ...] [LINKS ...] [PRIVATE_LINKS ...]): makes a folder under
+# src/ a static library, or a header-only one without SOURCES. LINKS lists every layer whose headers it
+# includes, as scripts/check-layers verifies, and the external libraries that its headers need.
+# PRIVATE_LINKS lists what only its sources or the linker need. APART lists sources with local names that
+# clash with those of another source; unity builds compile them separately.
 function(tamberline_layer name)
   cmake_parse_arguments(LAYER "" "" "SOURCES;APART;LINKS;PRIVATE_LINKS" ${ARGN})
   set(target tamberline_${name})
@@ -18,7 +18,8 @@ function(tamberline_layer name)
   if(LAYER_APART)
     set_source_files_properties(${LAYER_APART} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
   endif()
-  # Background work may still run while the program ends, so nothing that it could read is destroyed then.
+  # Background work may still run while the program exits, so nothing that it could read may be destroyed
+  # at exit.
   if(LAYER_SOURCES AND CMAKE_CXX_COMPILER_ID MATCHES "Clang")
     target_compile_options(${target} PRIVATE -Wexit-time-destructors)
   endif()
@@ -31,8 +32,8 @@ function(tamberline_layer name)
   set_property(GLOBAL APPEND PROPERTY TAMBERLINE_LAYERS ${target})
 endfunction()
 
-# tamberline_write_layers(<file>): a line for each layer so far, with its folder and the folders of what it
-# links.
+# tamberline_write_layers(<file>): writes a line for each layer defined so far: its folder and the folders
+# of the layers that it links.
 function(tamberline_write_layers file)
   get_property(layers GLOBAL PROPERTY TAMBERLINE_LAYERS)
   set(text "")
