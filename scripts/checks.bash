@@ -1,10 +1,11 @@
 # shellcheck shell=bash
-# The checks of scripts/test: a table of them, and for each a function that fails when the check does.
+# The checks of scripts/test: a table, and a function for each check, which fails if the check fails.
 
 least_line_coverage=95
 
-# NAME, the checks that it NEEDS (separated by commas, or a dash) and what it is for, in the order in
-# which they run. The check NAME is the function check_NAME, with underscores for the dashes.
+# Prints a line for each check, in the order in which they run: its name, the checks that it needs
+# (separated by commas, or a dash) and its purpose. The function check_NAME, with underscores
+# instead of dashes, runs the check NAME.
 list_checks() {
   cat <<'CHECKS'
 format - the layout of C++ (clang-format)
@@ -35,7 +36,7 @@ package build-bench the Debian package, in a clean root
 CHECKS
 }
 
-# The project's files that match, new ones included; it is an error when there are none.
+# Prints the project's files that match, including new ones; fails if there are none.
 project_files() {
   git ls-files --cached --others --exclude-standard -- "$@" | grep .
 }
@@ -44,8 +45,9 @@ build() {
   cmake --preset "$1" >/dev/null && cmake --build --preset "$1"
 }
 
-# The tests with g++ also see that numbers do not depend on a locale with a decimal comma. The others
-# go without it: the C library never gives back what it remembers of a path to locales.
+# Runs tests with a locale that has a decimal comma, to check that numbers do not depend on it. Only
+# for the builds with g++ without sanitizers: the C library never frees what it caches for a path to
+# locales.
 test_with_locale() {
   local locales=$PWD/build/locales
   if [[ ! -d $locales/de_DE.UTF-8 ]]; then
@@ -77,13 +79,14 @@ check_build_coverage() { build coverage; }
 
 check_tests() { test_with_locale coverage; }
 
-# Branches of a thread that was still at work when its process ended do not add up; they are left out.
+# Ignores parse errors of branches: their counts do not add up if a thread was still running when
+# its process ended.
 check_coverage_lines() {
   gcovr --root . --filter src/ --exclude-throw-branches --gcov-ignore-parse-errors \
     --print-summary --fail-under-line "$least_line_coverage" build/coverage
 }
 
-# Against the types that the build has written down.
+# Uses the type descriptions that the build generated.
 check_qmllint() {
   local modules=build/coverage/qml
   find "$modules" -name '*.qml' -print0 |
@@ -94,7 +97,7 @@ check_build_asan() { build asan; }
 
 check_asan() { ctest --preset asan --parallel "$(nproc)"; }
 
-# tidy BUILD_FOLDER CHECKS FILES: prints what clang-tidy has to say of those files of a build.
+# tidy BUILD_FOLDER CHECKS FILES: runs clang-tidy on these files of a build and prints its warnings.
 tidy() {
   local build_folder=$1 checks=$2 files=$3
   local log=$build_folder/clang-tidy.log
@@ -103,13 +106,13 @@ tidy() {
     grep -vE '^(clang-tidy|[0-9]+ warnings? )' "$log"
     return 1
   fi
-  grep -q '^clang-tidy' "$log" # it looked at something
+  grep -q '^clang-tidy' "$log" # fails if no file was checked
 }
 
-# Most rules walk through all that a file includes, which takes nearly all of the time; they read the
-# files together, as the build with the sanitizers does. These read each file by itself, since they only
-# look at the one that they are given, or forbid to include a source. Tests and benchmarks are left out:
-# the macros of their libraries break half of the rules.
+# Most rules process everything that a file includes, which takes nearly all of the time, so they
+# run on the unity sources of the build with the sanitizers. The rules in `by_file` run on each file
+# separately, because they only examine the main file or forbid including a source. Tests and
+# benchmarks are not checked: the macros of their libraries violate half of the rules.
 check_tidy() {
   local by_file=(bugprone-suspicious-include 'clang-analyzer-*' 'clang-diagnostic-*' misc-unused-alias-decls)
   local sources="$PWD/(src|tools)/.*"
@@ -119,7 +122,7 @@ check_tidy() {
       "$sources|$PWD/build/asan/((src|tools)/(?!.*qml).*|tests/macos_stand_in/.*/tamberline_[a-z_]+\.dir)/Unity/.*"
 }
 
-# Without its own idea of Qt's macros it reads no class of the panel.
+# Without these definitions of Qt's macros cppcheck skips the panel's classes.
 check_cppcheck() {
   cppcheck --quiet --error-exitcode=1 --enable=warning,performance,portability -j "$(nproc)" \
     --language=c++ --std=c++20 --suppressions-list=.cppcheck-suppressions \
@@ -129,8 +132,8 @@ check_cppcheck() {
 
 check_build_tsan() { build tsan; }
 
-# Address space layouts that are drawn at random can leave the thread sanitizer no room; some
-# containers do not allow to turn that off.
+# Turns off address space randomisation where possible, because it can leave no room for the thread
+# sanitizer. Some containers do not allow turning it off.
 check_tsan() {
   local fixed_layout=(setarch --addr-no-randomize)
   "${fixed_layout[@]}" true 2>/dev/null || fixed_layout=()
@@ -142,7 +145,7 @@ check_fuzz() { scripts/fuzz --seconds 20; }
 
 check_build_bench() { build bench; }
 
-# The slow builds of the tests above have time for a fifth of these.
+# The slower builds above run only a fifth of these.
 check_whole_sets() {
   cmake --build --preset bench --target tool_faults_test random_machines_test &&
     build/bench/tests/scanner/tool_faults_test --gtest_brief=1 &&
