@@ -12,13 +12,13 @@ namespace {
 /// `create`.
 template <typename... Singleton>
 constexpr bool areNotDefaultConstructible = (!std::is_default_constructible_v<Singleton> && ...);
-static_assert(areNotDefaultConstructible<Hints, PanelController, PanelSizing, Popover,
+static_assert(areNotDefaultConstructible<Tooltips, PanelController, PanelSizing, Popover,
                                          SearchController, StatusColors, Theme, UpdatedText>);
 
 } // namespace
 
 PanelContext::PanelContext(Outside outside)
-    : theme_(outside.fontScale), sizing_(outside.queue), hints_(outside.queue),
+    : theme_(outside.fontScale), sizing_(outside.queue), tooltips_(outside.queue),
       updated_(outside.scanner, outside.queue, std::move(outside.now)),
       panel_(outside.scanner, outside.queue, std::move(outside.actions)),
       search_(outside.scanner, outside.queue,
@@ -29,7 +29,7 @@ void PanelContext::attachTo(QQmlEngine& engine) {
   setEngineObject(engine, theme_);
   setEngineObject(engine, statusColors_);
   setEngineObject(engine, sizing_);
-  setEngineObject(engine, hints_);
+  setEngineObject(engine, tooltips_);
   setEngineObject(engine, popover_);
   setEngineObject(engine, updated_);
   setEngineObject(engine, panel_);

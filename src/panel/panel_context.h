@@ -1,9 +1,9 @@
 #pragma once
 
 #include "async/main_queue.h"
-#include "controls/hints.h"
 #include "controls/popover.h"
 #include "controls/theme.h"
+#include "controls/tooltips.h"
 #include "panel/panel_controller.h"
 #include "panel/panel_sizing.h"
 #include "panel/search_controller.h"
@@ -42,7 +42,7 @@ public:
   PanelSizing* sizing() { return &sizing_; }
   Theme* theme() { return &theme_; }
   StatusColors* statusColors() { return &statusColors_; }
-  Hints* hints() { return &hints_; }
+  Tooltips* tooltips() { return &tooltips_; }
   Popover* popover() { return &popover_; }
   SymbolImageCache& symbols() { return symbols_; }
   UpdatedText* updated() { return &updated_; }
@@ -52,7 +52,7 @@ private:
   Theme theme_;
   StatusColors statusColors_{theme_};
   PanelSizing sizing_;
-  Hints hints_;
+  Tooltips tooltips_;
   Popover popover_{nullptr};
   UpdatedText updated_;
   PanelController panel_;

@@ -43,7 +43,7 @@ PanelWindow::PanelWindow(PanelContext& context, Kind kind) : context_(context) {
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {
-  context_.hints()->hide();
+  context_.tooltips()->hide();
   QQuickView::keyPressEvent(event);
   if (!event->isAccepted()) {
     handleUnusedKey(*event);
@@ -58,7 +58,7 @@ void PanelWindow::showEvent(QShowEvent* event) {
 void PanelWindow::hideEvent(QHideEvent* event) {
   QQuickView::hideEvent(event);
   context_.updated()->setPanelVisible(false);
-  context_.hints()->hide();
+  context_.tooltips()->hide();
   context_.popover()->close();
 }
 

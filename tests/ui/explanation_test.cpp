@@ -1,4 +1,4 @@
-#include "controls/bubble.h"
+#include "controls/popup.h"
 #include "ui/drawn_items.h"
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
@@ -20,9 +20,9 @@ protected:
     expandAll();
   }
 
-  QQuickItem* bubble() {
+  QQuickItem* popup() {
     for (QQuickItem* item : visibleItems(window())) {
-      if (qobject_cast<Bubble*>(item) != nullptr) {
+      if (qobject_cast<Popup*>(item) != nullptr) {
         return item;
       }
     }
@@ -33,7 +33,7 @@ protected:
   std::string bubbleText() {
     std::string text;
     for (const QQuickItem* item : visibleItems(window())) {
-      if (bubble() != nullptr && item->inherits("QQuickText") && bubble()->isAncestorOf(item)) {
+      if (popup() != nullptr && item->inherits("QQuickText") && popup()->isAncestorOf(item)) {
         text += (text.empty() ? "" : "\n") + item->property("text").toString().toStdString();
         EXPECT_EQ(item->property("textFormat").toInt(), Qt::PlainText);
       }
@@ -53,7 +53,7 @@ protected:
 
 class PanelExplanation : public PanelBubbles {
 protected:
-  bool isOpen() { return bubble() != nullptr; }
+  bool isOpen() { return popup() != nullptr; }
 };
 
 TEST_F(PanelExplanation, ClosesWhenTheListMovesBelowIt) {
@@ -69,7 +69,7 @@ TEST_F(PanelExplanation, OpensAndClosesAtItsButton) {
   EXPECT_FALSE(isOpen());
   press(why);
   ASSERT_TRUE(isOpen());
-  EXPECT_TRUE(isInside(*bubble()));
+  EXPECT_TRUE(isInside(*popup()));
   EXPECT_TRUE(isTextShown(why));
   EXPECT_TRUE(findAccessibleStarting(window(), QAccessible::StaticText, "Port supports"));
   press(why);
@@ -124,7 +124,7 @@ TEST_F(PanelTooltips, AppearWhenThePointerRests) {
   EXPECT_EQ(bubbleText(), "");
   advance(1ms);
   EXPECT_EQ(bubbleText(), "Scan again");
-  EXPECT_TRUE(isInside(*bubble()));
+  EXPECT_TRUE(isInside(*popup()));
   movePointer({1, 1});
   EXPECT_EQ(bubbleText(), "");
 }
@@ -174,11 +174,11 @@ TEST_F(PanelTooltips, DisappearOnAKeyPress) {
 TEST_F(PanelTooltips, DisappearWithTheirItem) {
   movePointer(middleOf(QAccessible::StaticText, "480 Mb/s"));
   advance(600ms);
-  ASSERT_NE(bubble(), nullptr);
+  ASSERT_NE(popup(), nullptr);
   answerWithPorts(*machine, 1);
   machine->answer(Question::usb, R"({"SPUSBDataType": []})");
   rescan();
-  EXPECT_EQ(bubble(), nullptr);
+  EXPECT_EQ(popup(), nullptr);
 }
 
 TEST_F(PanelTooltips, ShowTheMessageOfAFailedEjection) {
@@ -192,8 +192,8 @@ TEST_F(PanelTooltips, ShowTheMessageOfAFailedEjection) {
 TEST_F(PanelTooltips, AreOnOneLineIfThereIsRoom) {
   movePointer(middleOf(QAccessible::Button, "Scan again"));
   advance(600ms);
-  ASSERT_NE(bubble(), nullptr);
-  EXPECT_LT(bubble()->height(), 40);
+  ASSERT_NE(popup(), nullptr);
+  EXPECT_LT(popup()->height(), 40);
 }
 
 } // namespace

@@ -221,7 +221,7 @@ TEST_F(PanelKeyboard, ScrollsToAButtonThatItComesTo) {
       EXPECT_TRUE(runEventsUntil([&] {
         draw();
         return isInView(*focused());
-      })) << focused()->property("hint").toString().toStdString();
+      })) << focused()->property("tooltip").toString().toStdString();
     }
     typeKey(Qt::Key_Tab);
   } while (focused() != first);

@@ -1,6 +1,6 @@
 #include "ui/layout_check.h"
 
-#include "controls/bubble.h"
+#include "controls/popup.h"
 #include "controls/symbol.h"
 #include "ui/visible_items.h"
 
@@ -22,7 +22,7 @@ struct Shown {
   QRectF place = {};
   QRectF seen = {}; // the visible part of the area
   bool isText = false;
-  const Bubble* bubble = nullptr; // the bubble that contains it
+  const Popup* popup = nullptr; // the popup that contains it
 };
 
 bool isInput(const QQuickItem& item) {
@@ -34,11 +34,11 @@ bool showsText(const QQuickItem& item) {
          !item.property("text").toString().isEmpty();
 }
 
-const Bubble* bubbleAround(const QQuickItem* item) {
-  while (item != nullptr && qobject_cast<const Bubble*>(item) == nullptr) {
+const Popup* popupAround(const QQuickItem* item) {
+  while (item != nullptr && qobject_cast<const Popup*>(item) == nullptr) {
     item = item->parentItem();
   }
-  return qobject_cast<const Bubble*>(item);
+  return qobject_cast<const Popup*>(item);
 }
 
 /// Without rotation, because a symbol may be turning.
@@ -69,7 +69,7 @@ public:
     for (QQuickItem* item : visibleItems(window)) {
       const bool isText = showsText(*item);
       if (isText || (qobject_cast<Symbol*>(item) != nullptr && item->width() > 0)) {
-        shown_.push_back({item, placeOf(*item), seenOf(*item), isText, bubbleAround(item)});
+        shown_.push_back({item, placeOf(*item), seenOf(*item), isText, popupAround(item)});
       }
     }
   }
@@ -156,7 +156,7 @@ private:
 
   void checkOverlap(const Shown& first, const Shown& second) {
     const QRectF common = first.seen & second.seen;
-    if (first.bubble == second.bubble && (first.isText || second.isText) &&
+    if (first.popup == second.popup && (first.isText || second.isText) &&
         common.width() > tolerance && common.height() > tolerance) {
       add(*first.item, "overlaps " + quoted(*second.item));
     }

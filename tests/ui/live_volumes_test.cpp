@@ -120,10 +120,10 @@ TEST_F(LiveVolumes, ShowTheReasonToThePointerThatPressedTheButton) {
   movePointer(place);
   click(place);
   settle();
-  EXPECT_EQ(context().hints()->target(), nullptr);
+  EXPECT_EQ(context().tooltips()->target(), nullptr);
   advance(600ms);
-  ASSERT_NE(context().hints()->target(), nullptr);
-  EXPECT_EQ(context().hints()->text(), "Volume busy");
+  ASSERT_NE(context().tooltips()->target(), nullptr);
+  EXPECT_EQ(context().tooltips()->text(), "Volume busy");
 }
 
 TEST_F(LiveVolumes, CanBeEjectedAgainByTheMessageItself) {

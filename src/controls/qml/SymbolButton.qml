@@ -6,7 +6,7 @@ Item {
     id: button
 
     required property string symbol
-    required property string hint
+    required property string tooltip
     property color color: Theme.secondary
     property real size: Theme.buttonSize
 
@@ -17,7 +17,7 @@ Item {
     implicitWidth: size
     opacity: enabled ? 1 : 0.4
     Accessible.focusable: enabled
-    Accessible.name: hint
+    Accessible.name: tooltip
     Accessible.role: Accessible.Button
     Accessible.onPressAction: if (enabled) triggered()
     Keys.enabled: visible
@@ -40,16 +40,16 @@ Item {
     FocusRing {
         item: button
     }
-    Hint {
+    Tooltip {
         id: hover
 
-        text: button.hint
+        text: button.tooltip
     }
     MouseArea {
         id: mouse
 
         anchors.fill: parent
         onClicked: button.triggered()
-        onPressed: Hints.hide()
+        onPressed: Tooltips.hide()
     }
 }

@@ -7,8 +7,8 @@ Text {
 
     property string tooltip
     property string wholeText: text
-    readonly property string hint: truncated ? wholeText : tooltip
-    property bool showsHint: true // false if an item around it shows the tooltip
+    readonly property string shownTooltip: truncated ? wholeText : tooltip
+    property bool showsTooltip: true // false if an item around it shows the tooltip
 
     color: Theme.text
     elide: Text.ElideMiddle
@@ -20,8 +20,8 @@ Text {
     Accessible.name: text
     Accessible.role: Accessible.StaticText
 
-    Hint {
-        enabled: line.showsHint
-        text: line.hint
+    Tooltip {
+        enabled: line.showsTooltip
+        text: line.shownTooltip
     }
 }

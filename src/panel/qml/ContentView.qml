@@ -96,7 +96,7 @@ FocusScope {
         enabled: Popover.target !== null
         onPressed: Popover.close()
     }
-    FloatingBox {
+    PopupBox {
         target: Popover.target
 
         Paragraph {
@@ -110,18 +110,18 @@ FocusScope {
             width: 280
         }
     }
-    FloatingBox {
-        target: Hints.target
+    PopupBox {
+        target: Tooltips.target
 
         TextMetrics {
-            id: hintMetrics
+            id: tooltipMetrics
 
             font: Theme.caption2Font
-            text: Hints.text
+            text: Tooltips.text
         }
         Paragraph {
-            text: Hints.text
-            width: Math.min(300, Math.ceil(hintMetrics.advanceWidth) + 1)
+            text: Tooltips.text
+            width: Math.min(300, Math.ceil(tooltipMetrics.advanceWidth) + 1)
             Accessible.ignored: true
         }
     }

@@ -17,7 +17,7 @@ Item {
 
         SymbolButton {
             enabled: Panel.canOpenManual
-            hint: Panel.texts.hintManual
+            tooltip: Panel.texts.hintManual
             symbol: "info.circle"
             onTriggered: Panel.openManual()
         }

@@ -38,7 +38,7 @@ Item {
             LineLayout.isTrailing: true
 
             SymbolButton {
-                hint: Panel.texts.hintScan
+                tooltip: Panel.texts.hintScan
                 symbol: "arrow.clockwise"
                 visible: !Panel.isScanning
                 onTriggered: Panel.scan()
@@ -50,12 +50,12 @@ Item {
             }
         }
         SymbolButton {
-            hint: Panel.texts.hintExpandAll
+            tooltip: Panel.texts.hintExpandAll
             symbol: "rectangle.expand.vertical"
             onTriggered: Panel.expandAll()
         }
         SymbolButton {
-            hint: Panel.texts.hintCollapseAll
+            tooltip: Panel.texts.hintCollapseAll
             symbol: "rectangle.compress.vertical"
             onTriggered: Panel.collapseAll()
         }

@@ -73,7 +73,7 @@ Item {
             anchors.right: parent.right
             anchors.rightMargin: 4
             anchors.verticalCenter: parent.verticalCenter
-            hint: Panel.texts.hintClearSearch
+            tooltip: Panel.texts.hintClearSearch
             symbol: "xmark.circle.fill"
             visible: Search.isSearching
             onTriggered: Search.clear()

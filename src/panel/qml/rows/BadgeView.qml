@@ -15,8 +15,8 @@ Rectangle {
     radius: 4
     visible: badge.text !== ""
 
-    Hint {
-        text: label.hint
+    Tooltip {
+        text: label.shownTooltip
     }
     Rectangle {
         anchors.fill: parent
@@ -45,7 +45,7 @@ Rectangle {
 
             color: StatusColors.inks.of(badgeView.badge.color)
             font: badgeView.badge.hasBackground ? Theme.badgeFont : Theme.caption2Font
-            showsHint: false
+            showsTooltip: false
             text: badgeView.badge.text
             tooltip: badgeView.badge.tooltip
             LineLayout.isElastic: true

@@ -27,7 +27,7 @@ LineLayout {
     }
     SpinnerButton {
         enabled: Panel.canTestVolumes
-        hint: row.volume.tools.stopTooltip
+        tooltip: row.volume.tools.stopTooltip
         label: row.volume.tools.testProgress
         visible: row.volume.tools.showsTestProgress
         LineLayout.isTrailing: true
@@ -48,7 +48,7 @@ LineLayout {
     }
     SymbolButton {
         enabled: row.volume.tools.testButton.isEnabled && Panel.canTestVolumes
-        hint: row.volume.tools.testButton.tooltip
+        tooltip: row.volume.tools.testButton.tooltip
         size: Theme.symbolSize
         symbol: row.volume.tools.testButton.symbol
         visible: row.volume.tools.testButton.symbol !== ""
@@ -63,7 +63,7 @@ LineLayout {
     SymbolButton {
         color: StatusColors.inks.of(row.volume.tools.ejectButton.color)
         enabled: row.volume.tools.ejectButton.isEnabled && Panel.canEject
-        hint: row.volume.tools.ejectButton.tooltip
+        tooltip: row.volume.tools.ejectButton.tooltip
         size: Theme.symbolSize
         symbol: row.volume.tools.ejectButton.symbol
         visible: row.volume.tools.ejectButton.symbol !== ""

@@ -50,7 +50,7 @@ FocusScope {
         enabled: segment.canExpand
         onClicked: Panel.toggle(segment.index)
         onPressed: {
-            Hints.hide();
+            Tooltips.hide();
             segment.ListView.view.currentIndex = segment.index;
         }
     }

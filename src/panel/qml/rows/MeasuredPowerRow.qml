@@ -48,7 +48,7 @@ Stack {
         color: StatusColors.fills.of(Views.Blue)
         width: parent.width
 
-        Hint {
+        Tooltip {
             text: row.power.tooltip
         }
     }

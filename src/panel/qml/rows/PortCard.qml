@@ -30,7 +30,7 @@ CardSegment {
                 Accessible.name: card.content.dotTooltip
                 Accessible.role: Accessible.Indicator
 
-                Hint {
+                Tooltip {
                     text: card.content.dotTooltip
                 }
             }
@@ -44,8 +44,8 @@ CardSegment {
                 implicitWidth: count.implicitWidth + 10
                 visible: count.text !== ""
 
-                Hint {
-                    text: count.hint
+                Tooltip {
+                    text: count.shownTooltip
                 }
                 Rectangle {
                     anchors.fill: parent
@@ -58,7 +58,7 @@ CardSegment {
 
                     anchors.centerIn: parent
                     color: Theme.secondary
-                    showsHint: false
+                    showsTooltip: false
                     text: card.content.itemCount
                     tooltip: card.content.itemCountTooltip
                 }

@@ -42,7 +42,7 @@ Stack {
         color: StatusColors.fills.of(row.powerBar.color)
         width: parent.width
 
-        Hint {
+        Tooltip {
             text: row.powerBar.tooltip
         }
     }

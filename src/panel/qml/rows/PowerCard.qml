@@ -54,7 +54,7 @@ Rectangle {
             visible: powerCard.card.hasBar
             width: parent.width
 
-            Hint {
+            Tooltip {
                 text: powerCard.card.barTooltip
             }
         }

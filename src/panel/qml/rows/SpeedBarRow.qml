@@ -16,7 +16,7 @@ Stack {
         color: StatusColors.fills.of(row.speedBar.color)
         width: parent.width
 
-        Hint {
+        Tooltip {
             text: row.speedBar.tooltip
         }
     }

@@ -37,7 +37,7 @@ Stack {
             id: explain
 
             color: StatusColors.inks.of(Views.Orange)
-            hint: row.content.speedNote.title
+            tooltip: row.content.speedNote.title
             size: Theme.symbolSize
             symbol: "arrow.up.circle"
             visible: row.content.speedNote.title !== ""

@@ -1,4 +1,4 @@
-#include "controls/bubble.h"
+#include "controls/popup.h"
 
 #include <algorithm>
 
@@ -10,11 +10,11 @@ constexpr double margin = 8; // between the box and the edge of the panel
 
 } // namespace
 
-Bubble::Bubble(QQuickItem* parent) : QQuickItem(parent) {
+Popup::Popup(QQuickItem* parent) : QQuickItem(parent) {
   setVisible(false);
 }
 
-void Bubble::setTarget(QQuickItem* target) {
+void Popup::setTarget(QQuickItem* target) {
   setVisible(target != nullptr); // target_ is already null if its item was deleted
   if (target == target_) {
     return;
@@ -24,14 +24,14 @@ void Bubble::setTarget(QQuickItem* target) {
   emit targetChanged();
 }
 
-void Bubble::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
+void Popup::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
   QQuickItem::geometryChange(newGeometry, oldGeometry);
   if (newGeometry.size() != oldGeometry.size()) {
     polish();
   }
 }
 
-void Bubble::updatePolish() {
+void Popup::updatePolish() {
   if (target_ == nullptr || parentItem() == nullptr) {
     return;
   }

@@ -2,8 +2,8 @@ import QtQuick
 import Tamberline.Controls
 
 // The background and padding of a box that floats above the panel.
-Bubble {
-    id: bubble
+Popup {
+    id: popup
 
     default property alias content: column.data
 

@@ -1,4 +1,4 @@
-#include "controls/hints.h"
+#include "controls/tooltips.h"
 
 #include "controls/engine_objects.h"
 
@@ -14,17 +14,17 @@ constexpr std::chrono::milliseconds hoverDelay{600};
 
 } // namespace
 
-Hints::Hints(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
+Tooltips::Tooltips(std::shared_ptr<MainQueue> queue) : queue_(std::move(queue)) {}
 
-Hints::~Hints() {
+Tooltips::~Tooltips() {
   queue_->cancel(pending_);
 }
 
-Hints* Hints::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
-  return engineObject<Hints>(*engine);
+Tooltips* Tooltips::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
+  return engineObject<Tooltips>(*engine);
 }
 
-void Hints::setHovered(QQuickItem* item, const QString& text, bool isHovered) {
+void Tooltips::setHovered(QQuickItem* item, const QString& text, bool isHovered) {
   if (isHovered && !text.isEmpty()) {
     hide();
     hovered_ = item;
@@ -33,14 +33,14 @@ void Hints::setHovered(QQuickItem* item, const QString& text, bool isHovered) {
         hide();
       }
     });
-    connect(item, &QObject::destroyed, this, &Hints::hide);
+    connect(item, &QObject::destroyed, this, &Tooltips::hide);
     pending_ = queue_->postLater(hoverDelay, [this, text] { show(text); });
   } else if (item == hovered_) {
     hide();
   }
 }
 
-void Hints::hide() {
+void Tooltips::hide() {
   queue_->cancel(std::exchange(pending_, 0));
   if (hovered_ != nullptr) {
     hovered_->disconnect(this);
@@ -52,7 +52,7 @@ void Hints::hide() {
   }
 }
 
-void Hints::show(const QString& text) {
+void Tooltips::show(const QString& text) {
   target_ = hovered_;
   text_ = text;
   isShown_ = true;

@@ -8,13 +8,13 @@ namespace tamberline {
 
 /// A box that explains another item, its target. It floats in its parent, below the target if there
 /// is room, otherwise above it. Visible while it has a target.
-class Bubble : public QQuickItem {
+class Popup : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QQuickItem* target READ target WRITE setTarget NOTIFY targetChanged)
 
 public:
-  explicit Bubble(QQuickItem* parent = nullptr);
+  explicit Popup(QQuickItem* parent = nullptr);
 
   QQuickItem* target() const { return target_; }
   void setTarget(QQuickItem* target);

@@ -5,6 +5,6 @@ import Tamberline.Controls
 HoverHandler {
     required property string text
 
-    onHoveredChanged: Hints.setHovered(parent, text, hovered)
-    onTextChanged: Hints.setHovered(parent, text, hovered)
+    onHoveredChanged: Tooltips.setHovered(parent, text, hovered)
+    onTextChanged: Tooltips.setHovered(parent, text, hovered)
 }

@@ -17,7 +17,7 @@ namespace tamberline {
 
 /// The tooltip of the panel: its item and its text. It appears when the pointer rests on an item,
 /// and disappears when the pointer leaves or the item is hidden or deleted. Main thread only.
-class Hints final : public QObject {
+class Tooltips final : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_SINGLETON
@@ -27,13 +27,13 @@ class Hints final : public QObject {
   Q_PROPERTY(QQuickItem* target READ target NOTIFY changed)
 
 public:
-  explicit Hints(std::shared_ptr<MainQueue> queue);
-  ~Hints() override;
-  Hints(const Hints&) = delete;
-  Hints& operator=(const Hints&) = delete;
+  explicit Tooltips(std::shared_ptr<MainQueue> queue);
+  ~Tooltips() override;
+  Tooltips(const Tooltips&) = delete;
+  Tooltips& operator=(const Tooltips&) = delete;
 
   /// The engine's instance; called by QML.
-  static Hints* create(QQmlEngine* engine, QJSEngine* scriptEngine);
+  static Tooltips* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
   QString text() const { return text_; }
   QQuickItem* target() const { return target_; }
