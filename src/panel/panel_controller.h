@@ -66,7 +66,7 @@ public:
   views::PanelState state() const;
   QString message() const;
   bool isScanning() const { return scanner_->isScanning.get(); }
-  PanelTexts texts() const { return {}; }
+  static PanelTexts texts() { return {}; }
   bool canTestVolumes() const { return actions_.runBenchmark != nullptr; }
   bool canEject() const { return actions_.eject != nullptr; }
   bool canOpenManual() const { return actions_.openManual != nullptr; }
