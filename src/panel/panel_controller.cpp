@@ -156,12 +156,12 @@ void PanelController::refreshRows() {
 
 void PanelController::showRows() {
   std::vector<PanelRow> rows =
-      panelRows(*panel_, {.expansion = expansion_,
-                          .expandedOverrideIDs = scanner_->expandedOverrideIDs.get(),
-                          .benchmarks = scanner_->benchmarks.get(),
-                          .ejectStates = scanner_->ejectStates.get(),
-                          .pulses = pulses_.phases(),
-                          .testProgress = scanner_->testProgress.get()});
+      panelRows(panel_, {.expansion = expansion_,
+                         .expandedOverrideIDs = scanner_->expandedOverrideIDs.get(),
+                         .benchmarks = scanner_->benchmarks.get(),
+                         .ejectStates = scanner_->ejectStates.get(),
+                         .pulses = pulses_.phases(),
+                         .testProgress = scanner_->testProgress.get()});
   for (const PanelRow& row : rows) {
     if (row.place) {
       expansion_.see(row.id, row.place->startsExpanded);

@@ -46,7 +46,7 @@ QVariant PanelListModel::data(const QModelIndex& index, int role) const {
   case RowIdRole:
     return QString::fromStdString(row->id);
   case ContentRole:
-    return std::visit([](const auto& content) { return QVariant::fromValue(content); },
+    return std::visit([](const auto& content) { return QVariant::fromValue(*content); },
                       row->content);
   case Qt::DisplayRole:
   case SentenceRole:

@@ -22,10 +22,12 @@ PanelRow::Kind kindOf(const ExpandableRow& row) {
 /// Collects the lines of one card after another.
 class RowWriter {
 public:
-  explicit RowWriter(const RowStates& states) : states_(states) {}
+  RowWriter(const std::shared_ptr<const Panel>& panel, const RowStates& states)
+      : panel_(panel), states_(states) {}
 
   void write(const PortCard& card) {
-    PanelRow header{.kind = PanelRow::Kind::PortHeader, .id = card.id, .content = card.header};
+    PanelRow header{
+        .kind = PanelRow::Kind::PortHeader, .id = card.id, .content = part(card.header)};
     header.canExpand = true;
     header.isExpanded = states_.expansion.isExpanded(card.id, /*startsExpanded=*/false,
                                                      states_.expandedOverrideIDs);
@@ -38,15 +40,17 @@ public:
   }
 
   void write(const StandaloneUSBCard& card) {
-    begin({.kind = PanelRow::Kind::BusHeader, .id = card.id, .content = card.header});
+    begin({.kind = PanelRow::Kind::BusHeader, .id = card.id, .content = part(card.header)});
     write(card.rows);
     writeNothingAttached(card);
     end();
   }
 
   void write(const ChargerCard& card) {
-    begin({.kind = PanelRow::Kind::ChargerHeader, .id = card.id, .content = card.header});
-    append({.kind = PanelRow::Kind::ChargerBody, .id = card.id + "//adapter", .content = card.row});
+    begin({.kind = PanelRow::Kind::ChargerHeader, .id = card.id, .content = part(card.header)});
+    append({.kind = PanelRow::Kind::ChargerBody,
+            .id = card.id + "//adapter",
+            .content = part(card.row)});
     end();
   }
 
@@ -62,12 +66,15 @@ private:
 
   void writeBody(const PortCard& card) {
     if (!card.power.isEmpty()) {
-      append({.kind = PanelRow::Kind::PortPower, .id = card.id + "//power", .content = card.power});
+      append({.kind = PanelRow::Kind::PortPower,
+              .id = card.id + "//power",
+              .content = part(card.power)});
     }
     write(card.rows);
     if (card.partner) {
-      append(
-          {.kind = PanelRow::Kind::Partner, .id = card.id + "//partner", .content = *card.partner});
+      append({.kind = PanelRow::Kind::Partner,
+              .id = card.id + "//partner",
+              .content = part(*card.partner)});
     }
     writeNothingAttached(card);
   }
@@ -106,23 +113,33 @@ private:
   }
 
   PanelRow::Content contentOf(const ExpandableRow& row) const {
-    PanelRow::Content content =
-        std::visit([](const auto& described) { return PanelRow::Content(described); }, row.content);
-    if (auto* device = std::get_if<USBDeviceDetailRow>(&content)) {
-      addTools({states_.benchmarks, states_.ejectStates, states_.testProgress}, device->volumes);
+    const auto* device = std::get_if<USBDeviceDetailRow>(&row.content);
+    if (device != nullptr && !device->volumes.empty()) {
+      USBDeviceDetailRow withTools = *device;
+      addTools({states_.benchmarks, states_.ejectStates, states_.testProgress}, withTools.volumes);
+      return withTools;
     }
-    return content;
+    return std::visit([this](const auto& content) { return PanelRow::Content(part(content)); },
+                      row.content);
   }
 
+  /// A part of the panel, which keeps the panel alive.
+  template <typename Part>
+  SharedValue<Part> part(const Part& part) const {
+    return SharedValue<Part>(std::shared_ptr<const Part>(panel_, &part));
+  }
+
+  const std::shared_ptr<const Panel>& panel_;
   const RowStates& states_;
   std::vector<PanelRow> rows_;
 };
 
 } // namespace
 
-std::vector<PanelRow> panelRows(const Panel& panel, const RowStates& states) {
-  RowWriter writer(states);
-  for (const Card& card : panel.cards) {
+std::vector<PanelRow> panelRows(const std::shared_ptr<const Panel>& panel,
+                                const RowStates& states) {
+  RowWriter writer(panel, states);
+  for (const Card& card : panel->cards) {
     std::visit([&](const auto& shown) { writer.write(shown); }, card);
   }
   return writer.take();

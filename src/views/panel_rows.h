@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/shared_value.h"
 #include "model/volume_states.h"
 #include "views/panel.h"
 #include "views/row_expansion.h"
@@ -7,6 +8,7 @@
 #include "views/volume_row.h"
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -34,9 +36,12 @@ public:
 struct PanelRow {
   using Kind = views::RowKind;
 
+  /// Parts of the panel are shared with it.
   using Content =
-      std::variant<PortHeader, PortPower, NothingAttachedRow, PartnerNotice, ChargerCardHeader,
-                   ChargerRow, TBDeviceRow, USBBusHeaderRow, USBDeviceDetailRow, ChargingOnlyRow>;
+      std::variant<SharedValue<PortHeader>, SharedValue<PortPower>, SharedValue<NothingAttachedRow>,
+                   SharedValue<PartnerNotice>, SharedValue<ChargerCardHeader>,
+                   SharedValue<ChargerRow>, SharedValue<TBDeviceRow>, SharedValue<USBBusHeaderRow>,
+                   SharedValue<USBDeviceDetailRow>, SharedValue<ChargingOnlyRow>>;
 
   /// The position of a row in the tree, and its look there.
   struct TreePlace {
@@ -52,7 +57,7 @@ struct PanelRow {
   /// A node's stable identifier; for a part of a card's body, with a suffix that no node's
   /// identifier has.
   std::string id = {};
-  Content content = {};
+  Content content = PortHeader{};
   std::optional<TreePlace> place = {};
   bool isFirstOfCard = false;
   bool isLastOfCard = false;
@@ -75,6 +80,6 @@ struct RowStates {
 };
 
 /// The visible lines: those of all cards, and the contents of expanded cards and rows.
-std::vector<PanelRow> panelRows(const Panel& panel, const RowStates& states);
+std::vector<PanelRow> panelRows(const std::shared_ptr<const Panel>& panel, const RowStates& states);
 
 } // namespace tamberline

@@ -128,7 +128,7 @@ void appendTo(Sentence& sentence, const ChargingOnlyRow& charging) {
 
 std::string rowSentence(const PanelRow& row) {
   Sentence sentence;
-  std::visit([&](const auto& content) { appendTo(sentence, content); }, row.content);
+  std::visit([&](const auto& content) { appendTo(sentence, *content); }, row.content);
   if (row.canExpand) {
     sentence << (row.isExpanded ? Loc::expanded() : Loc::collapsed());
   }

@@ -34,11 +34,11 @@ class PanelListModelTest : public testing::Test {
 protected:
   void show(std::vector<Card> cards, const std::map<std::string, Pulse>& pulses = {}) {
     const Panel panel{.state = Panel::State::Cards, .cards = std::move(cards)};
-    model.setRows(panelRows(panel, {.expansion = {},
-                                    .expandedOverrideIDs = {},
-                                    .benchmarks = {},
-                                    .ejectStates = {},
-                                    .pulses = pulses}));
+    model.setRows(panelRows(std::make_shared<const Panel>(panel), {.expansion = {},
+                                                                   .expandedOverrideIDs = {},
+                                                                   .benchmarks = {},
+                                                                   .ejectStates = {},
+                                                                   .pulses = pulses}));
   }
 
   QVariant at(int row, const char* role) const {

@@ -3,6 +3,7 @@
 #include "views/panel_rows.h"
 
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -12,12 +13,12 @@ namespace tamberline {
 /// The states that rows show in addition to the panel's description; the test fills them in.
 struct SampleStates {
   std::vector<PanelRow> rowsOf(const Panel& panel) const {
-    return panelRows(panel, {.expansion = expansion,
-                             .expandedOverrideIDs = overrides,
-                             .benchmarks = benchmarks,
-                             .ejectStates = ejectStates,
-                             .pulses = pulses,
-                             .testProgress = testProgress});
+    return panelRows(std::make_shared<const Panel>(panel), {.expansion = expansion,
+                                                            .expandedOverrideIDs = overrides,
+                                                            .benchmarks = benchmarks,
+                                                            .ejectStates = ejectStates,
+                                                            .pulses = pulses,
+                                                            .testProgress = testProgress});
   }
 
   RowExpansion expansion = {};

@@ -230,7 +230,8 @@ TEST(PanelRows, HaveTheToolsOfEachVolume) {
   const std::vector<PanelRow> rows = states.rowsOf(panel);
 
   ASSERT_EQ(rows.size(), 2U);
-  const std::vector<VolumeRow>& volumes = std::get<USBDeviceDetailRow>(rows[1].content).volumes;
+  const std::vector<VolumeRow>& volumes =
+      std::get<SharedValue<USBDeviceDetailRow>>(rows[1].content)->volumes;
   ASSERT_EQ(volumes.size(), 2U);
   EXPECT_EQ(volumes[0].tools, volumeTools({}, EjectState{EjectState::Ejecting{}}));
   VolumeTools tested = volumeTools(states.benchmarks["/Volumes/Copy"], std::nullopt);
@@ -403,7 +404,9 @@ TEST(Rows, LookDifferentWhenTheirStateChanged) {
       {"place", [](PanelRow& row) { row.place->depth = 1; }, false},
       {"tools",
        [](PanelRow& row) {
-         std::get<USBDeviceDetailRow>(row.content).volumes.at(0).tools.showsTestProgress = true;
+         USBDeviceDetailRow changed = *std::get<SharedValue<USBDeviceDetailRow>>(row.content);
+         changed.volumes.at(0).tools.showsTestProgress = true;
+         row.content = changed;
        },
        false},
   };
