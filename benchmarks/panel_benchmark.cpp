@@ -33,12 +33,15 @@ std::filesystem::path deskSample() {
   return std::filesystem::path(SAMPLES_FOLDER) / "desk";
 }
 
+void save(const std::string& answer, Question question, const std::filesystem::path& folder) {
+  std::ofstream(folder / savedFileName(question)) << answer;
+}
+
 std::filesystem::path largeMachine() {
   static const QTemporaryDir folder;
   static const bool isSaved = [] {
-    for (const auto& [question, content] : makeLargeMachine(devicesOfLargeMachine)) {
-      std::ofstream(std::filesystem::path(folder.path().toStdString()) / savedFileName(question))
-          << content;
+    for (const auto& [question, answer] : makeLargeMachine(devicesOfLargeMachine)) {
+      save(answer, question, folder.path().toStdString());
     }
     return true;
   }();
@@ -117,6 +120,27 @@ void unchangedRescan(benchmark::State& state) {
   countRows(state, panel);
 }
 BENCHMARK(unchangedRescan)->Unit(benchmark::kMillisecond);
+
+/// A group of hubs with its devices leaves and comes back.
+void changedRescan(benchmark::State& state) {
+  const std::filesystem::path folder = largeMachine();
+  const std::string with = makeLargeMachine(devicesOfLargeMachine).at(Question::usb);
+  const std::string without = makeLargeMachine(devicesOfLargeMachine - 50).at(Question::usb);
+  BenchedPanel panel(folder);
+  panel.controller().expandAll();
+  panel.settle();
+  bool isThere = true;
+  for (auto iteration : state) {
+    state.PauseTiming();
+    isThere = !isThere;
+    save(isThere ? with : without, Question::usb, folder);
+    state.ResumeTiming();
+    panel.scan();
+  }
+  save(with, Question::usb, folder);
+  countRows(state, panel);
+}
+BENCHMARK(changedRescan)->Unit(benchmark::kMillisecond);
 
 /// The large machine with all its rows open, for the parts of a rescan after its tree is built.
 struct OpenMachine {

@@ -3,8 +3,19 @@
 
 namespace tamberline {
 
+namespace {
+
+QCoro::Task<LastReading<ContainerIDs>> readContainerIDs(Acquisition acquisition) {
+  return fetchContainerIDs(std::move(acquisition), nullptr);
+}
+
+} // namespace
+
 void tryInput(std::string_view input) {
-  const ContainerIDs identifiers = probedDump(fetchContainerIDs, Question::usbHostDevices, input);
+  const LastReading<ContainerIDs> reading =
+      probedDump(readContainerIDs, Question::usbHostDevices, input);
+  require(reading != nullptr, "an answer is always read");
+  const ContainerIDs& identifiers = reading->result;
   for (const std::int64_t locationID : {0x01100000LL, 0xFFFFFFFFLL, -1LL}) {
     const std::optional<std::string> found = identifiers.find(locationID);
     require(!found || identifiers.size() > 0, "nothing is found where nothing is");

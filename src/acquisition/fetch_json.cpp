@@ -12,13 +12,21 @@ namespace {
 constexpr std::chrono::milliseconds retryInterval{150};
 
 /// Absent if the answer is not a report.
-QCoro::Task<std::optional<nlohmann::json>> attemptReport(Acquisition acquisition,
-                                                         Question section) {
-  InBackground<std::string> asking(acquisition.queue, [machine = acquisition.machine, section] {
-    return machine->answer(section);
-  });
-  const std::string answer = co_await asking;
-  co_return decodeReport(answer);
+QCoro::Task<std::optional<FetchedReport>> attemptReport(Acquisition acquisition, Question section,
+                                                        AnswerDigest known) {
+  auto asking = ask(std::move(acquisition), section);
+  Answer answer = co_await asking;
+  FetchedReport report;
+  report.answer = std::move(answer);
+  if (report.answer.digest == known) {
+    co_return report;
+  }
+  std::optional<nlohmann::json> content = decodeReport(report.answer.text);
+  if (!content) {
+    co_return std::nullopt;
+  }
+  report.content = std::move(*content);
+  co_return report;
 }
 
 /// The name of the section in the error.
@@ -38,25 +46,25 @@ std::string nameOf(Question section) {
 } // namespace
 
 QCoro::Task<FetchedReport> fetchJSON(Acquisition acquisition, Question section,
-                                     std::shared_ptr<const CancelRequest> cancelRequest) {
-  auto firstAttempt = attemptReport(acquisition, section);
-  std::optional<nlohmann::json> report = co_await firstAttempt;
+                                     std::shared_ptr<const CancelRequest> cancelRequest,
+                                     AnswerDigest known) {
+  auto firstAttempt = attemptReport(acquisition, section, known);
+  std::optional<FetchedReport> report = co_await firstAttempt;
   if (!report && !cancelRequest->isCancelled) {
     Delay pause(acquisition.queue, retryInterval);
     co_await pause;
     if (!cancelRequest->isCancelled) {
-      auto secondAttempt = attemptReport(acquisition, section);
+      auto secondAttempt = attemptReport(acquisition, section, known);
       report = co_await secondAttempt;
     }
   }
-  FetchedReport fetched;
   if (report) {
-    fetched.content = std::move(*report);
-  } else {
-    fetched.error = ReportError{
-        .domain = "Tamberline", .code = 1, .description = "Could not parse " + nameOf(section)};
+    co_return std::move(*report);
   }
-  co_return fetched;
+  FetchedReport failed;
+  failed.error = ReportError{
+      .domain = "Tamberline", .code = 1, .description = "Could not parse " + nameOf(section)};
+  co_return failed;
 }
 
 } // namespace tamberline

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "acquisition/acquisition.h"
+#include "acquisition/answer.h"
 
 #include <QCoro/QCoroTask>
 #include <nlohmann/json.hpp>
@@ -17,8 +18,11 @@ struct ReportError {
   std::string description;
 };
 
-/// The top-level object of one report section, or the error because of which there is none.
+/// The answer for one report section with its top-level object, or the error because of which there
+/// is none.
 struct FetchedReport {
+  Answer answer;
+  /// Null if the answer is the known one, which is not decoded again.
   nlohmann::json content;
   std::optional<ReportError> error;
 };
@@ -30,8 +34,10 @@ struct CancelRequest {
 };
 
 /// Requests one section of the hardware report in the background. If the answer is not a JSON
-/// object, it tries a second time after 150 ms. Main thread only.
+/// object, it tries a second time after 150 ms. `known` is the digest of an answer that was read
+/// before. Main thread only.
 QCoro::Task<FetchedReport> fetchJSON(Acquisition acquisition, Question section,
-                                     std::shared_ptr<const CancelRequest> cancelRequest);
+                                     std::shared_ptr<const CancelRequest> cancelRequest,
+                                     AnswerDigest known = {});
 
 } // namespace tamberline

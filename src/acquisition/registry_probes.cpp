@@ -1,27 +1,31 @@
 #include "acquisition/registry_probes.h"
 
-#include "async/awaitables.h"
 #include "registry/probe_results.h"
 #include "registry/property_list.h"
 
+#include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace tamberline {
 
 namespace {
 
-/// Asks `question` and parses the dump with `read`. Returns a default result if the answer is not a
-/// property list.
+/// A default result if the answer is not a property list.
+template <typename Result>
+Result readDump(std::string answer, Result (*read)(const PropertyList& dump)) {
+  const std::optional<PropertyList> dump = PropertyList::decode(std::move(answer));
+  return dump ? read(*dump) : Result{};
+}
+
+/// Asks `question` and parses the dump with `read`.
 template <typename Result>
 QCoro::Task<Result> probe(Acquisition acquisition, Question question,
                           Result (*read)(const PropertyList& dump)) {
-  InBackground<std::string> asking(acquisition.queue, [machine = acquisition.machine, question] {
-    return machine->answer(question);
-  });
-  std::string answer = co_await asking;
-  const std::optional<PropertyList> dump = PropertyList::decode(std::move(answer));
-  co_return dump ? read(*dump) : Result{};
+  auto asking = ask(std::move(acquisition), question);
+  Answer answer = co_await asking;
+  co_return readDump(std::move(answer.text), read);
 }
 
 } // namespace
@@ -38,8 +42,16 @@ QCoro::Task<std::map<std::int64_t, std::int64_t>> fetchPortCurrentLimits(Acquisi
   return probe(std::move(acquisition), Question::deviceTree, portCurrentLimitsIn);
 }
 
-QCoro::Task<ContainerIDs> fetchContainerIDs(Acquisition acquisition) {
-  return probe(std::move(acquisition), Question::usbHostDevices, containerIDsIn);
+QCoro::Task<LastReading<ContainerIDs>> fetchContainerIDs(Acquisition acquisition,
+                                                         LastReading<ContainerIDs> last) {
+  auto asking = ask(std::move(acquisition), Question::usbHostDevices);
+  Answer answer = co_await asking;
+  if (last && last->digest == answer.digest) {
+    co_return last;
+  }
+  Reading<ContainerIDs> reading{.digest = answer.digest, .result = {}};
+  reading.result = readDump(std::move(answer.text), containerIDsIn);
+  co_return std::make_shared<const Reading<ContainerIDs>>(std::move(reading));
 }
 
 QCoro::Task<FedDetails> fetchFedDetails(Acquisition acquisition) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "acquisition/acquisition.h"
+#include "acquisition/answer.h"
 #include "model/container_ids.h"
 #include "model/power_records.h"
 #include "registry/probe_results.h"
@@ -19,7 +20,9 @@ namespace tamberline {
 QCoro::Task<std::vector<HPMPort>> fetchHPMPorts(Acquisition acquisition);
 QCoro::Task<std::map<std::int64_t, PortPowerOut>> fetchPortPowerOut(Acquisition acquisition);
 QCoro::Task<std::map<std::int64_t, std::int64_t>> fetchPortCurrentLimits(Acquisition acquisition);
-QCoro::Task<ContainerIDs> fetchContainerIDs(Acquisition acquisition);
+/// Returns `last` if the dump has not changed since.
+QCoro::Task<LastReading<ContainerIDs>> fetchContainerIDs(Acquisition acquisition,
+                                                         LastReading<ContainerIDs> last);
 QCoro::Task<FedDetails> fetchFedDetails(Acquisition acquisition);
 
 } // namespace tamberline

@@ -34,10 +34,7 @@ PanelController* PanelController::create(QQmlEngine* engine, QJSEngine* /*script
 void PanelController::observeScanner() {
   const auto redescribe = [this] { describe(); };
   const auto refresh = [this] { refreshRows(); };
-  observations_.push_back(scanner_->portTree.observe([this] {
-    removeVanishedRows();
-    describe();
-  }));
+  observations_.push_back(scanner_->portTree.observe([this] { followTree(); }));
   observations_.push_back(scanner_->hpmPorts.observe(redescribe));
   observations_.push_back(scanner_->portPowerOut.observe(redescribe));
   observations_.push_back(scanner_->portCurrentLimitMa.observe(redescribe));
@@ -200,6 +197,13 @@ void PanelController::followHighlight() {
 void PanelController::dropExpansion() {
   expansion_.collapseAll(allContainerIDs(scanner_->portTree.get()));
   refreshRows();
+}
+
+void PanelController::followTree() {
+  if (std::exchange(shownTreeVersion_, scanner_->treeVersion()) != scanner_->treeVersion()) {
+    removeVanishedRows();
+    describe();
+  }
 }
 
 void PanelController::removeVanishedRows() {

@@ -95,6 +95,7 @@ private:
   void refreshRows();
   void showRows();
   bool updatePulses();
+  void followTree();
   void removeVanishedRows();
   void followHighlight();
   void dropExpansion();
@@ -106,6 +107,7 @@ private:
   RowPulses pulses_;
   PanelListModel rows_;
   std::shared_ptr<const Panel> panel_;
+  std::uint64_t shownTreeVersion_ = 0;
   bool wasHighlightShown_ = false;
   std::vector<Observation> observations_; // last: their callbacks use everything above
 };

@@ -74,6 +74,13 @@ public:
     }
   }
 
+  /// The same as setting an equal value, without copying it.
+  void rewrite() {
+    if (!SupportsEquality<Value>::value) {
+      notify();
+    }
+  }
+
   [[nodiscard]] Observation observe(std::function<void()> onChange) {
     const std::uint64_t key = nextKey_++;
     observers_->emplace(key, std::move(onChange));
@@ -111,6 +118,7 @@ public:
 
 private:
   friend Owner;
+  using ObservableField<Value>::rewrite;
   using ObservableField<Value>::set;
 };
 

@@ -1,10 +1,10 @@
 #include "scanner/port_scanner.h"
 
-#include "acquisition/fetch_json.h"
 #include "acquisition/registry_probes.h"
 #include "i18n/loc.h"
 #include "reports/container_hubs.h"
 #include "reports/power_report.h"
+#include "reports/report_decoding.h"
 #include "reports/thunderbolt_report.h"
 #include "reports/usb_report.h"
 #include "tree/node_identifiers.h"
@@ -23,17 +23,24 @@ struct FirstResults {
   FetchedReport thunderbolt;
   FetchedReport usb;
   FetchedReport power;
-  ContainerIDs containerIDs;
+  LastReading<ContainerIDs> containerIDs;
   /// The first failure, in the order above; the other fields are not used then.
   std::optional<ReportError> error;
 };
 
-QCoro::Task<FirstResults> fetchFirstResults(Acquisition acquisition) {
+/// The answers of the last scan, to recognise those that have not changed.
+struct LastAnswers {
+  AnswerDigest thunderbolt;
+  AnswerDigest usb;
+  LastReading<ContainerIDs> containerIDs;
+};
+
+QCoro::Task<FirstResults> fetchFirstResults(Acquisition acquisition, LastAnswers last) {
   const auto cancelRequest = std::make_shared<CancelRequest>();
-  auto thunderbolt = fetchJSON(acquisition, Question::thunderbolt, cancelRequest);
-  auto usb = fetchJSON(acquisition, Question::usb, cancelRequest);
+  auto thunderbolt = fetchJSON(acquisition, Question::thunderbolt, cancelRequest, last.thunderbolt);
+  auto usb = fetchJSON(acquisition, Question::usb, cancelRequest, last.usb);
   auto power = fetchJSON(acquisition, Question::power, cancelRequest);
-  auto containerIDs = fetchContainerIDs(acquisition);
+  auto containerIDs = fetchContainerIDs(acquisition, last.containerIDs);
 
   FirstResults results;
   results.thunderbolt = co_await thunderbolt;
@@ -103,25 +110,27 @@ QCoro::Task<> PortScanner::runScan(std::shared_ptr<PortScanner> self) {
 /// missing or the tree is too large.
 QCoro::Task<std::optional<std::string>> PortScanner::gather(std::shared_ptr<PortScanner> self) {
   const Acquisition acquisition = self->outside_.acquisition;
-  auto firstStep = fetchFirstResults(acquisition);
+  auto firstStep = fetchFirstResults(acquisition, {.thunderbolt = self->thunderboltAnswer_,
+                                                   .usb = self->usbAnswer_,
+                                                   .containerIDs = self->containerIDs_});
   FirstResults results = co_await firstStep;
   if (results.error) {
     co_return results.error->description;
   }
-  self->thunderboltBuses.set(parseThunderbolt(results.thunderbolt.content));
-  self->usbBuses.set(mergeContainerHubs(parseUSB(results.usb.content, results.containerIDs)));
+  self->publishThunderbolt(results.thunderbolt);
+  self->publishUSB(results.usb, results.containerIDs);
   self->publishPower(parsePower(results.power.content));
   auto fedStep = fetchFedDetails(acquisition);
   FedDetails fedDetails = co_await fedStep;
   self->fedPortStates.set(std::move(fedDetails.ports));
   self->bestAdapterIndex.set(fedDetails.bestAdapterIndex);
   auto controllerStep = fetchHPMPorts(acquisition);
-  self->hpmPorts.set(co_await controllerStep);
+  self->publishForTree(self->hpmPorts, co_await controllerStep);
   auto powerStep = fetchPortPowerOut(acquisition);
   self->portPowerOut.set(co_await powerStep);
   if (self->portCurrentLimitMa.get().empty()) {
     auto limitStep = fetchPortCurrentLimits(acquisition);
-    self->portCurrentLimitMa.set(co_await limitStep);
+    self->publishForTree(self->portCurrentLimitMa, co_await limitStep);
   }
   std::optional<std::string> treeError = self->publishTree();
   self->removeVanishedVolumes();
@@ -129,26 +138,67 @@ QCoro::Task<std::optional<std::string>> PortScanner::gather(std::shared_ptr<Port
   co_return treeError;
 }
 
+/// Publishes the same records again if the report has not changed: parsing a large one takes long.
+void PortScanner::publishThunderbolt(const FetchedReport& report) {
+  if (report.answer.digest == thunderboltAnswer_) {
+    thunderboltBuses.rewrite();
+    return;
+  }
+  isTreeOutdated_ = true;
+  thunderboltBuses.set(parseThunderbolt(report.content));
+  thunderboltAnswer_ = report.answer.digest;
+}
+
+/// As for Thunderbolt; container identifiers decide which hubs are merged.
+void PortScanner::publishUSB(const FetchedReport& report,
+                             const LastReading<ContainerIDs>& containerIDs) {
+  const bool isReportKnown = report.answer.digest == usbAnswer_;
+  if (isReportKnown && containerIDs == containerIDs_) {
+    usbBuses.rewrite();
+    return;
+  }
+  isTreeOutdated_ = true;
+  const std::optional<nlohmann::json> known =
+      isReportKnown ? decodeReport(report.answer.text) : std::nullopt;
+  usbBuses.set(mergeContainerHubs(parseUSB(known ? *known : report.content, containerIDs->result)));
+  usbAnswer_ = report.answer.digest;
+  containerIDs_ = containerIDs;
+}
+
+/// Publishes a field from which the tree is built.
+template <typename Value>
+void PortScanner::publishForTree(Published<Value>& field, Value value) {
+  isTreeOutdated_ = isTreeOutdated_ || !(field.get() == value);
+  field.set(std::move(value));
+}
+
 void PortScanner::publishPower(PowerReading reading) {
   if (reading.battery) {
     battery.set(std::move(reading.battery));
   }
   if (reading.charger) {
-    charger.set(std::move(reading.charger));
+    publishForTree(charger, std::move(reading.charger));
   }
 }
 
 /// Returns the failure's text if the tree would be too large.
 std::optional<std::string> PortScanner::publishTree() {
-  const PortTreeInputs inputs{.thunderboltBuses = thunderboltBuses.get(),
-                              .usbBuses = usbBuses.get(),
-                              .charger = charger.get(),
-                              .hpmPorts = hpmPorts.get(),
-                              .portCurrentLimitMa = portCurrentLimitMa.get()};
-  if (exceedsTreeLimits(inputs)) {
-    return std::string(Loc::tooManyDevices());
+  if (isTreeOutdated_) {
+    const PortTreeInputs inputs{.thunderboltBuses = thunderboltBuses.get(),
+                                .usbBuses = usbBuses.get(),
+                                .charger = charger.get(),
+                                .hpmPorts = hpmPorts.get(),
+                                .portCurrentLimitMa = portCurrentLimitMa.get()};
+    if (exceedsTreeLimits(inputs)) {
+      return std::string(Loc::tooManyDevices());
+    }
+    std::vector<TreeNode> tree = assignStableIDs(buildPortTree(inputs), "");
+    isTreeOutdated_ = false;
+    ++treeVersion_;
+    portTree.set(std::move(tree));
+  } else {
+    portTree.rewrite();
   }
-  portTree.set(assignStableIDs(buildPortTree(inputs), ""));
   lastScanned.set(outside_.now());
   errorMessage.set(std::nullopt);
   return std::nullopt;

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "acquisition/acquisition.h"
+#include "acquisition/answer.h"
+#include "acquisition/fetch_json.h"
 #include "async/awaitables.h"
+#include "model/container_ids.h"
 #include "model/power_records.h"
 #include "model/thunderbolt_records.h"
 #include "model/usb_records.h"
@@ -80,6 +83,9 @@ public:
   /// The tree that is displayed, with stable identifiers. A scan sets it after the fields from
   /// which it is built.
   Published<std::vector<TreeNode>> portTree;
+  /// Increases when a scan replaces `portTree` by another tree. A scan of an unchanged machine
+  /// writes the field, but not another tree.
+  std::uint64_t treeVersion() const { return treeVersion_; }
   /// The last reported values; a report without them does not clear them.
   Published<std::optional<ChargerInfo>> charger;
   Published<std::optional<BatteryInfo>> battery;
@@ -128,7 +134,11 @@ private:
                                               std::string mountPoint);
   static QCoro::Task<> identifyVolumes(std::shared_ptr<PortScanner> self);
   static QCoro::Task<std::optional<std::string>> gather(std::shared_ptr<PortScanner> self);
+  void publishThunderbolt(const FetchedReport& report);
+  void publishUSB(const FetchedReport& report, const LastReading<ContainerIDs>& containerIDs);
   void publishPower(PowerReading reading);
+  template <typename Value>
+  void publishForTree(Published<Value>& field, Value value);
   std::optional<std::string> publishTree();
   void startMonitor();
   bool isBeingMeasured(const std::string& mountPoint) const;
@@ -145,6 +155,14 @@ private:
   void removeVanishedVolumes();
 
   ScannerServices outside_;
+
+  // The answers from which the records come that are published now:
+  AnswerDigest thunderboltAnswer_;
+  AnswerDigest usbAnswer_;
+  LastReading<ContainerIDs> containerIDs_;
+
+  bool isTreeOutdated_ = true; // what it is built from has changed since
+  std::uint64_t treeVersion_ = 0;
   std::unique_ptr<PortMonitor> monitor_; // after the first scan
 
   // By mount point:

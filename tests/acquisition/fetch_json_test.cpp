@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <utility>
 
 namespace tamberline {
 namespace {
@@ -21,8 +22,8 @@ protected:
   /// Destroys everything that is still waiting in the queue.
   void TearDown() override { queue->end(); }
 
-  void start(Question section) {
-    store(fetchJSON({machine, queue}, section, cancelRequest), result);
+  void start(Question section, AnswerDigest known = {}) {
+    store(fetchJSON({machine, queue}, section, cancelRequest, std::move(known)), result);
   }
 
   std::shared_ptr<FakeMachine> machine = std::make_shared<FakeMachine>();
@@ -108,6 +109,30 @@ TEST_F(FetchJson, NamesEachSectionInItsError) {
     ASSERT_TRUE((*result)->error.has_value());
     EXPECT_EQ((*result)->error->description, row.description);
   }
+}
+
+TEST_F(FetchJson, DoesNotDecodeTheKnownAnswerAgain) {
+  machine->answer(Question::usb, R"({"SPUSBDataType": []})");
+  start(Question::usb);
+  queue->settle();
+  ASSERT_TRUE(result->has_value());
+  const AnswerDigest known = (*result)->answer.digest;
+  result->reset();
+  start(Question::usb, known);
+  queue->settle();
+  ASSERT_TRUE(result->has_value());
+  EXPECT_FALSE((*result)->error.has_value());
+  EXPECT_EQ((*result)->answer.digest, known);
+  EXPECT_EQ((*result)->answer.text, R"({"SPUSBDataType": []})");
+  EXPECT_TRUE((*result)->content.is_null());
+}
+
+TEST_F(FetchJson, DecodesAnAnswerThatDiffersFromTheKnownOne) {
+  machine->answer(Question::usb, R"({"SPUSBDataType": [1]})");
+  start(Question::usb, AnswerDigest(R"({"SPUSBDataType": [2]})"));
+  queue->settle();
+  ASSERT_TRUE(result->has_value());
+  EXPECT_EQ((*result)->content, nlohmann::json::parse(R"({"SPUSBDataType": [1]})"));
 }
 
 TEST_F(FetchJson, AsksNothingOnceNobodyWantsTheResult) {

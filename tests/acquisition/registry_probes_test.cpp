@@ -6,9 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <utility>
 
 namespace tamberline {
 namespace {
+
+QCoro::Task<LastReading<ContainerIDs>> readContainerIDs(Acquisition acquisition) {
+  return fetchContainerIDs(std::move(acquisition), nullptr);
+}
 
 class RegistryProbes : public testing::Test {
 protected:
@@ -38,7 +43,7 @@ TEST_F(RegistryProbes, AskForTheirPartOfTheRegistry) {
   probe(fetchHPMPorts, Question::portControllers, "");
   probe(fetchPortPowerOut, Question::portPower, "");
   probe(fetchPortCurrentLimits, Question::deviceTree, "");
-  probe(fetchContainerIDs, Question::usbHostDevices, "");
+  probe(readContainerIDs, Question::usbHostDevices, "");
   probe(fetchFedDetails, Question::powerSource, "");
   EXPECT_EQ(
       machine->questions(),
@@ -61,10 +66,34 @@ TEST_F(RegistryProbes, FindNothingInAnAnswerThatIsNoDump) {
     EXPECT_TRUE(probe(fetchHPMPorts, Question::portControllers, output).empty());
     EXPECT_TRUE(probe(fetchPortPowerOut, Question::portPower, output).empty());
     EXPECT_TRUE(probe(fetchPortCurrentLimits, Question::deviceTree, output).empty());
-    EXPECT_EQ(probe(fetchContainerIDs, Question::usbHostDevices, output).size(), 0U);
+    EXPECT_EQ(probe(readContainerIDs, Question::usbHostDevices, output)->result.size(), 0U);
     EXPECT_TRUE(probe(fetchFedDetails, Question::powerSource, output).ports.empty());
     EXPECT_EQ(probe(fetchFedDetails, Question::powerSource, output).bestAdapterIndex, 0);
   }
+}
+
+std::string dumpWithContainer(const std::string& identifier) {
+  return propertyList("<array><dict><key>locationID</key><integer>1</integer>"
+                      "<key>kUSBContainerID</key><string>" +
+                      identifier + "</string></dict></array>");
+}
+
+TEST_F(RegistryProbes, ReadTheContainersAgainOnlyIfTheirDumpChanged) {
+  LastReading<ContainerIDs> last;
+  const auto readAgain = [&](const std::string& dump) {
+    machine->answer(Question::usbHostDevices, dump);
+    const auto result = std::make_shared<std::optional<LastReading<ContainerIDs>>>();
+    store(fetchContainerIDs({machine, queue}, last), result);
+    queue->settle();
+    return result->value_or(nullptr);
+  };
+  last = readAgain(dumpWithContainer("box"));
+  ASSERT_NE(last, nullptr);
+  EXPECT_EQ(last->result.find(1), "box");
+  EXPECT_EQ(readAgain(dumpWithContainer("box")), last);
+  const LastReading<ContainerIDs> changed = readAgain(dumpWithContainer("bag"));
+  ASSERT_NE(changed, nullptr);
+  EXPECT_EQ(changed->result.find(1), "bag");
 }
 
 } // namespace

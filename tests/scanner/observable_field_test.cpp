@@ -122,5 +122,17 @@ TEST(ObservableField, MayBeWrittenByItsObserver) {
   EXPECT_EQ(told, 2);
 }
 
+TEST(ObservableField, RewritingNotifiesOnlyIfValuesCannotBeCompared) {
+  struct Incomparable {};
+  ObservableField<int> number;
+  ObservableField<std::vector<Incomparable>> list;
+  int notifications = 0;
+  const Observation ofNumber = number.observe([&] { notifications += 1; });
+  const Observation ofList = list.observe([&] { notifications += 10; });
+  number.rewrite();
+  list.rewrite();
+  EXPECT_EQ(notifications, 10);
+}
+
 } // namespace
 } // namespace tamberline

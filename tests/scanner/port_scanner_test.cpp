@@ -297,6 +297,65 @@ TEST_F(PortScannerTest, GivesTheSameIdentifiersInEveryScan) {
   EXPECT_EQ(scanner->portTree.get().front().children.front().id, id);
 }
 
+TEST_F(PortScannerTest, KeepsTheTreeOfAnUnchangedMachine) {
+  answerWithAFullMachine();
+  scan();
+  const std::uint64_t version = scanner->treeVersion();
+  const Uuid busID = scanner->thunderboltBuses.get().front().id;
+  now += 5s;
+  scan();
+  EXPECT_EQ(scanner->treeVersion(), version);
+  EXPECT_EQ(scanner->thunderboltBuses.get().front().id, busID) << "the report is not parsed again";
+  EXPECT_EQ(scanner->lastScanned.get(), now);
+}
+
+TEST_F(PortScannerTest, BuildsTheTreeAgainIfAnyAnswerThatItShowsChanged) {
+  const struct {
+    Question question;
+    std::string answer;
+  } rows[] = {
+      {Question::thunderbolt, R"({"SPThunderboltDataType": [{"_name": "thunderbolt_bus_3"}]})"},
+      {Question::usb, R"({"SPUSBDataType": [{"_name": "USB31Bus", "_items": [{"_name": "x"}]}]})"},
+      {Question::power, R"({"SPPowerDataType": [{"_name": "sppower_ac_charger_information",
+          "sppower_ac_charger_name": "30W Adapter", "sppower_battery_charger_connected": "TRUE"}]})"},
+      {Question::portControllers, propertyList("<array/>")},
+      {Question::usbHostDevices, propertyList("<array/>")},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(nameOf(row.question));
+    answerWithAFullMachine();
+    machine->answer(Question::usb, R"({"SPUSBDataType": []})");
+    machine->answer(Question::usbHostDevices, "");
+    scan();
+    const std::uint64_t version = scanner->treeVersion();
+    scan();
+    ASSERT_EQ(scanner->treeVersion(), version);
+    machine->answer(row.question, row.answer);
+    scan();
+    EXPECT_EQ(scanner->treeVersion(), version + 1);
+  }
+}
+
+TEST_F(PortScannerTest, MergesHubsWhoseContainersAreReportedLater) {
+  machine->answer(Question::usb, R"({"SPUSBDataType": [
+      {"_name": "USB31Bus", "_items": [{"_name": "Fast", "device_speed": "super_speed",
+        "location_id": "0x00100000 / 1"}]},
+      {"_name": "USB20Bus", "_items": [{"_name": "Slow", "device_speed": "high_speed",
+        "location_id": "0x00200000 / 2"}]}]})");
+  scan();
+  EXPECT_EQ(scanner->usbBuses.get().size(), 2U);
+  machine->answer(Question::usbHostDevices,
+                  propertyList("<array>"
+                               "<dict><key>locationID</key><integer>1048576</integer>"
+                               "<key>kUSBContainerID</key><string>box</string></dict>"
+                               "<dict><key>locationID</key><integer>2097152</integer>"
+                               "<key>kUSBContainerID</key><string>box</string></dict>"
+                               "</array>"));
+  scan();
+  EXPECT_EQ(busText(scanner->usbBuses.get()), "USB31Bus\n"
+                                              "  Fast super_speed\n");
+}
+
 TEST_F(PortScannerTest, MergesTheHalvesOfAHub) {
   machine->answer(Question::usb, R"({"SPUSBDataType": [
       {"_name": "USB31Bus", "_items": [{"_name": "Fast", "device_speed": "super_speed",
@@ -343,6 +402,8 @@ TEST_F(PortScannerTest, SaysThatThereAreMoreDevicesThanCanBeShown) {
   answerWithTwinPorts(*machine, 1'000);
   scan();
   EXPECT_EQ(scanner->portTree.get().size(), 10U) << "what is shown stays";
+  scan();
+  EXPECT_EQ(scanner->portTree.get().size(), 10U);
 }
 
 TEST_F(PortScannerTest, TreatsAnExceptionAsAFailure) {
