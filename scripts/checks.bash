@@ -36,6 +36,10 @@ package build-bench the Debian package, in a clean root
 CHECKS
 }
 
+# Prints the checks that leave the processors idle most of the time and only read what others built.
+# They run together, after all others.
+list_light_checks() { printf '%s\n' whole-sets hardening privileges vm desktops manuals package; }
+
 # Prints the project's files that match, including new ones; fails if there are none.
 project_files() {
   git ls-files --cached --others --exclude-standard -- "$@" | grep .
@@ -143,12 +147,13 @@ check_tsan() {
 
 check_fuzz() { scripts/fuzz --seconds 20; }
 
-check_build_bench() { build bench; }
+check_build_bench() {
+  build bench && cmake --build --preset bench --target tool_faults_test random_machines_test
+}
 
-# The slower builds above run only a fifth of these.
+# The build with the sanitizers runs only a fifth of these.
 check_whole_sets() {
-  cmake --build --preset bench --target tool_faults_test random_machines_test &&
-    build/bench/tests/scanner/tool_faults_test --gtest_brief=1 &&
+  build/bench/tests/scanner/tool_faults_test --gtest_brief=1 &&
     build/bench/tests/tools/random_machines_test --gtest_brief=1
 }
 
