@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/power_delivery.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -79,6 +81,7 @@ struct HPMPort {
   PortPartner partner = PortPartner::none;
   /// Absent if nothing was agreed on or the controller does not report it.
   std::optional<AgreedPower> agreedPower = {};
+  PortDetails details = {};
 
   bool isCharger() const;
   bool isChargeOnlyDevice() const;

@@ -2,6 +2,7 @@
 
 #include "base/shared_list.h"
 #include "base/uuid.h"
+#include "model/device_ability.h"
 #include "model/true_link.h"
 #include "model/usb_records.h"
 
@@ -49,6 +50,8 @@ struct ThunderboltDevice {
   std::vector<USBDevice> drives = {};
   /// Whether the computer lets it use that bus; absent if there is no such choice.
   std::optional<bool> isAuthorized = {};
+  /// The most that its upstream link can be; absent if nothing is known.
+  std::optional<LinkLimit> linkLimit = {};
 
   std::string modeLabel() const;
   /// Per lane; 0 if the report's text contains no known speed.

@@ -2,6 +2,7 @@
 
 #include "base/shared_list.h"
 #include "base/uuid.h"
+#include "model/device_ability.h"
 
 #include <cstdint>
 #include <optional>
@@ -49,6 +50,9 @@ struct USBDevice {
   std::optional<std::string> containerID = {};
   /// 0-based index of the computer's port; absent without a location.
   std::optional<std::int64_t> physicalPort = {};
+  /// Distinguishes it from all other devices of a scan; absent without a location.
+  std::optional<std::int64_t> locationID = {};
+  USBAbility ability = {};
   std::vector<USBVolume> volumes = {};
   SharedList<USBDevice> children = {};
   /// The negotiated speed if there is no token for it; absent otherwise.

@@ -4,6 +4,7 @@
 #include "acquisition/answer.h"
 #include "acquisition/fetch_json.h"
 #include "async/awaitables.h"
+#include "model/charging_state.h"
 #include "model/container_ids.h"
 #include "model/power_records.h"
 #include "model/thunderbolt_records.h"
@@ -102,6 +103,8 @@ public:
   /// The progress of the current phase of running benchmarks, in percent by mount point.
   ObservableField<std::map<std::string, int>> testProgress;
   Published<std::vector<HPMPort>> hpmPorts;
+  /// Of the last scan; absent if the machine reports nothing about it.
+  Published<std::optional<ChargingState>> charging;
   /// By 1-based port number.
   Published<std::map<std::int64_t, PortPowerOut>> portPowerOut;
   /// mA by 1-based port number. Once a scan has found any, later scans do not read them again.
