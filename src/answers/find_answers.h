@@ -1,0 +1,34 @@
+#pragma once
+
+#include "answers/answer.h"
+#include "model/charging_state.h"
+#include "model/power_records.h"
+#include "model/volume_states.h"
+#include "tree/tree_node.h"
+
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tamberline {
+
+/// The state of a scan from which answers are found. Everything must outlive the call only.
+struct AnswerInputs {
+  /// With stable identifiers.
+  std::span<const TreeNode> portTree = {};
+  std::span<const HPMPort> hpmPorts = {};
+  /// Null if nothing is known.
+  const ChargingState* charging = nullptr;
+  std::optional<ChargerInfo> charger = {};
+  std::optional<BatteryInfo> battery = {};
+  /// By mount point.
+  std::map<std::string, BenchmarkPhase> benchmarks = {};
+};
+
+/// Those that need attention first, then the notes, each in tree order. The time is linear in the
+/// size of the tree.
+std::vector<Answer> findAnswers(const AnswerInputs& inputs);
+
+} // namespace tamberline
