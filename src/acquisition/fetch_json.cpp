@@ -15,7 +15,7 @@ constexpr std::chrono::milliseconds retryInterval{150};
 QCoro::Task<std::optional<FetchedReport>> attemptReport(Acquisition acquisition, Question section,
                                                         AnswerDigest known) {
   auto asking = ask(std::move(acquisition), section);
-  Answer answer = co_await asking;
+  MachineAnswer answer = co_await asking;
   FetchedReport report;
   report.answer = std::move(answer);
   if (report.answer.digest == known) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "acquisition/acquisition.h"
-#include "acquisition/answer.h"
+#include "acquisition/machine_answer.h"
 
 #include <QCoro/QCoroTask>
 #include <nlohmann/json.hpp>
@@ -21,7 +21,7 @@ struct ReportError {
 /// The answer for one report section with its top-level object, or the error because of which there
 /// is none.
 struct FetchedReport {
-  Answer answer;
+  MachineAnswer answer;
   /// Null if the answer is the known one, which is not decoded again.
   nlohmann::json content;
   std::optional<ReportError> error;

@@ -24,7 +24,7 @@ template <typename Result>
 QCoro::Task<Result> probe(Acquisition acquisition, Question question,
                           Result (*read)(const PropertyList& dump)) {
   auto asking = ask(std::move(acquisition), question);
-  Answer answer = co_await asking;
+  MachineAnswer answer = co_await asking;
   co_return readDump(std::move(answer.text), read);
 }
 
@@ -45,7 +45,7 @@ QCoro::Task<std::map<std::int64_t, std::int64_t>> fetchPortCurrentLimits(Acquisi
 QCoro::Task<LastReading<ContainerIDs>> fetchContainerIDs(Acquisition acquisition,
                                                          LastReading<ContainerIDs> last) {
   auto asking = ask(std::move(acquisition), Question::usbHostDevices);
-  Answer answer = co_await asking;
+  MachineAnswer answer = co_await asking;
   if (last && last->digest == answer.digest) {
     co_return last;
   }

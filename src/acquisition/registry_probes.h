@@ -4,7 +4,7 @@
 #pragma once
 
 #include "acquisition/acquisition.h"
-#include "acquisition/answer.h"
+#include "acquisition/machine_answer.h"
 #include "model/container_ids.h"
 #include "model/power_records.h"
 #include "registry/probe_results.h"

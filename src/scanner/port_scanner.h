@@ -1,7 +1,7 @@
 #pragma once
 
 #include "acquisition/acquisition.h"
-#include "acquisition/answer.h"
+#include "acquisition/machine_answer.h"
 #include "acquisition/fetch_json.h"
 #include "async/awaitables.h"
 #include "model/charging_state.h"

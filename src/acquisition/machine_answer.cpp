@@ -1,4 +1,4 @@
-#include "acquisition/answer.h"
+#include "acquisition/machine_answer.h"
 
 #include "async/awaitables.h"
 
@@ -13,13 +13,13 @@ AnswerDigest::AnswerDigest(std::string_view answer)
           QByteArrayView(answer.data(), static_cast<qsizetype>(answer.size())),
           QCryptographicHash::Blake2b_256)) {}
 
-QCoro::Task<Answer> ask(Acquisition acquisition, Question question) {
-  InBackground<Answer> asking(acquisition.queue, [machine = acquisition.machine, question] {
-    Answer answer{.text = machine->answer(question), .digest = {}};
+QCoro::Task<MachineAnswer> ask(Acquisition acquisition, Question question) {
+  InBackground<MachineAnswer> asking(acquisition.queue, [machine = acquisition.machine, question] {
+    MachineAnswer answer{.text = machine->answer(question), .digest = {}};
     answer.digest = AnswerDigest(answer.text);
     return answer;
   });
-  Answer answer = co_await asking;
+  MachineAnswer answer = co_await asking;
   co_return answer;
 }
 

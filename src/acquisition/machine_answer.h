@@ -25,13 +25,13 @@ private:
 };
 
 /// An answer of a machine with its digest.
-struct Answer {
+struct MachineAnswer {
   std::string text;
   AnswerDigest digest;
 };
 
 /// Asks `question` in the background and computes the digest there. Main thread only.
-QCoro::Task<Answer> ask(Acquisition acquisition, Question question);
+QCoro::Task<MachineAnswer> ask(Acquisition acquisition, Question question);
 
 /// What was read from one answer. An equal answer gives the same object again, so readers recognise
 /// by its address that nothing changed.
