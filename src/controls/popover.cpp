@@ -8,7 +8,8 @@ Popover* Popover::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
   return engineObject<Popover>(*engine);
 }
 
-void Popover::toggle(QQuickItem* button, const QString& title, const QString& text) {
+void Popover::toggle(QQuickItem* button, const QString& title, const QString& text,
+                     const QString& secondText) {
   const bool wasOpen = target_ == button;
   close();
   if (wasOpen) {
@@ -17,6 +18,7 @@ void Popover::toggle(QQuickItem* button, const QString& title, const QString& te
   target_ = button;
   title_ = title;
   text_ = text;
+  secondText_ = secondText;
   connect(button, &QQuickItem::visibleChanged, this, &Popover::close);
   connect(button, &QObject::destroyed, this, &Popover::changed);
   emit changed();

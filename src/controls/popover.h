@@ -11,8 +11,9 @@ class QQmlEngine;
 
 namespace tamberline {
 
-/// The one explanation that can be open on the panel: the button that opened it, its title and its
-/// text. Closes when its button is hidden or deleted. Main thread only.
+/// The one explanation that can be open on the panel: the button that opened it, its title, its
+/// text and, if there is one, a second text. Closes when its button is hidden or deleted. Main
+/// thread only.
 class Popover final : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -20,6 +21,7 @@ class Popover final : public QObject {
 
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(QString text READ text NOTIFY changed)
+  Q_PROPERTY(QString secondText READ secondText NOTIFY changed)
   /// Null if none is open.
   Q_PROPERTY(QQuickItem* target READ target NOTIFY changed)
 
@@ -32,9 +34,11 @@ public:
 
   QString title() const { return title_; }
   QString text() const { return text_; }
+  QString secondText() const { return secondText_; }
   QQuickItem* target() const { return target_; }
 
-  Q_INVOKABLE void toggle(QQuickItem* button, const QString& title, const QString& text);
+  Q_INVOKABLE void toggle(QQuickItem* button, const QString& title, const QString& text,
+                          const QString& secondText = {});
   Q_INVOKABLE void close();
 
 signals:
@@ -44,6 +48,7 @@ private:
   QPointer<QQuickItem> target_;
   QString title_;
   QString text_;
+  QString secondText_;
 };
 
 } // namespace tamberline

@@ -75,6 +75,17 @@ std::string items(std::int64_t count) {
                     {" items", " Geräte", " éléments", " elementi", " elementos"});
 }
 
+std::string moreAnswers(std::int64_t count) {
+  if (count == 1) {
+    return std::string(
+        inCurrentLanguage({"1 more problem", "1 weiteres Problem", "1 autre problème",
+                           "1 altro problema", "1 problema más"}));
+  }
+  return between(
+      {"", "", "", "Altri ", ""}, std::to_string(count),
+      {" more problems", " weitere Probleme", " autres problèmes", " problemi", " problemas más"});
+}
+
 std::string hubTotalRatedDraw(std::string_view watts) {
   return withSuffix(watts,
                     {" hub total (rated draw)", " Hub gesamt (nominal)", " total hub (nominal)",

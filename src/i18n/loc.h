@@ -16,6 +16,8 @@ namespace tamberline::Loc {
 
 std::string updated(std::string_view when);
 std::string items(std::int64_t count);
+/// How many answers that need attention are not shown.
+std::string moreAnswers(std::int64_t count);
 std::string hubTotalRatedDraw(std::string_view watts);
 std::string chargingAtW(std::int64_t watts);
 std::string poweringSystemW(std::int64_t watts);

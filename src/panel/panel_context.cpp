@@ -12,15 +12,16 @@ namespace {
 /// `create`.
 template <typename... Singleton>
 constexpr bool areNotDefaultConstructible = (!std::is_default_constructible_v<Singleton> && ...);
-static_assert(areNotDefaultConstructible<Tooltips, PanelController, PanelSizing, Popover,
-                                         SearchController, StatusColors, Theme, UpdatedText>);
+static_assert(
+    areNotDefaultConstructible<AnswersController, Tooltips, PanelController, PanelSizing, Popover,
+                               SearchController, StatusColors, Theme, UpdatedText>);
 
 } // namespace
 
 PanelContext::PanelContext(Outside outside)
     : theme_(outside.fontScale), sizing_(outside.queue), tooltips_(outside.queue),
-      updated_(outside.scanner, outside.queue, std::move(outside.now)),
-      panel_(outside.scanner, outside.queue, std::move(outside.actions)),
+      updated_(outside.scanner, outside.queue, std::move(outside.now)), answers_(outside.scanner),
+      panel_(outside.scanner, outside.queue, answers_, std::move(outside.actions)),
       search_(outside.scanner, outside.queue,
               [this](const std::string& id) { return panel_.rows()->indexOf(id); }) {}
 
@@ -32,6 +33,7 @@ void PanelContext::attachTo(QQmlEngine& engine) {
   setEngineObject(engine, tooltips_);
   setEngineObject(engine, popover_);
   setEngineObject(engine, updated_);
+  setEngineObject(engine, answers_);
   setEngineObject(engine, panel_);
   setEngineObject(engine, search_);
 }

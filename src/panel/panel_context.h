@@ -4,6 +4,7 @@
 #include "controls/popover.h"
 #include "controls/theme.h"
 #include "controls/tooltips.h"
+#include "panel/answers_controller.h"
 #include "panel/panel_controller.h"
 #include "panel/panel_sizing.h"
 #include "panel/search_controller.h"
@@ -37,6 +38,7 @@ public:
   /// Makes the objects available to the engine's QML, which finds them by type.
   void attachTo(QQmlEngine& engine);
 
+  AnswersController* answers() { return &answers_; }
   PanelController* panel() { return &panel_; }
   SearchController* search() { return &search_; }
   PanelSizing* sizing() { return &sizing_; }
@@ -55,6 +57,7 @@ private:
   Tooltips tooltips_;
   Popover popover_{nullptr};
   UpdatedText updated_;
+  AnswersController answers_; // before the rows, which show its answers
   PanelController panel_;
   SearchController search_;
 };

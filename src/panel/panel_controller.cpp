@@ -20,11 +20,13 @@ void appendIDs(const std::vector<TreeNode>& nodes, std::vector<std::string>& ids
 } // namespace
 
 PanelController::PanelController(std::shared_ptr<PortScanner> scanner,
-                                 std::shared_ptr<MainQueue> queue, PanelActions actions)
-    : scanner_(std::move(scanner)), actions_(std::move(actions)),
+                                 std::shared_ptr<MainQueue> queue, const AnswersController& answers,
+                                 PanelActions actions)
+    : scanner_(std::move(scanner)), answers_(answers), actions_(std::move(actions)),
       pulses_(scanner_, std::move(queue), [this] { refreshRows(); }) {
   describe();
   observeScanner();
+  connect(&answers_, &AnswersController::answersChanged, this, &PanelController::refreshRows);
 }
 
 PanelController* PanelController::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
@@ -158,7 +160,8 @@ void PanelController::showRows() {
                          .benchmarks = scanner_->benchmarks.get(),
                          .ejectStates = scanner_->ejectStates.get(),
                          .pulses = pulses_.phases(),
-                         .testProgress = scanner_->testProgress.get()});
+                         .testProgress = scanner_->testProgress.get(),
+                         .answers = &answers_.answers()});
   for (const PanelRow& row : rows) {
     if (row.place) {
       expansion_.see(row.id, row.place->startsExpanded);

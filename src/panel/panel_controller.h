@@ -1,6 +1,7 @@
 #pragma once
 
 #include "async/main_queue.h"
+#include "panel/answers_controller.h"
 #include "panel/panel_list_model.h"
 #include "panel/panel_texts.h"
 #include "panel/row_pulses.h"
@@ -56,8 +57,9 @@ class PanelController final : public QObject {
   Q_PROPERTY(bool canDrawSymbols READ canDrawSymbols CONSTANT)
 
 public:
+  /// `answers` must outlive it.
   PanelController(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
-                  PanelActions actions);
+                  const AnswersController& answers, PanelActions actions);
 
   /// The engine's instance; called by QML.
   static PanelController* create(QQmlEngine* engine, QJSEngine* scriptEngine);
@@ -101,6 +103,7 @@ private:
   void dropExpansion();
 
   std::shared_ptr<PortScanner> scanner_;
+  const AnswersController& answers_;
   PanelActions actions_;
   bool canDrawSymbols_ = tamberline::canDrawSymbols();
   RowExpansion expansion_;

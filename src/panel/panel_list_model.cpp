@@ -67,6 +67,8 @@ QVariant PanelListModel::data(const QModelIndex& index, int role) const {
     return QVariant::fromValue(place.tint);
   case PulseRole:
     return static_cast<int>(row->pulse);
+  case AnswerRole:
+    return QVariant::fromValue(row->answer ? **row->answer : RowAnswer{});
   default:
     return {};
   }
@@ -86,6 +88,7 @@ QHash<int, QByteArray> PanelListModel::roleNames() const {
       {ExpandedRole, "isExpanded"},
       {TintRole, "tint"},
       {PulseRole, "pulse"},
+      {AnswerRole, "answer"},
   };
 }
 

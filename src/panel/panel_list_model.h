@@ -28,6 +28,7 @@ public:
     ExpandedRole,
     TintRole,
     PulseRole,
+    AnswerRole,
   };
 
   using QAbstractListModel::QAbstractListModel;

@@ -18,9 +18,13 @@ class PanelTexts {
   Q_PROPERTY(QString hintClearSearch READ hintClearSearch CONSTANT)
   Q_PROPERTY(QString hintCollapseAll READ hintCollapseAll CONSTANT)
   Q_PROPERTY(QString hintExpandAll READ hintExpandAll CONSTANT)
+  Q_PROPERTY(QString hintExplain READ hintExplain CONSTANT)
   Q_PROPERTY(QString hintManual READ hintManual CONSTANT)
   Q_PROPERTY(QString hintScan READ hintScan CONSTANT)
+  Q_PROPERTY(QString hintShowAnswer READ hintShowAnswer CONSTANT)
+  Q_PROPERTY(QString needsAttention READ needsAttention CONSTANT)
   Q_PROPERTY(QString noSearchResults READ noSearchResults CONSTANT)
+  Q_PROPERTY(QString note READ note CONSTANT)
   Q_PROPERTY(QString portList READ portList CONSTANT)
   Q_PROPERTY(QString quit READ quit CONSTANT)
   Q_PROPERTY(QString scanningPorts READ scanningPorts CONSTANT)
@@ -33,9 +37,13 @@ public:
   static QString hintClearSearch() { return toQString(Loc::hintClearSearch()); }
   static QString hintCollapseAll() { return toQString(Loc::hintCollapseAll()); }
   static QString hintExpandAll() { return toQString(Loc::hintExpandAll()); }
+  static QString hintExplain() { return toQString(Loc::hintExplain()); }
   static QString hintManual() { return toQString(Loc::hintManual()); }
   static QString hintScan() { return toQString(Loc::hintScan()); }
+  static QString hintShowAnswer() { return toQString(Loc::hintShowAnswer()); }
+  static QString needsAttention() { return toQString(Loc::needsAttention()); }
   static QString noSearchResults() { return toQString(Loc::noSearchResults()); }
+  static QString note() { return toQString(Loc::note()); }
   static QString portList() { return toQString(Loc::portList()); }
   static QString quit() { return toQString(Loc::quit()); }
   static QString scanningPorts() { return toQString(Loc::scanningPorts()); }

@@ -51,8 +51,12 @@ void SearchController::setScrollProxy(ScrollProxy* proxy) {
 
 void SearchController::jumpToSuggestion(int index) {
   if (const SearchEntry* entry = suggestions_.entryAt(index)) {
-    jumpTo(SearchEntry(*entry)); // a copy: clearing the search clears the suggestions
+    jumpTo(std::string(entry->id)); // a copy: clearing the search clears the suggestions
   }
+}
+
+void SearchController::jumpToNode(const QString& id) {
+  jumpTo(id.toStdString());
 }
 
 void SearchController::clear() {
@@ -84,14 +88,14 @@ void SearchController::refreshSuggestions() {
   emit suggestionsChanged();
 }
 
-void SearchController::jumpTo(const SearchEntry& entry) {
+void SearchController::jumpTo(const std::string& id) {
   clear();
   std::set<std::string> expanded = scanner_->expandedOverrideIDs.get();
-  for (std::string& id : ancestorIDs(entry.id)) {
-    expanded.insert(std::move(id));
+  for (std::string& ancestor : ancestorIDs(id)) {
+    expanded.insert(std::move(ancestor));
   }
   scanner_->expandedOverrideIDs.set(std::move(expanded));
-  after(rowAppearTime, [this, id = entry.id] { highlight(id); });
+  after(rowAppearTime, [this, id] { highlight(id); });
 }
 
 void SearchController::highlight(const std::string& id) {

@@ -61,6 +61,8 @@ public:
 
   /// Expands the nodes that contain the suggestion, highlights it and scrolls to it.
   Q_INVOKABLE void jumpToSuggestion(int index);
+  /// The same for any node of the port tree, by its identifier.
+  Q_INVOKABLE void jumpToNode(const QString& id);
   /// Does nothing if nothing was found.
   Q_INVOKABLE void jumpToFirst() { jumpToSuggestion(0); }
   /// Also moves keyboard focus to the field, because the suggestions, which may have it, disappear.
@@ -79,7 +81,7 @@ signals:
 private:
   std::vector<SearchEntry> filteredSuggestions() const;
   void refreshSuggestions();
-  void jumpTo(const SearchEntry& entry);
+  void jumpTo(const std::string& id);
   void highlight(const std::string& id);
   void scrollTo(const std::string& id);
   void after(std::chrono::milliseconds delay, MainQueue::Work step);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "acquisition/acquisition.h"
-#include "acquisition/machine_answer.h"
 #include "acquisition/fetch_json.h"
+#include "acquisition/machine_answer.h"
 #include "async/awaitables.h"
 #include "model/charging_state.h"
 #include "model/container_ids.h"

@@ -90,7 +90,16 @@ private:
 
   void append(PanelRow row) {
     row.pulse = lookUp(states_.pulses, row.id).value_or(Pulse::None);
+    row.answer = answerOf(row);
     rows_.push_back(std::move(row));
+  }
+
+  std::optional<SharedValue<RowAnswer>> answerOf(const PanelRow& row) const {
+    if (states_.answers == nullptr || states_.answers->empty()) {
+      return std::nullopt;
+    }
+    auto answer = states_.answers->of(row.id, row.canExpand && !row.isExpanded);
+    return answer ? std::optional(SharedValue<RowAnswer>(std::move(answer))) : std::nullopt;
   }
 
   void write(const std::vector<ExpandableRow>& siblings) {

@@ -3,6 +3,7 @@
 #include "base/shared_value.h"
 #include "model/volume_states.h"
 #include "views/panel.h"
+#include "views/panel_answers.h"
 #include "views/row_expansion.h"
 #include "views/view_enums.h"
 #include "views/volume_row.h"
@@ -64,6 +65,8 @@ struct PanelRow {
   bool canExpand = false;
   bool isExpanded = false;
   Pulse pulse = Pulse::None;
+  /// Absent if no answer concerns the row.
+  std::optional<SharedValue<RowAnswer>> answer = {};
 
   friend bool operator==(const PanelRow&, const PanelRow&) = default;
 };
@@ -77,6 +80,8 @@ struct RowStates {
   const std::map<std::string, Pulse>& pulses;
   /// The progress of the current phase of a test, in percent.
   std::map<std::string, int> testProgress = {};
+  /// Null if there are none.
+  const PanelAnswers* answers = nullptr;
 };
 
 /// The visible lines: those of all cards, and the contents of expanded cards and rows.

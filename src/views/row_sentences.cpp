@@ -132,6 +132,10 @@ std::string rowSentence(const PanelRow& row) {
   if (row.canExpand) {
     sentence << (row.isExpanded ? Loc::expanded() : Loc::collapsed());
   }
+  if (row.answer) {
+    const RowAnswer& answer = **row.answer;
+    sentence << (answer.isAboutContent ? answer.title + ": " + answer.text : answer.text);
+  }
   return sentence.take();
 }
 

@@ -17,6 +17,14 @@ QString shownTooltip(std::string_view text) {
   return shownLabel(text, maxTooltipLength);
 }
 
+QString shownParagraphs(std::string_view text, std::size_t maxLength) {
+  QStringList paragraphs;
+  for (const std::string_view paragraph : splitNonEmpty(text, '\n')) {
+    paragraphs.push_back(shownLabel(paragraph, maxLength));
+  }
+  return paragraphs.join(QLatin1Char('\n'));
+}
+
 QString shownSymbol(std::string_view symbol) {
   return QString::fromUtf8(symbol.data(), static_cast<qsizetype>(symbol.size()));
 }

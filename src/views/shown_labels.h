@@ -25,6 +25,8 @@ QString shownLabel(std::string_view text, std::size_t maxLength = maxLabelLength
 /// Empty if absent.
 QString labelOrEmpty(const std::optional<std::string>& text);
 QString shownTooltip(std::string_view text);
+/// Keeps line breaks.
+QString shownParagraphs(std::string_view text, std::size_t maxLength);
 /// Unchanged, because the names of symbols never come from devices.
 QString shownSymbol(std::string_view symbol);
 

@@ -71,7 +71,7 @@ TEST_F(PanelControllerTest, KeepsTheCardsWhenALaterScanFails) {
 
 TEST_F(PanelControllerTest, ShowsWhatIsThereWhenItComesLater) {
   scanADesk();
-  const PanelController late(scanner, queue, {});
+  const PanelController late(scanner, queue, *answers, {});
   EXPECT_EQ(late.state(), Panel::State::Cards);
 }
 

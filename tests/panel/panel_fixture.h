@@ -20,7 +20,8 @@ class PanelFixture : public ScannerFixture {
 protected:
   void SetUp() override {
     ScannerFixture::SetUp();
-    panel = std::make_unique<PanelController>(scanner, queue, actions());
+    answers = std::make_unique<AnswersController>(scanner);
+    panel = std::make_unique<PanelController>(scanner, queue, *answers, actions());
     tester = std::make_unique<QAbstractItemModelTester>(
         panel->rows(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     recorder = std::make_unique<ModelRecorder>(*panel->rows());
@@ -47,6 +48,16 @@ protected:
     machine->answer(Question::thunderbolt, R"({"SPThunderboltDataType": [
       {"_name": "thunderboltusb4_bus_0"}, {"_name": "thunderboltusb4_bus_1"}]})");
     machine->answer(Question::usb, R"({"SPUSBDataType": []})");
+  }
+
+  /// The same with a dock that is not authorised: it needs attention.
+  void answerWithAnUnauthorizedDock() {
+    answerWithADesk();
+    machine->answer(Question::thunderbolt, R"({"SPThunderboltDataType": [
+      {"_name": "thunderboltusb4_bus_0", "_items": [{"_name": "Harbour Dock",
+        "vendor_name_key": "Harbour", "switch_uid_key": "0xD0",
+        "tamberline_is_authorized": "FALSE"}]},
+      {"_name": "thunderboltusb4_bus_1"}]})");
   }
 
   void scanADesk() {
@@ -121,6 +132,7 @@ protected:
     return {};
   }
 
+  std::unique_ptr<AnswersController> answers;
   std::unique_ptr<PanelController> panel;
   std::unique_ptr<QAbstractItemModelTester> tester;
   std::unique_ptr<ModelRecorder> recorder;

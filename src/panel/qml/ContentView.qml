@@ -45,12 +45,23 @@ FocusScope {
     ChromeHeightKey {
         height: suggestions.implicitHeight
     }
+    AnswerStrip {
+        id: answers
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: suggestions.bottom
+        height: implicitHeight
+    }
+    ChromeHeightKey {
+        height: answers.implicitHeight
+    }
     Rectangle {
         id: upperDivider
 
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.top: suggestions.bottom
+        anchors.top: answers.bottom
         color: Theme.separator
         height: 1
     }
@@ -107,6 +118,11 @@ FocusScope {
         Paragraph {
             color: Theme.secondary
             text: Popover.text
+            width: 280
+        }
+        Paragraph {
+            text: Popover.secondText
+            visible: text !== ""
             width: 280
         }
     }

@@ -88,6 +88,7 @@ ListView {
                 required property tbDeviceRow content
 
                 TBDeviceRow {
+                    answer: tbRow.answer
                     canExpand: tbRow.canExpand
                     content: tbRow.content
                     isExpanded: tbRow.isExpanded
@@ -104,6 +105,7 @@ ListView {
                 required property usbBusHeaderRow content
 
                 USBBusHeaderRow {
+                    answer: busRow.answer
                     canExpand: busRow.canExpand
                     content: busRow.content
                     isExpanded: busRow.isExpanded
@@ -120,6 +122,7 @@ ListView {
                 required property usbDeviceDetailRow content
 
                 USBDeviceDetailRow {
+                    answer: deviceRow.answer
                     canExpand: deviceRow.canExpand
                     content: deviceRow.content
                     isExpanded: deviceRow.isExpanded
@@ -136,6 +139,7 @@ ListView {
                 required property chargerRow content
 
                 ChargerRow {
+                    answer: chargerRow.answer
                     content: chargerRow.content
                     width: parent.width
                 }
@@ -150,6 +154,7 @@ ListView {
                 required property chargingOnlyRow content
 
                 ChargingOnlyRow {
+                    answer: chargingRow.answer
                     content: chargingRow.content
                     width: parent.width
                 }

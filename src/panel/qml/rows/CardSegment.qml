@@ -1,6 +1,7 @@
 import QtQuick
 import Tamberline
 import Tamberline.Controls
+import Tamberline.Views
 
 // One line of a card, with its part of the card's background. If it can be expanded, it is a
 // button.
@@ -12,6 +13,7 @@ FocusScope {
     required property bool isLastOfCard
     required property string sentence
     required property bool canExpand
+    required property rowAnswer answer
     property int topPadding: 2
     default property alias lines: body.data
     readonly property int overlap: 12

@@ -24,6 +24,7 @@ CardSegment {
         ChargerRow {
             id: row
 
+            answer: segment.answer
             content: segment.content
             width: parent.width - 16
             x: 8

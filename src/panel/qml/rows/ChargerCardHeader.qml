@@ -41,6 +41,11 @@ CardSegment {
                 tooltip: segment.content.portTooltip
                 LineLayout.isTrailing: true
             }
+            RowEnd {
+                answer: segment.answer
+                canExpand: false
+                isExpanded: false
+            }
         }
     }
 }

@@ -7,6 +7,7 @@ import Tamberline.Views
 LineLayout {
     id: row
 
+    required property rowAnswer answer
     required property chargerRow content
 
     alignsBaselines: true
@@ -38,5 +39,10 @@ LineLayout {
             color: row.content.isCharging ? StatusColors.inks.of(Views.Green) : Theme.secondary
             text: row.content.rated
         }
+    }
+    RowEnd {
+        answer: row.answer
+        canExpand: false
+        isExpanded: false
     }
 }

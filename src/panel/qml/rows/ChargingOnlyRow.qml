@@ -7,6 +7,7 @@ import Tamberline.Views
 Item {
     id: row
 
+    required property rowAnswer answer
     required property chargingOnlyRow content
 
     implicitHeight: Math.max(symbol.height, lines.height)
@@ -39,6 +40,11 @@ Item {
             BadgeView {
                 badge: row.content.badge
                 LineLayout.isTrailing: true
+            }
+            RowEnd {
+                answer: row.answer
+                canExpand: false
+                isExpanded: false
             }
         }
         Paragraph {

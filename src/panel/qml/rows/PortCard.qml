@@ -73,9 +73,10 @@ CardSegment {
                     LineLayout.isTrailing: true
                 }
             }
-            Chevron {
+            RowEnd {
+                answer: card.answer
+                canExpand: true
                 isExpanded: card.isExpanded
-                LineLayout.isPinned: true
             }
         }
         Rectangle {

@@ -14,6 +14,7 @@ CardSegment {
         width: parent.width
 
         USBBusHeaderRow {
+            answer: segment.answer
             canExpand: false
             content: segment.content
             isExpanded: false

@@ -8,6 +8,7 @@ Stack {
     id: row
 
     required property tbDeviceRow content
+    required property rowAnswer answer
     required property bool canExpand
     required property bool isExpanded
 
@@ -38,10 +39,10 @@ Stack {
             text: row.content.ratedDraw
             LineLayout.isTrailing: true
         }
-        Chevron {
+        RowEnd {
+            answer: row.answer
+            canExpand: row.canExpand
             isExpanded: row.isExpanded
-            visible: row.canExpand
-            LineLayout.isPinned: true
         }
     }
     Loader {

@@ -8,6 +8,7 @@ LineLayout {
     id: row
 
     required property usbBusHeaderRow content
+    required property rowAnswer answer
     required property bool canExpand
     required property bool isExpanded
 
@@ -28,9 +29,9 @@ LineLayout {
         text: row.content.ratedDraw
         LineLayout.isTrailing: true
     }
-    Chevron {
+    RowEnd {
+        answer: row.answer
+        canExpand: row.canExpand
         isExpanded: row.isExpanded
-        visible: row.canExpand
-        LineLayout.isPinned: true
     }
 }

@@ -8,6 +8,7 @@ Stack {
     id: row
 
     required property usbDeviceDetailRow content
+    required property rowAnswer answer
     required property bool canExpand
     required property bool isExpanded
 
@@ -42,7 +43,7 @@ Stack {
             symbol: "arrow.up.circle"
             visible: row.content.speedNote.title !== ""
             LineLayout.isTrailing: true
-            onTriggered: Popover.toggle(explain, row.content.speedNote.title, row.content.speedNote.note)
+            onTriggered: Popover.toggle(explain, row.content.speedNote.title, row.content.speedNote.note, row.answer.text)
         }
         TextLine {
             color: Theme.secondary
@@ -50,10 +51,11 @@ Stack {
             tooltip: row.content.hubTotal.tooltip
             LineLayout.isTrailing: true
         }
-        Chevron {
+        RowEnd {
+            answer: row.answer
+            canExpand: row.canExpand
             isExpanded: row.isExpanded
-            visible: row.canExpand
-            LineLayout.isPinned: true
+            showsMark: row.answer.isShown && !explain.visible
         }
     }
     Loader {
