@@ -78,7 +78,7 @@ private:
   Anchor anchor_;
   std::shared_ptr<MainQueue> queue_;
   PanelWindow::Kind kind_ = PanelWindow::Kind::ordinary; // of the current window
-  std::unique_ptr<CornerHold> hold_; // while the desktop holds the open window in a corner
+  std::unique_ptr<WindowHold> hold_; // while the desktop holds the open window in a corner
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<PanelWindowFrame> frame_;
   std::optional<WindowManager> manager_;

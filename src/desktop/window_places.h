@@ -8,14 +8,13 @@
 
 namespace tamberline {
 
-/// Holds a window in a corner of its screen, within the area that bars leave free, until it is
-/// destroyed.
-class CornerHold {
+/// Something that a desktop does for an open window until this is destroyed.
+class WindowHold {
 public:
-  CornerHold() = default;
-  CornerHold(const CornerHold&) = delete;
-  CornerHold& operator=(const CornerHold&) = delete;
-  virtual ~CornerHold() = default;
+  WindowHold() = default;
+  WindowHold(const WindowHold&) = delete;
+  WindowHold& operator=(const WindowHold&) = delete;
+  virtual ~WindowHold() = default;
 };
 
 /// Who decides the position of the program's windows on a desktop. Main thread only.
@@ -44,7 +43,7 @@ public:
 
   /// Only if the decider is `corner`, and only before the window is shown. Until the hold is
   /// destroyed, it receives all clicks outside the window except those on bars.
-  virtual std::unique_ptr<CornerHold> holdInCorner(QWindow& window, Qt::Corner corner,
+  virtual std::unique_ptr<WindowHold> holdInCorner(QWindow& window, Qt::Corner corner,
                                                    HoldEvents events) = 0;
 };
 
@@ -52,7 +51,7 @@ public:
 class FreeWindowPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::program; }
-  std::unique_ptr<CornerHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
+  std::unique_ptr<WindowHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
                                            HoldEvents /*events*/) override {
     return nullptr;
   }

@@ -37,7 +37,7 @@ public:
 
   Decider decider() const override { return decider_; }
 
-  std::unique_ptr<CornerHold> holdInCorner(QWindow& /*window*/, Qt::Corner corner,
+  std::unique_ptr<WindowHold> holdInCorner(QWindow& /*window*/, Qt::Corner corner,
                                            HoldEvents newEvents) override {
     corners.push_back(corner);
     events = std::move(newEvents);
@@ -50,7 +50,7 @@ public:
   int holds = 0;                   // current number of holds
 
 private:
-  class Hold final : public CornerHold {
+  class Hold final : public WindowHold {
   public:
     explicit Hold(FakeWindowPlaces& places) : places_(places) {}
     Hold(const Hold&) = delete;

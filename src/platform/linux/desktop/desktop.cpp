@@ -17,7 +17,7 @@ constexpr const char* backgroundVariable = "TAMBERLINE_START_IN_BACKGROUND";
 class CompositorWindowPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::desktop; }
-  std::unique_ptr<CornerHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
+  std::unique_ptr<WindowHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
                                            HoldEvents /*events*/) override {
     return nullptr;
   }

@@ -30,7 +30,7 @@ private:
   WindowPlaces& places_;
   MenuEntries entries_;
   QMenu menu_;
-  std::unique_ptr<CornerHold> hold_; // may be null
+  std::unique_ptr<WindowHold> hold_; // may be null
 };
 
 } // namespace tamberline

@@ -71,7 +71,7 @@ private:
   WindowPlaces::HoldEvents events_;
 };
 
-class LayerShellHold final : public CornerHold {
+class LayerShellHold final : public WindowHold {
 public:
   LayerShellHold(QWindow& window, Qt::Corner corner, WindowPlaces::HoldEvents events)
       : backdrop_(new Backdrop(std::move(events))) {
@@ -102,7 +102,7 @@ class LayerShellPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::corner; }
 
-  std::unique_ptr<CornerHold> holdInCorner(QWindow& window, Qt::Corner corner,
+  std::unique_ptr<WindowHold> holdInCorner(QWindow& window, Qt::Corner corner,
                                            HoldEvents events) override {
     return std::make_unique<LayerShellHold>(window, corner, std::move(events));
   }
