@@ -1,6 +1,7 @@
 #include "async/qt_main_queue.h"
 #include "inspect_options.h"
 #include "platform/background_tasks.h"
+#include "platform/event_loop.h"
 #include "platform/posix/termination_signals.h"
 #include "platform/preferred_languages.h"
 #include "platform/saved/folder_event_source.h"
@@ -43,6 +44,7 @@ Source sourceOf(const InspectOptions& options) {
 
 /// The program always writes UTF-8, so Qt's notice about the locale is of no use.
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+  useSystemEventLoop();
   const QtMessageHandler usual =
       qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   auto application = std::make_unique<QCoreApplication>(argc, argv);
