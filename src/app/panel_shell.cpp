@@ -32,8 +32,7 @@ void PanelShell::open(const TrayPlace& place) {
     prepare(place);
   }
   window_->show();
-  window_->raise();
-  window_->requestActivate();
+  placement_.places->bringToFront(*window_);
   if (isFirstTime) {
     context_.panel()->scan();
   }
@@ -76,6 +75,9 @@ void PanelShell::prepare(const TrayPlace& place) {
     anchor_.icon = place.icon;
     anchor_.click = place.click ? place.click : anchor_.click; // else the tray is where it was
     this->place();
+  }
+  if (isAttached() && placement_.places->decider() == WindowPlaces::Decider::program) {
+    hold_ = placement_.places->holdBesideIcon(*window_, [this] { leave(); });
   }
 }
 
@@ -193,9 +195,15 @@ void PanelShell::holdInCorner() {
   }
 }
 
-/// An attached panel is only open briefly: a click elsewhere closes it.
 void PanelShell::closeWhenLeft() {
-  if (!isAttached() || window_->isActive() || !isOpen()) {
+  if (isAttached() && !window_->isActive()) {
+    leave();
+  }
+}
+
+/// An attached panel is only open briefly: a click elsewhere closes it.
+void PanelShell::leave() {
+  if (!isOpen()) {
     return;
   }
   close();

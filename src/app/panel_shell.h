@@ -70,6 +70,7 @@ private:
   QScreen* screenOfAnchor() const;
   void holdInCorner();
   void closeWhenLeft();
+  void leave();
   bool isAttached() const { return kind_ == PanelWindow::Kind::attached; }
   bool isHeightFixed() const;
 
@@ -78,7 +79,7 @@ private:
   Anchor anchor_;
   std::shared_ptr<MainQueue> queue_;
   PanelWindow::Kind kind_ = PanelWindow::Kind::ordinary; // of the current window
-  std::unique_ptr<WindowHold> hold_; // while the desktop holds the open window in a corner
+  std::unique_ptr<WindowHold> hold_; // what the desktop does for the open window; may be null
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<PanelWindowFrame> frame_;
   std::optional<WindowManager> manager_;

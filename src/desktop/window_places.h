@@ -33,7 +33,7 @@ public:
 
   virtual Decider decider() const = 0;
 
-  /// The events of a held window. A handler may end the hold.
+  /// The events of a window held in a corner. A handler may end the hold.
   struct HoldEvents {
     /// The height of the screen that bars leave free, in points; sent as soon as the desktop
     /// reports it.
@@ -41,10 +41,25 @@ public:
     std::function<void()> clickedOutside = [] {};
   };
 
-  /// Only if the decider is `corner`, and only before the window is shown. Until the hold is
-  /// destroyed, it receives all clicks outside the window except those on bars.
+  /// Keeps the window in a corner of its screen, within the area that bars leave free. Only if the
+  /// decider is `corner`, and only before the window is shown. Until the hold is destroyed, it
+  /// receives all clicks outside the window except those on bars.
   virtual std::unique_ptr<WindowHold> holdInCorner(QWindow& window, Qt::Corner corner,
                                                    HoldEvents events) = 0;
+
+  /// Prepares a panel that opens briefly beside its icon. Only if the decider is `program`, and
+  /// only before the window is shown. Until the hold is destroyed, it reports clicks outside, which
+  /// may end the hold; then it returns keyboard focus. Null if the desktop does all of this itself.
+  virtual std::unique_ptr<WindowHold> holdBesideIcon(QWindow& /*window*/,
+                                                     std::function<void()> /*clickedOutside*/) {
+    return nullptr;
+  }
+
+  /// Puts a shown window in front of all others and gives it keyboard focus.
+  virtual void bringToFront(QWindow& window) {
+    window.raise();
+    window.requestActivate();
+  }
 };
 
 /// For a desktop on which programs position their windows.

@@ -430,6 +430,68 @@ TEST_F(HeldPanelTest, IsReleasedHoweverItIsClosed) {
   EXPECT_EQ(places->holds, 0);
 }
 
+class PanelHeldBesideItsIconTest : public PanelShellTest {
+protected:
+  using Calls = std::vector<std::string>;
+
+  void SetUp() override {
+    PanelShellTest::SetUp();
+    makeShell(PanelWindow::Kind::attached, places);
+  }
+
+  std::shared_ptr<FakeWindowPlaces> places =
+      std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::program);
+};
+
+TEST_F(PanelHeldBesideItsIconTest, IsHeldBeforeItIsShownAndReleasedWhenItCloses) {
+  openPanel();
+  EXPECT_EQ(places->calls, (Calls{"hold hidden window", "bring shown window to front"}));
+  shell->close();
+  EXPECT_EQ(places->calls.back(), "release");
+  openPanel();
+  EXPECT_EQ(places->holds, 1);
+}
+
+TEST_F(PanelHeldBesideItsIconTest, IsHeldOnceIfItIsOpenedTwice) {
+  openPanel();
+  openPanel();
+  EXPECT_EQ(places->calls, (Calls{"hold hidden window", "bring shown window to front",
+                                  "bring shown window to front"}));
+}
+
+TEST_F(PanelHeldBesideItsIconTest, ClosesOnAClickOutsideThatLeavesItKeyboardFocus) {
+  openPanel();
+  ASSERT_TRUE(shell->window()->isActive());
+  places->events.clickedOutside();
+  EXPECT_FALSE(shell->isOpen());
+  EXPECT_EQ(places->holds, 0);
+}
+
+TEST_F(PanelHeldBesideItsIconTest, DoesNotReopenIfTheClickOutsideWasOnItsIcon) {
+  openPanel();
+  places->events.clickedOutside();
+  shell->toggle();
+  EXPECT_FALSE(shell->isOpen());
+  shell->toggle();
+  EXPECT_TRUE(shell->isOpen());
+}
+
+TEST_F(PanelHeldBesideItsIconTest, IsNotHeldAsAnOrdinaryWindow) {
+  kind = PanelWindow::Kind::ordinary;
+  openPanel();
+  EXPECT_EQ(places->calls, Calls{"bring shown window to front"});
+}
+
+TEST_F(PanelShellTest, IsOnTheScreenIfItsIconIsNot) {
+  makeShell(PanelWindow::Kind::attached);
+  for (const QRect& icon : {QRect(5000, -40, 24, 24), QRect(-24, -24, 24, 24)}) {
+    openPanel({.icon = icon});
+    EXPECT_TRUE(freePlace.contains(shell->window()->geometry().topLeft()));
+    EXPECT_TRUE(freePlace.contains(shell->window()->geometry().topRight()));
+    shell->close();
+  }
+}
+
 class UntoldPanelTest : public PanelShellTest {
 protected:
   void openUntoldPanel() {

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -30,7 +31,7 @@ public:
   int redraws = 0;
 };
 
-/// Holds windows in corners, or never reports their positions.
+/// Holds windows in corners or beside an icon, or never reports their positions.
 class FakeWindowPlaces final : public WindowPlaces {
 public:
   explicit FakeWindowPlaces(Decider decider) : decider_(decider) {}
@@ -45,7 +46,22 @@ public:
     return std::make_unique<Hold>(*this);
   }
 
-  std::vector<Qt::Corner> corners; // of each hold
+  std::unique_ptr<WindowHold> holdBesideIcon(QWindow& window,
+                                             std::function<void()> clickedOutside) override {
+    calls.emplace_back(window.isVisible() ? "hold shown window" : "hold hidden window");
+    events.clickedOutside = std::move(clickedOutside);
+    ++holds;
+    return std::make_unique<Hold>(*this);
+  }
+
+  void bringToFront(QWindow& window) override {
+    calls.emplace_back(window.isVisible() ? "bring shown window to front"
+                                          : "bring hidden window to front");
+    WindowPlaces::bringToFront(window);
+  }
+
+  std::vector<std::string> calls;
+  std::vector<Qt::Corner> corners; // of each hold in a corner
   HoldEvents events;               // of the last hold
   int holds = 0;                   // current number of holds
 
@@ -55,7 +71,10 @@ private:
     explicit Hold(FakeWindowPlaces& places) : places_(places) {}
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
-    ~Hold() override { --places_.holds; }
+    ~Hold() override {
+      --places_.holds;
+      places_.calls.emplace_back("release");
+    }
 
   private:
     FakeWindowPlaces& places_;
