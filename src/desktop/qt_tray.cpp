@@ -14,8 +14,8 @@ constexpr std::chrono::milliseconds barCheckInterval{1000};
 
 } // namespace
 
-QtTray::QtTray(MenuOpener opener, ToneProbe toneProbe)
-    : opener_(opener), toneProbe_(std::move(toneProbe)) {
+QtTray::QtTray(MenuOpener opener, ToneProbe toneProbe, KeyProbe keyProbe)
+    : opener_(opener), toneProbe_(std::move(toneProbe)), keyProbe_(std::move(keyProbe)) {
   QObject::connect(&icon_, &QSystemTrayIcon::activated, &icon_,
                    [this](QSystemTrayIcon::ActivationReason reason) { activate(reason); });
   if (toneProbe_) {
@@ -61,11 +61,28 @@ void QtTray::followBar() {
 }
 
 void QtTray::activate(QSystemTrayIcon::ActivationReason reason) {
-  if (reason == QSystemTrayIcon::Trigger) {
+  if (opener_ == MenuOpener::program) {
+    takeClick(reason);
+  } else if (reason == QSystemTrayIcon::Trigger) {
     events_.clicked(place());
-  } else if (reason == QSystemTrayIcon::Context && opener_ == MenuOpener::program) {
-    openMenu();
   }
+}
+
+/// From a tray that does not have the menu. The menu bar of a Mac sends a double click instead of
+/// the second of two quick clicks.
+void QtTray::takeClick(QSystemTrayIcon::ActivationReason reason) {
+  const bool isLeftClick =
+      reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick;
+  if (reason == QSystemTrayIcon::Context || (isLeftClick && isMenuKeyHeld())) {
+    openMenu();
+  } else if (isLeftClick) {
+    events_.clicked(place());
+  }
+}
+
+/// With Ctrl, a click stands for a right click on a Mac. Qt calls that key "meta" there.
+bool QtTray::isMenuKeyHeld() const {
+  return keyProbe_().testFlag(Qt::MetaModifier);
 }
 
 void QtTray::openMenu() {

@@ -2,6 +2,7 @@
 
 #include "desktop/tray.h"
 
+#include <QGuiApplication>
 #include <QMenu>
 #include <QSystemTrayIcon>
 
@@ -13,14 +14,18 @@ public:
   /// Who opens the menu.
   enum class MenuOpener : unsigned char {
     tray,    // on the click that it reserves for menus
-    program, // on a right click; the tray does not have the menu
+    program, // on a right click or Ctrl-click; the tray does not have the menu
   };
 
   /// Returns the tone of the bar around a position on the screen.
   using ToneProbe = std::function<BarTone(const QRect&)>;
 
-  /// Without a probe, the system colours the icon.
-  explicit QtTray(MenuOpener opener, ToneProbe toneProbe = nullptr);
+  /// Returns which modifier keys are held.
+  using KeyProbe = std::function<Qt::KeyboardModifiers()>;
+
+  /// Without a tone probe, the system colours the icon.
+  explicit QtTray(MenuOpener opener, ToneProbe toneProbe = nullptr,
+                  KeyProbe keyProbe = QGuiApplication::queryKeyboardModifiers);
 
   void show(Look look, Events events) override;
   bool isAvailable() const override;
@@ -35,12 +40,15 @@ public:
 private:
   void activate(QSystemTrayIcon::ActivationReason reason);
   void followBar();
+  void takeClick(QSystemTrayIcon::ActivationReason reason);
+  bool isMenuKeyHeld() const;
   void openMenu();
   TrayPlace place() const { return {.icon = iconGeometry()}; }
 
   MenuOpener opener_;
   QRect drawnAt_; // the position of the icon when the tone of its bar was last read
   ToneProbe toneProbe_;
+  KeyProbe keyProbe_;
   Look look_;
   Events events_;
   QMenu menu_;

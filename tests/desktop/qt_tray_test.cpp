@@ -16,7 +16,8 @@ using Calls = std::vector<std::string>;
 class QtTrayTest : public testing::Test {
 protected:
   std::unique_ptr<QtTray> shownTray(QtTray::MenuOpener opener) {
-    auto tray = std::make_unique<QtTray>(opener, [this](const QRect&) { return barTone; });
+    auto tray = std::make_unique<QtTray>(
+        opener, [this](const QRect&) { return barTone; }, [this] { return heldKeys; });
     tray->show({.title = "Tamberline",
                 .iconName = "tamberline",
                 .icon =
@@ -35,6 +36,7 @@ protected:
   static QMenu* openMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
 
   BarTone barTone = BarTone::unknown;
+  Qt::KeyboardModifiers heldKeys;
   std::vector<BarTone> tones; // of each drawing
   Calls calls;
 };
@@ -67,6 +69,43 @@ TEST_F(QtTrayTest, OpensItsMenuOnlyOnARightClickIfTheProgramOpensIt) {
     action->trigger();
   }
   EXPECT_EQ(calls, (Calls{"open", "quit"}));
+}
+
+TEST_F(QtTrayTest, TakesADoubleClickForASecondClickIfTheProgramOpensTheMenu) {
+  const auto tray = shownTray(QtTray::MenuOpener::program);
+  emit tray->icon().activated(QSystemTrayIcon::Trigger);
+  emit tray->icon().activated(QSystemTrayIcon::DoubleClick);
+  EXPECT_EQ(calls, (Calls{"clicked", "clicked"}));
+}
+
+TEST_F(QtTrayTest, TakesADoubleClickForNothingWhereItFollowsTwoClicks) {
+  const auto tray = shownTray(QtTray::MenuOpener::tray);
+  emit tray->icon().activated(QSystemTrayIcon::DoubleClick);
+  EXPECT_EQ(calls, Calls{});
+}
+
+TEST_F(QtTrayTest, IgnoresOtherButtons) {
+  for (const auto opener : {QtTray::MenuOpener::tray, QtTray::MenuOpener::program}) {
+    const auto tray = shownTray(opener);
+    emit tray->icon().activated(QSystemTrayIcon::MiddleClick);
+    emit tray->icon().activated(QSystemTrayIcon::Unknown);
+    EXPECT_EQ(calls, Calls{});
+    EXPECT_EQ(openMenu(), nullptr);
+  }
+}
+
+TEST_F(QtTrayTest, OpensItsMenuOnACtrlClickIfTheProgramOpensIt) {
+  heldKeys = Qt::MetaModifier; // Qt's name for the Ctrl key of a Mac
+  for (const auto reason : {QSystemTrayIcon::Trigger, QSystemTrayIcon::DoubleClick}) {
+    const auto tray = shownTray(QtTray::MenuOpener::program);
+    emit tray->icon().activated(reason);
+    EXPECT_NE(openMenu(), nullptr);
+    EXPECT_EQ(calls, Calls{});
+  }
+  const auto tray = shownTray(QtTray::MenuOpener::tray);
+  emit tray->icon().activated(QSystemTrayIcon::Trigger);
+  EXPECT_EQ(openMenu(), nullptr);
+  EXPECT_EQ(calls, Calls{"clicked"});
 }
 
 TEST_F(QtTrayTest, DrawsTheIconForTheBarThatIsAroundItNow) {
