@@ -12,6 +12,10 @@ namespace tamberline {
 /// Chooses the graphics API for this system. Call it before the application object is created.
 void chooseGraphics();
 
+/// Keeps the start of a program that shows only its icon from taking keyboard focus. Call it before
+/// the application object is created.
+void startWithoutFocus();
+
 /// The user's folder for the runtime files of programs; empty if the system has none.
 QString systemRuntimeFolder();
 

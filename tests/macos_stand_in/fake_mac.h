@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,11 @@ public:
   /// An object that the nth registration, counted from 0, watches appears or disappears.
   void notifyRegistration(std::size_t index, int objectCount);
   void notifyPowerSource() const;
+
+  /// The user presses a mouse button in another application, or opens the program again. Null while
+  /// nothing watches that.
+  std::function<void()> clickElsewhere;
+  std::function<void()> reopen;
 
   /// One line per call: "watch IOServiceMatched IOUSBDevice", "take", "release object".
   std::vector<std::string> calls;

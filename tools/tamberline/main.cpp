@@ -69,6 +69,7 @@ int main(int argc, char** argv) {
   }
   const bool isInBackground = takeStartInBackground();
   chooseGraphics();
+  startWithoutFocus();
   suppressEncodingNotice();
   auto guard = std::make_optional<DisplayGuard>(QStringLiteral("tamberline"));
   const QApplication application(argc, argv);

@@ -1,11 +1,22 @@
 #include "platform/desktop.h"
 
-#include "desktop/qt_tray.h"
+#include "platform/macos/mac_tray.h"
+#include "platform/macos/mac_window_places.h"
+
+#include <QCoreApplication>
 
 namespace tamberline {
 
-/// The default graphics API is the fastest here.
-void chooseGraphics() {}
+/// The default graphics API is the fastest here. Qt would keep its compiled shaders in a file.
+void chooseGraphics() {
+  QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache);
+}
+
+/// Otherwise Qt activates the application at its start, which takes keyboard focus from whatever
+/// the user types into, for example after login.
+void startWithoutFocus() {
+  qputenv("QT_MAC_DISABLE_FOREGROUND_APPLICATION_TRANSFORM", "1");
+}
 
 /// None: Qt's runtime location on this system is the folder for permanent application data.
 QString systemRuntimeFolder() {
@@ -23,13 +34,11 @@ bool opensPanelOnStart() {
 }
 
 std::shared_ptr<WindowPlaces> makeWindowPlaces() {
-  return std::make_shared<FreeWindowPlaces>();
+  return std::make_shared<MacWindowPlaces>();
 }
 
-/// The program opens the icon's menu itself: if the menu bar had the menu, every click would open
-/// it and none would open the panel.
 std::unique_ptr<Tray> makeDesktopTray(const std::shared_ptr<WindowPlaces>& /*places*/) {
-  return std::make_unique<QtTray>(QtTray::MenuOpener::program);
+  return std::make_unique<MacTray>();
 }
 
 } // namespace tamberline

@@ -31,6 +31,9 @@ void chooseGraphics() {
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
+/// Does nothing: only a window takes keyboard focus here.
+void startWithoutFocus() {}
+
 QString systemRuntimeFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
 }

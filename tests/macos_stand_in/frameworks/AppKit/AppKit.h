@@ -1,8 +1,9 @@
-// A stand-in: only what src/platform/macos/ uses, as the platform documents it. The Objective-C
-// that uses it is compiled but not run.
+// A stand-in: only what src/platform/macos/ uses, as the platform documents it. fake_app_kit.mm
+// implements what windows, the application and its events need; symbols are only compiled.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
+#include <CoreServices/CoreServices.h>
 #include <cstddef>
 #include <cstdint>
 
@@ -52,11 +53,21 @@ typedef signed char BOOL;
 #define NO __objc_no
 #define nil nullptr
 
+typedef long NSInteger;
+typedef unsigned long NSUInteger;
 typedef CGFloat NSFontWeight;
 extern const NSFontWeight NSFontWeightRegular;
 
 __attribute__((objc_root_class))
-@interface NSObject
+@interface NSObject {
+  Class isa;
+}
++ (instancetype)alloc;
++ (Class)class;
+- (instancetype)init;
+- (instancetype)retain;
+- (void)release;
+- (BOOL)isKindOfClass:(Class)aClass;
 @end
 
 @interface NSString : NSObject
@@ -81,6 +92,61 @@ __attribute__((objc_root_class))
 + (void)setCurrentContext:(NSGraphicsContext*)context;
 + (void)saveGraphicsState;
 + (void)restoreGraphicsState;
+@end
+
+typedef NSUInteger NSWindowStyleMask;
+enum : NSWindowStyleMask {
+  NSWindowStyleMaskUtilityWindow = 1 << 4,
+  NSWindowStyleMaskNonactivatingPanel = 1 << 7,
+};
+typedef NSInteger NSWindowLevel;
+static const NSWindowLevel NSStatusWindowLevel = 25;
+
+@interface NSWindow : NSObject
+@property NSWindowStyleMask styleMask;
+@property BOOL hidesOnDeactivate;
+@property NSWindowLevel level;
+- (void)orderFrontRegardless;
+@end
+
+@interface NSPanel : NSWindow
+@end
+
+@interface NSView : NSObject
+@property(readonly, assign) NSWindow* window;
+@end
+
+@interface NSApplication : NSObject
+@property(getter=isActive, readonly) BOOL active;
+@property(getter=isHidden, readonly) BOOL hidden;
+- (void)hide:(id)sender;
+- (void)unhideWithoutActivation;
+@end
+
+extern "C" NSApplication* NSApp;
+
+typedef unsigned long long NSEventMask;
+enum : NSEventMask {
+  NSEventMaskLeftMouseDown = 1ULL << 1,
+  NSEventMaskRightMouseDown = 1ULL << 3,
+  NSEventMaskOtherMouseDown = 1ULL << 25,
+};
+
+@interface NSEvent : NSObject
++ (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(void (^)(NSEvent*))block;
++ (void)removeMonitor:(id)eventMonitor;
+@end
+
+@interface NSAppleEventDescriptor : NSObject
+@end
+
+@interface NSAppleEventManager : NSObject
++ (NSAppleEventManager*)sharedAppleEventManager;
+- (void)setEventHandler:(id)handler
+            andSelector:(SEL)handleEventSelector
+          forEventClass:(AEEventClass)eventClass
+             andEventID:(AEEventID)eventID;
+- (void)removeEventHandlerForEventClass:(AEEventClass)eventClass andEventID:(AEEventID)eventID;
 @end
 
 #endif
