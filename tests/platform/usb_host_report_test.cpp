@@ -168,6 +168,10 @@ TEST(UsbHostReport, PutsTheDevicesOfTheComputersOwnControllersOnTheirPorts) {
        "ports' own [AppleT8142USBXHCI, like AppleT8132USBXHCI] x\n"},
       {"AppleT6041USBXHCI", "0x01100000 / 1",
        "ports' own [AppleT6041USBXHCI, like AppleT8132USBXHCI] x\n"},
+      {"AppleT6050USBXHCIAUSS", "0x01100000",
+       "ports' own [AppleT6050USBXHCIAUSS, like AppleT8132USBXHCI] x\n"},
+      {"AppleT6050USBXHCIAUSS", "0x08100000", "bus USB Bus [AppleT6050USBXHCIAUSS] x\n"},
+      {"AppleT8132USBXHCIAUSS", "0x08100000", "bus USB Bus [AppleT8132USB-XHCIAUSS] x\n"},
       {"AppleT8122USBXHCI", "0x02100000", "bus USB Bus [AppleT8122USBXHCI] x\n"},
       {"AppleT8132USBXHCI", "0x02100000", "bus USB Bus [AppleT8132USB-XHCI] x\n"},
       {"AppleT8132USBXHCI", "somewhere", "bus USB Bus [AppleT8132USB-XHCI] x\n"},
@@ -177,6 +181,7 @@ TEST(UsbHostReport, PutsTheDevicesOfTheComputersOwnControllersOnTheirPorts) {
       {"AppleEmbeddedUSBXHCIFL1100", "0x01100000", "bus USB Bus [AppleEmbeddedUSBXHCIFL1100] x\n"},
       {"AppleUSBXHCIPCI", "0x01100000", "bus USB Bus [AppleUSBXHCIPCI] x\n"},
       {"AppleASMedia3142USBXHCI", "0x01100000", "bus USB Bus [AppleASMedia3142USBXHCI] x\n"},
+      {"AppleT8103USBXHCIAUSS1", "0x01100000", "bus USB Bus [AppleT8103USB-XHCIAUSS1] x\n"},
       {"AppleTUSBXHCI", "0x01100000", "bus USB Bus [AppleTUSBXHCI] x\n"},
       {"AppleTrueUSBXHCI", "0x01100000", "bus USB Bus [AppleTrueUSBXHCI] x\n"},
       {"T8112USBXHCI", "0x01100000", "bus USB Bus [T8112USB-XHCI] x\n"},
@@ -202,9 +207,12 @@ TEST(UsbHostReport, SplitsABusWhoseDevicesAreNotAllOnPorts) {
 TEST(UsbHostReport, MakesNoCardForTheComputersOwnBusesWithoutDevices) {
   EXPECT_EQ(placesText(R"([{"Driver": "AppleT8122USBXHCI", "USBKeyLocationID": "0x02000000"},
                            {"Driver": "AppleT8132USBXHCI", "USBKeyLocationID": "0x01000000"},
+                           {"_name": "USB 4.0 Bus", "Driver": "AppleT6050USBXHCIAUSS",
+                            "USBKeyLocationID": "0x08000000"},
                            {"Driver": "AppleUSBXHCIPCI"}, {}])"),
             "ports' own [AppleT8122USBXHCI, like AppleT8132USBXHCI]\n"
             "ports' own [AppleT8132USBXHCI]\n"
+            "ports' own [AppleT6050USBXHCIAUSS, like AppleT8132USBXHCI]\n"
             "bus USB Bus [AppleUSBXHCIPCI]\n"
             "bus USB Bus []\n");
 }

@@ -171,17 +171,18 @@ std::string olderBusName(const std::string& name) {
   return found == names.end() ? name : found->second;
 }
 
-/// Whether the driver is for a computer's own ports, such as "AppleT8122USBXHCI". Drivers for
-/// another maker's controller, which some computers have for their larger ports, have a suffix:
+/// Whether the driver is for a computer's own ports, such as "AppleT8122USBXHCI", or for a bus that
+/// newer computers have beside those of their ports, "AppleT6050USBXHCIAUSS". Drivers for another
+/// maker's controller, which some computers have for their larger ports, have other suffixes:
 /// "AppleT8103USBXHCIFL1100".
 bool isOwn(std::string_view driver) {
   constexpr std::string_view start = "AppleT";
-  constexpr std::string_view end = "USBXHCI";
-  if (!driver.starts_with(start) || !driver.ends_with(end)) {
+  if (!driver.starts_with(start)) {
     return false;
   }
-  const std::size_t length = driver.size() - start.size() - end.size();
-  return parseDecimal(driver.substr(start.size(), length)).has_value();
+  std::string_view rest = driver.substr(start.size());
+  const std::string_view number = takeWhile(digits, rest);
+  return !number.empty() && (rest == "USBXHCI" || rest == "USBXHCIAUSS");
 }
 
 bool isKnownToUSBBus(const std::string& driver) {
