@@ -172,6 +172,57 @@ TEST_F(MacOfAnyRelease, PassesEveryOtherAnswerThrough) {
   EXPECT_EQ(machine->questions(), others);
 }
 
+TEST_F(MacOfAnyRelease, LeavesOutThunderboltThatIsNotThere) {
+  const struct {
+    const char* output;
+    const char* expected;
+  } table[] = {
+      {R"({"SPThunderboltDataType": [{"Thunderbolt": "no_hardware"}]})",
+       R"({"SPThunderboltDataType":[]})"},
+      {R"({"SPThunderboltDataType": [{"_name": "Thunderbolt", "Thunderbolt": "no_hardware"},
+                                     {"_name": "thunderboltusb4_bus_1"}]})",
+       R"({"SPThunderboltDataType":[{"_name":"thunderboltusb4_bus_1"}]})"},
+      {R"({"SPThunderboltDataType": [{"_name": "no_hardware"}]})",
+       R"({"SPThunderboltDataType":[{"_name":"no_hardware"}]})"},
+      {R"({"SPThunderboltDataType": [{"Thunderbolt": ["no_hardware"]}]})",
+       R"({"SPThunderboltDataType":[{"Thunderbolt":["no_hardware"]}]})"},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.output);
+    machine->answer(Question::thunderbolt, row.output);
+    EXPECT_EQ(mac.answer(Question::thunderbolt), row.expected);
+  }
+}
+
+TEST_F(MacOfAnyRelease, KeepsThunderboltReportsOfAnotherForm) {
+  for (const std::string output : {
+           R"({"SPThunderboltDataType": {"Thunderbolt": "no_hardware"}})",
+           R"({"SPThunderboltDataType": [{"Thunderbolt": "no_hardware"}, 1]})",
+           R"({"SPUSBDataType": [{"Thunderbolt": "no_hardware"}]})",
+           R"([{"Thunderbolt": "no_hardware"}])",
+           R"({"SPThunderboltDataType": [{"Thunderbolt": "no_hardware"}])",
+           "no_hardware",
+       }) {
+    SCOPED_TRACE(output);
+    machine->answer(Question::thunderbolt, output);
+    EXPECT_EQ(mac.answer(Question::thunderbolt), output);
+  }
+}
+
+TEST_F(MacOfAnyRelease, HasNoPortWhereThunderboltIsNotThere) {
+  machine->answer(Question::usb, emptyReport);
+  machine->answer(Question::newerUsb,
+                  R"json({"SPUSBHostDataType": [{"Driver": "AppleT8132USBXHCI", "_items": [
+    {"_name": "Stick", "USBKeyLocationID": "0x00100000"}]}]})json");
+  // The entry's number would be that of the first port.
+  machine->answer(
+      Question::thunderbolt,
+      R"({"SPThunderboltDataType": [{"_name": "bus_0", "Thunderbolt": "no_hardware"}]})");
+  const auto report = decodeReport(usbReport());
+  ASSERT_TRUE(report);
+  EXPECT_FALSE(parseUSB(*report, {}).at(0).isInternalTBController());
+}
+
 TEST_F(MacOfAnyRelease, AnswersNothingWhereTheReportsDoNot) {
   EXPECT_EQ(usbReport(), "");
   EXPECT_EQ(machine->questions(), std::vector<Question>{Question::usb});

@@ -1,5 +1,6 @@
 #include "platform/macos/mac_machine.h"
 
+#include "base/text.h"
 #include "platform/macos/mounted_media.h"
 #include "platform/macos/usb_host_report.h"
 #include "registry/property_list.h"
@@ -35,8 +36,30 @@ std::optional<json> hostReportWithBuses(const std::string& answer) {
   return hasBuses ? std::move(report) : std::nullopt;
 }
 
+std::string textOf(const json& report) {
+  return report.dump(-1, ' ', /*ensure_ascii=*/false, json::error_handler_t::replace);
+}
+
+/// The Thunderbolt report without entries that say that there is no Thunderbolt, as in virtual
+/// machines. Each of them would count as a port.
+std::string withoutMissingHardware(std::string answer) {
+  constexpr const char* missing = "no_hardware";
+  std::optional<json> report = contains(answer, missing) ? decodeReport(answer) : std::nullopt;
+  if (!report || objectsMember(*report, thunderboltSectionKey).empty()) {
+    return answer;
+  }
+  json present = json::array();
+  for (json& entry : report->at(thunderboltSectionKey)) {
+    if (textMember(entry, "Thunderbolt") != missing) {
+      present.push_back(std::move(entry));
+    }
+  }
+  return textOf({{thunderboltSectionKey, std::move(present)}});
+}
+
 ThunderboltPorts thunderboltPorts(MachineSource& reports) {
-  const std::optional<json> report = decodeReport(reports.answer(Question::thunderbolt));
+  const std::optional<json> report =
+      decodeReport(withoutMissingHardware(reports.answer(Question::thunderbolt)));
   ThunderboltPorts ports;
   for (const ThunderboltBus& bus :
        report ? parseThunderbolt(*report) : std::vector<ThunderboltBus>()) {
@@ -57,6 +80,9 @@ MacMachine::MacMachine(std::shared_ptr<MachineSource> reports, MountTableReader 
 
 std::string MacMachine::answer(Question question) {
   std::string answer = reports_->answer(question);
+  if (question == Question::thunderbolt) {
+    return withoutMissingHardware(std::move(answer));
+  }
   if (question != Question::usb || !isEmptyUsbSection(answer)) {
     return answer;
   }
@@ -70,9 +96,7 @@ std::string MacMachine::answer(Question question) {
   }
   const ThunderboltPorts ports =
       needsThunderboltPorts(*hostReport) ? thunderboltPorts(*reports_) : ThunderboltPorts();
-  const json report =
-      usbReportFrom(*hostReport, mountedVolumes(*reports_, readMountTable_()), ports);
-  return report.dump(-1, ' ', /*ensure_ascii=*/false, json::error_handler_t::replace);
+  return textOf(usbReportFrom(*hostReport, mountedVolumes(*reports_, readMountTable_()), ports));
 }
 
 } // namespace tamberline

@@ -13,9 +13,11 @@ namespace tamberline {
 /// Answers in the format of older releases for every release of the system. Since release 26 the
 /// report's USB section is empty, and the devices are in another section, which has no volumes.
 /// This source then builds the USB section from the newer section, the registry and the mount
-/// table. All other answers are returned unchanged, and so is an empty USB section if the newer
-/// section has no buses. A newer section that is too large is also returned unchanged, so that the
-/// caller fails to decode it.
+/// table. An empty USB section is returned unchanged if the newer section has no buses. A newer
+/// section that is too large is also returned unchanged, so that the caller fails to decode it.
+///
+/// The Thunderbolt section loses its entries without hardware. All other answers are returned
+/// unchanged.
 class MacMachine final : public MachineSource {
 public:
   using MountTableReader = std::function<std::vector<Mount>()>;
