@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "base/utf8.h"
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <optional>
@@ -25,21 +26,29 @@ std::string nameAt(std::string_view mountPoint) {
   return replacedAll(mountPoint.substr(mountPoint.find_last_of('/') + 1), ":", "/");
 }
 
-/// The medium of a file system, such as "disk4s1"; empty if it has none. The source is
-/// "/dev/disk4s1" if the system itself mounts the file system, or a text such as
-/// "msdos://disk4s1/NO%20NAME" if a user-space driver does.
+/// Whether this is the name of a medium, such as "disk4" or "disk4s1", and not of a server.
+bool isMediumName(std::string_view name) {
+  constexpr std::string_view start = "disk";
+  return name.starts_with(start) && name.size() > start.size() &&
+         name.find_first_not_of("0123456789s", start.size()) == std::string_view::npos;
+}
+
+/// The medium of a file system; empty if it has none. The source is "/dev/disk4s1" if the system
+/// itself mounts the file system. If a user-space driver does, it may also be an address that
+/// starts with the name of the format: "msdos://disk4s1/NO%20NAME".
 std::string_view mediumOf(std::string_view device) {
   constexpr std::string_view folderOfDevices = "/dev/";
   if (device.starts_with(folderOfDevices)) {
     return device.substr(folderOfDevices.size());
   }
-  for (const std::string_view scheme : {"msdos://", "exfat://"}) {
-    if (device.starts_with(scheme)) {
-      const std::string_view rest = device.substr(scheme.size());
-      return rest.substr(0, rest.find('/'));
-    }
+  constexpr std::string_view separator = "://";
+  const std::size_t end = device.find(separator);
+  if (end == std::string_view::npos || device.substr(0, end).starts_with("http")) {
+    return {}; // a folder of a web server
   }
-  return {};
+  const std::string_view rest = device.substr(end + separator.size());
+  const std::string_view medium = rest.substr(0, rest.find('/'));
+  return isMediumName(medium) ? medium : std::string_view();
 }
 
 class Join {
