@@ -6,5 +6,5 @@
 typedef std::uint32_t AEEventClass;
 typedef std::uint32_t AEEventID;
 
-enum : AEEventClass { kCoreEventClass = 0x61657674 };      // 'aevt'
+enum : AEEventClass { kCoreEventClass = 0x61657674 };   // 'aevt'
 enum : AEEventID { kAEReopenApplication = 0x72617070 }; // 'rapp'
