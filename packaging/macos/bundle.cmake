@@ -16,7 +16,15 @@ foreach(language en de fr it es)
     MACOSX_PACKAGE_LOCATION Resources/${language}.lproj)
 endforeach()
 
+include(${here}/oldest_release.cmake)
+get_target_property(qt_core Qt6::Core LOCATION)
+get_target_property(qt_pdf Qt6::Pdf LOCATION)
+tamberline_oldest_release(TAMBERLINE_OLDEST_MACOS ${CMAKE_OSX_DEPLOYMENT_TARGET} ${qt_core} ${qt_pdf})
+
+# The installed program lists the folders of its libraries, in which macdeployqt looks for them. Qt's
+# modules can be in several folders.
 set_target_properties(tamberline PROPERTIES
+  INSTALL_RPATH_USE_LINK_PATH TRUE
   MACOSX_BUNDLE TRUE
   OUTPUT_NAME Tamberline
   MACOSX_BUNDLE_INFO_PLIST ${here}/Info.plist.in
@@ -28,7 +36,7 @@ set_target_properties(tamberline PROPERTIES
 install(TARGETS tamberline BUNDLE DESTINATION .)
 find_program(macdeployqt macdeployqt HINTS ${QT6_INSTALL_PREFIX}/bin REQUIRED)
 install(CODE "execute_process(
-  COMMAND ${macdeployqt} \"\${CMAKE_INSTALL_PREFIX}/Tamberline.app\"
-    -qmldir=${PROJECT_SOURCE_DIR}/src/controls/qml
-    -qmldir=${PROJECT_SOURCE_DIR}/src/panel/qml
+  COMMAND ${CMAKE_COMMAND} -DTOOL=${macdeployqt} \"-DBUNDLE=\${CMAKE_INSTALL_PREFIX}/Tamberline.app\"
+    \"-DQML_FOLDERS=${PROJECT_SOURCE_DIR}/src/controls/qml;${PROJECT_SOURCE_DIR}/src/panel/qml\"
+    -P ${here}/deploy.cmake
   COMMAND_ERROR_IS_FATAL ANY)")
