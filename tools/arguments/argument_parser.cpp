@@ -52,7 +52,11 @@ bool isFlagWithValue(const CLI::App& app, const std::string& word) {
   const auto equals = word.find('=');
   const CLI::Option* const option =
       equals == std::string::npos ? nullptr : app.get_option_no_throw(word.substr(0, equals));
-  return option != nullptr && option->get_items_expected_max() == 0;
+  const std::vector<CLI::App*> chosen = app.get_subcommands();
+  return (option != nullptr && option->get_items_expected_max() == 0) ||
+         std::any_of(chosen.begin(), chosen.end(), [&](const CLI::App* subcommand) {
+           return isFlagWithValue(*subcommand, word);
+         });
 }
 
 /// The error for a wrong number of values: a flag has a value, which counts as an unknown option,
@@ -71,7 +75,7 @@ std::optional<std::string> complaintAbout(const Words& words, CLI::App& app) {
     app.parse(Words(words.rbegin(), words.rend())); // CLI11 takes them from the end
     return std::nullopt;
   } catch (const CLI::ExtrasError&) {
-    return aboutSurplus(app.remaining());
+    return aboutSurplus(app.remaining(/*recurse=*/true));
   } catch (const CLI::ArgumentMismatch&) {
     return aboutMismatch(app, words);
   } catch (const WrongArgument& error) {
@@ -82,9 +86,15 @@ std::optional<std::string> complaintAbout(const Words& words, CLI::App& app) {
 } // namespace
 
 ArgumentParser::ArgumentParser(const std::string& program)
-    : app_(std::make_unique<CLI::App>("", program)) {
+    : ownApp_(std::make_unique<CLI::App>("", program)), app_(ownApp_.get()) {
   app_->set_help_flag(); // each program has its own help text
   app_->option_defaults()->take_last()->disable_flag_override();
+  app_->require_subcommand(0, 1);
+}
+
+/// A subcommand inherits the settings of its program.
+ArgumentParser::ArgumentParser(CLI::App* subcommand) : app_(subcommand) {
+  app_->fallthrough();
 }
 
 ArgumentParser::~ArgumentParser() = default;
@@ -104,6 +114,15 @@ void ArgumentParser::addLanguageOption(std::optional<AppLanguage>& language) {
       throw WrongArgument("there is no language '" + code + "'; there are en, de, fr, it, es");
     }
   });
+}
+
+ArgumentParser& ArgumentParser::addSubcommand(const std::string& name,
+                                              std::function<void()> onChosen) {
+  CLI::App* const subcommand = app_->add_subcommand(name);
+  subcommand->preparse_callback(
+      [onChosen = std::move(onChosen)](std::size_t /*wordCount*/) { onChosen(); });
+  subcommands_.push_back(std::unique_ptr<ArgumentParser>(new ArgumentParser(subcommand)));
+  return *subcommands_.back();
 }
 
 void ArgumentParser::checkAtEnd(std::function<void()> check) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -33,9 +34,14 @@ public:
 
   /// `names` as in "-h,--help".
   void addFlag(const std::string& names, bool& isGiven);
-  /// An option with a value, such as "--reports"; without dashes, a positional argument.
+  /// An option with a value, such as "--reports"; without dashes, a positional argument, which
+  /// may be given once.
   void addOption(const std::string& name, const TakeValue& takeValue);
   void addLanguageOption(std::optional<AppLanguage>& language);
+  /// A subcommand, such as "save", with options and positional arguments of its own. The options of
+  /// this parser are also accepted behind its name. `onChosen` is called if the arguments name it,
+  /// before any of its values is taken. At most one subcommand can be chosen.
+  ArgumentParser& addSubcommand(const std::string& name, std::function<void()> onChosen);
   /// `check` is called after all arguments have been parsed, to check combinations of them.
   void checkAtEnd(std::function<void()> check);
 
@@ -43,7 +49,11 @@ public:
   bool parse(int argc, char** argv);
 
 private:
-  std::unique_ptr<CLI::App> app_;
+  explicit ArgumentParser(CLI::App* subcommand);
+
+  std::unique_ptr<CLI::App> ownApp_; // null for a subcommand, which belongs to its program
+  CLI::App* app_;
+  std::vector<std::unique_ptr<ArgumentParser>> subcommands_;
 };
 
 } // namespace tamberline
