@@ -16,6 +16,7 @@ struct ExpectedText {
   std::array<std::string_view, AppLanguage::count> texts;
 };
 
+std::vector<ExpectedText> expectedCommandTexts();
 std::vector<ExpectedText> expectedLabels();
 std::vector<ExpectedText> expectedMessages();
 std::vector<ExpectedText> expectedHints();

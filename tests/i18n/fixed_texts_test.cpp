@@ -47,9 +47,14 @@ TEST(FixedTexts, HintsInEveryLanguage) {
   expectTexts(expectedHints());
 }
 
+TEST(FixedTexts, TextsOfCommandsInEveryLanguage) {
+  expectTexts(expectedCommandTexts());
+}
+
 TEST(FixedTexts, AreAllListedHere) {
   std::multiset<std::string_view> known;
-  for (const auto& table : {expectedLabels(), expectedMessages(), expectedHints()}) {
+  for (const auto& table :
+       {expectedLabels(), expectedMessages(), expectedHints(), expectedCommandTexts()}) {
     for (const ExpectedText& expected : table) {
       known.insert(expected.key);
     }

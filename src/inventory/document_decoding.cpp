@@ -1,0 +1,17 @@
+#include "inventory/document_decoding.h"
+
+#include <nlohmann/json.hpp>
+
+namespace tamberline {
+
+std::optional<nlohmann::json> decodeDocument(std::string_view bytes) {
+  if (bytes.size() > maxDocumentBytes) {
+    return std::nullopt;
+  }
+  nlohmann::json document = nlohmann::json::parse(bytes, nullptr, /*allow_exceptions=*/false);
+  const bool isDocument =
+      document.is_object() && document.contains("portTree") && document["portTree"].is_array();
+  return isDocument ? std::optional(std::move(document)) : std::nullopt;
+}
+
+} // namespace tamberline

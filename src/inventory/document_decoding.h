@@ -1,0 +1,18 @@
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace tamberline {
+
+/// The limits of an inspection document. It repeats what the reports contain several times.
+constexpr std::size_t maxDocumentBytes = 256'000'000;
+
+/// A document that was saved from the output of an inspection. Absent if the bytes are not one JSON
+/// object with a port tree, or too large.
+std::optional<nlohmann::json> decodeDocument(std::string_view bytes);
+
+} // namespace tamberline
