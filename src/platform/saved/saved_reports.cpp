@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <cstddef>
 #include <fcntl.h>
-#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -22,8 +21,8 @@ bool isRegularFile(const Descriptor& file) {
   return fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-/// The bytes of a regular file. Absent for any other kind of file, even one that has just taken the
-/// place of a regular file, for an unreadable file and for more than `maxBytes`. Never blocks.
+} // namespace
+
 std::optional<std::string> readRegularFile(const std::filesystem::path& path,
                                            std::size_t maxBytes) {
   // Opening does not block on a pipe without a writer and acquires no controlling terminal.
@@ -45,8 +44,6 @@ std::optional<std::string> readRegularFile(const std::filesystem::path& path,
   }
   return std::nullopt;
 }
-
-} // namespace
 
 const char* savedFileName(Question question) {
   switch (question) {

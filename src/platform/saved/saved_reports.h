@@ -2,14 +2,20 @@
 
 #include "acquisition/machine_source.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace tamberline {
 
 /// The name of the file that holds the answer in a folder of saved reports.
 const char* savedFileName(Question question);
+
+/// The bytes of a regular file. Absent for any other kind of file, even one that has just taken the
+/// place of a regular file, for an unreadable file and for more than `maxBytes`. Never blocks.
+std::optional<std::string> readRegularFile(const std::filesystem::path& path, std::size_t maxBytes);
 
 /// Answers from a folder of saved reports (docs/report-folder.md): each file holds the output of
 /// one tool. A missing or unreadable file counts as empty output.

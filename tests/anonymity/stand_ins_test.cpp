@@ -1,0 +1,92 @@
+#include "anonymity/stand_ins.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace tamberline {
+namespace {
+
+TEST(StandIns, AreTheSameForTheSameTextAndDifferentForOthers) {
+  StandIns standIns;
+  std::set<std::string> seen;
+  for (int number = 0; number < 1000; ++number) {
+    const std::string serial = "LW27C-" + std::to_string(number);
+    standIns.learn(serial, SecretKind::identifier);
+    const std::string standIn = standIns.standInFor(serial);
+    EXPECT_EQ(standIns.standInFor(serial), standIn);
+    EXPECT_TRUE(seen.insert(standIn).second) << standIn;
+  }
+}
+
+TEST(StandIns, HaveTheShapeOfTheirText) {
+  StandIns standIns;
+  const std::string uuid = "4CDA5C04-517F-4000-8E5D-2F7D8BBC47CD";
+  standIns.learn("0x075590D220A53E12", SecretKind::identifier);
+  standIns.learn(uuid, SecretKind::identifier);
+  standIns.learn("Fieldwork", SecretKind::volumeName);
+  standIns.learn("/Volumes/Fieldwork", SecretKind::mountPoint);
+  standIns.learn("idas-laptop", SecretKind::hostName);
+  EXPECT_EQ(standIns.standInFor("0x075590D220A53E12").substr(0, 2), "0x");
+  EXPECT_EQ(standIns.standInFor("0x075590D220A53E12").size(), 18U);
+  EXPECT_EQ(standIns.standInFor(uuid).size(), uuid.size());
+  EXPECT_NE(standIns.standInFor(uuid), uuid);
+  EXPECT_EQ(standIns.standInFor("Fieldwork"), "Volume 1");
+  EXPECT_EQ(standIns.standInFor("/Volumes/Fieldwork"), "/volumes/1");
+  EXPECT_EQ(standIns.standInFor("idas-laptop"), "Host 1");
+}
+
+TEST(StandIns, DoNotDependOnTheText) {
+  const auto standInOfFirst = [](const std::string& text) {
+    StandIns standIns;
+    standIns.learn(text, SecretKind::identifier);
+    return standIns.standInFor(text);
+  };
+  EXPECT_EQ(standInOfFirst("QP2T-40B81C"), standInOfFirst("LW27C-00418"));
+}
+
+TEST(StandIns, ReplaceTheLongestTextAtEachPlace) {
+  StandIns standIns;
+  standIns.learn("Sommer", SecretKind::volumeName);
+  standIns.learn("Küste Sommer", SecretKind::volumeName);
+  EXPECT_EQ(standIns.replacedIn("Küste Sommer, Sommer and Sommerfest"),
+            "Volume 1, Volume 2 and Volume 2fest");
+  EXPECT_EQ(standIns.replacedIn("nothing here"), "nothing here");
+}
+
+TEST(StandIns, ReplaceShortTextsOnlyAsAWhole) {
+  StandIns standIns;
+  standIns.learn("USB", SecretKind::volumeName);
+  EXPECT_EQ(standIns.standInFor("USB"), "Volume 1");
+  EXPECT_EQ(standIns.replacedIn("USB 3.1 Bus"), "USB 3.1 Bus");
+}
+
+TEST(StandIns, LeaveWhatIdentifiesNothing) {
+  StandIns standIns;
+  for (const std::string text : {"", "  ", "/"}) {
+    standIns.learn(text, SecretKind::mountPoint);
+    EXPECT_EQ(standIns.standInFor(text), text);
+  }
+}
+
+TEST(StandIns, ContainNoText) {
+  StandIns standIns;
+  standIns.learn("Volume", SecretKind::volumeName);
+  standIns.learn("volumes", SecretKind::volumeName);
+  standIns.learn("/mnt/x", SecretKind::mountPoint);
+  EXPECT_EQ(standIns.standInFor("Volume").find("Volume"), std::string::npos);
+  EXPECT_EQ(standIns.standInFor("/mnt/x").find("volumes"), std::string::npos);
+}
+
+TEST(StandIns, FindUuidsInsideOfTexts) {
+  StandIns standIns;
+  const std::string text = "at 4CDA5C04-517F-4000-8E5D-2F7D8BBC47CD.";
+  standIns.learnUuidsIn(text);
+  const std::string replaced = standIns.replacedIn(text);
+  EXPECT_EQ(replaced.size(), text.size());
+  EXPECT_EQ(replaced.find("4CDA5C04"), std::string::npos);
+}
+
+} // namespace
+} // namespace tamberline
