@@ -6,34 +6,9 @@
 #include <system_error>
 
 namespace tamberline {
-
-const std::string_view inspectUsage =
-    R"(Usage: tamberline-inspect [--reports DIR] [--json] [--watch]
-                          [--language en|de|fr|it|es]
-       tamberline-inspect --help | --version
-
-Shows port by port what is attached to the USB-C and Thunderbolt ports of this machine.
-
-  --reports DIR    show the machine whose reports were saved in the folder DIR
-  --json           print everything the scan found as one JSON document
-  --watch          print it again after each change, until interrupted: a text below the
-                   time of its scan, a JSON document in one line
-  --language CODE  the language of the texts; without it, the system's
-  --help, -h       print this text
-  --version, -V    print the version
-
-Exit status: 0 after a scan that succeeded, 1 when an error left nothing to show or
-the result could not be written, 2 for wrong arguments. With --watch 0 when
-interrupted (SIGINT, SIGTERM, SIGHUP), 1 when the result could not be written. A reader
-that has gone (| head) ends the program by SIGPIPE.
-
-In the text, "▲" stands before the rating of an adapter that charges, "↑" before the
-reason why a link is slow, and a bar's lighter part is what is allocated but not used.
-On a terminal lines are wrapped at its width, or at COLUMNS; there are no colours where
-NO_COLOR is set or TERM is "dumb".
-)";
-
 namespace {
+
+using Text = std::string;
 
 std::filesystem::path existingFolder(const std::string& name) {
   std::error_code error;
@@ -46,19 +21,101 @@ std::filesystem::path existingFolder(const std::string& name) {
   return name;
 }
 
+std::filesystem::path existingState(const std::string& name) {
+  std::error_code error;
+  if (!std::filesystem::exists(name, error)) {
+    throw WrongArgument("there is no folder or document '" + name + "'");
+  }
+  return name;
+}
+
+template <typename Chosen>
+Chosen& chosen(InspectOptions& options) {
+  return std::get<Chosen>(options.command);
+}
+
+void addSave(ArgumentParser& parser, InspectOptions& options, bool& isAnonymous) {
+  ArgumentParser& save =
+      parser.addSubcommand("save", [&options] { options.command = SaveCommand(); });
+  save.addOption("DIR", [&](const Text& name) { chosen<SaveCommand>(options).folder = name; });
+  save.addFlag("--anonymise", isAnonymous);
+}
+
+void addCompare(ArgumentParser& parser, InspectOptions& options) {
+  ArgumentParser& compare =
+      parser.addSubcommand("compare", [&options] { options.command = CompareCommand(); });
+  const auto take = [&](const Text& name) {
+    chosen<CompareCommand>(options).states.push_back(existingState(name));
+  };
+  compare.addOption("A", take);
+  compare.addOption("B", take);
+}
+
+void addSharedOptions(ArgumentParser& parser, InspectOptions& options) {
+  parser.addOption("--reports",
+                   [&](const Text& folder) { options.reportsFolder = existingFolder(folder); });
+  parser.addFlag("--json", options.printsJson);
+  parser.addLanguageOption(options.language);
+  parser.addFlag("-h,--help", options.showsHelp);
+  parser.addFlag("-V,--version", options.showsVersion);
+}
+
+/// The flags whose commands are only known after all arguments were read.
+struct CommandFlags {
+  bool watches = false;
+  bool isAnonymous = false;
+};
+
+void check(const ShowCommand& /*command*/, const InspectOptions& /*options*/) {}
+
+void check(const SaveCommand& command, const InspectOptions& /*options*/) {
+  if (command.folder.empty()) {
+    throw WrongArgument("which folder should be made?");
+  }
+}
+
+void check(const CompareCommand& command, const InspectOptions& options) {
+  if (command.states.empty()) {
+    throw WrongArgument("what should be compared?");
+  }
+  if (command.states.size() > 1 && options.reportsFolder) {
+    throw WrongArgument("--reports goes with one state to compare, not with two");
+  }
+}
+
+bool takesJson(const Command& command) {
+  return !std::holds_alternative<SaveCommand>(command);
+}
+
+void checkTogether(InspectOptions& options, const CommandFlags& flags) {
+  if (options.showsHelp || options.showsVersion) {
+    return;
+  }
+  if (auto* const show = std::get_if<ShowCommand>(&options.command)) {
+    show->watches = flags.watches;
+  } else if (flags.watches) {
+    throw WrongArgument("--watch goes with no subcommand");
+  }
+  if (auto* const save = std::get_if<SaveCommand>(&options.command)) {
+    save->isAnonymous = flags.isAnonymous;
+  }
+  if (options.printsJson && !takesJson(options.command)) {
+    throw WrongArgument("--json does not go with this subcommand");
+  }
+  std::visit([&](const auto& command) { check(command, options); }, options.command);
+}
+
 } // namespace
 
 std::optional<InspectOptions> parseInspectOptions(int argc, char** argv) {
   InspectOptions options;
+  CommandFlags flags;
   ArgumentParser parser("tamberline-inspect");
-  parser.addOption("--reports", [&options](const std::string& folder) {
-    options.reportsFolder = existingFolder(folder);
-  });
-  parser.addFlag("--json", options.printsJson);
-  parser.addFlag("--watch", options.watches);
-  parser.addLanguageOption(options.language);
-  parser.addFlag("-h,--help", options.showsHelp);
-  parser.addFlag("-V,--version", options.showsVersion);
+  addSharedOptions(parser, options);
+  parser.addFlag("--watch", flags.watches);
+  addSave(parser, options, flags.isAnonymous);
+  addCompare(parser, options);
+  parser.checkAtEnd([&] { checkTogether(options, flags); });
   return parser.parse(argc, argv) ? std::optional(options) : std::nullopt;
 }
 

@@ -5,14 +5,33 @@
 #include <filesystem>
 #include <optional>
 #include <string_view>
+#include <variant>
+#include <vector>
 
 namespace tamberline {
 
+/// What the arguments ask for. Without a subcommand the machine is shown.
+struct ShowCommand {
+  bool watches = false;
+};
+
+struct SaveCommand {
+  std::filesystem::path folder = {};
+  bool isAnonymous = false;
+};
+
+struct CompareCommand {
+  /// One or two folders or documents; a single one is compared with the machine.
+  std::vector<std::filesystem::path> states = {};
+};
+
+using Command = std::variant<ShowCommand, SaveCommand, CompareCommand>;
+
 struct InspectOptions {
-  /// If absent, this machine is shown.
+  Command command = ShowCommand();
+  /// If absent, this machine is used.
   std::optional<std::filesystem::path> reportsFolder;
   bool printsJson = false;
-  bool watches = false;
   /// If absent, the user's preferred language is used.
   std::optional<AppLanguage> language;
   bool showsHelp = false;
@@ -22,6 +41,7 @@ struct InspectOptions {
 /// Absent if the arguments are invalid; the reason is then printed to standard error.
 std::optional<InspectOptions> parseInspectOptions(int argc, char** argv);
 
-extern const std::string_view inspectUsage;
+/// The help for a command.
+std::string_view usageOf(const Command& command);
 
 } // namespace tamberline

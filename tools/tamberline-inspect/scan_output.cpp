@@ -15,10 +15,9 @@
 
 namespace tamberline {
 
-std::string render(const PortScanner& scanner, const InspectOptions& options,
-                   const TextStyle& style) {
-  if (options.printsJson) {
-    const int indent = options.watches ? -1 : 2;
+std::string render(const PortScanner& scanner, OutputFormat format, const TextStyle& style) {
+  if (format != OutputFormat::text) {
+    const int indent = format == OutputFormat::documentInOneLine ? -1 : 2;
     return jsonText(inspectionDocument(scanner), indent) + "\n";
   }
   return panelText(describePanel(panelInputs(scanner)), style.useColors, style.columns);
@@ -34,10 +33,14 @@ bool print(std::string_view text) {
   return printToStandardOutput(text, "tamberline-inspect");
 }
 
+void reportProblem(const std::string& problem) {
+  std::fprintf(stderr, "tamberline-inspect: %s\n", problem.c_str());
+}
+
 bool reportScanError(const PortScanner& scanner) {
   const std::optional<std::string>& error = scanner.errorMessage.get();
   if (error) {
-    std::fprintf(stderr, "tamberline-inspect: %s\n", error->c_str());
+    reportProblem(*error);
   }
   return !error;
 }

@@ -1,7 +1,5 @@
 #include "scan_watch.h"
 
-#include "scan_output.h"
-
 #include <QCoreApplication>
 
 #include <cstdlib>
@@ -10,8 +8,8 @@
 namespace tamberline {
 
 ScanWatch::ScanWatch(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
-                     InspectOptions options)
-    : scanner_(std::move(scanner)), queue_(std::move(queue)), options_(std::move(options)),
+                     OutputFormat format)
+    : scanner_(std::move(scanner)), queue_(std::move(queue)), format_(format),
       observation_(scanner_->isScanning.observe([this] { handleScanState(); })) {}
 
 /// Prints on the next event-loop iteration. By then the monitor is running after the first scan, so
@@ -23,12 +21,12 @@ void ScanWatch::handleScanState() {
 }
 
 void ScanWatch::printIfChanged() {
-  std::string result = render(*scanner_, options_, TextStyle());
+  std::string result = render(*scanner_, format_, TextStyle());
   if (result == lastResult_) {
     return;
   }
   reportScanError(*scanner_);
-  if (!print(options_.printsJson ? result : textWithTime())) {
+  if (!print(format_ == OutputFormat::text ? textWithTime() : result)) {
     QCoreApplication::exit(EXIT_FAILURE);
   }
   lastResult_ = std::move(result);
@@ -37,7 +35,7 @@ void ScanWatch::printIfChanged() {
 /// Ends with a blank line, which separates it from the next one's time.
 std::string ScanWatch::textWithTime() const {
   const TextStyle style = styleOfStandardOutput();
-  return timeHeading(style) + render(*scanner_, options_, style) + "\n";
+  return timeHeading(style) + render(*scanner_, format_, style) + "\n";
 }
 
 } // namespace tamberline

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "async/main_queue.h"
-#include "inspect_options.h"
+#include "scan_output.h"
 #include "scanner/port_scanner.h"
 
 #include <memory>
@@ -14,7 +14,7 @@ namespace tamberline {
 class ScanWatch {
 public:
   ScanWatch(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue,
-            InspectOptions options);
+            OutputFormat format);
 
 private:
   void handleScanState();
@@ -23,7 +23,7 @@ private:
 
   std::shared_ptr<PortScanner> scanner_;
   std::shared_ptr<MainQueue> queue_;
-  InspectOptions options_;
+  OutputFormat format_;
   /// Without the time and the terminal's width, whose changes do not count.
   std::string lastResult_;
   Observation observation_;

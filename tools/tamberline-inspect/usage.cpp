@@ -1,0 +1,84 @@
+#include "base/overloaded.h"
+#include "inspect_options.h"
+
+namespace tamberline {
+namespace {
+
+constexpr std::string_view showUsage =
+    R"(Usage: tamberline-inspect [--reports DIR] [--json] [--watch]
+                          [--language en|de|fr|it|es]
+       tamberline-inspect SUBCOMMAND [ARGUMENT...] [--reports DIR]
+       tamberline-inspect [SUBCOMMAND] --help | --version
+
+Shows port by port what is attached to the USB-C and Thunderbolt ports of this machine.
+
+  --reports DIR    show the machine whose reports were saved in the folder DIR
+  --json           print everything the scan found as one JSON document
+  --watch          print it again after each change, until interrupted: a text below the
+                   time of its scan, a JSON document in one line
+  --language CODE  the language of the texts; without it, the system's
+  --help, -h       print this text, or that of the subcommand
+  --version, -V    print the version
+
+Subcommands:
+  save DIR         save the machine's reports in a folder that these programs open
+  compare A [B]    show what is different between two states
+
+Exit status: 0 after a scan that succeeded, 1 when an error left nothing to show or
+the result could not be written, 2 for wrong arguments. With --watch 0 when
+interrupted (SIGINT, SIGTERM, SIGHUP), 1 when the result could not be written. A reader
+that has gone (| head) ends the program by SIGPIPE.
+
+In the text, "▲" stands before the rating of an adapter that charges, "↑" before the
+reason why a link is slow, and a bar's lighter part is what is allocated but not used.
+On a terminal lines are wrapped at its width, or at COLUMNS; there are no colours where
+NO_COLOR is set or TERM is "dumb".
+)";
+
+constexpr std::string_view saveUsage =
+    R"(Usage: tamberline-inspect save DIR [--anonymise] [--reports DIR]
+
+Saves the machine's reports in the new folder DIR. Every program of Tamberline opens it
+in the place of a machine: tamberline-inspect --reports DIR, tamberline-replay DIR.
+
+  --anonymise      replace serial numbers, identifiers, names of volumes, mount points
+                   and host names by stand-ins: the same one for the same text
+  --reports DIR    save the machine whose reports are in that folder
+
+The folder is written whole or not at all, and never over something else. Names of
+devices and makers stay, even with --anonymise.
+
+Exit status: 0 when it was saved, 1 when not, 2 for wrong arguments.
+)";
+
+constexpr std::string_view compareUsage =
+    R"(Usage: tamberline-inspect compare A [B] [--json] [--reports DIR]
+
+Shows what came, went, moved, became faster or slower, or draws more or less between
+the states A and B. Each is a folder of saved reports or a file that was saved from
+tamberline-inspect --json. Without B, A is compared with this machine as it is.
+
+  --json           print the differences as one JSON document
+  --reports DIR    the machine whose reports are in that folder, in the place of B
+  --language CODE  the language of the text; without it, the system's
+
+Devices are matched by serial number or identifier, and otherwise by their place. What
+is below a device that moved did not move itself. Measured power counts from a
+difference of 0.5 W.
+
+Exit status: 0 when both are the same, 1 when they differ, 2 when they could not be
+compared, for wrong arguments too.
+)";
+
+} // namespace
+
+std::string_view usageOf(const Command& command) {
+  return std::visit(Overloaded{
+                        [](const ShowCommand&) { return showUsage; },
+                        [](const SaveCommand&) { return saveUsage; },
+                        [](const CompareCommand&) { return compareUsage; },
+                    },
+                    command);
+}
+
+} // namespace tamberline
