@@ -29,16 +29,24 @@ std::filesystem::path existingState(const std::string& name) {
   return name;
 }
 
+/// The flags whose commands are only known after all arguments were read.
+struct CommandFlags {
+  bool watches = false;
+  bool isAnonymous = false;
+  bool writes = false;
+  bool printsTap = false;
+};
+
 template <typename Chosen>
 Chosen& chosen(InspectOptions& options) {
   return std::get<Chosen>(options.command);
 }
 
-void addSave(ArgumentParser& parser, InspectOptions& options, bool& isAnonymous) {
+void addSave(ArgumentParser& parser, InspectOptions& options, CommandFlags& flags) {
   ArgumentParser& save =
       parser.addSubcommand("save", [&options] { options.command = SaveCommand(); });
   save.addOption("DIR", [&](const Text& name) { chosen<SaveCommand>(options).folder = name; });
-  save.addFlag("--anonymise", isAnonymous);
+  save.addFlag("--anonymise", flags.isAnonymous);
 }
 
 void addCompare(ArgumentParser& parser, InspectOptions& options) {
@@ -51,6 +59,14 @@ void addCompare(ArgumentParser& parser, InspectOptions& options) {
   compare.addOption("B", take);
 }
 
+void addExpect(ArgumentParser& parser, InspectOptions& options, CommandFlags& flags) {
+  ArgumentParser& expect =
+      parser.addSubcommand("expect", [&options] { options.command = ExpectCommand(); });
+  expect.addOption("FILE", [&](const Text& name) { chosen<ExpectCommand>(options).file = name; });
+  expect.addFlag("--write", flags.writes);
+  expect.addFlag("--tap", flags.printsTap);
+}
+
 void addSharedOptions(ArgumentParser& parser, InspectOptions& options) {
   parser.addOption("--reports",
                    [&](const Text& folder) { options.reportsFolder = existingFolder(folder); });
@@ -59,12 +75,6 @@ void addSharedOptions(ArgumentParser& parser, InspectOptions& options) {
   parser.addFlag("-h,--help", options.showsHelp);
   parser.addFlag("-V,--version", options.showsVersion);
 }
-
-/// The flags whose commands are only known after all arguments were read.
-struct CommandFlags {
-  bool watches = false;
-  bool isAnonymous = false;
-};
 
 void check(const ShowCommand& /*command*/, const InspectOptions& /*options*/) {}
 
@@ -80,6 +90,18 @@ void check(const CompareCommand& command, const InspectOptions& options) {
   }
   if (command.states.size() > 1 && options.reportsFolder) {
     throw WrongArgument("--reports goes with one state to compare, not with two");
+  }
+}
+
+void check(const ExpectCommand& command, const InspectOptions& options) {
+  if (command.file.empty()) {
+    throw WrongArgument("which file of expectations?");
+  }
+  if (command.writes && (options.printsJson || command.printsTap)) {
+    throw WrongArgument("--write makes a file and prints nothing");
+  }
+  if (options.printsJson && command.printsTap) {
+    throw WrongArgument("--json and --tap do not go together");
   }
 }
 
@@ -99,6 +121,10 @@ void checkTogether(InspectOptions& options, const CommandFlags& flags) {
   if (auto* const save = std::get_if<SaveCommand>(&options.command)) {
     save->isAnonymous = flags.isAnonymous;
   }
+  if (auto* const expect = std::get_if<ExpectCommand>(&options.command)) {
+    expect->writes = flags.writes;
+    expect->printsTap = flags.printsTap;
+  }
   if (options.printsJson && !takesJson(options.command)) {
     throw WrongArgument("--json does not go with this subcommand");
   }
@@ -113,8 +139,9 @@ std::optional<InspectOptions> parseInspectOptions(int argc, char** argv) {
   ArgumentParser parser("tamberline-inspect");
   addSharedOptions(parser, options);
   parser.addFlag("--watch", flags.watches);
-  addSave(parser, options, flags.isAnonymous);
+  addSave(parser, options, flags);
   addCompare(parser, options);
+  addExpect(parser, options, flags);
   parser.checkAtEnd([&] { checkTogether(options, flags); });
   return parser.parse(argc, argv) ? std::optional(options) : std::nullopt;
 }

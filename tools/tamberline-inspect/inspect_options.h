@@ -25,7 +25,14 @@ struct CompareCommand {
   std::vector<std::filesystem::path> states = {};
 };
 
-using Command = std::variant<ShowCommand, SaveCommand, CompareCommand>;
+struct ExpectCommand {
+  std::filesystem::path file = {};
+  /// Makes the file instead of reading it.
+  bool writes = false;
+  bool printsTap = false;
+};
+
+using Command = std::variant<ShowCommand, SaveCommand, CompareCommand, ExpectCommand>;
 
 struct InspectOptions {
   Command command = ShowCommand();

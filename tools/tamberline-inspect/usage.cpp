@@ -23,6 +23,7 @@ Shows port by port what is attached to the USB-C and Thunderbolt ports of this m
 Subcommands:
   save DIR         save the machine's reports in a folder that these programs open
   compare A [B]    show what is different between two states
+  expect FILE      check that everything is there that the file says
 
 Exit status: 0 after a scan that succeeded, 1 when an error left nothing to show or
 the result could not be written, 2 for wrong arguments. With --watch 0 when
@@ -70,6 +71,26 @@ Exit status: 0 when both are the same, 1 when they differ, 2 when they could not
 compared, for wrong arguments too.
 )";
 
+constexpr std::string_view expectUsage =
+    R"(Usage: tamberline-inspect expect FILE [--json | --tap] [--reports DIR]
+       tamberline-inspect expect --write FILE [--reports DIR]
+
+Checks that the machine has every device that FILE says: by name, vendor and product
+number, or serial number; on its port, at least as fast, and with its volumes.
+
+  --write          make FILE from what is attached now, as a start for your own; never
+                   over something else
+  --json           print the result as one JSON document
+  --tap            print it for programs that run tests (Test Anything Protocol)
+  --reports DIR    the machine whose reports are in that folder
+  --language CODE  the language of the text; without it, the system's
+
+docs/technicians.md describes the file. Two equal entries need two devices.
+
+Exit status: 0 when everything is as expected, 1 when not, 2 when that could not be
+checked, for wrong arguments and a wrong file too.
+)";
+
 } // namespace
 
 std::string_view usageOf(const Command& command) {
@@ -77,6 +98,7 @@ std::string_view usageOf(const Command& command) {
                         [](const ShowCommand&) { return showUsage; },
                         [](const SaveCommand&) { return saveUsage; },
                         [](const CompareCommand&) { return compareUsage; },
+                        [](const ExpectCommand&) { return expectUsage; },
                     },
                     command);
 }
