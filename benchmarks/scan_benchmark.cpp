@@ -37,15 +37,25 @@ Result dumpIn(const Answers& answers, Question question, Result (*read)(const Pr
   return dump ? read(*dump) : Result{};
 }
 
+USBHostDevices usbHostDevicesIn(const PropertyList& dump) {
+  return {.containerIDs = containerIDsIn(dump), .abilities = usbAbilitiesIn(dump)};
+}
+
+std::pair<std::map<std::int64_t, PortPowerOut>, std::optional<ChargingState>>
+batteryControllerIn(const PropertyList& dump) {
+  return {portPowerOutIn(dump), chargingIn(dump)};
+}
+
 std::vector<TreeNode> workOfOneScan(const Answers& answers) {
   PortTreeInputs inputs;
   inputs.thunderboltBuses = parseThunderbolt(reportIn(answers, Question::thunderbolt));
-  inputs.usbBuses = mergeContainerHubs(parseUSB(
-      reportIn(answers, Question::usb), dumpIn(answers, Question::usbHostDevices, containerIDsIn)));
+  const auto devices = dumpIn(answers, Question::usbHostDevices, usbHostDevicesIn);
+  inputs.usbBuses = mergeContainerHubs(
+      parseUSB(reportIn(answers, Question::usb), devices.containerIDs, devices.abilities));
   inputs.charger = parsePower(reportIn(answers, Question::power)).charger;
   benchmark::DoNotOptimize(dumpIn(answers, Question::powerSource, fedDetailsIn));
   inputs.hpmPorts = dumpIn(answers, Question::portControllers, portControllersIn);
-  benchmark::DoNotOptimize(dumpIn(answers, Question::portPower, portPowerOutIn));
+  benchmark::DoNotOptimize(dumpIn(answers, Question::portPower, batteryControllerIn));
   inputs.portCurrentLimitMa = dumpIn(answers, Question::deviceTree, portCurrentLimitsIn);
   return assignStableIDs(buildPortTree(inputs), "");
 }

@@ -5,8 +5,12 @@
 namespace tamberline {
 
 void tryInput(std::string_view input) {
-  for (const auto& [port, power] : probedDump(fetchPortPowerOut, Question::portPower, input)) {
+  const BatteryController battery = probedDump(fetchPortPowerOut, Question::portPower, input);
+  for (const auto& [port, power] : battery.portPowerOut) {
     requireSoundDocument(describe(power));
+  }
+  if (battery.charging) {
+    requireSoundDocument(describe(*battery.charging));
   }
 }
 

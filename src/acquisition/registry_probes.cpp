@@ -28,30 +28,38 @@ QCoro::Task<Result> probe(Acquisition acquisition, Question question,
   co_return readDump(std::move(answer.text), read);
 }
 
+BatteryController batteryControllerIn(const PropertyList& dump) {
+  return {.portPowerOut = portPowerOutIn(dump), .charging = chargingIn(dump)};
+}
+
+USBHostDevices usbHostDevicesIn(const PropertyList& dump) {
+  return {.containerIDs = containerIDsIn(dump), .abilities = usbAbilitiesIn(dump)};
+}
+
 } // namespace
 
 QCoro::Task<std::vector<HPMPort>> fetchHPMPorts(Acquisition acquisition) {
   return probe(std::move(acquisition), Question::portControllers, portControllersIn);
 }
 
-QCoro::Task<std::map<std::int64_t, PortPowerOut>> fetchPortPowerOut(Acquisition acquisition) {
-  return probe(std::move(acquisition), Question::portPower, portPowerOutIn);
+QCoro::Task<BatteryController> fetchPortPowerOut(Acquisition acquisition) {
+  return probe(std::move(acquisition), Question::portPower, batteryControllerIn);
 }
 
 QCoro::Task<std::map<std::int64_t, std::int64_t>> fetchPortCurrentLimits(Acquisition acquisition) {
   return probe(std::move(acquisition), Question::deviceTree, portCurrentLimitsIn);
 }
 
-QCoro::Task<LastReading<ContainerIDs>> fetchContainerIDs(Acquisition acquisition,
-                                                         LastReading<ContainerIDs> last) {
+QCoro::Task<LastReading<USBHostDevices>> fetchContainerIDs(Acquisition acquisition,
+                                                           LastReading<USBHostDevices> last) {
   auto asking = ask(std::move(acquisition), Question::usbHostDevices);
   MachineAnswer answer = co_await asking;
   if (last && last->digest == answer.digest) {
     co_return last;
   }
-  Reading<ContainerIDs> reading{.digest = answer.digest, .result = {}};
-  reading.result = readDump(std::move(answer.text), containerIDsIn);
-  co_return std::make_shared<const Reading<ContainerIDs>>(std::move(reading));
+  Reading<USBHostDevices> reading{.digest = answer.digest, .result = {}};
+  reading.result = readDump(std::move(answer.text), usbHostDevicesIn);
+  co_return std::make_shared<const Reading<USBHostDevices>>(std::move(reading));
 }
 
 QCoro::Task<FedDetails> fetchFedDetails(Acquisition acquisition) {

@@ -1,6 +1,7 @@
 // The parts of the inspection document.
 #pragma once
 
+#include "model/charging_state.h"
 #include "model/power_records.h"
 #include "model/thunderbolt_records.h"
 #include "model/usb_records.h"
@@ -55,10 +56,24 @@ Document describe(const HPMPort& port);
 Document describe(const FedPortState& port);
 Document describe(const PortPowerOut& power);
 
+Document nameOf(const std::optional<PowerMode>& mode);
+Document describeOffers(const std::vector<PowerOffer>& offers);
+Document describe(const CableRatings& cable);
+Document describe(const VideoUse& video);
+Document describe(const ChargingState& state);
+Document describe(const USBAbility& ability);
+Document describe(const LinkLimit& limit);
+
 /// What else is known about each port: its sockets, the actual speed of its link, a partner that is
-/// not a device, and the agreed power.
+/// not a device, the agreed power, and the details of its controller.
 Document describePorts(const std::vector<ThunderboltBus>& buses,
-                       const std::vector<HPMPort>& controllers);
+                       const std::vector<HPMPort>& controllers,
+                       const std::optional<ChargingState>& charging);
+
+/// What is known about the abilities of the USB devices, and about the most that the links of
+/// Thunderbolt devices can be, by the identifiers of their nodes.
+Document describeAbilities(const std::vector<TreeNode>& tree);
+Document describeLinkLimits(const std::vector<TreeNode>& tree);
 
 Document describe(const TreeNode& node);
 Document describe(const SearchEntry& entry);

@@ -40,7 +40,8 @@ Document describeReceptacle(const ThunderboltReceptacle& receptacle) {
 } // namespace
 
 Document describePorts(const std::vector<ThunderboltBus>& buses,
-                       const std::vector<HPMPort>& controllers) {
+                       const std::vector<HPMPort>& controllers,
+                       const std::optional<ChargingState>& charging) {
   return listOf(buses, [&](const ThunderboltBus& bus) {
     const std::int64_t portNumber = bus.busNumber + 1;
     const HPMPort* known = usbcController(controllers, portNumber);
@@ -51,6 +52,14 @@ Document describePorts(const std::vector<ThunderboltBus>& buses,
         {"link", recordOrNull(bus.port.link)},
         {"partner", nameOf(controller.partner)},
         {"agreedPower", recordOrNull(controller.agreedPower)},
+        {"offers", describeOffers(known == nullptr ? std::vector<PowerOffer>()
+                                                   : offersOn(controller, charging))},
+        {"intake", describeOffers(controller.details.intake)},
+        {"powerMode", nameOf(controller.details.powerMode)},
+        {"cable", recordOrNull(controller.details.cable)},
+        {"video", recordOrNull(controller.details.video)},
+        {"overCurrentCount", orNull(controller.details.overCurrentCount)},
+        {"isFailing", controller.details.isFailing},
     };
   });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/power_delivery.h"
+#include "model/power_records.h"
 
 #include <cstdint>
 #include <optional>
@@ -73,5 +73,14 @@ struct ChargingState {
 
   friend bool operator==(const ChargingState&, const ChargingState&) = default;
 };
+
+/// Adds what only the port controllers know: the port of the adapter if it can only be one, the
+/// offers and the contract there if they are unknown, and the most that the computer takes.
+void addPortFacts(const std::vector<HPMPort>& controllers, ChargingState& state);
+
+/// What the partner on a USB-C port offers: from its controller, or from what is known about the
+/// adapter if that is on this port.
+const std::vector<PowerOffer>& offersOn(const HPMPort& port,
+                                        const std::optional<ChargingState>& charging);
 
 } // namespace tamberline

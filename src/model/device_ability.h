@@ -7,8 +7,8 @@ namespace tamberline {
 
 /// What a USB device says about itself, whatever its connection allows. Absent values are unknown.
 struct USBAbility {
-  /// The highest speed in its descriptors. With two lanes it may reach twice as much, which
-  /// descriptors do not say.
+  /// The highest speed that its descriptors list for one lane, or that of its link if that is
+  /// higher. With two lanes it may reach more, which descriptors do not say.
   std::optional<double> provenGbps = {};
   /// The speed that it can never exceed.
   std::optional<double> limitGbps = {};

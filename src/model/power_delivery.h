@@ -38,6 +38,17 @@ struct PowerOffer {
 /// Absent without offers.
 std::optional<double> maxWattsOf(const std::vector<PowerOffer>& offers);
 
+/// What both ends of a USB-C connection agreed on: a voltage and the max current at it. The actual
+/// current is unknown.
+struct AgreedPower {
+  double volts = 0;
+  double amps = 0;
+
+  double watts() const { return volts * amps; }
+
+  friend bool operator==(const AgreedPower&, const AgreedPower&) = default;
+};
+
 /// How the max current of a USB-C connection is determined.
 enum class PowerMode : std::uint8_t {
   usbDefault,       // what USB grants: 0.5 or 0.9 A at 5 V

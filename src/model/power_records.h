@@ -44,17 +44,6 @@ struct BatteryInfo {
   friend bool operator==(const BatteryInfo&, const BatteryInfo&) = default;
 };
 
-/// What both ends of a USB-C connection agreed on: a voltage and the max current at it. The actual
-/// current is unknown.
-struct AgreedPower {
-  double volts = 0;
-  double amps = 0;
-
-  double watts() const { return volts * amps; }
-
-  friend bool operator==(const AgreedPower&, const AgreedPower&) = default;
-};
-
 /// What a port controller knows about a partner that is neither listed as a device nor the adapter
 /// in use.
 enum class PortPartner : std::uint8_t {

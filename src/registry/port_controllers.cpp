@@ -1,4 +1,6 @@
 #include "base/text.h"
+#include "registry/bounded_values.h"
+#include "registry/port_details.h"
 #include "registry/probe_results.h"
 #include "registry/registry_entries.h"
 
@@ -32,17 +34,12 @@ bool isTrue(PropertyListValue entry, std::string_view key) {
 
 /// The key is not in a Mac's registry.
 PortPartner partnerIn(PropertyListValue entry) {
-  const std::string word = entry.member("TamberlinePartner").text().value_or("");
-  for (const auto& [known, partner] : {std::pair("audio", PortPartner::audio),
-                                       {"debug", PortPartner::debug},
-                                       {"video", PortPartner::video},
-                                       {"source", PortPartner::source},
-                                       {"unknown", PortPartner::unknown}}) {
-    if (word == known) {
-      return partner;
-    }
-  }
-  return PortPartner::none;
+  static constexpr WordTable<PortPartner, 5> partners = {{{"audio", PortPartner::audio},
+                                                          {"debug", PortPartner::debug},
+                                                          {"video", PortPartner::video},
+                                                          {"source", PortPartner::source},
+                                                          {"unknown", PortPartner::unknown}}};
+  return wordMember(entry, "TamberlinePartner", partners).value_or(PortPartner::none);
 }
 
 std::optional<AgreedPower> agreedPowerIn(PropertyListValue entry) {
@@ -70,6 +67,7 @@ HPMPort readPort(PropertyListValue entry, std::int64_t portNumber) {
       .accessoryID = entry.member("IOAccessoryID").integer().value_or(-1),
       .partner = partnerIn(entry),
       .agreedPower = agreedPowerIn(entry),
+      .details = portDetailsIn(entry),
   };
 }
 

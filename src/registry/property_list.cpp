@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <system_error>
 #include <utility>
 
 namespace tamberline {
@@ -79,6 +81,14 @@ struct IntegerSpelling {
   std::optional<std::int64_t> value() const {
     const std::string spelled = (isNegative ? "-" : "") + digits;
     return isHexadecimal ? parseHexadecimal(spelled) : parseDecimal(spelled);
+  }
+
+  std::optional<std::int64_t> wrappedValue() const {
+    std::uint64_t bits = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto [rest, error] = std::from_chars(digits.data(), end, bits, isHexadecimal ? 16 : 10);
+    const bool isUnsigned = !isNegative && error == std::errc() && rest == end;
+    return isUnsigned ? std::optional(static_cast<std::int64_t>(bits)) : value();
   }
 };
 
@@ -234,6 +244,12 @@ std::optional<std::string> PropertyListValue::text() const {
 std::optional<std::int64_t> PropertyListValue::integer() const {
   const pugi::xml_node element(element_);
   return nameOf(element) == "integer" ? IntegerSpelling(contentOf(element)).value() : std::nullopt;
+}
+
+std::optional<std::int64_t> PropertyListValue::wrappedInteger() const {
+  const pugi::xml_node element(element_);
+  return nameOf(element) == "integer" ? IntegerSpelling(contentOf(element)).wrappedValue()
+                                      : std::nullopt;
 }
 
 std::optional<bool> PropertyListValue::boolean() const {

@@ -33,6 +33,9 @@ public:
   std::optional<std::string> text() const;
   /// Absent beyond 64 signed bits; neither a boolean nor a real number is an integer.
   std::optional<std::int64_t> integer() const;
+  /// The same, but numbers that need the 64th bit are negative: the registry writes negative
+  /// numbers as if they were unsigned.
+  std::optional<std::int64_t> wrappedInteger() const;
   std::optional<bool> boolean() const;
   std::optional<std::vector<unsigned char>> data() const;
 

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "reports/json_values.h"
+#include "reports/link_limits.h"
 #include "reports/report_decoding.h"
 #include "reports/true_link_report.h"
 #include "reports/usb_report.h"
@@ -52,7 +53,8 @@ ThunderboltBus readBus(const json& entry, std::int64_t position) {
       .hostName = textMember(entry, "device_name_key", "Unknown"),
       .uid = textMember(entry, "switch_uid_key", ""),
       .port = parsePort(receptacleTag(entry, "receptacle_1_tag")),
-      .connectedDevices = parseThunderboltDevices(objectsMember(entry, "_items")),
+      .connectedDevices =
+          parseThunderboltDevices(objectsMember(entry, "_items"), linkLimitOfHost(entry)),
       .receptacles = parseReceptacles(entry),
   };
 }
@@ -88,8 +90,10 @@ ThunderboltBus parseBus(const json& entry, std::int64_t position) {
   return bus;
 }
 
-ThunderboltDevice parseDevice(const json& item, std::string name) {
+ThunderboltDevice parseDevice(const json& item, std::string name,
+                              const std::optional<LinkLimit>& otherEnd) {
   const json& upstream = receptacleTag(item, "receptacle_upstream_ambiguous_tag");
+  const auto ownEnd = linkLimitOfMode(textMember(item, "mode_key", ""));
   return ThunderboltDevice{
       .name = std::move(name),
       .vendorName = textMember(item, "vendor_name_key", ""),
@@ -99,9 +103,10 @@ ThunderboltDevice parseDevice(const json& item, std::string name) {
       .upstreamSpeed = textMember(upstream, "current_speed_key", ""),
       .upstreamWidth = textMember(upstream, "current_link_width_key", ""),
       .link = parseTrueLink(upstream, item),
-      .children = parseThunderboltDevices(objectsMember(item, "_items")),
+      .children = parseThunderboltDevices(objectsMember(item, "_items"), ownEnd),
       .drives = parseTunneledDrives(objectsMember(item, "tamberline_drives")),
       .isAuthorized = authorizationIn(item),
+      .linkLimit = linkLimitBetween(otherEnd, ownEnd),
   };
 }
 
@@ -115,11 +120,12 @@ std::vector<ThunderboltBus> parseThunderbolt(const json& report) {
   return buses;
 }
 
-std::vector<ThunderboltDevice> parseThunderboltDevices(const json& items) {
+std::vector<ThunderboltDevice> parseThunderboltDevices(const json& items,
+                                                       const std::optional<LinkLimit>& upstream) {
   std::vector<ThunderboltDevice> devices;
   for (const json& item : items) {
     if (std::optional<std::string> name = textMember(item, "_name")) {
-      devices.push_back(parseDevice(item, std::move(*name)));
+      devices.push_back(parseDevice(item, std::move(*name), upstream));
     }
   }
   return devices;

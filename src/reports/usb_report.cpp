@@ -38,7 +38,8 @@ std::optional<double> gbpsMember(const json& object, std::string_view key) {
                                    : std::nullopt;
 }
 
-USBDevice parseDevice(const json& item, std::string name, const ContainerIDs& containerIDs) {
+USBDevice parseDevice(const json& item, std::string name, const ContainerIDs& containerIDs,
+                      const USBAbilities& abilities) {
   USBDevice device{
       .name = std::move(name),
       .vendorID = textMember(item, "vendor_id", ""),
@@ -52,11 +53,13 @@ USBDevice parseDevice(const json& item, std::string name, const ContainerIDs& co
       .isBuiltIn = knownFlagMember(item, "tamberline_is_built_in"),
       .isTunneled = knownFlagMember(item, "tamberline_is_tunneled"),
       .volumes = mountedVolumes(item),
-      .children = parseUSBDevices(objectsMember(item, "_items"), containerIDs),
+      .children = parseUSBDevices(objectsMember(item, "_items"), containerIDs, abilities),
       .untokenedGbps = gbpsMember(item, "tamberline_mbps"),
   };
   if (const auto locationID = parseLocationID(textMember(item, "location_id", ""))) {
+    device.locationID = locationID;
     device.physicalPort = physicalPortOf(*locationID);
+    device.ability = abilities.find(*locationID).value_or(USBAbility());
     device.containerID = containerIDs.find(*locationID);
   }
   return device;
@@ -64,13 +67,14 @@ USBDevice parseDevice(const json& item, std::string name, const ContainerIDs& co
 
 } // namespace
 
-std::vector<USBBus> parseUSB(const json& report, const ContainerIDs& containerIDs) {
+std::vector<USBBus> parseUSB(const json& report, const ContainerIDs& containerIDs,
+                             const USBAbilities& abilities) {
   std::vector<USBBus> buses;
   for (const json& entry : objectsMember(report, usbSectionKey)) {
     buses.push_back(USBBus{
         .rawName = textMember(entry, "_name", "USBBus"),
         .hostController = textMember(entry, "host_controller", ""),
-        .devices = parseUSBDevices(objectsMember(entry, "_items"), containerIDs),
+        .devices = parseUSBDevices(objectsMember(entry, "_items"), containerIDs, abilities),
         .unnamedMaxGbps = gbpsMember(entry, "tamberline_max_mbps"),
         .isBuiltIn = flagMember(entry, "tamberline_is_built_in"),
     });
@@ -78,11 +82,12 @@ std::vector<USBBus> parseUSB(const json& report, const ContainerIDs& containerID
   return buses;
 }
 
-std::vector<USBDevice> parseUSBDevices(const json& items, const ContainerIDs& containerIDs) {
+std::vector<USBDevice> parseUSBDevices(const json& items, const ContainerIDs& containerIDs,
+                                       const USBAbilities& abilities) {
   std::vector<USBDevice> devices;
   for (const json& item : items) {
     if (std::optional<std::string> name = textMember(item, "_name")) {
-      devices.push_back(parseDevice(item, std::move(*name), containerIDs));
+      devices.push_back(parseDevice(item, std::move(*name), containerIDs, abilities));
     }
   }
   return devices;

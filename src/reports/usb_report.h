@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/container_ids.h"
+#include "model/usb_host_devices.h"
 #include "model/usb_records.h"
 
 #include <nlohmann/json_fwd.hpp>
@@ -12,15 +12,17 @@
 
 namespace tamberline {
 
-/// The buses of the USB section, in report order; `containerIDs` comes from the registry in the
-/// same scan. Only reports made by this program have the flags "tamberline_is_built_in" and
-/// "tamberline_is_tunneled".
-std::vector<USBBus> parseUSB(const nlohmann::json& report, const ContainerIDs& containerIDs);
+/// The buses of the USB section, in report order; the container identifiers and abilities come from
+/// the registry in the same scan. Only reports made by this program have the flags
+/// "tamberline_is_built_in" and "tamberline_is_tunneled".
+std::vector<USBBus> parseUSB(const nlohmann::json& report, const ContainerIDs& containerIDs,
+                             const USBAbilities& abilities = {});
 
 /// One level of devices and everything behind them; an entry without a name is dropped with its
 /// subtree.
 std::vector<USBDevice> parseUSBDevices(const nlohmann::json& items,
-                                       const ContainerIDs& containerIDs);
+                                       const ContainerIDs& containerIDs,
+                                       const USBAbilities& abilities = {});
 
 /// The drives behind a Thunderbolt or USB4 device. Only the reports made on Linux list them.
 std::vector<USBDevice> parseTunneledDrives(const nlohmann::json& items);

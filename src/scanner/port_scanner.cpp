@@ -23,7 +23,7 @@ struct FirstResults {
   FetchedReport thunderbolt;
   FetchedReport usb;
   FetchedReport power;
-  LastReading<ContainerIDs> containerIDs;
+  LastReading<USBHostDevices> usbHostDevices;
   /// The first failure, in the order above; the other fields are not used then.
   std::optional<ReportError> error;
 };
@@ -32,7 +32,7 @@ struct FirstResults {
 struct LastAnswers {
   AnswerDigest thunderbolt;
   AnswerDigest usb;
-  LastReading<ContainerIDs> containerIDs;
+  LastReading<USBHostDevices> usbHostDevices;
 };
 
 QCoro::Task<FirstResults> fetchFirstResults(Acquisition acquisition, LastAnswers last) {
@@ -40,7 +40,7 @@ QCoro::Task<FirstResults> fetchFirstResults(Acquisition acquisition, LastAnswers
   auto thunderbolt = fetchJSON(acquisition, Question::thunderbolt, cancelRequest, last.thunderbolt);
   auto usb = fetchJSON(acquisition, Question::usb, cancelRequest, last.usb);
   auto power = fetchJSON(acquisition, Question::power, cancelRequest);
-  auto containerIDs = fetchContainerIDs(acquisition, last.containerIDs);
+  auto usbHostDevices = fetchContainerIDs(acquisition, last.usbHostDevices);
 
   FirstResults results;
   results.thunderbolt = co_await thunderbolt;
@@ -48,7 +48,7 @@ QCoro::Task<FirstResults> fetchFirstResults(Acquisition acquisition, LastAnswers
   results.usb = co_await usb;
   cancelRequest->isCancelled = cancelRequest->isCancelled || results.usb.error.has_value();
   results.power = co_await power;
-  results.containerIDs = co_await containerIDs;
+  results.usbHostDevices = co_await usbHostDevices;
   for (const FetchedReport* report : {&results.thunderbolt, &results.usb, &results.power}) {
     if (!results.error) {
       results.error = report->error;
@@ -112,13 +112,13 @@ QCoro::Task<std::optional<std::string>> PortScanner::gather(std::shared_ptr<Port
   const Acquisition acquisition = self->outside_.acquisition;
   auto firstStep = fetchFirstResults(acquisition, {.thunderbolt = self->thunderboltAnswer_,
                                                    .usb = self->usbAnswer_,
-                                                   .containerIDs = self->containerIDs_});
+                                                   .usbHostDevices = self->usbHostDevices_});
   FirstResults results = co_await firstStep;
   if (results.error) {
     co_return results.error->description;
   }
   self->publishThunderbolt(results.thunderbolt);
-  self->publishUSB(results.usb, results.containerIDs);
+  self->publishUSB(results.usb, results.usbHostDevices);
   self->publishPower(parsePower(results.power.content));
   auto fedStep = fetchFedDetails(acquisition);
   FedDetails fedDetails = co_await fedStep;
@@ -127,7 +127,7 @@ QCoro::Task<std::optional<std::string>> PortScanner::gather(std::shared_ptr<Port
   auto controllerStep = fetchHPMPorts(acquisition);
   self->publishForTree(self->hpmPorts, co_await controllerStep);
   auto powerStep = fetchPortPowerOut(acquisition);
-  self->portPowerOut.set(co_await powerStep);
+  self->publishBatteryController(co_await powerStep);
   if (self->portCurrentLimitMa.get().empty()) {
     auto limitStep = fetchPortCurrentLimits(acquisition);
     self->publishForTree(self->portCurrentLimitMa, co_await limitStep);
@@ -151,18 +151,20 @@ void PortScanner::publishThunderbolt(const FetchedReport& report) {
 
 /// As for Thunderbolt; container identifiers decide which hubs are merged.
 void PortScanner::publishUSB(const FetchedReport& report,
-                             const LastReading<ContainerIDs>& containerIDs) {
+                             const LastReading<USBHostDevices>& usbHostDevices) {
   const bool isReportKnown = report.answer.digest == usbAnswer_;
-  if (isReportKnown && containerIDs == containerIDs_) {
+  if (isReportKnown && usbHostDevices == usbHostDevices_) {
     usbBuses.rewrite();
     return;
   }
   isTreeOutdated_ = true;
   const std::optional<nlohmann::json> known =
       isReportKnown ? decodeReport(report.answer.text) : std::nullopt;
-  usbBuses.set(mergeContainerHubs(parseUSB(known ? *known : report.content, containerIDs->result)));
+  const USBHostDevices& devices = usbHostDevices->result;
+  usbBuses.set(mergeContainerHubs(
+      parseUSB(known ? *known : report.content, devices.containerIDs, devices.abilities)));
   usbAnswer_ = report.answer.digest;
-  containerIDs_ = containerIDs;
+  usbHostDevices_ = usbHostDevices;
 }
 
 /// Publishes a field from which the tree is built.
@@ -179,6 +181,14 @@ void PortScanner::publishPower(PowerReading reading) {
   if (reading.charger) {
     publishForTree(charger, std::move(reading.charger));
   }
+}
+
+void PortScanner::publishBatteryController(BatteryController controller) {
+  portPowerOut.set(std::move(controller.portPowerOut));
+  if (controller.charging) {
+    addPortFacts(hpmPorts.get(), *controller.charging);
+  }
+  charging.set(std::move(controller.charging));
 }
 
 /// Returns the failure's text if the tree would be too large.

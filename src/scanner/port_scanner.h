@@ -3,9 +3,9 @@
 #include "acquisition/acquisition.h"
 #include "acquisition/fetch_json.h"
 #include "acquisition/machine_answer.h"
+#include "acquisition/registry_probes.h"
 #include "async/awaitables.h"
 #include "model/charging_state.h"
-#include "model/container_ids.h"
 #include "model/power_records.h"
 #include "model/thunderbolt_records.h"
 #include "model/usb_records.h"
@@ -138,10 +138,11 @@ private:
   static QCoro::Task<> identifyVolumes(std::shared_ptr<PortScanner> self);
   static QCoro::Task<std::optional<std::string>> gather(std::shared_ptr<PortScanner> self);
   void publishThunderbolt(const FetchedReport& report);
-  void publishUSB(const FetchedReport& report, const LastReading<ContainerIDs>& containerIDs);
+  void publishUSB(const FetchedReport& report, const LastReading<USBHostDevices>& usbHostDevices);
   void publishPower(PowerReading reading);
   template <typename Value>
   void publishForTree(Published<Value>& field, Value value);
+  void publishBatteryController(BatteryController controller);
   std::optional<std::string> publishTree();
   void startMonitor();
   bool isBeingMeasured(const std::string& mountPoint) const;
@@ -162,7 +163,7 @@ private:
   // The answers from which the records come that are published now:
   AnswerDigest thunderboltAnswer_;
   AnswerDigest usbAnswer_;
-  LastReading<ContainerIDs> containerIDs_;
+  LastReading<USBHostDevices> usbHostDevices_;
 
   bool isTreeOutdated_ = true; // what it is built from has changed since
   std::uint64_t treeVersion_ = 0;

@@ -11,7 +11,7 @@
 namespace tamberline {
 namespace {
 
-QCoro::Task<LastReading<ContainerIDs>> readContainerIDs(Acquisition acquisition) {
+QCoro::Task<LastReading<USBHostDevices>> readContainerIDs(Acquisition acquisition) {
   return fetchContainerIDs(std::move(acquisition), nullptr);
 }
 
@@ -60,13 +60,36 @@ TEST_F(RegistryProbes, ReadTheDump) {
   EXPECT_EQ(ports.front().portNumber, 2);
 }
 
+TEST_F(RegistryProbes, ReadTwoThingsFromOneDump) {
+  const BatteryController battery = probe(
+      fetchPortPowerOut, Question::portPower,
+      propertyList("<array><dict><key>ExternalConnected</key><true/><key>PowerOutDetails</key>"
+                   "<array><dict><key>PortIndex</key><integer>2</integer></dict></array>"
+                   "</dict></array>"));
+  EXPECT_EQ(battery.portPowerOut.size(), 1U);
+  ASSERT_TRUE(battery.charging);
+  EXPECT_EQ(battery.charging->isExternalPowerConnected, true);
+
+  const USBHostDevices devices =
+      probe(fetchContainerIDs, Question::usbHostDevices,
+            propertyList("<array><dict><key>locationID</key><integer>7</integer><key>bcdUSB</key>"
+                         "<integer>512</integer><key>kUSBContainerID</key><string>box</string>"
+                         "</dict></array>"));
+  EXPECT_EQ(devices.containerIDs.find(7), "box");
+  EXPECT_EQ(devices.abilities.find(7).value().usbVersion, 0x0200);
+}
+
 TEST_F(RegistryProbes, FindNothingInAnAnswerThatIsNoDump) {
   for (const std::string output : {"", "garbage", "<plist>", "<plist><dict/></plist>"}) {
     SCOPED_TRACE(output);
     EXPECT_TRUE(probe(fetchHPMPorts, Question::portControllers, output).empty());
-    EXPECT_TRUE(probe(fetchPortPowerOut, Question::portPower, output).empty());
+    const BatteryController battery = probe(fetchPortPowerOut, Question::portPower, output);
+    EXPECT_TRUE(battery.portPowerOut.empty());
+    EXPECT_FALSE(battery.charging);
     EXPECT_TRUE(probe(fetchPortCurrentLimits, Question::deviceTree, output).empty());
-    EXPECT_EQ(probe(readContainerIDs, Question::usbHostDevices, output)->result.size(), 0U);
+    const auto devices = probe(readContainerIDs, Question::usbHostDevices, output);
+    EXPECT_EQ(devices->result.containerIDs.size(), 0U);
+    EXPECT_EQ(devices->result.abilities.size(), 0U);
     EXPECT_TRUE(probe(fetchFedDetails, Question::powerSource, output).ports.empty());
     EXPECT_EQ(probe(fetchFedDetails, Question::powerSource, output).bestAdapterIndex, 0);
   }
@@ -79,21 +102,21 @@ std::string dumpWithContainer(const std::string& identifier) {
 }
 
 TEST_F(RegistryProbes, ReadTheContainersAgainOnlyIfTheirDumpChanged) {
-  LastReading<ContainerIDs> last;
+  LastReading<USBHostDevices> last;
   const auto readAgain = [&](const std::string& dump) {
     machine->answer(Question::usbHostDevices, dump);
-    const auto result = std::make_shared<std::optional<LastReading<ContainerIDs>>>();
+    const auto result = std::make_shared<std::optional<LastReading<USBHostDevices>>>();
     store(fetchContainerIDs({machine, queue}, last), result);
     queue->settle();
     return result->value_or(nullptr);
   };
   last = readAgain(dumpWithContainer("box"));
   ASSERT_NE(last, nullptr);
-  EXPECT_EQ(last->result.find(1), "box");
+  EXPECT_EQ(last->result.containerIDs.find(1), "box");
   EXPECT_EQ(readAgain(dumpWithContainer("box")), last);
-  const LastReading<ContainerIDs> changed = readAgain(dumpWithContainer("bag"));
+  const LastReading<USBHostDevices> changed = readAgain(dumpWithContainer("bag"));
   ASSERT_NE(changed, nullptr);
-  EXPECT_EQ(changed->result.find(1), "bag");
+  EXPECT_EQ(changed->result.containerIDs.find(1), "bag");
 }
 
 } // namespace

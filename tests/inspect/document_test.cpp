@@ -14,7 +14,8 @@ TEST(Document, OfAScanThatFoundNothingHasEmptyMembers) {
   EXPECT_EQ(jsonText(Scan().run()), normalized(R"({
     "errorMessage": null, "thunderboltBuses": [], "usbBuses": [], "charger": null,
     "battery": null, "hpmPorts": [], "fedPortStates": [], "bestAdapterIndex": 0,
-    "portPowerOut": {}, "portCurrentLimitMa": {}, "ports": [], "portTree": [], "allContainerIDs": [],
+    "portPowerOut": {}, "portCurrentLimitMa": {}, "ports": [], "charging": null,
+    "deviceAbilities": [], "linkLimits": [], "portTree": [], "allContainerIDs": [],
     "searchEntries": [],
     "panel": {"state": "empty", "message": "No ports detected", "cards": []}
   })"));
@@ -81,15 +82,142 @@ TEST(Document, DescribesWhatElseIsKnownOfEachPort) {
     "receptacles": [{"number": 1, "isConnected": true,
       "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2, "receiveLanes": 2}}],
     "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2, "receiveLanes": 2},
-    "partner": null, "agreedPower": null
+    "partner": null, "agreedPower": null, "offers": [], "intake": [], "powerMode": null,
+    "cable": null, "video": null, "overCurrentCount": null, "isFailing": false
   })"));
-  EXPECT_EQ(jsonText(describePorts({{.busNumber = 1}}, {{.portNumber = 2, .isMagSafe = true},
-                                                        {.portNumber = 2,
-                                                         .partner = PortPartner::audio,
-                                                         .agreedPower = AgreedPower{5, 1.5}}})),
-            normalized(R"([{
+  EXPECT_EQ(
+      jsonText(describePorts(
+          {{.busNumber = 1}},
+          {{.portNumber = 2, .isMagSafe = true},
+           {.portNumber = 2, .partner = PortPartner::audio, .agreedPower = AgreedPower{5, 1.5}}},
+          std::nullopt)),
+      normalized(R"([{
     "portNumber": 2, "receptacles": [], "link": null, "partner": "audio",
-    "agreedPower": {"volts": 5.0, "amps": 1.5, "watts": 7.5}
+    "agreedPower": {"volts": 5.0, "amps": 1.5, "watts": 7.5}, "offers": [], "intake": [],
+    "powerMode": null, "cable": null, "video": null, "overCurrentCount": null, "isFailing": false
+  }])"));
+}
+
+TEST(Document, DescribesTheDetailsOfAPort) {
+  HPMPort port{.portNumber = 1};
+  port.details = {.offers = {{.minVolts = 20, .maxVolts = 20, .amps = 3.25, .isAgreed = true}},
+                  .intake = {{.kind = PowerOfferKind::battery,
+                              .minVolts = 5,
+                              .maxVolts = 20,
+                              .givenWatts = 60}},
+                  .powerMode = PowerMode::powerDelivery,
+                  .cable = CableRatings{.kind = CableKind::passive,
+                                        .plug = CablePlug::typeC,
+                                        .maxAmps = 3,
+                                        .maxVolts = 20,
+                                        .gbpsOfLane = 0.48},
+                  .video = VideoUse{.lanes = 2, .isScreenPresent = true},
+                  .overCurrentCount = 1,
+                  .isFailing = true};
+  Document details = describePorts({{.busNumber = 0}}, {port}, std::nullopt).front();
+  for (const char* key : {"portNumber", "receptacles", "link", "partner", "agreedPower"}) {
+    details.erase(key);
+  }
+  EXPECT_EQ(jsonText(details), normalized(R"({
+    "offers": [{"kind": "fixed", "minVolts": 20.0, "maxVolts": 20.0, "amps": 3.25, "watts": 65.0,
+                "isAgreed": true}],
+    "intake": [{"kind": "battery", "minVolts": 5.0, "maxVolts": 20.0, "amps": null, "watts": 60.0,
+                "isAgreed": false}],
+    "powerMode": "powerDelivery",
+    "cable": {"kind": "passive", "plug": "typeC", "maxAmps": 3.0, "maxVolts": 20.0,
+              "maxWatts": 60.0, "gbpsOfLane": 0.48, "maxGbps": 0.48},
+    "video": {"lanes": 2, "isScreenPresent": true}, "overCurrentCount": 1, "isFailing": true
+  })"));
+}
+
+TEST(Document, NamesTheKindsOfOffersCablesAndModes) {
+  const auto kindOf = [](PowerOfferKind kind) {
+    return describeOffers({{.kind = kind}}).at(0).at("kind");
+  };
+  EXPECT_EQ(kindOf(PowerOfferKind::variable), "variable");
+  EXPECT_EQ(kindOf(PowerOfferKind::programmable), "programmable");
+  EXPECT_EQ(nameOf(PowerMode::usbDefault), "default");
+  EXPECT_EQ(nameOf(PowerMode::onePointFiveAmps), "1.5A");
+  EXPECT_EQ(nameOf(PowerMode::threeAmps), "3A");
+  EXPECT_EQ(describe(CableRatings{.kind = CableKind::active})["kind"], "active");
+  EXPECT_EQ(describe(CableRatings{.kind = CableKind::optical})["kind"], "optical");
+  EXPECT_EQ(describe(CableRatings{.plug = CablePlug::typeA})["plug"], "typeA");
+  EXPECT_EQ(describe(CableRatings{.plug = CablePlug::typeB})["plug"], "typeB");
+  EXPECT_EQ(describe(CableRatings{.plug = CablePlug::captive})["plug"], "captive");
+  EXPECT_TRUE(describe(CableRatings())["kind"].is_null());
+  EXPECT_TRUE(describe(CableRatings())["plug"].is_null());
+}
+
+TEST(Document, DescribesTheOffersOfTheAdapterOnItsPort) {
+  const ChargingState charging{
+      .adapter =
+          AdapterState{.offers = {{.minVolts = 9, .maxVolts = 9, .amps = 3}}, .portNumber = 2}};
+  const Document ports = describePorts({{.busNumber = 0}, {.busNumber = 1}, {.busNumber = 2}},
+                                       {{.portNumber = 1}, {.portNumber = 2}}, charging);
+  EXPECT_EQ(ports[0]["offers"].size(), 0U);
+  EXPECT_EQ(ports[1]["offers"].size(), 1U);
+  EXPECT_EQ(ports[2]["offers"].size(), 0U);
+}
+
+TEST(Document, DescribesHowTheComputerIsPowered) {
+  EXPECT_EQ(jsonText(describe(ChargingState{.isExternalPowerConnected = true,
+                                            .hasBattery = true,
+                                            .isCharging = false,
+                                            .isFullyCharged = false,
+                                            .chargePercent = 80,
+                                            .batteryMa = -12,
+                                            .batteryWatts = -0.5,
+                                            .inputWatts = 18.5,
+                                            .systemWatts = 17,
+                                            .wantedMa = 0,
+                                            .reasons = {.notCharging = 16777216, .slowCharging = 0},
+                                            .maxIntakeWatts = 100,
+                                            .limitStartPercent = 75,
+                                            .limitEndPercent = 80,
+                                            .statusText = "Not charging",
+                                            .behaviour = "auto",
+                                            .adapter = AdapterState{.ratedWatts = 65,
+                                                                    .agreedVolts = 20,
+                                                                    .agreedAmps = 3.25,
+                                                                    .portNumber = 2}})),
+            normalized(R"({
+    "isExternalPowerConnected": true, "hasBattery": true, "isCharging": false,
+    "isFullyCharged": false, "chargePercent": 80, "batteryMa": -12, "batteryWatts": -0.5,
+    "inputWatts": 18.5, "systemWatts": 17.0, "wantedMa": 0,
+    "reasons": {"notCharging": 16777216, "slowCharging": 0, "inhibited": null},
+    "maxIntakeWatts": 100.0, "limitStartPercent": 75, "limitEndPercent": 80,
+    "status": "Not charging", "behaviour": "auto",
+    "adapter": {"ratedWatts": 65.0, "agreedVolts": 20.0, "agreedAmps": 3.25, "offers": [],
+                "portNumber": 2}
+  })"));
+  EXPECT_EQ(jsonText(describe(ChargingState())), normalized(R"({
+    "isExternalPowerConnected": null, "hasBattery": null, "isCharging": null,
+    "isFullyCharged": null, "chargePercent": null, "batteryMa": null, "batteryWatts": null,
+    "inputWatts": null, "systemWatts": null, "wantedMa": null,
+    "reasons": {"notCharging": null, "slowCharging": null, "inhibited": null},
+    "maxIntakeWatts": null, "limitStartPercent": null, "limitEndPercent": null,
+    "status": null, "behaviour": null, "adapter": null
+  })"));
+}
+
+TEST(Document, DescribesAbilitiesByTheNodesOfTheirDevices) {
+  TreeNode drive(TreeNode::USBDeviceEntry{.device = {.ability = {.provenGbps = 10,
+                                                                 .limitGbps = 20,
+                                                                 .usbVersion = 0x0210,
+                                                                 .linkGbps = 0.48,
+                                                                 .isAuthorized = true}}});
+  drive.id = "a/b";
+  TreeNode mouse{TreeNode::USBDeviceEntry{}};
+  TreeNode dock(TreeNode::TBDevice{{.linkLimit = LinkLimit{.lanes = 2, .gbpsOfLane = 20}}},
+                {drive, mouse});
+  dock.id = "a";
+  const TreeNode other{TreeNode::TBDevice{}};
+  EXPECT_EQ(jsonText(describeAbilities({dock, other})), normalized(R"([{
+    "id": "a/b", "provenGbps": 10.0, "limitGbps": 20.0, "usbVersion": "2.10", "linkGbps": 0.48,
+    "isAuthorized": true
+  }])"));
+  EXPECT_EQ(jsonText(describeLinkLimits({dock, other})), normalized(R"([{
+    "id": "a", "lanes": 2, "gbpsOfLane": 20.0
   }])"));
 }
 

@@ -72,14 +72,5 @@ TEST(CableRatings, TellTheSpeedThatTheCableIsSoldWith) {
   EXPECT_EQ(sold(40), 80);
 }
 
-TEST(ChargingReasons, AreFoundInAnyMask) {
-  const std::int64_t limit = ChargingReasons::isHeldAtLimit;
-  EXPECT_TRUE((ChargingReasons{.notCharging = limit | 4}.contains(limit)));
-  EXPECT_TRUE((ChargingReasons{.slowCharging = limit}.contains(limit)));
-  EXPECT_TRUE((ChargingReasons{.inhibited = limit}.contains(limit)));
-  EXPECT_FALSE((ChargingReasons{.notCharging = 1, .inhibited = 0}.contains(limit)));
-  EXPECT_FALSE(ChargingReasons{}.contains(limit));
-}
-
 } // namespace
 } // namespace tamberline

@@ -62,6 +62,21 @@ struct Number {
   std::int64_t value;
 };
 
+TEST(PropertyListInteger, IsNegativeIfItNeedsThe64thBitAndIsTakenAsWrapped) {
+  const auto wrappedIn = [](const std::string& content) {
+    return decodedList("<integer>" + content + "</integer>").root().wrappedInteger();
+  };
+  EXPECT_EQ(wrappedIn("18446744073709551615"), -1);
+  EXPECT_EQ(wrappedIn("0xFFFFFFFFFFFFFFFF"), -1);
+  EXPECT_EQ(wrappedIn("9223372036854775808"), std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(wrappedIn("9223372036854775807"), std::numeric_limits<std::int64_t>::max());
+  EXPECT_EQ(wrappedIn("-1"), -1);
+  EXPECT_EQ(wrappedIn(" +7 "), 7);
+  EXPECT_EQ(wrappedIn("18446744073709551616"), std::nullopt);
+  EXPECT_EQ(wrappedIn("-18446744073709551615"), std::nullopt);
+  EXPECT_EQ(decodedList("<string>5</string>").root().wrappedInteger(), std::nullopt);
+}
+
 TEST(PropertyListInteger, IsDecimalOrHexadecimalWithAnOptionalSign) {
   constexpr Number numbers[] = {
       {"0", 0},

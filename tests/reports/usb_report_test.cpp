@@ -182,6 +182,21 @@ TEST(UsbReport, TakesTheContainerFromTheSameScansRegistry) {
   EXPECT_EQ(containerAt("no location"), std::nullopt);
 }
 
+TEST(UsbReport, TakesTheAbilityFromTheSameScansRegistry) {
+  USBAbilities abilities;
+  abilities.add(0x01110000, {.limitGbps = 0.48});
+  const auto buses = parseUSB(json::parse(R"({"SPUSBDataType": [{"_items": [
+    {"_name": "hub", "location_id": "0x01100000", "_items": [
+      {"_name": "disk", "location_id": "0x01110000"}, {"_name": "lost"}]}]}]})"),
+                              ContainerIDs(), abilities);
+  const USBDevice& hub = buses.at(0).devices[0];
+  EXPECT_EQ(hub.locationID, 0x01100000);
+  EXPECT_EQ(hub.ability, USBAbility{});
+  EXPECT_EQ(hub.children[0].locationID, 0x01110000);
+  EXPECT_EQ(hub.children[0].ability, USBAbility{.limitGbps = 0.48});
+  EXPECT_EQ(hub.children[1].locationID, std::nullopt);
+}
+
 TEST(UsbReport, HasNoContainerForADeviceWithoutLocation) {
   ContainerIDs containerIDs;
   containerIDs.add(0, "C-0");

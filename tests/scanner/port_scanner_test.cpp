@@ -31,6 +31,7 @@ protected:
     note(scanner->errorMessage, "errorMessage");
     note(scanner->hpmPorts, "hpmPorts");
     note(scanner->portPowerOut, "portPowerOut");
+    note(scanner->charging, "charging");
     note(scanner->portCurrentLimitMa, "portCurrentLimitMa");
   }
 
@@ -47,7 +48,7 @@ protected:
     machine->answer(Question::portPower,
                     propertyList("<array><dict><key>PowerOutDetails</key><array><dict>"
                                  "<key>PortIndex</key><integer>1</integer></dict></array>"
-                                 "</dict></array>"));
+                                 "<key>ExternalConnected</key><true/></dict></array>"));
     machine->answer(Question::deviceTree,
                     propertyList("<dict><key>IORegistryEntryName</key><string>port-usb-c-1</string>"
                                  "<key>port-number</key><data>AQAAAA==</data>"
@@ -101,10 +102,37 @@ TEST_F(PortScannerTest, PublishesEachFieldInItsTurnAndTheTreeLast) {
   answerWithAFullMachine();
   noteAllFields();
   scan();
-  EXPECT_EQ(published, (std::vector<std::string>{
-                           "isScanning", "thunderboltBuses", "usbBuses", "battery", "charger",
-                           "fedPortStates", "bestAdapterIndex", "hpmPorts", "portPowerOut",
-                           "portCurrentLimitMa", "portTree", "lastScanned", "isScanning"}));
+  EXPECT_EQ(published,
+            (std::vector<std::string>{"isScanning", "thunderboltBuses", "usbBuses", "battery",
+                                      "charger", "fedPortStates", "bestAdapterIndex", "hpmPorts",
+                                      "portPowerOut", "charging", "portCurrentLimitMa", "portTree",
+                                      "lastScanned", "isScanning"}));
+}
+
+TEST_F(PortScannerTest, FindsThePortOfTheAdapter) {
+  answerWithAFullMachine();
+  scan();
+  EXPECT_EQ(scanner->charging.get(), (ChargingState{.isExternalPowerConnected = true,
+                                                    .adapter = AdapterState{.portNumber = 1}}));
+}
+
+TEST_F(PortScannerTest, FindsTheAbilitiesOfDevices) {
+  machine->answer(Question::usb, R"({"SPUSBDataType": [{"_items": [
+      {"_name": "Disk", "location_id": "0x01100000"}]}]})");
+  machine->answer(Question::usbHostDevices,
+                  propertyList("<array><dict><key>locationID</key><integer>17825792</integer>"
+                               "<key>bcdUSB</key><integer>512</integer></dict></array>"));
+  scan();
+  EXPECT_EQ(scanner->usbBuses.get().at(0).devices[0].ability,
+            (USBAbility{.limitGbps = 0.48, .usbVersion = 0x0200}));
+}
+
+TEST_F(PortScannerTest, NoLongerKnowsHowTheComputerIsPoweredIfThatIsNotReported) {
+  answerWithAFullMachine();
+  scan();
+  machine->answer(Question::portPower, "");
+  scan();
+  EXPECT_EQ(scanner->charging.get(), std::nullopt);
 }
 
 TEST_F(PortScannerTest, ClearsTheErrorLast) {

@@ -2,7 +2,7 @@
 // change, which keep and which lose their values, the error, and the tree.
 #pragma once
 
-#include "model/container_ids.h"
+#include "model/usb_host_devices.h"
 #include "registry/probe_results.h"
 #include "scanner/faulty_tools.h"
 #include "scanner/port_scanner.h"

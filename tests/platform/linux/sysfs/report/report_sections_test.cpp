@@ -1,4 +1,4 @@
-#include "model/container_ids.h"
+#include "model/usb_host_devices.h"
 #include "platform/linux/sysfs/report/report_sections.h"
 #include "reports/power_report.h"
 #include "reports/thunderbolt_report.h"

@@ -1,4 +1,4 @@
-#include "model/container_ids.h"
+#include "model/usb_host_devices.h"
 
 #include <gtest/gtest.h>
 
