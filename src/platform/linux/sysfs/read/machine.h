@@ -1,6 +1,7 @@
 // A snapshot of a machine's devices as the kernel reports them, in plain values.
 #pragma once
 
+#include "platform/linux/sysfs/read/cable_identity.h"
 #include "platform/linux/sysfs/read/usb_address.h"
 
 #include <compare>
@@ -22,6 +23,16 @@ struct Volume {
   std::string mountPoint;
 };
 
+/// What a device's descriptors say about its speed, in Mb/s. Absent values are unknown.
+struct UsbCapabilities {
+  /// The highest speed of one lane that it lists.
+  std::optional<std::int64_t> provenMbps = {};
+  /// The speed that it can never exceed.
+  std::optional<std::int64_t> limitMbps = {};
+
+  friend bool operator==(const UsbCapabilities&, const UsbCapabilities&) = default;
+};
+
 /// Texts are empty if the device has none.
 struct UsbDevice {
   std::string name = {};
@@ -38,6 +49,12 @@ struct UsbDevice {
   bool isOnBuiltInController = false;
   /// The container in its descriptors; also absent if they cannot be read.
   std::optional<std::string> descriptorContainerId = {};
+  /// The USB version in its descriptor: 0x0210 is 2.1.
+  std::optional<std::int64_t> usbVersion = {};
+  /// Absent if the kernel does not provide the descriptors that have it.
+  std::optional<UsbCapabilities> capabilities = {};
+  /// Whether the computer uses it; false if it is blocked.
+  std::optional<bool> isAuthorized = {};
   std::vector<Volume> volumes = {};
 
   /// Whether it is connected through the wires that USB 3 added.
@@ -49,6 +66,10 @@ struct UsbPort {
   std::optional<UsbAddress> peer = {}; // the port of another bus in the same receptacle
   std::optional<PhysicalLocation> location = {};
   bool isHardwired = false; // to something inside the case
+  /// How often it was switched off because too much current flowed.
+  std::optional<std::int64_t> overCurrentCount = {};
+  /// The state of the device on it, such as "configured"; empty if the kernel does not report it.
+  std::string state = {};
 };
 
 /// Both are keyed by the address of the device, or of a device that would be plugged into the port.
@@ -111,6 +132,20 @@ struct ThunderboltTopology {
   std::vector<Usb4Port> hostPorts; // sorted by domain and number
 };
 
+enum class PowerOfferKind : std::uint8_t { fixed, variable, battery, programmable };
+
+/// One of the powers that a source offers or a sink takes. The kind "battery" has a power, the
+/// others have a current.
+struct PowerOffer {
+  PowerOfferKind kind = PowerOfferKind::fixed;
+  std::int64_t minMillivolts = 0;
+  std::int64_t maxMillivolts = 0;
+  std::optional<std::int64_t> milliamperes = {};
+  std::optional<std::int64_t> milliwatts = {};
+
+  friend bool operator==(const PowerOffer&, const PowerOffer&) = default;
+};
+
 enum class PowerRole : std::uint8_t { unknown, source, sink };
 
 /// Whether a partner offers or uses a video mode.
@@ -129,11 +164,19 @@ struct TypecPartner {
   bool knowsThunderbolt = false;
   /// The max power that it offers; absent if it offers none or does not report it.
   std::optional<double> offeredWatts = {};
+  std::vector<PowerOffer> offers = {};
+  /// Of the four lanes; absent if unknown.
+  std::optional<std::int64_t> videoLanes = {};
+  /// Whether there is a screen behind it; absent if unknown.
+  std::optional<bool> isScreenPresent = {};
 };
 
 struct TypecCable {
   bool isActive = false;
   bool isOptical = false;
+  bool isPassive = false; // neither if the controller does not report it
+  std::string plug = {};  // "type-c", "captive"
+  CableIdentity identity = {};
 };
 
 /// A USB-C port. Ports have the numbers that the kernel gives them.
@@ -142,6 +185,9 @@ struct TypecPort {
   bool isDualRole = false;
   /// The current in mA that it offers at 5 V.
   std::optional<std::int64_t> offeredMa = {};
+  /// The powers that it takes.
+  std::vector<PowerOffer> intake = {};
+  std::string powerMode = {}; // "default", "1.5A", "3.0A", "usb_power_delivery"
   std::optional<TypecPartner> partner = {};
   std::optional<TypecCable> cable = {};
   std::optional<PhysicalLocation> location = {};
@@ -168,6 +214,14 @@ struct PowerSupply {
   std::optional<std::int64_t> voltageMaxDesign = {};
   std::optional<std::int64_t> currentNow = {};
   std::optional<std::int64_t> currentMax = {};
+  /// What a battery measures, whatever its sign.
+  std::optional<std::int64_t> batteryVoltage = {};
+  std::optional<std::int64_t> batteryCurrent = {};
+  std::optional<std::int64_t> batteryPower = {};
+  /// The charge in percent below which charging starts, and at which it stops.
+  std::optional<std::int64_t> limitStartPercent = {};
+  std::optional<std::int64_t> limitEndPercent = {};
+  std::string behaviour = {};  // of charging: "auto", "inhibit-charge"
   std::string controller = {}; // the path of its parent device
 
   bool isBattery() const;

@@ -15,6 +15,21 @@ std::optional<std::int64_t> readChargeOrEnergy(const fs::path& folder, const std
   return charge ? charge : readNumber(folder / ("energy_" + what));
 }
 
+void readBattery(const fs::path& folder, PowerSupply& supply) {
+  supply.status = readTextOrNothing(folder / "status");
+  supply.health = readTextOrNothing(folder / "health");
+  supply.capacityPercent = readNumber(folder / "capacity");
+  supply.cycleCount = readNumber(folder / "cycle_count");
+  supply.fullCharge = readChargeOrEnergy(folder, "full");
+  supply.fullChargeByDesign = readChargeOrEnergy(folder, "full_design");
+  supply.batteryVoltage = readNumber(folder / "voltage_now");
+  supply.batteryCurrent = readNumber(folder / "current_now");
+  supply.batteryPower = readNumber(folder / "power_now");
+  supply.limitStartPercent = readNumber(folder / "charge_control_start_threshold");
+  supply.limitEndPercent = readNumber(folder / "charge_control_end_threshold");
+  supply.behaviour = readChoice(folder / "charge_behaviour");
+}
+
 /// Reads what kind of supply it is and whether it is online. The supplies of USB-C ports always
 /// belong to the computer, although some kernels mark them as a device's if they charge something
 /// else.
@@ -39,12 +54,7 @@ PowerSupply readSupply(const fs::path& folder) {
   PowerSupply supply = readKind(folder);
   supply.controller = owningDevice(folder);
   if (supply.isBattery()) {
-    supply.status = readTextOrNothing(folder / "status");
-    supply.health = readTextOrNothing(folder / "health");
-    supply.capacityPercent = readNumber(folder / "capacity");
-    supply.cycleCount = readNumber(folder / "cycle_count");
-    supply.fullCharge = readChargeOrEnergy(folder, "full");
-    supply.fullChargeByDesign = readChargeOrEnergy(folder, "full_design");
+    readBattery(folder, supply);
   } else if (supply.isAdapter()) {
     supply.modelName = readName(folder / "model_name");
     supply.manufacturer = readName(folder / "manufacturer");

@@ -2,6 +2,7 @@
 #include "platform/linux/sysfs/read/attribute_files.h"
 #include "platform/linux/sysfs/read/device_folders.h"
 #include "platform/linux/sysfs/read/device_readers.h"
+#include "platform/linux/sysfs/read/power_delivery_reader.h"
 
 #include <algorithm>
 #include <string>
@@ -62,30 +63,15 @@ PartnerAccessory readAccessory(const fs::path& partner) {
   return mode == "debug" ? PartnerAccessory::debug : PartnerAccessory::none;
 }
 
-/// A fixed voltage and its max current that a source offers, such as "1:fixed_supply".
-struct PowerOffer {
-  std::int64_t millivolts = 0;
-  std::int64_t milliamperes = 0;
-};
-
-std::vector<PowerOffer> readOffers(const fs::path& device) {
-  const fs::path folder = device / "usb_power_delivery" / "source-capabilities";
-  std::vector<PowerOffer> offers;
-  for (const std::string& name : namesIn(folder)) {
-    const auto millivolts = readNumber(folder / name / "voltage");
-    const auto milliamperes = readNumber(folder / name / "maximum_current");
-    if (millivolts && milliamperes && name.ends_with(":fixed_supply")) {
-      offers.push_back({*millivolts, *milliamperes});
-    }
-  }
-  return offers;
-}
-
-std::optional<double> maxWattsOf(const std::vector<PowerOffer>& offers) {
+/// The max power of the fixed voltages. Ranges are not counted: their max voltage is not available
+/// at their max current.
+std::optional<double> maxFixedWatts(const std::vector<PowerOffer>& offers) {
   double most = 0;
   for (const PowerOffer& offer : offers) {
-    most = std::max(most, static_cast<double>(offer.millivolts) *
-                              static_cast<double>(offer.milliamperes) / 1'000'000);
+    if (offer.kind == PowerOfferKind::fixed) {
+      most = std::max(most, static_cast<double>(offer.maxMillivolts) *
+                                static_cast<double>(offer.milliamperes.value_or(0)) / 1'000'000);
+    }
   }
   constexpr double maxCredibleWatts = 10'000;
   return most > 0 && most <= maxCredibleWatts ? std::optional(most) : std::nullopt;
@@ -93,9 +79,31 @@ std::optional<double> maxWattsOf(const std::vector<PowerOffer>& offers) {
 
 std::optional<std::int64_t> milliamperesAtFiveVolts(const std::vector<PowerOffer>& offers) {
   const auto found = std::find_if(offers.begin(), offers.end(), [](const PowerOffer& offer) {
-    return offer.millivolts == 5000 && offer.milliamperes > 0;
+    return offer.kind == PowerOfferKind::fixed && offer.maxMillivolts == 5000 &&
+           offer.milliamperes > 0;
   });
-  return found == offers.end() ? std::nullopt : std::optional(found->milliamperes);
+  return found == offers.end() ? std::nullopt : found->milliamperes;
+}
+
+/// The lanes of a pin assignment: two of the four stay with USB in D and F.
+std::optional<std::int64_t> lanesOfPins(const std::string& assignment) {
+  if (assignment == "C" || assignment == "E") {
+    return 4;
+  }
+  return assignment == "D" || assignment == "F" ? std::optional<std::int64_t>(2) : std::nullopt;
+}
+
+/// The kernel's video driver adds a folder to the mode that it uses.
+void readVideo(const std::vector<fs::path>& modes, TypecPartner& partner) {
+  for (const fs::path& mode : modes) {
+    const fs::path driver = mode / "displayport";
+    if (doesExist(driver)) {
+      partner.videoLanes = lanesOfPins(readChoice(driver / "pin_assignment"));
+      const auto present = readNumber(driver / "hpd");
+      partner.isScreenPresent = present ? std::optional(*present > 0) : std::nullopt;
+      return;
+    }
+  }
 }
 
 std::optional<TypecPartner> readPartner(const fs::path& ports, const std::string& portName) {
@@ -107,7 +115,7 @@ std::optional<TypecPartner> readPartner(const fs::path& ports, const std::string
   constexpr unsigned productShift = 16;
   const std::vector<fs::path> modes = alternateModes(folder, name);
   const std::int64_t countOfModes = readNumber(folder / "number_of_alternate_modes").value_or(0);
-  return TypecPartner{
+  TypecPartner partner{
       .vendorId = static_cast<std::int64_t>(identityWord(folder, "id_header") & 0xFFFFU),
       .productId =
           static_cast<std::int64_t>((identityWord(folder, "product") >> productShift) & 0xFFFFU),
@@ -115,8 +123,11 @@ std::optional<TypecPartner> readPartner(const fs::path& ports, const std::string
       .accessory = readAccessory(folder),
       .hasAlternateModes = !modes.empty() || countOfModes > 0,
       .knowsThunderbolt = areThunderbolt(modes),
-      .offeredWatts = maxWattsOf(readOffers(folder)),
+      .offers = readSourceOffers(folder),
   };
+  partner.offeredWatts = maxFixedWatts(partner.offers);
+  readVideo(modes, partner);
+  return partner;
 }
 
 std::optional<TypecCable> readCable(const fs::path& ports, const std::string& portName) {
@@ -125,9 +136,17 @@ std::optional<TypecCable> readCable(const fs::path& ports, const std::string& po
     return std::nullopt;
   }
   constexpr std::uint64_t isOptical = 1U << 10U; // in the second word of an active cable
-  const bool isActive = readTextOrNothing(folder / "type") == "active";
+  const std::string type = readTextOrNothing(folder / "type");
+  const bool isActive = type == "active";
   const bool reportsOptical = (identityWord(folder, "product_type_vdo2") & isOptical) != 0;
-  return TypecCable{.isActive = isActive, .isOptical = isActive && reportsOptical};
+  const auto revision = readNumber(folder / "usb_power_delivery_revision"); // such as "3.1"
+  return TypecCable{.isActive = isActive,
+                    .isOptical = isActive && reportsOptical,
+                    .isPassive = type == "passive",
+                    .plug = readTextOrNothing(folder / "plug_type"),
+                    .identity =
+                        cableIdentityIn(identityWord(folder, "id_header"),
+                                        identityWord(folder, "product_type_vdo1"), revision >= 3)};
 }
 
 /// Test beds list their USB-C ports as a bus instead of a class.
@@ -155,15 +174,18 @@ std::map<int, TypecPort> readTypecPorts(const fs::path& sysfs) {
       continue;
     }
     const fs::path port = folder / name;
-    ports.insert_or_assign(*number, TypecPort{
-                                        .role = readRole(port),
-                                        .isDualRole = readChoice(port / "port_type") == "dual",
-                                        .offeredMa = milliamperesAtFiveVolts(readOffers(port)),
-                                        .partner = readPartner(folder, name),
-                                        .cable = readCable(folder, name),
-                                        .location = physicalLocation(port),
-                                        .controller = owningDevice(port),
-                                    });
+    ports.insert_or_assign(*number,
+                           TypecPort{
+                               .role = readRole(port),
+                               .isDualRole = readChoice(port / "port_type") == "dual",
+                               .offeredMa = milliamperesAtFiveVolts(readSourceOffers(port)),
+                               .intake = readSinkOffers(port),
+                               .powerMode = readTextOrNothing(port / "power_operation_mode"),
+                               .partner = readPartner(folder, name),
+                               .cable = readCable(folder, name),
+                               .location = physicalLocation(port),
+                               .controller = owningDevice(port),
+                           });
   }
   return ports;
 }

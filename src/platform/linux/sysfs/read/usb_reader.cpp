@@ -36,12 +36,18 @@ std::optional<int> activeConfiguration(const fs::path& folder, const UsbAddress&
   return std::nullopt;
 }
 
-std::optional<std::int64_t> describedMa(const fs::path& folder, const UsbAddress& address,
-                                        bool isSuperSpeed) {
-  const auto configuration = activeConfiguration(folder, address);
-  return configuration ? ratedMaIn(readBytes(folder / "descriptors", maxDescriptorBytes),
-                                   *configuration, isSuperSpeed)
-                       : std::nullopt;
+/// The kernel holds the descriptors of a device from the moment it was plugged in.
+void readDescriptors(const fs::path& folder, const UsbAddress& address, UsbDevice& device) {
+  const std::string descriptors = readBytes(folder / "descriptors", maxDescriptorBytes);
+  device.usbVersion = usbVersionIn(descriptors);
+  if (const auto configuration = activeConfiguration(folder, address)) {
+    device.ratedMa = ratedMaIn(descriptors, *configuration, device.isSuperSpeed());
+  }
+  const std::string bos = readBytes(folder / "bos_descriptors", maxDescriptorBytes);
+  device.capabilities = capabilitiesIn(bos);
+  if (device.isHub) {
+    device.descriptorContainerId = containerIdIn(bos);
+  }
 }
 
 /// Reads only what the kernel returns at once, even if the device no longer answers.
@@ -56,11 +62,9 @@ UsbDevice readDevice(const fs::path& folder, const UsbAddress& address) {
       .isHub = deviceClass == hubClass,
       .isBillboard = deviceClass == billboardClass,
   };
-  device.ratedMa = describedMa(folder, address, device.isSuperSpeed());
-  if (device.isHub) {
-    device.descriptorContainerId =
-        containerIdIn(readBytes(folder / "bos_descriptors", maxDescriptorBytes));
-  }
+  const auto authorized = readNumber(folder / "authorized");
+  device.isAuthorized = authorized ? std::optional(*authorized > 0) : std::nullopt;
+  readDescriptors(folder, address, device);
   return device;
 }
 
@@ -144,7 +148,9 @@ UsbPort readPort(const fs::path& folder) {
   return {.connector = linkedConnector(folder),
           .peer = peer ? usbAddressOfPort(*peer) : std::nullopt,
           .location = physicalLocation(folder),
-          .isHardwired = readTextOrNothing(folder / "connect_type") == "hardwired"};
+          .isHardwired = readTextOrNothing(folder / "connect_type") == "hardwired",
+          .overCurrentCount = readNumber(folder / "over_current_count"),
+          .state = readTextOrNothing(folder / "state")};
 }
 
 void readPorts(const fs::path& hubFolder, const UsbAddress& hub, UsbTopology& usb) {

@@ -106,6 +106,13 @@ const PowerSupply* adapterInUse(const Machine& machine) {
   return chosen;
 }
 
+const PowerSupply* batteryOf(const Machine& machine) {
+  const auto& supplies = machine.powerSupplies;
+  const auto found = std::find_if(supplies.begin(), supplies.end(),
+                                  [](const PowerSupply& supply) { return supply.isBattery(); });
+  return found == supplies.end() ? nullptr : &*found;
+}
+
 std::optional<int> chargingPort(const Machine& machine) {
   const PowerSupply* adapter = adapterInUse(machine);
   if (adapter == nullptr) {
@@ -139,6 +146,18 @@ std::optional<double> ratedWatts(const PowerSupply& supply) {
   const auto rated = isMisread ? wattsOfMisreadRange(*supply.voltageMax, *supply.currentMax) : told;
   // An adapter never agrees to more than it offers, so a lower rating is wrong.
   return rated && contract && *contract > *rated ? std::nullopt : rated;
+}
+
+std::optional<double> ratingInUse(const Machine& machine) {
+  const PowerSupply* adapter = adapterInUse(machine);
+  if (adapter == nullptr) {
+    return std::nullopt;
+  }
+  const auto port = chargingPort(machine);
+  const auto offered = port && machine.typecPorts.at(*port).partner
+                           ? machine.typecPorts.at(*port).partner->offeredWatts
+                           : std::nullopt;
+  return offered ? offered : ratedWatts(*adapter);
 }
 
 std::optional<Contract> contractOn(int number, const Machine& machine) {

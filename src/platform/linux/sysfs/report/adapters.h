@@ -14,6 +14,9 @@ std::optional<int> typecPortOf(const PowerSupply& supply, const Machine& machine
 /// there is none.
 const PowerSupply* adapterInUse(const Machine& machine);
 
+/// The first battery of the machine itself; null if there is none.
+const PowerSupply* batteryOf(const Machine& machine);
+
 /// The USB-C port through which power comes in; absent if there is none or it is unknown.
 std::optional<int> chargingPort(const Machine& machine);
 
@@ -23,6 +26,9 @@ std::optional<double> measuredWatts(const PowerSupply& supply);
 /// The max power that the adapter on a supply offers; absent if it is not reported or is
 /// contradictory.
 std::optional<double> ratedWatts(const PowerSupply& supply);
+
+/// The max power that the adapter in use offers, on its port or on its supply.
+std::optional<double> ratingInUse(const Machine& machine);
 
 /// The voltage and the max current that both ends of a USB-C connection agreed on. The actual
 /// current is not reported.

@@ -17,13 +17,6 @@ const char* flag(bool isSet) {
   return isSet ? "TRUE" : "FALSE";
 }
 
-const PowerSupply* batteryOf(const Machine& machine) {
-  const auto& supplies = machine.powerSupplies;
-  const auto found = std::find_if(supplies.begin(), supplies.end(),
-                                  [](const PowerSupply& supply) { return supply.isBattery(); });
-  return found == supplies.end() ? nullptr : &*found;
-}
-
 /// The battery's full charge in percent of its design capacity; empty if unknown.
 std::string maximumCapacity(const PowerSupply& battery) {
   if (battery.fullCharge.value_or(0) <= 0 || battery.fullChargeByDesign.value_or(0) <= 0) {
@@ -47,24 +40,13 @@ json batteryEntry(const PowerSupply& battery) {
             {"sppower_battery_cycle_count", battery.cycleCount.value_or(0)}}}};
 }
 
-std::optional<double> ratingOf(const PowerSupply& adapter, const Machine& machine) {
-  const auto port = chargingPort(machine);
-  if (port) {
-    const auto& partner = machine.typecPorts.at(*port).partner;
-    if (partner && partner->offeredWatts) {
-      return partner->offeredWatts;
-    }
-  }
-  return ratedWatts(adapter);
-}
-
 /// In the report the rating precedes the name.
 std::string adapterName(const PowerSupply& adapter, const Machine& machine) {
   std::string name = adapter.modelName;
   if (name.empty()) {
     name = chargingPort(machine) ? "USB-C Power Adapter" : "Power Adapter";
   }
-  const auto rating = ratingOf(adapter, machine);
+  const auto rating = ratingInUse(machine);
   return rating ? std::to_string(std::llround(*rating)) + "W " + name : name;
 }
 

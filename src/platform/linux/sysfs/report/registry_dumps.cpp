@@ -1,13 +1,18 @@
 #include "platform/linux/sysfs/report/registry_dumps.h"
 
+#include "base/text.h"
 #include "platform/linux/sysfs/report/adapters.h"
+#include "platform/linux/sysfs/report/charging_entry.h"
 #include "platform/linux/sysfs/report/partners.h"
 #include "platform/linux/sysfs/report/physical_ports.h"
+#include "platform/linux/sysfs/report/port_details_entry.h"
 #include "platform/linux/sysfs/report/usb_identifiers.h"
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cmath>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,7 +28,8 @@ json describedPort(int number) {
           {"PortTypeDescription", "USB-C"}};
 }
 
-json portControllerEntry(int number, const Machine& machine, const PortUse& use) {
+json portControllerEntry(int number, const Machine& machine, const PortUse& use,
+                         const PhysicalPorts& ports) {
   const TypecPort& port = machine.typecPorts.at(number);
   json entry = describedPort(number);
   entry["ConnectionActive"] = use.isKnown();
@@ -45,6 +51,7 @@ json portControllerEntry(int number, const Machine& machine, const PortUse& use)
     }
   }
   entry["TransportsActive"] = std::move(transports);
+  addPortDetails(number, machine, use, ports, entry);
   return entry;
 }
 
@@ -86,6 +93,45 @@ json fedEntry(const TypecPort& port) {
   return entry;
 }
 
+/// The half of a USB 3 hub that runs at USB 2 speed lists the speeds of the whole hub. If the other
+/// half is known, it is as fast as it can be; if there may be one, nothing is certain.
+UsbCapabilities capabilitiesOf(const UsbAddress& address, const UsbTopology& usb,
+                               const std::map<UsbAddress, std::string>& containers) {
+  constexpr std::int64_t highSpeedMbps = 480;
+  const UsbDevice& hub = usb.devices.at(address);
+  if (!hub.isHub || hub.isSuperSpeed()) {
+    return hub.capabilities.value_or(UsbCapabilities());
+  }
+  if (containers.contains(address)) {
+    return {.limitMbps = highSpeedMbps};
+  }
+  const bool mayHaveOtherHalf =
+      std::any_of(usb.devices.begin(), usb.devices.end(), [&](const auto& entry) {
+        return entry.second.isHub && entry.second.isSuperSpeed() && !entry.first.isRootHub() &&
+               entry.second.vendorId == hub.vendorId && !containers.contains(entry.first);
+      });
+  return mayHaveOtherHalf ? UsbCapabilities() : hub.capabilities.value_or(UsbCapabilities());
+}
+
+void addAbility(const UsbDevice& device, const UsbCapabilities& capabilities, json& entry) {
+  constexpr double bitsPerMegabit = 1e6;
+  constexpr double maxCredibleMegabits = 1e6;
+  const double megabits = parseNumber(device.megabitsPerSecond).value_or(0);
+  if (megabits > 0 && megabits <= maxCredibleMegabits) {
+    entry["UsbLinkSpeed"] = std::llround(megabits * bitsPerMegabit);
+  }
+  for (const auto& [key, value] : {std::pair("bcdUSB", device.usbVersion),
+                                   {"TamberlineProvenMbps", capabilities.provenMbps},
+                                   {"TamberlineLimitMbps", capabilities.limitMbps}}) {
+    if (value) {
+      entry[key] = *value;
+    }
+  }
+  if (device.isAuthorized) {
+    entry["TamberlineIsAuthorized"] = *device.isAuthorized;
+  }
+}
+
 } // namespace
 
 json portControllerDump(const Machine& machine) {
@@ -93,7 +139,7 @@ json portControllerDump(const Machine& machine) {
   json entries = json::array();
   for (const auto& [number, port] : machine.typecPorts) {
     const PortUse use = useOf(number, machine, ports);
-    entries.push_back(portControllerEntry(number, machine, use));
+    entries.push_back(portControllerEntry(number, machine, use, ports));
     if (use.powersComputer && (use.showsVideo || !use.dataTransports.empty())) {
       entries.push_back(adapterEntry(number));
     }
@@ -116,7 +162,9 @@ json portPowerDump(const Machine& machine) {
                          {"Current", thousandth(supply.currentNow)}});
     }
   }
-  return json::array({json{{"PowerOutDetails", std::move(details)}}});
+  json entry = {{"PowerOutDetails", std::move(details)}};
+  addCharging(machine, entry);
+  return json::array({std::move(entry)});
 }
 
 json deviceTreeDump(const Machine& machine) {
@@ -133,9 +181,17 @@ json deviceTreeDump(const Machine& machine) {
 
 json usbHostDeviceDump(const Machine& machine) {
   const auto locations = usbLocations(machine.usb, physicalPortsOf(machine));
+  const auto containers = containersOfHubHalves(machine.usb);
   json entries = json::array();
-  for (const auto& [address, container] : containersOfHubHalves(machine.usb)) {
-    entries.push_back({{"locationID", locations.at(address)}, {"kUSBContainerID", container}});
+  for (const auto& [address, device] : machine.usb.devices) {
+    if (!address.isRootHub()) {
+      json entry = {{"locationID", locations.at(address)}};
+      if (const auto container = containers.find(address); container != containers.end()) {
+        entry["kUSBContainerID"] = container->second;
+      }
+      addAbility(device, capabilitiesOf(address, machine.usb, containers), entry);
+      entries.push_back(std::move(entry));
+    }
   }
   return entries;
 }

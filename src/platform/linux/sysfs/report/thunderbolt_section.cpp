@@ -99,6 +99,9 @@ public:
     if (host != routers_.end()) {
       entry["device_name_key"] = host->second.name;
       entry["switch_uid_key"] = host->second.uid;
+      if (host->second.generation) {
+        entry["tamberline_generation"] = std::to_string(*host->second.generation);
+      }
     }
     json receptacle = json::object();
     if (!port.routers.empty()) {

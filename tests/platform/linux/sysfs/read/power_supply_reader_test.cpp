@@ -54,5 +54,25 @@ TEST(PowerSupplies, AreReadWithTheDeviceThatTheyBelongTo) {
   EXPECT_EQ(supplies[1].voltageNow, 20'000'000);
 }
 
+TEST(PowerSupplies, AreReadWithWhatABatteryMeasuresAndItsLimits) {
+  const SysfsTree tree;
+  tree.classDevice("power_supply", "acpi", "BAT0",
+                   {{"type", "Battery"},
+                    {"voltage_now", "12000000"},
+                    {"current_now", "-1500000"},
+                    {"power_now", "18000000"},
+                    {"charge_control_start_threshold", "75"},
+                    {"charge_control_end_threshold", "80"},
+                    {"charge_behaviour", "auto [inhibit-charge] force-discharge"}});
+  const PowerSupply battery = tree.read().powerSupplies.at(0);
+  EXPECT_EQ(battery.batteryVoltage, 12'000'000);
+  EXPECT_EQ(battery.batteryCurrent, -1'500'000);
+  EXPECT_EQ(battery.batteryPower, 18'000'000);
+  EXPECT_EQ(battery.limitStartPercent, 75);
+  EXPECT_EQ(battery.limitEndPercent, 80);
+  EXPECT_EQ(battery.behaviour, "inhibit-charge");
+  EXPECT_EQ(battery.voltageNow, std::nullopt);
+}
+
 } // namespace
 } // namespace tamberline::sysfs

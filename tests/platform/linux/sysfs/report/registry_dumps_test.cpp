@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include <array>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -278,6 +279,62 @@ TEST(PowerSources, CountPortsFromZeroWithPlacesForMissingOnes) {
       (std::vector<FedPortState>{
           {.index = 0, .isDualRole = true, .powerRole = 1},
           {.index = 2, .isConnected = true, .vendorID = 0x18D1, .productID = 9, .powerRole = 0}}));
+}
+
+/// Of the devices at the addresses, in that order.
+std::vector<USBAbility> abilitiesOf(const std::map<UsbAddress, UsbDevice>& devices,
+                                    const std::map<UsbAddress, UsbPort>& ports = {}) {
+  Machine machine;
+  machine.usb = {.devices = devices, .ports = ports};
+  const json dump = usbHostDeviceDump(machine);
+  const USBAbilities found = usbAbilitiesIn(decoded(dump));
+  std::vector<USBAbility> abilities;
+  for (const json& entry : dump) {
+    abilities.push_back(
+        found.find(entry.at("locationID").get<std::int64_t>()).value_or(USBAbility()));
+  }
+  return abilities;
+}
+
+TEST(UsbHostDevices, TellWhatTheyCanDo) {
+  const UsbDevice drive{.megabitsPerSecond = "480",
+                        .usbVersion = 0x0210,
+                        .capabilities = UsbCapabilities{.provenMbps = 10'000, .limitMbps = 20'000},
+                        .isAuthorized = false};
+  EXPECT_EQ(abilitiesOf({{{1, {}}, {.megabitsPerSecond = "480"}}, {{1, {1}}, drive}}),
+            (std::vector<USBAbility>{{.provenGbps = 10,
+                                      .limitGbps = 20,
+                                      .usbVersion = 0x0210,
+                                      .linkGbps = 0.48,
+                                      .isAuthorized = false}}));
+  EXPECT_EQ(abilitiesOf({{{1, {1}}, {.megabitsPerSecond = "1.5"}}}),
+            (std::vector<USBAbility>{{.provenGbps = 0.0015, .linkGbps = 0.0015}}));
+  for (const char* speed : {"", "unknown", "-480", "9999999"}) {
+    EXPECT_EQ(abilitiesOf({{{1, {1}}, {.megabitsPerSecond = speed}}}),
+              (std::vector<USBAbility>{{}}))
+        << speed;
+  }
+}
+
+TEST(UsbHostDevices, DoNotBlameTheUsb2HalfOfAHub) {
+  const UsbDevice slow{.vendorId = "05e3",
+                       .megabitsPerSecond = "480",
+                       .isHub = true,
+                       .capabilities = UsbCapabilities{.provenMbps = 5000, .limitMbps = 5000}};
+  UsbDevice fast = slow;
+  fast.megabitsPerSecond = "5000";
+  const USBAbility half{.provenGbps = 0.48, .limitGbps = 0.48, .linkGbps = 0.48};
+  const USBAbility alone{.provenGbps = 5, .limitGbps = 5, .linkGbps = 0.48};
+  const USBAbility unknown{.provenGbps = 0.48, .linkGbps = 0.48};
+  EXPECT_EQ(abilitiesOf({{{1, {1}}, slow}}).at(0), alone);
+  EXPECT_EQ(
+      abilitiesOf({{{1, {1}}, slow}, {{2, {1}}, fast}}, {{{1, {1}}, {.peer = UsbAddress{2, {1}}}}})
+          .at(0),
+      half);
+  EXPECT_EQ(abilitiesOf({{{1, {1}}, slow}, {{2, {1}}, fast}}).at(0), unknown);
+  fast.vendorId = "2109";
+  EXPECT_EQ(abilitiesOf({{{1, {1}}, slow}, {{2, {1}}, fast}}).at(0), alone);
+  EXPECT_EQ(abilitiesOf({{{1, {1}}, slow}, {{2, {}}, fast}}).at(0), alone);
 }
 
 } // namespace
