@@ -71,10 +71,11 @@ TEST_F(RegistryProbes, ReadTwoThingsFromOneDump) {
   EXPECT_EQ(battery.charging->isExternalPowerConnected, true);
 
   const USBHostDevices devices =
-      probe(fetchContainerIDs, Question::usbHostDevices,
+      probe(readContainerIDs, Question::usbHostDevices,
             propertyList("<array><dict><key>locationID</key><integer>7</integer><key>bcdUSB</key>"
                          "<integer>512</integer><key>kUSBContainerID</key><string>box</string>"
-                         "</dict></array>"));
+                         "</dict></array>"))
+          ->result;
   EXPECT_EQ(devices.containerIDs.find(7), "box");
   EXPECT_EQ(devices.abilities.find(7).value().usbVersion, 0x0200);
 }
