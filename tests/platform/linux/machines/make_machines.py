@@ -63,21 +63,22 @@ class Machine:
                        (location or {}).get(port))
 
     def device(self, name, vendor, product, text, maker, speed, milliamperes, klass=VENDOR,
-               serial=None, ports=0, peer=None, container=None):
+               serial=None, ports=0, peer=None, container=None, gigabits=(), authorized=1):
         bus = int(name.split("-")[0])
         parent = name.rsplit(".", 1)[0] if "." in name else f"usb{bus}"
         path = f"{self.paths[parent]}/{name}"
         self.paths[name] = path
         number = self.device_numbers.get(bus, 1) + 1
         self._device(path, name, bus, number, name.split("-")[1], vendor, product, text, maker,
-                     serial, speed, milliamperes, klass, ports, container)
+                     serial, speed, milliamperes, klass, ports, container, gigabits, authorized)
         for port in range(1, ports + 1):
             self._port(name, port, None, f"{peer}-port{port}" if peer else None, None)
 
     def _device(self, path, name, bus, number, devpath, vendor, product, text, maker, serial,
-                speed, milliamperes, klass, ports, container=None):
+                speed, milliamperes, klass, ports, container=None, gigabits=(), authorized=1):
         self.device_numbers[bus] = number
-        version = 0x0320 if speed >= 10000 else 0x0300 if speed >= 5000 else 0x0200
+        version = 0x0320 if speed >= 10000 else 0x0300 if speed >= 5000 else \
+            0x0210 if gigabits else 0x0200
         unit = 8 if speed >= 5000 else 2
         packet = 9 if speed >= 5000 else 64
         descriptor = struct.pack(
@@ -89,10 +90,11 @@ class Machine:
             "<BBHBBBBB", 9, 2, 9 + len(interface) + len(endpoint), 1, 1, 0, 0xE0,
             min(milliamperes // unit, 255)) + interface + endpoint
         binary = [("descriptors", descriptor + configuration)]
-        if container:
-            capability = struct.pack("<BBBB", 20, 0x10, 4, 0) + bytes.fromhex(container)
-            binary.append(("bos_descriptors",
-                           struct.pack("<BBHB", 5, 15, 5 + len(capability), 1) + capability))
+        capabilities = self.capabilities(container, gigabits)
+        if capabilities:
+            content = b"".join(capabilities)
+            binary.append(("bos_descriptors", struct.pack(
+                "<BBHB", 5, 15, 5 + len(content), len(capabilities)) + content))
         self.add(
             path, "usb",
             [("DEVTYPE", "usb_device"), ("DRIVER", "usb"), ("BUSNUM", f"{bus:03}"),
@@ -101,6 +103,7 @@ class Machine:
             [("busnum", bus), ("devnum", number), ("devpath", devpath), ("speed", f"{speed:g}"),
              ("idVendor", f"{vendor:04x}"), ("idProduct", f"{product:04x}"), ("bcdDevice", "0100"),
              ("version", f" {version >> 8:x}.{version & 0xFF:02x}"),
+             ("authorized", authorized),
              ("bDeviceClass", f"{HUB if ports else 0:02x}"), ("bDeviceSubClass", "00"),
              ("bDeviceProtocol", "00"), ("bMaxPacketSize0", packet), ("bNumConfigurations", 1),
              ("bConfigurationValue", 1), ("bNumInterfaces", " 1"), ("bmAttributes", "e0"),
@@ -122,12 +125,28 @@ class Machine:
             links=[("driver", self.relative(interface_path, f"/bus/usb/drivers/{driver}"))])
         self.paths[f"{name}:interface"] = interface_path
 
+    # The speeds of one lane that a USB 3 device knows, in Gb/s, and its container.
+    @staticmethod
+    def capabilities(container, gigabits):
+        capabilities = []
+        if gigabits:
+            capabilities.append(struct.pack("<BBBI", 7, 0x10, 2, 2))
+            capabilities.append(struct.pack("<BBBBHBBH", 10, 0x10, 3, 0, 0x0E, 1, 10, 0x7FF))
+        if any(speed > 5 for speed in gigabits):
+            sublinks = b"".join(struct.pack("<HH", 0x4030, speed) for speed in gigabits)
+            capabilities.append(struct.pack("<BBBBIHH", 12 + len(sublinks), 0x10, 0x0A, 0,
+                                            len(gigabits) - 1, 0x1101, 0) + sublinks)
+        if container:
+            capabilities.append(struct.pack("<BBBB", 20, 0x10, 4, 0) + bytes.fromhex(container))
+        return capabilities
+
     # Ports are folders of the hub's interface.
     def _port(self, hub, port, connector, peer, location):
         interface = self.paths[f"{hub}:interface"]
         lines = next(lines for path, lines in self.blocks if path == interface)
         folder = f"{hub}-port{port}"
         lines.append(f"A: {folder}/connect_type=hotplug\\n")
+        lines.append(f"A: {folder}/over_current_count=0\\n")
         if connector is not None:
             target = self.relative(f"{interface}/{folder}",
                                    f"/devices/platform/USBC000:00/typec/port{connector}")
@@ -144,13 +163,18 @@ class Machine:
                   ("horizontal_position", horizontal), ("dock", "no"), ("lid", "no")]
         return [f"A: {prefix}physical_location/{key}={value}\\n" for key, value in values]
 
-    def typec(self, number, role, port_type="[dual] source sink", offered=None, location=None):
+    def typec(self, number, role, port_type="[dual] source sink", offered=None, location=None,
+              mode="default", taken=None):
         path = f"/devices/platform/USBC000:00/typec/port{number}"
         self.paths[f"port{number}"] = path
         attributes = [("power_role", role), ("port_type", port_type),
-                      ("data_role", "[host] device")]
+                      ("data_role", "[host] device"), ("power_operation_mode", mode)]
         if offered:
             attributes += self.offers(offered)
+        for position, (millivolts, milliamperes) in enumerate(taken or (), 1):
+            folder = f"usb_power_delivery/sink-capabilities/{position}:fixed_supply"
+            attributes += [(f"{folder}/voltage", f"{millivolts}mV"),
+                           (f"{folder}/operational_current", f"{milliamperes}mA")]
         self.add(path, "typec", [("DEVTYPE", "typec_port")], attributes)
         if location:
             self.blocks[-1][1].extend(self.location_lines(location))
@@ -164,21 +188,38 @@ class Machine:
                            (f"{folder}/maximum_current", f"{milliamperes}mA")]
         return attributes
 
-    def partner(self, number, vendor, product, video=False, offered=None):
+    # `ranges` are programmable; `pins` are the assignments of the pins to video and USB.
+    def partner(self, number, vendor, product, video=False, offered=None, ranges=(), pins=None):
         path = f"{self.paths[f'port{number}']}/port{number}-partner"
         attributes = [("identity/id_header", f"0x{0x6C000000 | vendor:08x}"),
                       ("identity/product", f"0x{product << 16 | 0x0100:08x}")]
         if offered:
             attributes += self.offers(offered)
+        for position, (lowest, highest, milliamperes) in enumerate(ranges, len(offered or ()) + 1):
+            folder = f"usb_power_delivery/source-capabilities/{position}:programmable_supply"
+            attributes += [(f"{folder}/minimum_voltage", f"{lowest}mV"),
+                           (f"{folder}/maximum_voltage", f"{highest}mV"),
+                           (f"{folder}/maximum_current", f"{milliamperes}mA")]
         if video:
-            attributes += [(f"port{number}-partner.0/svid", "ff01"),
-                           (f"port{number}-partner.0/active", "yes")]
+            mode = f"port{number}-partner.0"
+            attributes += [(f"{mode}/svid", "ff01"), (f"{mode}/active", "yes")]
+            if pins:
+                attributes += [(f"{mode}/displayport/pin_assignment", pins),
+                               (f"{mode}/displayport/hpd", 1)]
         self.add(path, "typec", [("DEVTYPE", "typec_partner")], attributes)
 
-    def cable(self, number, kind, optical=False):
+    # `speed` is the number of the cable's speed in its identity: 0 is USB 2, 3 is 20 Gb/s per lane.
+    def cable(self, number, kind, optical=False, speed=None, amperes=None):
         path = f"{self.paths[f'port{number}']}/port{number}-cable"
+        identity = []
+        if speed is not None:
+            header = (4 if kind == "active" else 3) << 27 | 0x2AC1
+            product = speed | {3: 1, 5: 2}[amperes] << 5 | 2 << 18
+            identity = [("usb_power_delivery_revision", "3.1"),
+                        ("identity/id_header", f"0x{header:08x}"),
+                        ("identity/product_type_vdo1", f"0x{product:08x}")]
         self.add(path, "typec", [("DEVTYPE", "typec_cable")],
-                 [("type", kind), ("plug_type", "type-c"),
+                 [("type", kind), ("plug_type", "type-c"), *identity,
                   ("identity/product_type_vdo2", f"0x{0x400 if optical else 0:08x}")])
 
     def supply(self, name, kind, parent="/devices/platform/USBC000:00", **attributes):
@@ -258,12 +299,13 @@ class Machine:
 # built in and therefore shown alone (docs/linux.md).
 def docked_laptop():
     machine = Machine("docked-laptop")
-    machine.typec(0, "source [sink]", offered=[(5000, 3000)])
+    machine.typec(0, "source [sink]", offered=[(5000, 3000)], mode="usb_power_delivery",
+                  taken=[(5000, 3000), (20000, 5000)])
     machine.partner(0, 0x2AC1, 0x0D0C,
                     offered=[(5000, 3000), (9000, 3000), (15000, 3000), (20000, 4800)])
-    machine.cable(0, "active")
-    machine.typec(1, "[source] sink", offered=[(5000, 3000)])
-    machine.partner(1, 0x2B07, 0x0042, video=True)
+    machine.cable(0, "active", speed=3, amperes=5)
+    machine.typec(1, "[source] sink", offered=[(5000, 3000)], taken=[(5000, 3000), (20000, 5000)])
+    machine.partner(1, 0x2B07, 0x0042, video=True, pins="C [D] E")
     machine.cable(1, "active", optical=True)
     machine.typec(2, "[source] sink", offered=[(5000, 1500)])
     machine.router("0-0", "Ridgeline 14", "Alder & Moss", "d4010000-0082-8c1e-a200", 4,
@@ -294,12 +336,13 @@ def docked_laptop():
     machine.device("4-1.2", 0x2AC1, 0x8156, "2.5G Ethernet", "Pier Seven", 5000, 256, VENDOR,
                    serial="00E04C680001")
     machine.device("4-1.3", 0x2D01, 0x0577, "Basalt Portable", "Quarry", 10000, 896, STORAGE,
-                   serial="QB20417")
+                   serial="QB20417", gigabits=(5, 10))
     machine.disk("4-1.3", "sda", "8:0", partitions=[("sda1", "8:1", "Field Notes", None)])
     machine.mount("8:1", "/media/ana/Field\\040Notes", "/dev/sda1", kind="exfat")
     machine.supply("BAT0", "Battery", "/devices/LNXSYSTM:00/PNP0C0A:00", status="Charging",
                    capacity=71, cycle_count=212, energy_full=48200000,
-                   energy_full_design=57000000)
+                   energy_full_design=57000000, power_now=31200000, voltage_now=15400000,
+                   charge_control_start_threshold=0, charge_control_end_threshold=100)
     machine.supply("AC", "Mains", "/devices/LNXSYSTM:00/ACPI0003:00", online=1)
     machine.supply("ucsi-source-psy-USBC000:001", "USB", online=1, usb_type="C [PD] PD_PPS",
                    voltage_now=20000000, voltage_max=20000000, current_now=3250000,
@@ -315,7 +358,7 @@ def silent_laptop():
     machine.partner(1, 0x05AC, 0x1A31)
     machine.root_hub(1, "0000:00:14.0", 480, 6)
     machine.root_hub(2, "0000:00:14.0", 5000, 4)
-    machine.device("1-5", 0x0BDA, 0x5634, "Webcam", "Sable Optics", 480, 500, VIDEO)
+    machine.device("1-5", 0x0BDA, 0x5634, "Webcam", "Sable Optics", 480, 500, VIDEO, authorized=0)
     machine.device("2-2", 0x0781, 0x5583, "Cinder Stick", "Sable", 5000, 224, STORAGE,
                    serial="4C530001")
     machine.disk("2-2", "sda", "8:0", label="Holiday")
@@ -363,6 +406,9 @@ def hubs_in_hubs():
     machine.device("1-2.1", 0x0D8C, 0x0014, "Headset", "Fen", 12, 100, AUDIO)
     machine.device("2-1.4.4.2", 0x174C, 0x55AA, "Slate Disk", "Quarry", 5000, 224, STORAGE,
                    serial="SD1")
+    # A USB 3 disk that its hub holds back:
+    machine.device("1-2.2", 0x174C, 0x55AB, "Slate Disk 2", "Quarry", 480, 500, STORAGE,
+                   serial="SD2", gigabits=(5, 10))
     return machine
 
 
@@ -387,14 +433,19 @@ def encrypted_volumes():
 def charging_phone():
     machine = Machine("charging-phone")
     left, right = ("left", "center", "left"), ("right", "center", "left")
-    machine.typec(0, "[source] sink", offered=[(5000, 3000), (9000, 2000)], location=left)
+    machine.typec(0, "[source] sink", offered=[(5000, 3000), (9000, 2000)], location=left,
+                  mode="usb_power_delivery", taken=[(5000, 3000), (20000, 5000)])
     machine.partner(0, 0x18D1, 0x4EE1)
-    machine.typec(1, "source [sink]", offered=[(5000, 3000)], location=right)
-    machine.partner(1, 0x0451, 0x7A10, offered=[(5000, 3000), (20000, 3250)])
+    machine.typec(1, "source [sink]", offered=[(5000, 3000)], location=right,
+                  mode="usb_power_delivery", taken=[(5000, 3000), (20000, 5000)])
+    machine.partner(1, 0x0451, 0x7A10, offered=[(5000, 3000), (20000, 3250)],
+                    ranges=[(3300, 21000, 3000)])
+    machine.cable(1, "passive", speed=0, amperes=3)
     machine.root_hub(1, "0000:00:14.0", 480, 3, peer_bus=2, location={1: left, 2: right})
     machine.root_hub(2, "0000:00:14.0", 10000, 2, peer_bus=1, location={1: left, 2: right})
     machine.supply("BAT0", "Battery", "/devices/LNXSYSTM:00/PNP0C0A:00", status="Charging",
-                   capacity=12, health="Good")
+                   capacity=12, health="Good", current_now=2900000, voltage_now=15200000,
+                   charge_behaviour="[auto] inhibit-charge")
     machine.supply("ucsi-source-psy-USBC000:001", "USB", online=0, voltage_now=9000000,
                    current_now=1670000, current_max=2000000)
     machine.supply("ucsi-source-psy-USBC000:002", "USB", online=1, voltage_now=20000000,
