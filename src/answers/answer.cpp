@@ -2,6 +2,18 @@
 
 namespace tamberline {
 
+std::unordered_map<std::string_view, const Answer*>
+answersByNode(const std::vector<Answer>& answers) {
+  std::unordered_map<std::string_view, const Answer*> byNode;
+  for (const Answer& answer : answers) {
+    byNode.emplace(answer.nodeID, &answer);
+    for (const std::string& other : answer.otherNodeIDs) {
+      byNode.emplace(other, &answer);
+    }
+  }
+  return byNode;
+}
+
 std::string_view nameOf(AnswerKind kind) {
   switch (kind) {
   case AnswerKind::slowConnection:
@@ -20,6 +32,8 @@ std::string_view nameOf(AnswerKind kind) {
     return "notAuthorized";
   case AnswerKind::blocked:
     return "blocked";
+  case AnswerKind::silentDevice:
+    return "silentDevice";
   case AnswerKind::powerWithoutData:
     return "powerWithoutData";
   case AnswerKind::overloadedPort:

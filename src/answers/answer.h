@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace tamberline {
@@ -20,6 +21,7 @@ enum class AnswerKind : std::uint8_t {
   // Why does it not work?
   notAuthorized,    // a Thunderbolt device without PCI Express
   blocked,          // a USB device that the computer does not use
+  silentDevice,     // something is plugged in and does not answer
   powerWithoutData, // something draws power and has no data
   overloadedPort,   // devices declare more than their port gives
   // Why does it not charge?
@@ -83,6 +85,11 @@ struct Answer {
 
   friend bool operator==(const Answer&, const Answer&) = default;
 };
+
+/// The first answer that is about each node or concerns it, by the node's identifier. Keys and
+/// pointers refer to `answers`.
+std::unordered_map<std::string_view, const Answer*>
+answersByNode(const std::vector<Answer>& answers);
 
 /// The names in the inspect document.
 std::string_view nameOf(AnswerKind kind);

@@ -2,25 +2,30 @@
 
 #include "answers/answer.h"
 #include "answers/wording.h"
+#include "tree/tree_node.h"
 
-#include <utility>
+#include <span>
 #include <vector>
 
 namespace tamberline {
 
-/// Collects answers in the order in which they are found.
+/// Collects answers and puts them in order.
 class AnswerList {
 public:
-  /// The texts are still missing.
-  void add(Answer answer, const AnswerNames& names) {
-    word(answer, names);
-    answers_.push_back(std::move(answer));
-  }
+  /// `answer` is about `node`, which must outlive the list; its identifier and texts are still
+  /// missing.
+  void add(const TreeNode& node, Answer answer, const AnswerNames& names);
 
-  std::vector<Answer> take() { return std::move(answers_); }
+  /// Those that need attention first, then the notes, each in the order of the tree.
+  std::vector<Answer> take(std::span<const TreeNode> tree);
 
 private:
-  std::vector<Answer> answers_;
+  struct Entry {
+    const TreeNode* node;
+    Answer answer;
+  };
+
+  std::vector<Entry> entries_;
 };
 
 } // namespace tamberline

@@ -1,9 +1,11 @@
 #include "answers/find_answers.h"
 
 #include "answers/answer_list.h"
+#include "answers/port_answers.h"
+#include "answers/power_answers.h"
+#include "answers/shared_links.h"
 #include "answers/thunderbolt_answers.h"
-
-#include <algorithm>
+#include "answers/usb_answers.h"
 
 namespace tamberline {
 namespace {
@@ -20,11 +22,11 @@ void findInTree(std::span<const TreeNode> nodes, AnswerList& answers) {
 std::vector<Answer> findAnswers(const AnswerInputs& inputs) {
   AnswerList list;
   findInTree(inputs.portTree, list);
-  std::vector<Answer> answers = list.take();
-  std::stable_partition(answers.begin(), answers.end(), [](const Answer& answer) {
-    return answer.weight == AnswerWeight::attention;
-  });
-  return answers;
+  findUSBSpeedAnswers(inputs, list);
+  findSharedLinks(inputs.portTree, list);
+  findPortAnswers(inputs, list);
+  findPowerAnswers(inputs, list);
+  return list.take(inputs.portTree);
 }
 
 } // namespace tamberline

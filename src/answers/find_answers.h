@@ -7,7 +7,6 @@
 #include "tree/tree_node.h"
 
 #include <map>
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -21,8 +20,6 @@ struct AnswerInputs {
   std::span<const HPMPort> hpmPorts = {};
   /// Null if nothing is known.
   const ChargingState* charging = nullptr;
-  std::optional<ChargerInfo> charger = {};
-  std::optional<BatteryInfo> battery = {};
   /// By mount point.
   std::map<std::string, BenchmarkPhase> benchmarks = {};
 };

@@ -8,9 +8,9 @@ namespace {
 void findMissingPermission(const TreeNode& node, const ThunderboltDevice& device,
                            AnswerList& answers) {
   if (!device.isAuthorized.value_or(true)) {
-    answers.add({.kind = AnswerKind::notAuthorized,
+    answers.add(node,
+                {.kind = AnswerKind::notAuthorized,
                  .weight = AnswerWeight::attention,
-                 .nodeID = node.id,
                  .limitingNodeID = node.id,
                  .limitingPart = LimitingPart::node},
                 {.node = device.name});
@@ -43,9 +43,9 @@ void findSlowLink(const TreeNode& node, const ThunderboltDevice& device, AnswerL
     return;
   }
   const bool lacksLane = use->lanes == 1 && lanes > 1;
-  answers.add({.kind = AnswerKind::slowThunderboltLink,
+  answers.add(node,
+              {.kind = AnswerKind::slowThunderboltLink,
                .weight = AnswerWeight::attention,
-               .nodeID = node.id,
                .limitingNodeID = node.id,
                .limitingPart = LimitingPart::connection,
                .facts = {.actualGbps = use->gbps,

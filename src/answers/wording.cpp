@@ -93,6 +93,8 @@ Texts textsOf(const Answer& answer) {
     return {Loc::headlineNotAuthorized(), Loc::reasonNotAuthorized(), Loc::adviceAuthorize()};
   case AnswerKind::blocked:
     return {Loc::headlineBlocked(), Loc::reasonBlocked(), Loc::adviceUnblock()};
+  case AnswerKind::silentDevice:
+    return {Loc::headlineSilentDevice(), Loc::reasonSilentDevice(), Loc::adviceSilentDevice()};
   case AnswerKind::powerWithoutData:
     return {Loc::headlinePowerWithoutData(), Loc::reasonPowerWithoutData(),
             Loc::adviceUnlockOrDataCable()};
