@@ -1,7 +1,7 @@
 #include "panel/answers_controller.h"
 
 #include "controls/engine_objects.h"
-#include "views/panel_inputs.h"
+#include "views/scan_answers.h"
 
 #include <utility>
 
@@ -24,7 +24,7 @@ QString AnswersController::otherHeadlines() const {
 }
 
 void AnswersController::find() {
-  std::vector<Answer> found = findAnswers(answerInputs(*scanner_));
+  std::vector<Answer> found = answersOf(*scanner_);
   if (found == answers_.all()) {
     return;
   }

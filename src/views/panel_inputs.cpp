@@ -13,16 +13,4 @@ PanelInputs panelInputs(const PortScanner& scanner) {
   };
 }
 
-AnswerInputs answerInputs(const PortScanner& scanner) {
-  const std::optional<ChargingState>& charging = scanner.charging.get();
-  return AnswerInputs{
-      .portTree = scanner.portTree.get(),
-      .hpmPorts = scanner.hpmPorts.get(),
-      .charging = charging ? &*charging : nullptr,
-      .charger = scanner.charger.get(),
-      .battery = scanner.battery.get(),
-      .benchmarks = scanner.benchmarks.get(),
-  };
-}
-
 } // namespace tamberline
