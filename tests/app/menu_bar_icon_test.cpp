@@ -57,6 +57,9 @@ TEST(MenuBarIcon, IsVisibleOnEveryBarIfTheToneIsUnknown) {
 
 TEST(MenuBarIcon, IsAnEmptyTemplateWhenTheSymbolIsMissing) {
   const WithoutIconTheme scope;
+  if (!WithoutIconTheme::hidesSymbols) {
+    GTEST_SKIP() << "symbols cannot be missing on this system";
+  }
   for (const BarTone tone : everyTone) {
     const QIcon icon = menuBarIcon(tone);
     EXPECT_TRUE(icon.isMask());

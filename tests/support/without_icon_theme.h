@@ -3,12 +3,19 @@
 #include "support/temporary_folder.h"
 
 #include <QByteArray>
+#include <QtGlobal>
 
 namespace tamberline {
 
 /// Hides all icon themes from the desktop's data folders during its lifetime.
 class WithoutIconTheme {
 public:
+#ifdef Q_OS_MACOS
+  static constexpr bool hidesSymbols = false; // the system draws them
+#else
+  static constexpr bool hidesSymbols = true;
+#endif
+
   WithoutIconTheme() {
     qputenv(folders, folder_.path().c_str());
     qputenv(ownFolder, folder_.path().c_str());

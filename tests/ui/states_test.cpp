@@ -26,6 +26,9 @@ TEST_F(PanelStates, SayThatTheFirstScanIsInProgress) {
 
 TEST_F(PanelStates, SayThatSymbolsCannotBeDrawn) {
   const WithoutIconTheme scope;
+  if (!WithoutIconTheme::hidesSymbols) {
+    GTEST_SKIP() << "symbols cannot be missing on this system";
+  }
   answerWithPorts(*machine, 1);
   openPanel();
   EXPECT_TRUE(isTextShown(
