@@ -78,18 +78,17 @@ public:
 
   void run() {
     const bool hasBattery = state_.hasBattery.value_or(state_.chargePercent.has_value());
-    if (!state_.isExternalPowerConnected.value_or(charger_.isConnected) || !hasBattery ||
-        isHeldOnPurpose(state_)) {
+    const bool isConnected = state_.isExternalPowerConnected.value_or(charger_.isConnected);
+    const bool drains = isDraining(state_);
+    if (!isConnected || !hasBattery || isHeldOnPurpose(state_) || (isFull(state_) && !drains)) {
       return;
     }
-    if (isDraining(state_)) {
+    findWeakSupply();
+    if (drains) {
       addDraining();
-    } else if (isFull(state_)) {
-      return;
     } else if (isStuck()) {
       addNotCharging();
     }
-    findWeakSupply();
   }
 
 private:
@@ -99,12 +98,14 @@ private:
   }
 
   void addDraining() {
+    const std::optional<Shortage> shortage = shortageOfSupply();
     const bool isMeasured = state_.batteryWatts.has_value();
     add({.kind = AnswerKind::draining,
          .weight = AnswerWeight::attention,
-         .limitingPart = LimitingPart::node,
-         .facts = {.actualWatts =
-                       isMeasured ? std::optional(-*state_.batteryWatts) : std::nullopt}});
+         .limitingPart = shortage ? shortage->part : LimitingPart::node,
+         .facts = {.actualWatts = isMeasured ? std::optional(-*state_.batteryWatts) : std::nullopt,
+                   .possibleWatts =
+                       shortage ? std::optional(shortage->possibleWatts) : std::nullopt}});
   }
 
   void addNotCharging() {
@@ -114,25 +115,40 @@ private:
          .facts = {.chargePercent = state_.chargePercent}});
   }
 
-  /// The cable or, if it is not the cable, the adapter.
-  void findWeakSupply() {
+  /// What gives the computer less than it takes: the cable or the adapter.
+  struct Shortage {
+    LimitingPart part;
+    double actualWatts;
+    double possibleWatts;
+  };
+
+  std::optional<Shortage> shortageOfSupply() const {
     const std::optional<double> wanted = state_.maxIntakeWatts;
     const std::optional<double> best = bestOfferWatts();
     if (!wanted || !best) {
-      return;
+      return std::nullopt;
     }
-    const double possible = std::min(std::max(*best, ratedWatts()), *wanted);
+    const double able = std::max(*best, ratedWatts());
+    const double possible = std::min(able, *wanted);
     const std::optional<double> cable = cableWatts();
     if (cable && *cable < possible * muchWeaker && *best <= *cable * nearlyThatMuch) {
-      add({.kind = AnswerKind::weakPowerCable,
-           .weight = AnswerWeight::attention,
-           .limitingPart = LimitingPart::cable,
-           .facts = {.actualWatts = cable, .possibleWatts = possible}});
-    } else if (std::max(*best, ratedWatts()) < *wanted * muchWeaker) {
-      add({.kind = AnswerKind::weakAdapter,
-           .limitingPart = LimitingPart::node,
-           .facts = {.actualWatts = best, .possibleWatts = wanted}});
+      return Shortage{LimitingPart::cable, *cable, possible};
     }
+    return able < *wanted * muchWeaker ? std::optional(Shortage{LimitingPart::node, *best, *wanted})
+                                       : std::nullopt;
+  }
+
+  void findWeakSupply() {
+    const std::optional<Shortage> shortage = shortageOfSupply();
+    if (!shortage) {
+      return;
+    }
+    const bool isCable = shortage->part == LimitingPart::cable;
+    add({.kind = isCable ? AnswerKind::weakPowerCable : AnswerKind::weakAdapter,
+         .weight = isCable ? AnswerWeight::attention : AnswerWeight::note,
+         .limitingPart = shortage->part,
+         .facts = {.actualWatts = shortage->actualWatts,
+                   .possibleWatts = shortage->possibleWatts}});
   }
 
   double ratedWatts() const {

@@ -12,6 +12,8 @@ namespace tamberline {
 namespace {
 
 constexpr double fastDriveGbps = 5;
+/// Drives rarely work at the same time, so a little less for each is not worth a note.
+constexpr double noticeableExcess = 1.5;
 
 /// The fast drives below a node.
 struct Load {
@@ -89,7 +91,8 @@ Load loadOf(const TreeNode& node, AnswerList& answers) {
   }
   Load load = loadBelow(node, answers);
   const double gbps = linkGbps(node);
-  if (gbps > 0 && load.drives.size() > 1 && load.gbps > gbps && !load.isReported) {
+  if (gbps > 0 && load.drives.size() > 1 && load.gbps >= gbps * noticeableExcess &&
+      !load.isReported) {
     report(node, load, answers);
     load.isReported = true;
   }

@@ -34,11 +34,12 @@ std::optional<LinkUse> useOf(const TrueLink& link) {
 
 void findSlowLink(const TreeNode& node, const ThunderboltDevice& device, AnswerList& answers) {
   const std::optional<LinkUse> use = device.link ? useOf(*device.link) : std::nullopt;
-  if (!use || !device.linkLimit || !device.linkLimit->lanes || !device.linkLimit->gbpsOfLane) {
+  if (!use || !device.linkLimit || !device.linkLimit->lanes) {
     return;
   }
   const std::int64_t lanes = *device.linkLimit->lanes;
-  const double possibleGbps = static_cast<double>(lanes) * *device.linkLimit->gbpsOfLane;
+  const double gbpsOfLane = device.linkLimit->gbpsOfLane.value_or(use->gbps / use->lanes);
+  const double possibleGbps = static_cast<double>(lanes) * gbpsOfLane;
   if (use->gbps >= possibleGbps) {
     return;
   }

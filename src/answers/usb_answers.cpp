@@ -56,17 +56,6 @@ private:
   std::set<std::string> vendors_; // of USB 3 hubs without a container
 };
 
-std::optional<double> atMostGbps(const USBDevice& device) {
-  constexpr double fastestWithoutSecondLane = 5;
-  const USBAbility& ability = device.ability;
-  if (ability.limitGbps) {
-    return ability.limitGbps;
-  }
-  // With a second lane the device may be twice as fast as its descriptors say.
-  const bool isExact = ability.provenGbps && *ability.provenGbps <= fastestWithoutSecondLane;
-  return isExact ? ability.provenGbps : std::nullopt;
-}
-
 double fastestPort(std::span<const TreeNode> nodes) {
   double gbps = 0;
   for (const TreeNode& node : nodes) {
@@ -149,7 +138,7 @@ private:
                  .device = &device,
                  .gbps = gbps,
                  .atLeastGbps = std::max(gbps, device.ability.provenGbps.value_or(0)),
-                 .atMostGbps = atMostGbps(device)};
+                 .atMostGbps = device.ability.limitGbps};
     for (const USBDevice& child : device.children) {
       link.atLeastGbps = std::max(link.atLeastGbps, child.speedGbps());
     }

@@ -69,10 +69,17 @@ Texts textsOfOverloadedPort(const Answer& answer) {
           Loc::adviceMorePower()};
 }
 
+std::string_view adviceOnDraining(const Answer& answer) {
+  if (answer.limitingPart == LimitingPart::cable) {
+    return Loc::advicePowerCable();
+  }
+  return answer.facts.possibleWatts ? Loc::adviceAdapterOf() : Loc::adviceStrongerAdapter();
+}
+
 Texts textsOfDraining(const Answer& answer) {
   return {Loc::headlineDraining(),
           answer.facts.actualWatts ? Loc::reasonDraining() : Loc::reasonDrainingWithoutFigure(),
-          Loc::adviceStrongerAdapter()};
+          adviceOnDraining(answer)};
 }
 
 Texts textsOf(const Answer& answer) {

@@ -13,7 +13,7 @@ namespace tamberline {
 /// What is known of one link and of the device or hub at its end.
 struct SeenLink {
   double gbps = 0;
-  /// The device's descriptors: its speed, or half of it if it has two lanes.
+  /// What the device can do at least, and at most.
   std::optional<double> provenGbps = {};
   std::optional<double> limitGbps = {};
 };

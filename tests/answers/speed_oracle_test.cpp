@@ -70,17 +70,11 @@ private:
   }
 
   void revealAbility(double ability, USBDevice& device) {
-    switch (number(0, 2)) {
-    case 0:
-      device.ability.provenGbps = std::min(ability, 10.0); // descriptors know no second lane
-      break;
-    case 1:
-      if (ability <= 0.48) {
-        device.ability.limitGbps = 0.48;
-      }
-      break;
-    default:
-      break;
+    if (number(0, 2) > 0) {
+      device.ability.provenGbps = std::min(ability, anySpeed());
+    }
+    if (number(0, 2) == 0) {
+      device.ability.limitGbps = std::max(ability, anySpeed());
     }
   }
 
@@ -119,9 +113,7 @@ SeenLink seenLink(const TreeNode& node) {
   const USBDevice& device = std::get<TreeNode::USBDeviceEntry>(node.kind).device;
   SeenLink seen{device.speedGbps(), device.ability.provenGbps, device.ability.limitGbps};
   for (const USBDevice& child : device.children) {
-    if (!seen.provenGbps && child.speedGbps() > device.speedGbps()) {
-      seen.provenGbps = child.speedGbps();
-    }
+    seen.provenGbps = std::max(seen.provenGbps.value_or(0), child.speedGbps());
   }
   return seen;
 }

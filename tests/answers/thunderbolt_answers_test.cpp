@@ -69,7 +69,11 @@ TEST(ThunderboltAnswers, CompareTheLinkWithWhatBothEndsCanDo) {
       {"unknown lanes", TrueLink{20, 20, {}, {}}, LinkLimit{2, 20}, ""},
       {"unknown direction", TrueLink{20, {}, 1, 1}, LinkLimit{2, 20}, ""},
       {"unknown limit", TrueLink{20, 20, 1, 1}, std::nullopt, ""},
-      {"limit without a speed", TrueLink{20, 20, 1, 1}, LinkLimit{2, {}}, ""},
+      {"one lane, and only the number of lanes is known", TrueLink{10, 10, 1, 1}, LinkLimit{2, {}},
+       "Both ends can use 2 lanes, but the link runs on one: 10 Gb/s instead of 20 Gb/s. The cable "
+       "or its plugs are the limit."},
+      {"all lanes, and only their number is known", TrueLink{20, 20, 2, 2}, LinkLimit{2, {}}, ""},
+      {"unknown number of lanes", TrueLink{20, 20, 1, 1}, LinkLimit{{}, 20}, ""},
   };
   for (const LinkCase& one : cases) {
     SCOPED_TRACE(one.name);
