@@ -3,9 +3,11 @@
 #include "inspect/document_parts.h"
 #include "tree/node_identifiers.h"
 #include "views/panel_inputs.h"
+#include "views/scan_answers.h"
 
 #include <map>
 #include <string>
+#include <utility>
 
 namespace tamberline {
 namespace {
@@ -33,6 +35,9 @@ Document tableOf(const std::map<std::int64_t, Value>& table, Describe describeVa
 
 Document inspectionDocument(const PortScanner& scanner) {
   const std::vector<TreeNode>& tree = scanner.portTree.get();
+  const std::vector<Answer> answers = answersOf(scanner);
+  Document panel = describe(describePanel(panelInputs(scanner)));
+  addAnswersToRows(answers, panel);
   return {
       {"errorMessage", orNull(scanner.errorMessage.get())},
       {"thunderboltBuses", describeAll(scanner.thunderboltBuses.get())},
@@ -51,10 +56,11 @@ Document inspectionDocument(const PortScanner& scanner) {
       {"charging", describeOrNull(scanner.charging.get())},
       {"deviceAbilities", describeAbilities(tree)},
       {"linkLimits", describeLinkLimits(tree)},
+      {"answers", describeAll(answers)},
       {"portTree", describeAll(tree)},
       {"allContainerIDs", allContainerIDs(tree)},
       {"searchEntries", describeAll(flattenSearchable(tree))},
-      {"panel", describe(describePanel(panelInputs(scanner)))},
+      {"panel", std::move(panel)},
   };
 }
 

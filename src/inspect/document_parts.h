@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/charging_state.h"
+#include "answers/answer.h"
 #include "model/power_records.h"
 #include "model/thunderbolt_records.h"
 #include "model/usb_records.h"
@@ -79,5 +80,9 @@ Document describe(const TreeNode& node);
 Document describe(const SearchEntry& entry);
 
 Document describe(const Panel& panel);
+
+Document describe(const Answer& answer);
+/// Adds to each row of a described panel the first answer that concerns it, or null.
+void addAnswersToRows(const std::vector<Answer>& answers, Document& panel);
 
 } // namespace tamberline

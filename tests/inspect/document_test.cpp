@@ -15,7 +15,7 @@ TEST(Document, OfAScanThatFoundNothingHasEmptyMembers) {
     "errorMessage": null, "thunderboltBuses": [], "usbBuses": [], "charger": null,
     "battery": null, "hpmPorts": [], "fedPortStates": [], "bestAdapterIndex": 0,
     "portPowerOut": {}, "portCurrentLimitMa": {}, "ports": [], "charging": null,
-    "deviceAbilities": [], "linkLimits": [], "portTree": [], "allContainerIDs": [],
+    "deviceAbilities": [], "linkLimits": [], "answers": [], "portTree": [], "allContainerIDs": [],
     "searchEntries": [],
     "panel": {"state": "empty", "message": "No ports detected", "cards": []}
   })"));

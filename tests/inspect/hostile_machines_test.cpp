@@ -1,7 +1,9 @@
+#include "inspect/answer_text.h"
 #include "inspect/panel_text.h"
 #include "inspect/sample_scans.h"
 #include "support/hostile_machines.h"
 #include "views/panel_inputs.h"
+#include "views/scan_answers.h"
 
 #include <gtest/gtest.h>
 
@@ -70,6 +72,7 @@ TEST(HostileNames, AreHarmlessInATerminal) {
     answerWithNameEverywhere(*scan.machine, name);
     scan.run();
     const std::string text =
+        answerText(answersOf(*scan.scanner), /*useColors=*/false) +
         panelText(describePanel(panelInputs(*scan.scanner)), /*useColors=*/false);
     EXPECT_LT(text.size(), 20'000U);
     std::istringstream lines(text);

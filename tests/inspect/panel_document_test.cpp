@@ -67,7 +67,7 @@ TEST(PanelDocument, HasAThunderboltDeviceRow) {
       "tooltip": "Negotiated link speed vs the port's maximum. If it's below the max, the device or cable is the bottleneck."},
     "link": {"transmitGbps": 40.0, "receiveGbps": 40.0, "transmitLanes": 2, "receiveLanes": 2,
       "isAuthorized": null, "text": "Link each way: 40 Gb/s, 2 lanes"},
-    "children": 2
+    "children": 2, "answer": null
   })"));
 }
 
@@ -75,7 +75,8 @@ TEST(PanelDocument, HasNullForTheAbsentPartsOfAThunderboltDeviceRow) {
   EXPECT_EQ(jsonText(at(deskDocument(), "/panel/cards/0/rows/0/children/0")), normalized(R"({
     "row": "tbDevice", "id": "/port1/tb:0xD0/tb:/Bare", "depth": 1, "isLast": false,
     "hasChildren": false, "startsExpanded": false, "tint": {"color": "accent", "opacity": 0.05},
-    "name": "Bare", "modeBadge": null, "ratedDraw": null, "speedBar": null, "link": null, "children": []
+    "name": "Bare", "modeBadge": null, "ratedDraw": null, "speedBar": null, "link": null, "children": [],
+    "answer": null
   })"));
 }
 
@@ -85,7 +86,7 @@ TEST(PanelDocument, HasABusRow) {
   EXPECT_EQ(jsonText(row), normalized(R"({
     "row": "usbBus", "id": "/port1/tb:0xD0/bus:USB20Bus", "depth": 1, "isLast": true,
     "hasChildren": true, "startsExpanded": false, "tint": {"color": "grey", "opacity": 0.06},
-    "name": "USB 2.0 Bus", "ratedDraw": "1.0W rated", "children": 1
+    "name": "USB 2.0 Bus", "ratedDraw": "1.0W rated", "children": 1, "answer": null
   })"));
 }
 
@@ -106,7 +107,7 @@ TEST(PanelDocument, HasAUSBDeviceRow) {
       "allocated": "· 4.5 W allocated", "portMax": "4.5 W port max",
       "bar": {"usedFraction": 0.5, "cableFraction": 1.0}},
     "volumes": [{"label": "Volume", "name": "Data", "mountPoint": "/Volumes/Data"}],
-    "children": []
+    "children": [], "answer": null
   })"));
 }
 
@@ -124,7 +125,7 @@ TEST(PanelDocument, HasAHubRow) {
     "powerBar": {"usedMa": 100, "allocatedMa": 100, "portMaxMa": 500,
       "used": "0.5 W own draw (rated)", "allocated": null, "portMax": null,
       "bar": {"usedFraction": 0.2, "cableFraction": 0.2}},
-    "volumes": [], "children": 1
+    "volumes": [], "children": 1, "answer": null
   })json"));
 }
 
@@ -132,7 +133,8 @@ TEST(PanelDocument, HasAChargerRow) {
   EXPECT_EQ(jsonText(at(deskDocument(), "/panel/cards/2/rows/0")), normalized(R"({
     "row": "charger", "id": "/port3/charger", "depth": 0, "isLast": true, "hasChildren": false,
     "startsExpanded": false, "tint": {"color": "yellow", "opacity": 0.07},
-    "name": "96W USB-C Power Adapter", "rated": "96 W rated", "isCharging": true, "children": []
+    "name": "96W USB-C Power Adapter", "rated": "96 W rated", "isCharging": true, "children": [],
+    "answer": null
   })"));
 }
 
@@ -144,7 +146,9 @@ TEST(PanelDocument, HasAChargingOnlyRow) {
     "hasChildren": false, "startsExpanded": false, "tint": {"color": "yellow", "opacity": 0.07},
     "title": "Charging only",
     "detail": "Powered, but no data connection — unlock or switch the device to data mode",
-    "badge": {"text": "no data", "icon": null, "color": "orange"}, "children": []
+    "badge": {"text": "no data", "icon": null, "color": "orange"}, "children": [],
+    "answer": {"kind": "powerWithoutData", "weight": "note",
+               "headline": "Thunderbolt Port 4: power, but no data"}
   })"));
 }
 

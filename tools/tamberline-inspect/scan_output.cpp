@@ -1,11 +1,13 @@
 #include "scan_output.h"
 
+#include "inspect/answer_text.h"
 #include "inspect/document.h"
 #include "inspect/json_text.h"
 #include "inspect/panel_text.h"
 #include "inspect/text_tree.h"
 #include "platform/posix/command_line.h"
 #include "views/panel_inputs.h"
+#include "views/scan_answers.h"
 
 #include <QDateTime>
 #include <nlohmann/json.hpp>
@@ -20,7 +22,9 @@ std::string render(const PortScanner& scanner, OutputFormat format, const TextSt
     const int indent = format == OutputFormat::documentInOneLine ? -1 : 2;
     return jsonText(inspectionDocument(scanner), indent) + "\n";
   }
-  return panelText(describePanel(panelInputs(scanner)), style.useColors, style.columns);
+  const std::string answers = answerText(answersOf(scanner), style.useColors, style.columns);
+  return (answers.empty() ? "" : answers + "\n") +
+         panelText(describePanel(panelInputs(scanner)), style.useColors, style.columns);
 }
 
 std::string timeHeading(const TextStyle& style) {
