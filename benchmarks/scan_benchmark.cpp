@@ -1,6 +1,7 @@
 // The main thread's share of one scan: all steps from the output of the tools to the tree with its
 // identifiers.
 
+#include "answers/find_answers.h"
 #include "large_machine.h"
 #include "platform/saved/saved_reports.h"
 #include "registry/probe_results.h"
@@ -87,6 +88,15 @@ void usbDevices(benchmark::State& state) {
   }
 }
 BENCHMARK(usbDevices)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+
+void findAnswersOnUSBDevices(benchmark::State& state) {
+  const std::vector<TreeNode> tree =
+      workOfOneScan(makeLargeMachine(static_cast<std::size_t>(state.range(0))));
+  for (auto iteration : state) {
+    benchmark::DoNotOptimize(findAnswers({.portTree = tree}));
+  }
+}
+BENCHMARK(findAnswersOnUSBDevices)->Arg(5'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
 void deviceTree(benchmark::State& state) {
   const Answers answers = {

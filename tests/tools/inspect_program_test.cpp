@@ -49,7 +49,8 @@ void saveEmptySections(const TemporaryFolder& folder) {
 }
 
 TEST(InspectProgram, ShowsEverySampleAsTextAndAsADocument) {
-  for (const std::string machine : {"desk", "road", "desktop", "bare", "studio", "laptop"}) {
+  for (const std::string machine :
+       {"desk", "road", "desktop", "bare", "studio", "laptop", "slow", "not-charging"}) {
     SCOPED_TRACE(machine);
     const Outcome text = inspect({"--reports", sampleFolder + "/" + machine});
     EXPECT_EQ(text.exitStatus, 0);
