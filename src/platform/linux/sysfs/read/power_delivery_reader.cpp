@@ -42,6 +42,10 @@ std::optional<std::int64_t> readCurrent(const fs::path& folder, const Spelling& 
   return current ? current : readNumber(folder / "maximum_current");
 }
 
+bool isWithin(const std::optional<std::int64_t>& value, std::int64_t max) {
+  return value && *value > 0 && *value <= max;
+}
+
 std::optional<PowerOffer> readOffer(const fs::path& folder, const Spelling& spelling) {
   const auto kind = kindOf(folder.filename().string());
   if (!kind) {
@@ -53,7 +57,10 @@ std::optional<PowerOffer> readOffer(const fs::path& folder, const Spelling& spel
   const bool isLimitedByWatts = kind == PowerOfferKind::battery;
   const auto limit =
       isLimitedByWatts ? readNumber(folder / spelling.power) : readCurrent(folder, spelling);
-  if (!min || !max || !limit) {
+  constexpr std::int64_t maxCredibleMillivolts = 100'000;
+  constexpr std::int64_t maxCredibleLimit = 10'000'000; // milliamperes or milliwatts
+  if (!isWithin(min, maxCredibleMillivolts) || !isWithin(max, maxCredibleMillivolts) ||
+      !isWithin(limit, maxCredibleLimit)) {
     return std::nullopt;
   }
   return PowerOffer{.kind = *kind,

@@ -111,6 +111,24 @@ TEST(TypecPorts, AreReadWithEveryKindOfOffer) {
   EXPECT_EQ(port.partner->offeredWatts, std::nullopt);
 }
 
+TEST(TypecPorts, ReadNoOfferThatCannotBe) {
+  const SysfsTree tree;
+  tree.attribute("class/typec/port0/power_role", "[source]");
+  const std::string offer =
+      "class/typec/port0-partner/usb_power_delivery/source-capabilities/1:fixed_supply";
+  const auto isRead = [&](const std::string& voltage, const std::string& current) {
+    tree.attributes(offer, {{"voltage", voltage}, {"maximum_current", current}});
+    return !tree.read().typecPorts.at(0).partner->offers.empty();
+  };
+  EXPECT_TRUE(isRead("100000mV", "10000000mA"));
+  EXPECT_FALSE(isRead("100001mV", "3000mA"));
+  EXPECT_FALSE(isRead("0mV", "3000mA"));
+  EXPECT_FALSE(isRead("-9223372036854775808mV", "3000mA"));
+  EXPECT_FALSE(isRead("5000mV", "0mA"));
+  EXPECT_FALSE(isRead("5000mV", "9223372036854775807mA"));
+  EXPECT_FALSE(isRead("mV", "3000mA"));
+}
+
 TEST(TypecPorts, ReadNoMoreOffersThanThereCanBe) {
   const SysfsTree tree;
   tree.attribute("class/typec/port0/power_role", "[source]");

@@ -65,6 +65,27 @@ void expectAnswers(const SysfsTree& tree) {
   }
 }
 
+/// Offers, a cable and video with values at the ends of their types.
+void addHostilePower(const SysfsTree& tree, const std::string& port) {
+  for (const std::string value : {"9223372036854775807", "-9223372036854775808", "0", "\xff"}) {
+    const std::string offer =
+        "/usb_power_delivery/source-capabilities/" + std::to_string(value.size()) + value.front();
+    for (const char* kind :
+         {":fixed_supply", ":variable_supply", ":battery", ":programmable_supply"}) {
+      tree.attributes(port + "-partner" + offer + kind, {{"voltage", value},
+                                                         {"minimum_voltage", value},
+                                                         {"maximum_voltage", value},
+                                                         {"maximum_current", value},
+                                                         {"maximum_power", value}});
+    }
+  }
+  tree.attributes(port + "-cable", {{"type", "\xff"}, {"plug_type", "]]>"}});
+  tree.attributes(port + "-cable/identity",
+                  {{"id_header", "0x18000000"}, {"product_type_vdo1", "0x7fffffffffffffff"}});
+  tree.attributes(port + "-partner/x-partner.0/displayport",
+                  {{"pin_assignment", "[["}, {"hpd", "-9223372036854775808"}});
+}
+
 TEST(OddLinuxMachines, AnswerOnAnEmptyMachine) {
   expectAnswers(SysfsTree());
 }
@@ -96,6 +117,9 @@ TEST(OddLinuxMachines, AnswerWithHostileDevices) {
                                                 {"bMaxPower", "99999999999999999999mA"},
                                                 {"bDeviceClass", "09"}});
     tree.bytes("bus/usb/devices/" + name + "/bos_descriptors", std::string(100'000, '\xff'));
+    tree.bytes("bus/usb/devices/" + name + "/descriptors", std::string(100'000, '\x12'));
+    tree.attributes("bus/usb/devices/" + name + "/" + name + ":1.0/" + name + "-port1",
+                    {{"over_current_count", "-9223372036854775808"}, {"state", long_}});
     tree.link("bus/usb/devices/" + name + "/" + name + ":1.0/" + name + "-port1/peer",
               name + "-port1");
   }
@@ -106,12 +130,20 @@ TEST(OddLinuxMachines, AnswerWithHostileDevices) {
     tree.attributes("class/typec/" + name, {{"power_role", "[[]]"}, {"port_type", long_}});
     tree.attributes("class/typec/" + name + "-partner/identity",
                     {{"id_header", "0xffffffffffffffff"}, {"product", "-1"}});
+    addHostilePower(tree, "class/typec/" + name);
   }
   tree.classDevice("power_supply", "x", "BAT0",
                    {{"type", "Battery"},
                     {"capacity", "-9223372036854775808"},
                     {"charge_full", "9223372036854775807"},
-                    {"charge_full_design", "1"}});
+                    {"charge_full_design", "1"},
+                    {"status", "Discharging"},
+                    {"voltage_now", "9223372036854775807"},
+                    {"current_now", "-9223372036854775808"},
+                    {"power_now", "-9223372036854775808"},
+                    {"charge_control_start_threshold", "-9223372036854775808"},
+                    {"charge_control_end_threshold", long_},
+                    {"charge_behaviour", "[\xff]]>"}});
   tree.classDevice("power_supply", "x", "USB",
                    {{"type", "USB"},
                     {"online", "1"},
