@@ -148,6 +148,17 @@ std::string lanes(std::int64_t count) {
   return withSuffix(std::to_string(count), {" lanes", " Lanes", " voies", " canali", " carriles"});
 }
 
+std::string overCurrents(std::int64_t count) {
+  return withPrefix({"Shut-offs because of too much current: ",
+                     "Abschaltungen wegen zu hohen Stroms: ", "Coupures pour courant trop fort : ",
+                     "Spegnimenti per troppa corrente: ", "Cortes por exceso de corriente: "},
+                    std::to_string(count));
+}
+
+std::string labelled(std::string_view title, std::string_view text) {
+  return withSuffix(title, {": ", ": ", " : ", ": ", ": "}).append(text);
+}
+
 std::string extraCurrent(std::int64_t milliamperes) {
   return between({"Extra operating current: ", "Zusätzlicher Betriebsstrom: ",
                   "Courant de fonctionnement supplémentaire : ",

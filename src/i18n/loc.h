@@ -28,6 +28,10 @@ std::string linkEachWay(std::string_view carried);
 std::string linkToDevice(std::string_view carried);
 std::string linkFromDevice(std::string_view carried);
 std::string lanes(std::int64_t count);
+/// How often a port was switched off.
+std::string overCurrents(std::int64_t count);
+/// A text behind its title.
+std::string labelled(std::string_view title, std::string_view text);
 std::string extraCurrent(std::int64_t milliamperes);
 /// One of the computer's sockets.
 std::string receptacle(std::string_view number);

@@ -214,6 +214,9 @@ TextTree treeOf(const PortCard& card) {
   if (card.power.ratedBar) {
     tree.lines.push_back(powerLine(*card.power.ratedBar));
   }
+  for (const DetailLine& detail : card.details) {
+    tree.lines.push_back({{detail.label(), Color::Secondary}});
+  }
   if (card.partner) {
     tree.lines.push_back({{card.partner->title}});
     tree.lines.push_back({{card.partner->detail, Color::Secondary}});

@@ -7,7 +7,8 @@ PanelInputs panelInputs(const PortScanner& scanner) {
       .portTree = scanner.portTree.get(),
       .portFacts = {.hpmPorts = scanner.hpmPorts.get(),
                     .portPowerOut = scanner.portPowerOut.get(),
-                    .portCurrentLimitMa = scanner.portCurrentLimitMa.get()},
+                    .portCurrentLimitMa = scanner.portCurrentLimitMa.get(),
+                    .charging = scanner.charging.get()},
       .isScanning = scanner.isScanning.get(),
       .errorMessage = scanner.errorMessage.get(),
   };

@@ -197,6 +197,9 @@ PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFac
   if (!node.hasChildren() && !card.partner) {
     card.nothingAttached = Loc::nothingAttached();
   }
+  if (controller != nullptr) {
+    card.details = portDetailLines(*controller, facts.charging);
+  }
   return card;
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "model/charging_state.h"
 #include "model/power_records.h"
 #include "tree/tree_node.h"
 #include "views/badge.h"
 #include "views/bars.h"
+#include "views/port_details_text.h"
 #include "views/shown_labels.h"
 #include "views/tree_rows.h"
 
@@ -20,6 +22,7 @@ struct PortFacts {
   std::vector<HPMPort> hpmPorts = {};
   std::map<std::int64_t, PortPowerOut> portPowerOut = {};
   std::map<std::int64_t, std::int64_t> portCurrentLimitMa = {};
+  std::optional<ChargingState> charging = {};
 };
 
 struct PortBadge {
@@ -163,6 +166,7 @@ struct PortCard {
   std::vector<ExpandableRow> rows = {};
   std::optional<PartnerNotice> partner = {}; // only if there are no rows
   std::optional<std::string> nothingAttached = {};
+  std::vector<DetailLine> details = {};
 };
 
 /// `node` must be the node of a port, and `bus` its bus.

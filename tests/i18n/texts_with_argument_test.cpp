@@ -56,6 +56,19 @@ TEST(TextsWithArgument, RatedDrawOfAWholeHub) {
                          "4.5 W total hub (nominal)"});
 }
 
+TEST(TextsWithArgument, HowOftenAPortWasSwitchedOff) {
+  expectInEveryLanguage(
+      [] { return Loc::overCurrents(2); },
+      {"Shut-offs because of too much current: 2", "Abschaltungen wegen zu hohen Stroms: 2",
+       "Coupures pour courant trop fort : 2", "Spegnimenti per troppa corrente: 2",
+       "Cortes por exceso de corriente: 2"});
+}
+
+TEST(TextsWithArgument, TextBehindItsTitle) {
+  expectInEveryLanguage([] { return Loc::labelled("A", "b"); },
+                        {"A: b", "A: b", "A : b", "A: b", "A: b"});
+}
+
 TEST(TextsWithArgument, WattsThatCharge) {
   expectInEveryLanguage([] { return Loc::chargingAtW(96); },
                         {"Charging at 96 W", "Lädt mit 96 W", "Charge à 96 W", "In carica a 96 W",

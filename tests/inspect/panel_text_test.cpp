@@ -137,6 +137,20 @@ TEST(PanelText, ShowsALinksActualSpeedIfTheBarDoesNot) {
 )");
 }
 
+TEST(PanelText, ShowsTheDetailsOfAPortBelowItsHeader) {
+  HPMPort port{.portNumber = 1};
+  port.details = {.offers = {{.minVolts = 20, .maxVolts = 20, .amps = 3, .isAgreed = true}},
+                  .cable = CableRatings{.maxAmps = 3, .gbpsOfLane = 0.48}};
+  EXPECT_EQ(
+      panelText(describePanel({.portTree = {portNode(1, {})}, .portFacts = {.hpmPorts = {port}}}),
+                false),
+      R"(○ Thunderbolt Port 1
+   Offers: 20 V, 3 A (agreed)
+   Cable: 3 A, USB 2
+   Nothing attached
+)");
+}
+
 TEST(PanelText, SaysThatNothingIsAttachedToABus) {
   EXPECT_EQ(textOf({busNode("USB31Bus", {})}), "USB 3.1 Bus\n   Nothing attached\n");
 }

@@ -350,6 +350,15 @@ TEST(PortCard, ShowsWhatBothEndsAgreedOnWithoutCallingItMeasured) {
   EXPECT_FALSE(cardOf({}, {.hpmPorts = {{.portNumber = 2}}}).power.agreed);
 }
 
+TEST(PortCard, HasTheDetailsOfItsController) {
+  HPMPort port{.portNumber = 2};
+  port.details.cable = CableRatings{.maxAmps = 3};
+  EXPECT_EQ(cardOf({}, {.hpmPorts = {{.portNumber = 1}, port}}).details,
+            (std::vector<DetailLine>{{"Cable", "3 A"}}));
+  EXPECT_TRUE(cardOf({}, {.hpmPorts = {{.portNumber = 2}}}).details.empty());
+  EXPECT_TRUE(cardOf({}, {}).details.empty());
+}
+
 TEST(PortCard, ShowsAPartnerThatIsNotADevice) {
   const struct {
     HPMPort port;
