@@ -12,6 +12,7 @@
 #include "platform/preferred_languages.h"
 #include "platform/saved/folder_event_source.h"
 #include "platform/saved/saved_reports.h"
+#include "recorded_machine_player.h"
 #include "replay_options.h"
 #include "show_panel.h"
 
@@ -55,6 +56,31 @@ std::shared_ptr<PortScanner> scannerOf(const ReplayOptions& options,
        .now = now});
 }
 
+/// A scanner, and what plays a recording into it; null for a folder of saved reports.
+struct Replay {
+  std::shared_ptr<PortScanner> scanner;
+  std::unique_ptr<RecordedMachinePlayer> player;
+};
+
+/// A picture shows one step.
+Replay replayOf(const ReplayOptions& options, const std::shared_ptr<MainQueue>& queue,
+                const Clock& now) {
+  if (options.steps.empty()) {
+    return {scannerOf(options, queue, now), nullptr};
+  }
+  const Playback::State first{options.step.value_or(1) - 1, options.step || options.screenshot};
+  auto playback =
+      std::make_unique<Playback>(options.steps, options.speed.value_or(1), queue, first);
+  const auto machine = std::make_shared<RecordedMachine>(playback->step().folder);
+  Replay replay;
+  replay.scanner = PortScanner::create({.acquisition = {.machine = machine, .queue = queue},
+                                        .events = std::make_shared<SilentEventSource>(),
+                                        .now = now});
+  replay.player =
+      std::make_unique<RecordedMachinePlayer>(std::move(playback), machine, replay.scanner, queue);
+  return replay;
+}
+
 /// The volumes of a saved machine are on another computer, so they can be neither tested nor
 /// ejected.
 PanelActions actionsWith(ManualWindow& manual) {
@@ -63,7 +89,7 @@ PanelActions actionsWith(ManualWindow& manual) {
           .quit = [] { QApplication::quit(); }};
 }
 
-int replay(const ReplayOptions& options, int& argc, char** argv) {
+int run(const ReplayOptions& options, int& argc, char** argv) {
   if (options.screenshot) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     suppressDesktopNotices();
@@ -80,14 +106,14 @@ int replay(const ReplayOptions& options, int& argc, char** argv) {
   const MainQueueScope scope(becomeUserInitiatedTask);
   const std::shared_ptr<MainQueue> queue = scope.queue();
   const Clock now = clockOf(options);
-  const std::shared_ptr<PortScanner> scanner = scannerOf(options, queue, now);
+  const Replay replay = replayOf(options, queue, now);
   ManualWindow manual(manualFolder(QCoreApplication::applicationDirPath()));
-  PanelShell shell({.scanner = scanner,
+  PanelShell shell({.scanner = replay.scanner,
                     .queue = queue,
                     .fontScale = options.fontScale,
                     .actions = actionsWith(manual)},
                    {.places = makeWindowPlaces(), .isBoundByScreen = !options.screenshot});
-  const auto shown = showPanel(&shell, scanner, queue, options);
+  const auto shown = showPanel(&shell, replay.scanner, queue, options);
   return QApplication::exec();
 }
 
@@ -109,5 +135,5 @@ int main(int argc, char** argv) {
   if (options->showsVersion) {
     return print("tamberline-replay " TAMBERLINE_VERSION "\n") ? EXIT_SUCCESS : EXIT_FAILURE;
   }
-  return replay(*options, argc, argv);
+  return run(*options, argc, argv);
 }

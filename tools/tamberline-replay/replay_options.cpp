@@ -1,6 +1,7 @@
 #include "replay_options.h"
 
 #include "argument_parser.h"
+#include "base/text.h"
 
 #include <locale>
 #include <sstream>
@@ -12,10 +13,15 @@ const std::string_view replayUsage =
     R"(Usage: tamberline-replay DIR [--language en|de|fr|it|es] [--theme light|dark]
                          [--font-scale F] [--expand-all] [--search TEXT]
                          [--screenshot FILE.png [--places FILE.json]]
+                         [--speed F] [--step N]
        tamberline-replay --help | --version
 
 Opens the panel on the machine whose reports were saved in the folder DIR. A change of
 any file there counts as something plugged in or unplugged.
+
+If DIR is a recording of tamberline-inspect record, plays it in its own time and prints
+each step. Ctrl+P pauses and goes on, Ctrl+N and Ctrl+B go to the next step and the one
+before.
 
   --language CODE    the language of the texts; without it, the system's
   --theme NAME       light or dark; without it, the desktop's
@@ -25,6 +31,8 @@ any file there counts as something plugged in or unplugged.
   --screenshot FILE  writes a picture of the panel to FILE, whose name ends in .png, and
                      ends; needs no display
   --places FILE      with a picture: writes where each text and button is in it to FILE
+  --speed F          plays a recording F times as fast, from 0.01 to 1000
+  --step N           begins a recording with step N, paused
   --help, -h         prints this text
   --version, -V      prints the version
 
@@ -35,6 +43,8 @@ namespace {
 
 constexpr double minFontScale = 0.5;
 constexpr double maxFontScale = 4;
+constexpr double minSpeed = 0.01;
+constexpr double maxSpeed = 1000;
 
 ReplayTheme themeNamed(const std::string& name) {
   if (name != "light" && name != "dark") {
@@ -51,17 +61,38 @@ std::filesystem::path pictureFile(const std::filesystem::path& file) {
   return file;
 }
 
-double fontScaleOf(const std::string& text) {
+/// Absent for anything but a number from `min` to `max`.
+std::optional<double> numberIn(const std::string& text, double min, double max) {
   std::istringstream number(text);
   number.imbue(std::locale::classic());
-  double scale = 0;
-  number >> std::noskipws >> scale;
+  double value = 0;
+  number >> std::noskipws >> value;
   const bool isNumber = !number.fail() && number.peek() == std::istringstream::traits_type::eof();
-  const bool isInRange = scale >= minFontScale && scale <= maxFontScale;
-  if (!isNumber || !isInRange) {
+  return isNumber && value >= min && value <= max ? std::optional(value) : std::nullopt;
+}
+
+double fontScaleOf(const std::string& text) {
+  const std::optional<double> scale = numberIn(text, minFontScale, maxFontScale);
+  if (!scale) {
     throw WrongArgument("the font scale is a number from 0.5 to 4, not '" + text + "'");
   }
-  return scale;
+  return *scale;
+}
+
+double speedOf(const std::string& text) {
+  const std::optional<double> speed = numberIn(text, minSpeed, maxSpeed);
+  if (!speed) {
+    throw WrongArgument("the speed is a number from 0.01 to 1000, not '" + text + "'");
+  }
+  return *speed;
+}
+
+std::size_t stepOf(const std::string& text) {
+  const std::optional<std::int64_t> number = parseDecimal(text);
+  if (!number || *number < 1) {
+    throw WrongArgument("a step is a number from 1, not '" + text + "'");
+  }
+  return static_cast<std::size_t>(*number);
 }
 
 void addOptions(ArgumentParser& parser, ReplayOptions& options) {
@@ -76,11 +107,23 @@ void addOptions(ArgumentParser& parser, ReplayOptions& options) {
   parser.addOption("--screenshot",
                    [&](const Text& file) { options.screenshot = pictureFile(file); });
   parser.addOption("--places", [&](const Text& file) { options.places = file; });
+  parser.addOption("--speed", [&](const Text& text) { options.speed = speedOf(text); });
+  parser.addOption("--step", [&](const Text& text) { options.step = stepOf(text); });
   parser.addFlag("-h,--help", options.showsHelp);
   parser.addFlag("-V,--version", options.showsVersion);
 }
 
-void checkTogether(const ReplayOptions& options) {
+void checkRecording(const ReplayOptions& options) {
+  if (options.steps.empty() && (options.speed || options.step)) {
+    throw WrongArgument("'" + options.reportsFolder.string() +
+                        "' is no recording: --speed and --step go with one");
+  }
+  if (options.step > options.steps.size()) {
+    throw WrongArgument("the recording has " + std::to_string(options.steps.size()) + " steps");
+  }
+}
+
+void checkTogether(ReplayOptions& options) {
   if (options.showsHelp || options.showsVersion) {
     return;
   }
@@ -94,6 +137,8 @@ void checkTogether(const ReplayOptions& options) {
   if (options.places && !options.screenshot) {
     throw WrongArgument("there are places only in a picture: --places goes with --screenshot");
   }
+  options.steps = stepsIn(options.reportsFolder);
+  checkRecording(options);
 }
 
 } // namespace

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "i18n/app_language.h"
+#include "platform/saved/recording.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tamberline {
 
@@ -13,11 +16,17 @@ enum class ReplayTheme : unsigned char { light, dark };
 
 struct ReplayOptions {
   std::filesystem::path reportsFolder;
+  /// The steps, if that folder is a recording; otherwise empty.
+  std::vector<RecordedStep> steps;
   /// If absent, the user's preferred language is used.
   std::optional<AppLanguage> language;
   /// If absent, the desktop's theme is used.
   std::optional<ReplayTheme> theme;
   double fontScale = 1;
+  /// Divides the time between the steps of a recording; absent if it is not given.
+  std::optional<double> speed;
+  /// The step of a recording to begin with, from 1, paused; if absent, it plays from the first.
+  std::optional<std::size_t> step;
   bool expandsAll = false;
   std::string searchText;
   /// The file for the picture; if absent, the panel is opened and stays open.
