@@ -87,9 +87,33 @@ FactsByPort factsByPort(const json& document) {
   return facts;
 }
 
+using SpeedByNode = std::map<std::string, double>;
+
+void collectPortMaximums(const json& rows, SpeedByNode& maximums, int depth) {
+  if (depth > maxReportNesting) {
+    return;
+  }
+  for (const json& row : rows) {
+    if (const auto maximum = positiveNumber(objectMember(row, "speedBar"), "portMaxGbps")) {
+      maximums[text(row, "id")] = *maximum;
+    }
+    collectPortMaximums(objectsMember(row, "children"), maximums, depth + 1);
+  }
+}
+
+/// What the panel shows as the maximum of each node's port.
+SpeedByNode portMaximums(const json& document) {
+  SpeedByNode maximums;
+  for (const json& card : objectsMember(objectMember(document, "panel"), "cards")) {
+    collectPortMaximums(objectsMember(card, "rows"), maximums, 0);
+  }
+  return maximums;
+}
+
 class Collector {
 public:
-  explicit Collector(FactsByPort facts) : facts_(std::move(facts)) {}
+  Collector(FactsByPort facts, SpeedByNode portMaximums)
+      : facts_(std::move(facts)), portMaximums_(std::move(portMaximums)) {}
 
   void collect(const json& nodes, std::optional<std::size_t> parent, int depth) {
     if (depth > maxReportNesting) {
@@ -120,6 +144,10 @@ private:
   }
 
   void describe(const json& node, InventoryItem& item) const {
+    const auto maximum = portMaximums_.find(item.id);
+    if (maximum != portMaximums_.end()) {
+      item.maxGbps = maximum->second;
+    }
     switch (item.kind) {
     case Kind::port:
       describePort(objectMember(node, "bus"), item);
@@ -174,7 +202,7 @@ private:
     item.serialNumber = text(device, "serialNumber");
     item.containerID = text(device, "containerID");
     item.speedGbps = positiveNumber(device, "speedGbps");
-    item.maxGbps = positiveNumber(node, "busMaxGbps");
+    item.maxGbps = item.maxGbps ? item.maxGbps : positiveNumber(node, "busMaxGbps");
     item.ratedMa = integerMember(device, "busPowerUsed");
     item.volumes = volumesOf(device);
   }
@@ -186,13 +214,14 @@ private:
   }
 
   FactsByPort facts_;
+  SpeedByNode portMaximums_;
   Inventory items_;
 };
 
 } // namespace
 
 Inventory inventoryOf(const json& document) {
-  Collector collector(factsByPort(document));
+  Collector collector(factsByPort(document), portMaximums(document));
   collector.collect(objectsMember(document, "portTree"), std::nullopt, 0);
   return collector.take();
 }

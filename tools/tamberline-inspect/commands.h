@@ -13,5 +13,7 @@ inline constexpr int exitTrouble = 2;
 int run(const SaveCommand& command, const InspectOptions& options);
 int run(const CompareCommand& command, const InspectOptions& options);
 int run(const ExpectCommand& command, const InspectOptions& options);
+int run(const RecordCommand& command, const InspectOptions& options);
+int run(const MetricsCommand& command, const InspectOptions& options);
 
 } // namespace tamberline

@@ -67,6 +67,20 @@ void addExpect(ArgumentParser& parser, InspectOptions& options, CommandFlags& fl
   expect.addFlag("--tap", flags.printsTap);
 }
 
+void addRecord(ArgumentParser& parser, InspectOptions& options, CommandFlags& flags) {
+  ArgumentParser& record =
+      parser.addSubcommand("record", [&options] { options.command = RecordCommand(); });
+  record.addOption("DIR", [&](const Text& name) { chosen<RecordCommand>(options).folder = name; });
+  record.addFlag("--anonymise", flags.isAnonymous);
+}
+
+void addMetrics(ArgumentParser& parser, InspectOptions& options) {
+  ArgumentParser& metrics =
+      parser.addSubcommand("metrics", [&options] { options.command = MetricsCommand(); });
+  metrics.addOption("--output",
+                    [&](const Text& name) { chosen<MetricsCommand>(options).file = name; });
+}
+
 void addSharedOptions(ArgumentParser& parser, InspectOptions& options) {
   parser.addOption("--reports",
                    [&](const Text& folder) { options.reportsFolder = existingFolder(folder); });
@@ -105,8 +119,18 @@ void check(const ExpectCommand& command, const InspectOptions& options) {
   }
 }
 
+void check(const RecordCommand& command, const InspectOptions& /*options*/) {
+  if (command.folder.empty()) {
+    throw WrongArgument("which folder should be made?");
+  }
+}
+
+void check(const MetricsCommand& /*command*/, const InspectOptions& /*options*/) {}
+
 bool takesJson(const Command& command) {
-  return !std::holds_alternative<SaveCommand>(command);
+  return std::holds_alternative<ShowCommand>(command) ||
+         std::holds_alternative<CompareCommand>(command) ||
+         std::holds_alternative<ExpectCommand>(command);
 }
 
 void checkTogether(InspectOptions& options, const CommandFlags& flags) {
@@ -125,6 +149,9 @@ void checkTogether(InspectOptions& options, const CommandFlags& flags) {
     expect->writes = flags.writes;
     expect->printsTap = flags.printsTap;
   }
+  if (auto* const record = std::get_if<RecordCommand>(&options.command)) {
+    record->isAnonymous = flags.isAnonymous;
+  }
   if (options.printsJson && !takesJson(options.command)) {
     throw WrongArgument("--json does not go with this subcommand");
   }
@@ -142,6 +169,8 @@ std::optional<InspectOptions> parseInspectOptions(int argc, char** argv) {
   addSave(parser, options, flags);
   addCompare(parser, options);
   addExpect(parser, options, flags);
+  addRecord(parser, options, flags);
+  addMetrics(parser, options);
   parser.checkAtEnd([&] { checkTogether(options, flags); });
   return parser.parse(argc, argv) ? std::optional(options) : std::nullopt;
 }

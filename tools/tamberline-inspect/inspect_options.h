@@ -32,7 +32,18 @@ struct ExpectCommand {
   bool printsTap = false;
 };
 
-using Command = std::variant<ShowCommand, SaveCommand, CompareCommand, ExpectCommand>;
+struct RecordCommand {
+  std::filesystem::path folder = {};
+  bool isAnonymous = false;
+};
+
+struct MetricsCommand {
+  /// If absent, the metrics are printed.
+  std::optional<std::filesystem::path> file = {};
+};
+
+using Command = std::variant<ShowCommand, SaveCommand, CompareCommand, ExpectCommand, RecordCommand,
+                             MetricsCommand>;
 
 struct InspectOptions {
   Command command = ShowCommand();

@@ -4,11 +4,8 @@
 #include "platform/event_loop.h"
 #include "platform/posix/termination_signals.h"
 #include "platform/preferred_languages.h"
-#include "platform/saved/folder_event_source.h"
-#include "platform/this_machine.h"
 #include "scan_output.h"
 #include "scan_watch.h"
-#include "scanner/port_event_source.h"
 #include "scanner/port_scanner.h"
 #include "single_scan.h"
 #include "terminal.h"
@@ -37,12 +34,9 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
 
 std::shared_ptr<PortScanner> watchedScanner(const InspectOptions& options,
                                             std::shared_ptr<MainQueue> queue) {
-  std::shared_ptr<PortEventSource> events =
-      options.reportsFolder ? std::make_shared<FolderEventSource>(*options.reportsFolder)
-                            : eventsOfThisMachine();
   return PortScanner::create(
       {.acquisition = {.machine = machineOf(options.reportsFolder), .queue = std::move(queue)},
-       .events = std::move(events)});
+       .events = eventsOf(options.reportsFolder)});
 }
 
 int showOnce(const InspectOptions& options) {

@@ -2,6 +2,7 @@
 
 #include "async/qt_main_queue.h"
 #include "platform/background_tasks.h"
+#include "platform/saved/folder_event_source.h"
 #include "platform/saved/saved_reports.h"
 #include "platform/this_machine.h"
 
@@ -22,6 +23,10 @@ QCoro::Task<> scanAndQuit(std::shared_ptr<PortScanner> scanner) {
 
 std::shared_ptr<MachineSource> machineOf(const std::optional<std::filesystem::path>& folder) {
   return folder ? savedMachine(*folder) : sourceOfThisMachine();
+}
+
+std::shared_ptr<PortEventSource> eventsOf(const std::optional<std::filesystem::path>& folder) {
+  return folder ? std::make_shared<FolderEventSource>(*folder) : eventsOfThisMachine();
 }
 
 std::shared_ptr<PortScanner> scanOnce(std::shared_ptr<MachineSource> machine) {

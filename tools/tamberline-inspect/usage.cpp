@@ -24,6 +24,8 @@ Subcommands:
   save DIR         save the machine's reports in a folder that these programs open
   compare A [B]    show what is different between two states
   expect FILE      check that everything is there that the file says
+  record DIR       keep every change from now on, for tamberline-replay
+  metrics          print figures for Prometheus
 
 Exit status: 0 after a scan that succeeded, 1 when an error left nothing to show or
 the result could not be written, 2 for wrong arguments. With --watch 0 when
@@ -91,6 +93,41 @@ Exit status: 0 when everything is as expected, 1 when not, 2 when that could not
 checked, for wrong arguments and a wrong file too.
 )";
 
+constexpr std::string_view recordUsage =
+    R"(Usage: tamberline-inspect record DIR [--anonymise] [--reports DIR]
+
+Keeps the state of the machine and every change from now on with its time in the new
+folder DIR, until interrupted. tamberline-replay DIR plays it. Prints the name of each
+step's folder, which every program of Tamberline opens in the place of a machine.
+
+  --anonymise      replace serial numbers, identifiers, names of volumes, mount points
+                   and host names by stand-ins, as tamberline-inspect save does
+  --reports DIR    record the machine whose reports are in that folder
+
+A step is there whole or not at all, even if the program is killed. Steps share the
+reports that did not change.
+
+Exit status: 0 when interrupted (SIGINT, SIGTERM, SIGHUP), 1 when a step could not be
+written, 2 for wrong arguments.
+)";
+
+constexpr std::string_view metricsUsage =
+    R"(Usage: tamberline-inspect metrics [--output FILE] [--reports DIR]
+
+Prints the figures of the machine as OpenMetrics text: negotiated and greatest speeds
+of links, rated and measured power, the adapter, devices by port, answers by kind.
+Labels name ports and models of devices, never serial numbers.
+
+  --output FILE    replace FILE instead, whole or not at all, for the textfile collector
+                   of Prometheus's node exporter
+  --reports DIR    the machine whose reports are in that folder
+
+Nothing listens on a network. docs/technicians.md says how to collect the figures of
+many machines.
+
+Exit status: 0 when they were written, 1 when not, 2 for wrong arguments.
+)";
+
 } // namespace
 
 std::string_view usageOf(const Command& command) {
@@ -99,6 +136,8 @@ std::string_view usageOf(const Command& command) {
                         [](const SaveCommand&) { return saveUsage; },
                         [](const CompareCommand&) { return compareUsage; },
                         [](const ExpectCommand&) { return expectUsage; },
+                        [](const RecordCommand&) { return recordUsage; },
+                        [](const MetricsCommand&) { return metricsUsage; },
                     },
                     command);
 }
