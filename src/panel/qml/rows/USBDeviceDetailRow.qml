@@ -55,7 +55,7 @@ Stack {
             answer: row.answer
             canExpand: row.canExpand
             isExpanded: row.isExpanded
-            showsMark: row.answer.isShown && !explain.visible
+            showsMark: row.answer.isShown && (row.answer.needsAttention || !explain.visible)
         }
     }
     Loader {
