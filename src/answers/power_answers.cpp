@@ -35,6 +35,15 @@ const TreeNode* adapterIn(std::span<const TreeNode> nodes) {
   return nullptr;
 }
 
+/// The charge from which on the user's limits keep the battery from charging; absent without any.
+/// Computers without limits may report 0 and 100.
+std::optional<std::int64_t> limitPercent(const ChargingState& state) {
+  if (state.limitStartPercent.value_or(0) > 0) {
+    return state.limitStartPercent; // charging starts only below
+  }
+  return state.limitEndPercent.value_or(100) < 100 ? state.limitEndPercent : std::nullopt;
+}
+
 /// The user or the system wants the battery as it is.
 bool isHeldOnPurpose(const ChargingState& state) {
   const ChargingReasons& reasons = state.reasons;
@@ -43,9 +52,7 @@ bool isHeldOnPurpose(const ChargingState& state) {
   const bool isChosen = state.behaviour == "inhibit-charge" ||
                         state.behaviour == "inhibit-charge-awake" ||
                         state.behaviour == "force-discharge";
-  // Between the limits, charging starts only after the battery was below the first.
-  const std::optional<std::int64_t> limit =
-      state.limitStartPercent ? state.limitStartPercent : state.limitEndPercent;
+  const std::optional<std::int64_t> limit = limitPercent(state);
   const bool isWithinLimit = limit && state.chargePercent && *state.chargePercent >= *limit;
   return isHeld || isChosen || isWithinLimit;
 }

@@ -125,21 +125,21 @@ Texts textsOf(const Answer& answer) {
   return {};
 }
 
-std::string speedText(double gbps) {
-  return gbps < 1 ? generalText(gbps * 1000) + " Mb/s" : generalText(gbps) + " Gb/s";
+/// Number and unit stay in one line; one decimal if it is not a whole number.
+std::string withUnit(double value, std::string_view unit) {
+  return generalText(std::round(value * 10) / 10).append("\u00A0").append(unit);
 }
 
-/// With one decimal if it is not a whole number.
-std::string shortNumber(double value) {
-  return generalText(std::round(value * 10) / 10);
+std::string speedText(double gbps) {
+  return gbps < 1 ? withUnit(gbps * 1000, "Mb/s") : withUnit(gbps, "Gb/s");
 }
 
 std::string wattsOf(const std::optional<double>& watts) {
-  return watts ? shortNumber(*watts) + " W" : std::string();
+  return watts ? withUnit(*watts, "W") : std::string();
 }
 
 std::string rateOf(const std::optional<double>& megabytes) {
-  return megabytes ? shortNumber(*megabytes) + " MB/s" : std::string();
+  return megabytes ? withUnit(*megabytes, "MB/s") : std::string();
 }
 
 std::string possibleOf(const AnswerFacts& facts) {

@@ -53,13 +53,16 @@ struct LinkCase {
 TEST(ThunderboltAnswers, CompareTheLinkWithWhatBothEndsCanDo) {
   const std::vector<LinkCase> cases = {
       {"one lane of two", TrueLink{20, 20, 1, 1}, LinkLimit{2, 20},
-       "Both ends can use 2 lanes, but the link runs on one: 20 Gb/s instead of 40 Gb/s. The cable "
+       "Both ends can use 2 lanes, but the link runs on one: 20\u00A0Gb/s instead of 40\u00A0Gb/s. "
+       "The cable "
        "or its plugs are the limit."},
       {"half the speed", TrueLink{20, 20, 2, 2}, LinkLimit{2, 20},
-       "Both ends can do 40 Gb/s, but the link between them runs at 20 Gb/s. The cable or its "
+       "Both ends can do 40\u00A0Gb/s, but the link between them runs at 20\u00A0Gb/s. The cable "
+       "or its "
        "plugs are the limit."},
       {"one lane at half the speed", TrueLink{10, 10, 1, 1}, LinkLimit{2, 20},
-       "Both ends can use 2 lanes, but the link runs on one: 10 Gb/s instead of 40 Gb/s. The cable "
+       "Both ends can use 2 lanes, but the link runs on one: 10\u00A0Gb/s instead of 40\u00A0Gb/s. "
+       "The cable "
        "or its plugs are the limit."},
       {"an asymmetric link uses all lanes", TrueLink{120, 40, 3, 1}, LinkLimit{2, 40}, ""},
       {"as fast as the slower end", TrueLink{20, 20, 2, 2}, LinkLimit{2, 10}, ""},
@@ -70,7 +73,8 @@ TEST(ThunderboltAnswers, CompareTheLinkWithWhatBothEndsCanDo) {
       {"unknown direction", TrueLink{20, {}, 1, 1}, LinkLimit{2, 20}, ""},
       {"unknown limit", TrueLink{20, 20, 1, 1}, std::nullopt, ""},
       {"one lane, and only the number of lanes is known", TrueLink{10, 10, 1, 1}, LinkLimit{2, {}},
-       "Both ends can use 2 lanes, but the link runs on one: 10 Gb/s instead of 20 Gb/s. The cable "
+       "Both ends can use 2 lanes, but the link runs on one: 10\u00A0Gb/s instead of 20\u00A0Gb/s. "
+       "The cable "
        "or its plugs are the limit."},
       {"all lanes, and only their number is known", TrueLink{20, 20, 2, 2}, LinkLimit{2, {}}, ""},
       {"unknown number of lanes", TrueLink{20, 20, 1, 1}, LinkLimit{{}, 20}, ""},
@@ -96,7 +100,7 @@ TEST(ThunderboltAnswers, AreAboutTheDeviceWhoseLinkIsSlow) {
   const std::vector<Answer> answers = answersFor(first);
   EXPECT_EQ(answersText(answers), "attention slowThunderboltLink /port1/tb:uid-Harbour "
                                   "Dock/tb:drive: connection\n");
-  EXPECT_EQ(answers.at(0).headline, "Drive: link at 20 Gb/s of 40 Gb/s");
+  EXPECT_EQ(answers.at(0).headline, "Drive: link at 20\u00A0Gb/s of 40\u00A0Gb/s");
 }
 
 TEST(Answers, AreEqualForEqualScans) {

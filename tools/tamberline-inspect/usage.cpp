@@ -32,8 +32,10 @@ the result could not be written, 2 for wrong arguments. With --watch 0 when
 interrupted (SIGINT, SIGTERM, SIGHUP), 1 when the result could not be written. A reader
 that has gone (| head) ends the program by SIGPIPE.
 
-In the text, "▲" stands before the rating of an adapter that charges, "↑" before the
-reason why a link is slow, and a bar's lighter part is what is allocated but not used.
+The text begins with answers, if there are any: "!" stands before what needs attention,
+"·" before a note. Further below, "▲" stands before the rating of an adapter that
+charges, "↑" before the reason why a link is slow, and a bar's lighter part is what is
+allocated but not used.
 On a terminal lines are wrapped at its width, or at COLUMNS; there are no colours where
 NO_COLOR is set or TERM is "dumb".
 )";
