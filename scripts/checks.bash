@@ -31,6 +31,7 @@ hardening build-bench hardened programs
 privileges build-bench least privilege
 vm build-bench plugging in a virtual machine
 desktops build-bench nested Wayland desktops
+technicians build-bench the recipes for technicians, and the figures for Prometheus
 manuals build-bench the manuals
 package build-bench the Debian package, in a clean root
 CHECKS
@@ -164,6 +165,13 @@ check_privileges() { tests/privileges/check_privileges.py build/bench; }
 check_vm() { scripts/test-vm build/bench/tools/tamberline-inspect/tamberline-inspect; }
 
 check_desktops() { scripts/test-desktops build/bench; }
+
+# Prometheus and its node exporter run on the loopback while this does.
+check_technicians() {
+  cmake --build --preset bench --target tamberline-inspect write_fleet_metrics &&
+    tests/technicians/run_recipes.py build/bench &&
+    tests/metrics/check_metrics.py build/bench
+}
 
 check_manuals() { tests/manual/check_manuals.py build/bench; }
 

@@ -47,7 +47,14 @@ endforeach()
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/tamberline)
 tamberline_install_compressed(${here}/debian/changelog ${documents} changelog)
 install(FILES ${here}/debian/copyright DESTINATION ${documents})
-install(FILES ${here}/autostart.desktop DESTINATION ${documents}/examples)
+install(FILES ${here}/autostart.desktop
+  ${PROJECT_SOURCE_DIR}/packaging/metrics/tamberline.rules.yml
+  ${PROJECT_SOURCE_DIR}/packaging/metrics/tamberline-dashboard.json
+  ${PROJECT_SOURCE_DIR}/packaging/schemas/expectations.schema.json
+  DESTINATION ${documents}/examples)
+# Nothing turns the timer on. Units of users are in lib, whatever the folder of libraries is.
+install(FILES ${here}/systemd/tamberline-metrics.service ${here}/systemd/tamberline-metrics.timer
+  DESTINATION lib/systemd/user)
 
 # tamberline_files_at_run_time(<variable>): what is opened and not linked, one file for each package. The
 # modules that the panel's QML imports, its symbols and the plugin that draws them, and Wayland's plugins.

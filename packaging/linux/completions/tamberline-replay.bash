@@ -5,11 +5,11 @@ _tamberline_replay() {
     --language) mapfile -t COMPREPLY < <(compgen -W "en de fr it es" -- "$current") ;;
     --theme) mapfile -t COMPREPLY < <(compgen -W "light dark" -- "$current") ;;
     --screenshot | --places) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
-    --font-scale | --search) COMPREPLY=() ;;
+    --font-scale | --search | --speed | --step) COMPREPLY=() ;;
     *)
       if [[ $current == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "--language --theme --font-scale --expand-all --search
-          --screenshot --places --help -h --version -V" -- "$current")
+          --screenshot --places --speed --step --help -h --version -V" -- "$current")
       else
         mapfile -t COMPREPLY < <(compgen -d -- "$current")
       fi
