@@ -9,6 +9,7 @@ if(UNIX AND NOT APPLE)
   find_package(Qt6 6.4 REQUIRED COMPONENTS DBus)
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(udev REQUIRED IMPORTED_TARGET libudev)
+  pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb)
   # Older distributions have it only for Qt 5. Without it, panels on Wayland are ordinary windows.
   find_package(LayerShellQt 6.0 QUIET)
   if(LayerShellQt_FOUND)

@@ -32,6 +32,7 @@ void PanelShell::open(const TrayPlace& place) {
     prepare(place);
   }
   window_->show();
+  colorNewAreas();
   placement_.places->bringToFront(*window_);
   if (isFirstTime) {
     context_.panel()->scan();
@@ -97,11 +98,20 @@ void PanelShell::make(PanelWindow::Kind kind) {
       hold_.reset(); // however it was closed
     }
   });
+  QObject::connect(window_.get(), &QQuickWindow::colorChanged, window_.get(), [this] {
+    if (isOpen()) {
+      colorNewAreas();
+    }
+  });
   if (isHeightFixed()) {
     followWindow();
   } else {
     followContent();
   }
+}
+
+void PanelShell::colorNewAreas() {
+  placement_.places->setColorOfNewAreas(*window_, window_->color());
 }
 
 /// The window is as high as its content, within the limits of the screen.

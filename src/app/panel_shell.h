@@ -61,6 +61,7 @@ private:
 
   void prepare(const TrayPlace& place);
   void make(PanelWindow::Kind kind);
+  void colorNewAreas();
   void followContent();
   void followWindow();
   void followScreen(QScreen* screen);

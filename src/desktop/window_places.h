@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QWindow>
 #include <Qt>
 
@@ -60,6 +61,10 @@ public:
     window.raise();
     window.requestActivate();
   }
+
+  /// The colour of the areas by which a window has grown until the program has painted them, where
+  /// the desktop needs to be told. Only for a window that is shown.
+  virtual void setColorOfNewAreas(QWindow& /*window*/, const QColor& /*color*/) {}
 };
 
 /// For a desktop on which programs position their windows.

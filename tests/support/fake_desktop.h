@@ -60,8 +60,13 @@ public:
     WindowPlaces::bringToFront(window);
   }
 
+  void setColorOfNewAreas(QWindow& /*window*/, const QColor& color) override {
+    colorOfNewAreas = color;
+  }
+
   std::vector<std::string> calls;
   std::vector<Qt::Corner> corners; // of each hold in a corner
+  QColor colorOfNewAreas;          // as last set
   HoldEvents events;               // of the last hold
   int holds = 0;                   // current number of holds
 

@@ -2,6 +2,7 @@
 
 #include "platform/linux/desktop/layer_shell.h"
 #include "platform/linux/desktop/linux_tray.h"
+#include "platform/linux/desktop/x11_window_places.h"
 
 #include <QGuiApplication>
 #include <QQuickWindow>
@@ -50,6 +51,9 @@ bool opensPanelOnStart() {
 }
 
 std::shared_ptr<WindowPlaces> makeWindowPlaces() {
+  if (QGuiApplication::platformName() == QLatin1String("xcb")) {
+    return std::make_shared<X11WindowPlaces>();
+  }
   if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
     return std::make_shared<FreeWindowPlaces>();
   }

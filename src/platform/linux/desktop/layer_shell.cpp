@@ -106,6 +106,7 @@ public:
                                            HoldEvents events) override {
     return std::make_unique<LayerShellHold>(window, corner, std::move(events));
   }
+
 };
 
 void noteLayerShell(void* isThere, wl_registry* /*registry*/, std::uint32_t /*name*/,
