@@ -57,7 +57,7 @@ install(FILES ${here}/systemd/tamberline-metrics.service ${here}/systemd/tamberl
   DESTINATION lib/systemd/user)
 
 # tamberline_files_at_run_time(<variable>): what is opened and not linked, one file for each package. The
-# modules that the panel's QML imports, its symbols and the plugin that draws them, and Wayland's plugins.
+# modules that the panel's QML imports, and Wayland's plugins.
 function(tamberline_files_at_run_time variable)
   get_target_property(qmake Qt6::qmake IMPORTED_LOCATION)
   foreach(folder PLUGINS QML)
@@ -65,8 +65,6 @@ function(tamberline_files_at_run_time variable)
       OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   endforeach()
   set(files
-    /usr/share/icons/breeze/index.theme
-    ${QT_INSTALL_PLUGINS}/imageformats/libqsvg.so
     ${QT_INSTALL_PLUGINS}/platforms/libqwayland-generic.so
     ${QT_INSTALL_QML}/Qt/labs/qmlmodels/qmldir
     ${QT_INSTALL_QML}/QtQml/WorkerScript/qmldir

@@ -6,7 +6,6 @@
 #include "panel/panel_texts.h"
 #include "panel/row_pulses.h"
 #include "scanner/port_scanner.h"
-#include "symbols/symbol_image.h"
 #include "views/panel.h"
 #include "views/row_expansion.h"
 #include "views/view_enums.h"
@@ -54,7 +53,6 @@ class PanelController final : public QObject {
   Q_PROPERTY(bool canEject READ canEject CONSTANT)
   Q_PROPERTY(bool canOpenManual READ canOpenManual CONSTANT)
   Q_PROPERTY(bool canQuit READ canQuit CONSTANT)
-  Q_PROPERTY(bool canDrawSymbols READ canDrawSymbols CONSTANT)
 
 public:
   /// `answers` must outlive it.
@@ -73,7 +71,6 @@ public:
   bool canEject() const { return actions_.eject != nullptr; }
   bool canOpenManual() const { return actions_.openManual != nullptr; }
   bool canQuit() const { return actions_.quit != nullptr; }
-  bool canDrawSymbols() const { return canDrawSymbols_; }
 
   Q_INVOKABLE void scan();
   Q_INVOKABLE void expandAll();
@@ -105,7 +102,6 @@ private:
   std::shared_ptr<PortScanner> scanner_;
   const AnswersController& answers_;
   PanelActions actions_;
-  bool canDrawSymbols_ = tamberline::canDrawSymbols();
   RowExpansion expansion_;
   RowPulses pulses_;
   PanelListModel rows_;

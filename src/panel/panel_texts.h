@@ -30,7 +30,6 @@ class PanelTexts {
   Q_PROPERTY(QString scanningPorts READ scanningPorts CONSTANT)
   Q_PROPERTY(QString searchPlaceholder READ searchPlaceholder CONSTANT)
   Q_PROPERTY(QString suggestionList READ suggestionList CONSTANT)
-  Q_PROPERTY(QString symbolsMissing READ symbolsMissing CONSTANT)
 
 public:
   static QString ejecting() { return toQString(Loc::ejecting()); }
@@ -49,7 +48,6 @@ public:
   static QString scanningPorts() { return toQString(Loc::scanningPorts()); }
   static QString searchPlaceholder() { return toQString(Loc::searchPlaceholder()); }
   static QString suggestionList() { return toQString(Loc::suggestionList()); }
-  static QString symbolsMissing() { return toQString(Loc::symbolsMissing()); }
 
 private:
   static QString toQString(std::string_view text) {

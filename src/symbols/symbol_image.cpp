@@ -53,11 +53,6 @@ QImage symbolImage(std::string_view symbol, const QColor& color, qreal sizePoint
   return image;
 }
 
-bool canDrawSymbols() {
-  constexpr int anySize = 16;
-  return !symbolDrawing("cable.connector", anySize).isNull();
-}
-
 size_t qHash(const SymbolImageCache::Key& key, size_t seed) {
   return qHashMulti(seed, QByteArrayView(key.symbol), key.color, key.sizePoints,
                     key.devicePixelRatio);

@@ -14,9 +14,6 @@ namespace tamberline {
 QImage symbolImage(std::string_view symbol, const QColor& color, qreal sizePoints,
                    qreal devicePixelRatio);
 
-/// False if the files or libraries that draw the symbols are missing: then all symbols are blank.
-bool canDrawSymbols();
-
 /// Keeps the most recently used images, within a memory limit. One thread at a time.
 class SymbolImageCache {
 public:

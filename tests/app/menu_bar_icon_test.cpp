@@ -1,5 +1,4 @@
 #include "app/menu_bar_icon.h"
-#include "support/without_icon_theme.h"
 
 #include <QImage>
 #include <gtest/gtest.h>
@@ -52,18 +51,6 @@ TEST(MenuBarIcon, IsVisibleOnTheBarThatItIsMadeFor) {
 TEST(MenuBarIcon, IsVisibleOnEveryBarIfTheToneIsUnknown) {
   for (const int gray : {0, 40, 90, 128, 170, 220, 255}) {
     EXPECT_GT(seenOn(gray, BarTone::unknown), 25) << gray;
-  }
-}
-
-TEST(MenuBarIcon, IsAnEmptyTemplateWhenTheSymbolIsMissing) {
-  const WithoutIconTheme scope;
-  if (!WithoutIconTheme::hidesSymbols) {
-    GTEST_SKIP() << "symbols cannot be missing on this system";
-  }
-  for (const BarTone tone : everyTone) {
-    const QIcon icon = menuBarIcon(tone);
-    EXPECT_TRUE(icon.isMask());
-    EXPECT_EQ(seenOn(0, tone) + seenOn(255, tone), 0);
   }
 }
 

@@ -5,7 +5,7 @@ usage: check_symbols.py [--blank] PICTURE.png PLACES.json TEXT...
 
 PLACES.json has the positions of texts and buttons, as written by `tamberline-replay --places`. The symbol
 of a button fills the button; that of a name is in front of it. A place without a symbol has one colour.
-With --blank no place may have a symbol, which proves that the places are the right ones.
+With --blank no place may have a symbol, which proves that the check can fail.
 """
 
 import json

@@ -1,5 +1,4 @@
-#include "platform/linux/symbols/theme_icons.h"
-#include "support/without_icon_theme.h"
+#include "platform/linux/symbols/symbol_art.h"
 #include "symbols/symbol_image.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +22,7 @@ bool isTransparent(const QImage& image) {
 }
 
 TEST(SymbolImage, HasOnlyTheRequestedColor) {
-  for (const SymbolIcon& row : symbolTable()) {
+  for (const SymbolArt& row : symbolArt()) {
     SCOPED_TRACE(row.symbol);
     const QImage image = symbolImage(row.symbol, blue, 16, 2);
     int solidPixels = 0;
@@ -41,10 +40,10 @@ TEST(SymbolImage, HasOnlyTheRequestedColor) {
 }
 
 TEST(SymbolImage, CutsWhiteMarksOutOfFilledShapes) {
-  const QImage warning = symbolImage("exclamationmark.triangle", blue, 16, 1);
-  EXPECT_EQ(warning.pixelColor(5, 11), blue) << "left of the mark";
-  EXPECT_EQ(warning.pixelColor(7, 6).alpha(), 0) << "the mark";
-  EXPECT_EQ(warning.pixelColor(10, 11), blue) << "right of the mark";
+  const QImage warning = symbolImage("exclamationmark.triangle", blue, 14, 1);
+  EXPECT_EQ(warning.pixelColor(4, 10), blue) << "left of the mark";
+  EXPECT_EQ(warning.pixelColor(6, 7).alpha(), 0) << "the mark";
+  EXPECT_EQ(warning.pixelColor(8, 10), blue) << "right of the mark";
 }
 
 TEST(SymbolImage, IsAsTranslucentAsTheColor) {
@@ -125,15 +124,6 @@ TEST(SymbolImageCache, GivesImagesThatAreTooLargeToKeep) {
   SymbolImageCache cache(1);
   EXPECT_EQ(cache.image("camera", blue, 14, 1), symbolImage("camera", blue, 14, 1));
   EXPECT_EQ(cache.usedBytes(), 0);
-}
-
-TEST(SymbolImage, WithoutAnIconThemeIsATransparentSquare) {
-  const WithoutIconTheme scope;
-  for (const SymbolIcon& row : symbolTable()) {
-    const QImage image = symbolImage(row.symbol, blue, 14, 2);
-    EXPECT_EQ(image.size(), QSize(28, 28)) << row.symbol;
-    EXPECT_TRUE(isTransparent(image)) << row.symbol;
-  }
 }
 
 } // namespace

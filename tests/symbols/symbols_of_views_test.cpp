@@ -1,4 +1,4 @@
-#include "platform/linux/symbols/theme_icons.h"
+#include "platform/linux/symbols/symbol_art.h"
 #include "support/sample_records.h"
 #include "views/device_icons.h"
 #include "views/power_card.h"
@@ -19,7 +19,7 @@ using Symbols = std::set<std::string, std::less<>>;
 
 void expectAllInTable(const Symbols& symbols) {
   for (const std::string& symbol : symbols) {
-    EXPECT_NE(themeIconName(symbol), "") << symbol;
+    EXPECT_NE(artOf(symbol), "") << symbol;
   }
 }
 

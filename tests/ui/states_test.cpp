@@ -1,5 +1,4 @@
 #include "support/language_scope.h"
-#include "support/without_icon_theme.h"
 #include "ui/machines.h"
 #include "ui/panel_fixture.h"
 
@@ -22,23 +21,6 @@ TEST_F(PanelStates, SayThatTheFirstScanIsInProgress) {
   EXPECT_FALSE(isTextShown("Scanning ports…"));
   EXPECT_FALSE(isShown(QAccessible::Indicator, "Scanning ports…"));
   EXPECT_TRUE(isShown(QAccessible::Button, "Scan again"));
-}
-
-TEST_F(PanelStates, SayThatSymbolsCannotBeDrawn) {
-  const WithoutIconTheme scope;
-  if (!WithoutIconTheme::hidesSymbols) {
-    GTEST_SKIP() << "symbols cannot be missing on this system";
-  }
-  answerWithPorts(*machine, 1);
-  openPanel();
-  EXPECT_TRUE(isTextShown(
-      "Symbols cannot be drawn: the Breeze icons or Qt’s SVG plugin are not installed."));
-}
-
-TEST_F(PanelStates, DoNotMentionSymbolsThatCanBeDrawn) {
-  openPanel();
-  EXPECT_FALSE(isTextShown(
-      "Symbols cannot be drawn: the Breeze icons or Qt’s SVG plugin are not installed."));
 }
 
 TEST_F(PanelStates, SayThatThereAreNoPorts) {

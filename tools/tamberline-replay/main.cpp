@@ -4,7 +4,6 @@
 #include "app/manual_window.h"
 #include "app/panel_shell.h"
 #include "app/qt_notices.h"
-#include "app/symbols_warning.h"
 #include "async/qt_main_queue.h"
 #include "platform/background_tasks.h"
 #include "platform/desktop.h"
@@ -102,7 +101,6 @@ int run(const ReplayOptions& options, int& argc, char** argv) {
   AppLanguage::choose(
       options.language.value_or(AppLanguage::forPreferredLanguages(preferredLanguages())));
   applyLook(options);
-  warnWithoutSymbols("tamberline-replay");
   const MainQueueScope scope(becomeUserInitiatedTask);
   const std::shared_ptr<MainQueue> queue = scope.queue();
   const Clock now = clockOf(options);

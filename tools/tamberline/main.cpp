@@ -3,7 +3,6 @@
 #include "app/private_folder.h"
 #include "app/qt_notices.h"
 #include "app/single_instance.h"
-#include "app/symbols_warning.h"
 #include "app/tamberline_app.h"
 #include "async/qt_main_queue.h"
 #include "i18n/app_language.h"
@@ -48,7 +47,6 @@ int run(bool isInBackground) {
   }
   AppLanguage::choose(AppLanguage::forPreferredLanguages(preferredLanguages()));
   applyDefaultLookWithoutDesktop();
-  warnWithoutSymbols("tamberline");
   const MainQueueScope scope(becomeUserInitiatedTask);
   app = std::make_unique<TamberlineApp>(thisMachine(scope.queue()), scope.queue(), makeDesktop());
   app->start(isInBackground || !opensPanelOnStart() ? TamberlineApp::StartedBy::session

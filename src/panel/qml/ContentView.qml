@@ -74,23 +74,11 @@ FocusScope {
         height: Sizing.listAreaHeight
     }
     Rectangle {
-        anchors.bottom: symbolsNotice.top
+        anchors.bottom: footer.top
         anchors.left: parent.left
         anchors.right: parent.right
         color: Theme.separator
         height: 1
-    }
-    SymbolsNotice {
-        id: symbolsNotice
-
-        anchors.bottom: footer.top
-        anchors.left: parent.left
-        anchors.right: parent.right
-        height: visible ? implicitHeight : 0
-        visible: !Panel.canDrawSymbols
-    }
-    ChromeHeightKey {
-        height: symbolsNotice.height
     }
     PanelFooter {
         id: footer
