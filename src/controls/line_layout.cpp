@@ -5,9 +5,22 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
-#include <utility>
 
 namespace tamberline {
+namespace {
+
+constexpr double leadingGap = 6; // between a leading child and the text
+
+/// The line from its first part that is no separator to its last one.
+template <typename Part>
+std::vector<Part> withoutOuterSeparators(const std::vector<Part>& line) {
+  const auto isText = [](const Part& part) { return !part.isSeparator; };
+  const auto first = std::find_if(line.begin(), line.end(), isText);
+  const auto last = std::find_if(line.rbegin(), line.rend(), isText).base();
+  return first < last ? std::vector<Part>(first, last) : std::vector<Part>();
+}
+
+} // namespace
 
 LineAttached::LineAttached(QObject* child) : QObject(child) {
   connect(this, &LineAttached::changed, this, [item = qobject_cast<QQuickItem*>(child)] {
@@ -25,49 +38,65 @@ void LineLayout::follow(QQuickItem* child) {
 }
 
 void LineLayout::place() {
-  const std::vector<Part> parts = shownParts();
+  const Parts parts = shownParts();
   setImplicitWidth(naturalWidth(parts));
-  Line pinned;
-  std::copy_if(parts.begin(), parts.end(), std::back_inserter(pinned),
-               [](const Part& part) { return part.isPinned; });
-  const double pinnedWidth = pinned.empty() ? 0 : widthOf(pinned) + spacing();
-  double top = 0;
-  bool isFirst = true;
-  double available = width() - pinnedWidth;
-  for (Line& line : breakIntoLines(parts, pinnedWidth)) {
-    stretch(line, available);
-    if (std::exchange(isFirst, false)) {
-      line.insert(line.end(), pinned.begin(), pinned.end());
-    }
-    placeAcross(line, width());
-    top += placeDown(line, top) + lineSpacing_;
-    available = width();
+  std::vector<Line> lines = breakIntoLines(parts.text);
+  showSeparators(parts.text, lines);
+  if (lines.empty()) {
+    lines.emplace_back(); // for a leading child alone
   }
+  double top = 0;
+  for (Line& line : lines) {
+    stretch(line);
+    placeAcross(line, lines.size() == 1);
+    std::vector<QQuickItem*> items = &line == &lines.front() ? parts.leading : decltype(items)();
+    for (const Part& part : line) {
+      items.push_back(part.item);
+    }
+    top += placeDown(items, top) + lineSpacing_;
+  }
+  placeLeading(parts.leading);
   setImplicitHeight(std::max(0.0, top - lineSpacing_));
+  placePinned(parts.pinned);
 }
 
-std::vector<LineLayout::Part> LineLayout::shownParts() const {
-  std::vector<Part> parts;
+LineLayout::Parts LineLayout::shownParts() const {
+  Parts parts;
   bool isTrailing = false;
   for (QQuickItem* child : childItems()) {
     if (!child->isVisible() || child->implicitWidth() <= 0) {
       continue;
     }
     Part part{.item = child, .width = std::ceil(child->implicitWidth())};
-    if (const auto* attached = qobject_cast<LineAttached*>(
-            qmlAttachedPropertiesObject<LineLayout>(child, /*create=*/false))) {
-      part.isElastic = attached->isElastic;
-      isTrailing = isTrailing || attached->isTrailing;
-      part.isPinned = attached->isPinned;
+    const auto* attached = qobject_cast<LineAttached*>(
+        qmlAttachedPropertiesObject<LineLayout>(child, /*create=*/false));
+    if (attached != nullptr && (attached->isLeading || attached->isPinned)) {
+      (attached->isLeading ? parts.leading : parts.pinned).push_back(child);
+      continue;
     }
-    part.isTrailing = isTrailing || part.isPinned;
-    parts.push_back(part);
+    if (attached != nullptr) {
+      part.isElastic = attached->isElastic;
+      part.isSeparator = attached->isSeparator;
+      isTrailing = isTrailing || attached->isTrailing;
+    }
+    part.isTrailing = isTrailing;
+    parts.text.push_back(part);
   }
   return parts;
 }
 
+double LineLayout::textWidth() const {
+  return std::max(0.0, width() - indent_ - pinnedWidth_);
+}
+
 double LineLayout::neededWidth(const Part& part) const {
   return part.isElastic ? std::min(part.width, minElasticWidth_) : part.width;
+}
+
+double LineLayout::neededWidth(const Line& line) const {
+  return std::accumulate(line.begin(), line.end(), -spacing(), [&](double sum, const Part& part) {
+    return sum + neededWidth(part) + spacing();
+  });
 }
 
 double LineLayout::widthOf(const Line& line) const {
@@ -76,35 +105,64 @@ double LineLayout::widthOf(const Line& line) const {
   });
 }
 
-double LineLayout::naturalWidth(const std::vector<Part>& parts) const {
-  return parts.empty() ? 0 : widthOf(parts);
+double LineLayout::naturalWidth(const Parts& parts) const {
+  const bool isEmpty = parts.text.empty() && parts.leading.empty() && parts.pinned.empty();
+  return isEmpty ? 0 : indent_ + std::max(0.0, widthOf(parts.text)) + pinnedWidth_;
 }
 
-std::vector<LineLayout::Line> LineLayout::breakIntoLines(const std::vector<Part>& parts,
-                                                         double pinnedWidth) const {
-  std::vector<Line> lines(1);
-  double left = width() - pinnedWidth;
-  for (const Part& part : parts) {
-    if (part.isPinned) {
-      continue;
+std::vector<LineLayout::Line> LineLayout::breakIntoLines(const Line& text) const {
+  if (text.empty() || neededWidth(text) <= textWidth()) {
+    return std::vector<Line>(text.empty() ? 0 : 1, text);
+  }
+  const auto trailing =
+      std::find_if(text.begin(), text.end(), [](const Part& part) { return part.isTrailing; });
+  std::vector<Line> lines;
+  append({text.begin(), trailing}, lines);
+  const Line group(trailing, text.end());
+  const bool isBesideWrapped =
+      lines.size() > 1 && neededWidth(lines.back()) + spacing() + neededWidth(group) <= textWidth();
+  if (!group.empty() && !isBesideWrapped) {
+    lines.emplace_back();
+  }
+  append(group, lines);
+  return lines;
+}
+
+/// A separator that is left out keeps its place invisibly, since it is shown again at another
+/// width.
+void LineLayout::showSeparators(const Line& text, std::vector<Line>& lines) {
+  for (const Part& part : text) {
+    if (part.isSeparator) {
+      part.item->setOpacity(0);
     }
-    const double gap = lines.back().empty() ? 0 : spacing();
-    if (gap + neededWidth(part) > left && !lines.back().empty()) {
+  }
+  for (Line& line : lines) {
+    line = withoutOuterSeparators(line);
+    for (const Part& part : line) {
+      if (part.isSeparator) {
+        part.item->setOpacity(1);
+      }
+    }
+  }
+}
+
+/// Adds the parts to the last line and, when that is full, to new ones.
+void LineLayout::append(const Line& parts, std::vector<Line>& lines) const {
+  for (const Part& part : parts) {
+    const bool fits = !lines.empty() &&
+                      (lines.back().empty() ||
+                       neededWidth(lines.back()) + spacing() + neededWidth(part) <= textWidth());
+    if (!fits) {
       lines.emplace_back();
-      left = width();
-    } else {
-      left -= gap;
     }
     lines.back().push_back(part);
-    left -= neededWidth(part);
   }
-  return lines;
 }
 
 /// Gives elastic parts the width that the others leave, and limits each part to the available
 /// width.
-void LineLayout::stretch(Line& line, double available) const {
-  double left = available + spacing();
+void LineLayout::stretch(Line& line) const {
+  double left = textWidth() + spacing();
   for (const Part& part : line) {
     left -= (part.isElastic ? 0 : part.width) + spacing();
   }
@@ -113,13 +171,14 @@ void LineLayout::stretch(Line& line, double available) const {
       part.width = std::clamp(left, std::min(part.width, neededWidth(part)), part.width);
       left -= part.width;
     }
-    part.width = std::min(part.width, std::max(0.0, available));
+    part.width = std::min(part.width, textWidth());
   }
 }
 
-void LineLayout::placeAcross(const Line& line, double available) const {
-  double left = 0;
-  const double slack = std::max(0.0, available - widthOf(line));
+/// Only a line that holds everything has a right edge; several lines share the left one.
+void LineLayout::placeAcross(const Line& line, bool isOnlyLine) const {
+  double left = indent_;
+  const double slack = isOnlyLine ? std::max(0.0, textWidth() - widthOf(line)) : 0;
   for (const Part& part : line) {
     part.item->setWidth(part.width);
     part.item->setX(part.isTrailing ? left + slack : left);
@@ -127,41 +186,60 @@ void LineLayout::placeAcross(const Line& line, double available) const {
   }
 }
 
+/// In the middle of the column before the text.
+void LineLayout::placeLeading(const std::vector<QQuickItem*>& items) const {
+  const double column = std::max(0.0, indent_ - leadingGap);
+  for (QQuickItem* item : items) {
+    item->setWidth(item->implicitWidth());
+    item->setX(std::max(0.0, (column - item->width()) / 2));
+  }
+}
+
+/// In the middle of the column after the text.
+void LineLayout::placePinned(const std::vector<QQuickItem*>& items) const {
+  for (QQuickItem* item : items) {
+    item->setWidth(item->implicitWidth());
+    item->setX(width() - (pinnedWidth_ + item->width()) / 2);
+    item->setY(std::round((implicitHeight() - item->implicitHeight()) / 2));
+  }
+}
+
 /// Returns the height of the line.
-double LineLayout::placeDown(const Line& line, double top) {
+double LineLayout::placeDown(const std::vector<QQuickItem*>& items, double top) {
   if (alignsBaselines_) {
-    return placeOnBaseline(line, top);
+    return placeOnBaseline(items, top);
   }
   double height = 0;
-  for (const Part& part : line) {
-    height = std::max(height, part.item->implicitHeight());
+  for (const QQuickItem* item : items) {
+    height = std::max(height, item->implicitHeight());
   }
-  for (const Part& part : line) {
-    part.item->setY(top + std::round((height - part.item->implicitHeight()) / 2));
+  for (QQuickItem* item : items) {
+    item->setY(top + std::round((height - item->implicitHeight()) / 2));
   }
   return height;
 }
 
 /// Returns the height of the line. The baseline is just low enough that nothing reaches above the
 /// line, in whole points, so that letters are drawn on whole pixels.
-double LineLayout::placeOnBaseline(const Line& line, double top) {
-  const auto first = std::find_if(line.begin(), line.end(),
-                                  [](const Part& part) { return part.item->baselineOffset() > 0; });
+double LineLayout::placeOnBaseline(const std::vector<QQuickItem*>& items, double top) {
+  const auto first = std::find_if(items.begin(), items.end(), [](const QQuickItem* item) {
+    return item->baselineOffset() > 0;
+  });
   const double centre =
-      first == line.end() ? 0 : first->item->implicitHeight() / 2 - first->item->baselineOffset();
-  const auto ascent = [centre](const Part& part) {
-    const double offset = part.item->baselineOffset();
-    return offset > 0 ? offset : part.item->implicitHeight() / 2 - centre;
+      first == items.end() ? 0 : (*first)->implicitHeight() / 2 - (*first)->baselineOffset();
+  const auto ascent = [centre](const QQuickItem* item) {
+    const double offset = item->baselineOffset();
+    return offset > 0 ? offset : item->implicitHeight() / 2 - centre;
   };
   double baseline = 0;
-  for (const Part& part : line) {
-    baseline = std::max(baseline, std::ceil(ascent(part)));
+  for (const QQuickItem* item : items) {
+    baseline = std::max(baseline, std::ceil(ascent(item)));
   }
   double height = 0;
-  for (const Part& part : line) {
-    const double y = baseline - ascent(part);
-    part.item->setY(top + (part.item->baselineOffset() > 0 ? y : std::round(y)));
-    height = std::max(height, std::ceil(y + part.item->implicitHeight()));
+  for (QQuickItem* item : items) {
+    const double y = baseline - ascent(item);
+    item->setY(top + (item->baselineOffset() > 0 ? y : std::round(y)));
+    height = std::max(height, std::ceil(y + item->implicitHeight()));
   }
   if (top == 0) {
     setBaselineOffset(baseline);

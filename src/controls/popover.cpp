@@ -9,13 +9,14 @@ Popover* Popover::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
 }
 
 void Popover::toggle(QQuickItem* button, const QString& title, const QString& text,
-                     const QString& secondText) {
+                     const QString& secondText, QQuickItem* beyond) {
   const bool wasOpen = target_ == button;
   close();
   if (wasOpen) {
     return;
   }
   target_ = button;
+  beyond_ = beyond;
   title_ = title;
   text_ = text;
   secondText_ = secondText;

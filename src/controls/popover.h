@@ -24,6 +24,8 @@ class Popover final : public QObject {
   Q_PROPERTY(QString secondText READ secondText NOTIFY changed)
   /// Null if none is open.
   Q_PROPERTY(QQuickItem* target READ target NOTIFY changed)
+  /// What the explanation is about and must not cover. May be null.
+  Q_PROPERTY(QQuickItem* beyond READ beyond NOTIFY changed)
 
 public:
   /// Not a default constructor, because QML would use that instead of `create`.
@@ -36,9 +38,10 @@ public:
   QString text() const { return text_; }
   QString secondText() const { return secondText_; }
   QQuickItem* target() const { return target_; }
+  QQuickItem* beyond() const { return beyond_; }
 
   Q_INVOKABLE void toggle(QQuickItem* button, const QString& title, const QString& text,
-                          const QString& secondText = {});
+                          const QString& secondText = {}, QQuickItem* beyond = nullptr);
   Q_INVOKABLE void close();
 
 signals:
@@ -46,6 +49,7 @@ signals:
 
 private:
   QPointer<QQuickItem> target_;
+  QPointer<QQuickItem> beyond_;
   QString title_;
   QString text_;
   QString secondText_;

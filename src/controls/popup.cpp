@@ -5,7 +5,7 @@
 namespace tamberline {
 namespace {
 
-constexpr double gap = 4;    // between the box and its target
+constexpr double gap = 8;    // with the arrow, between the box and its target
 constexpr double margin = 8; // between the box and the edge of the panel
 
 } // namespace
@@ -24,6 +24,18 @@ void Popup::setTarget(QQuickItem* target) {
   emit targetChanged();
 }
 
+void Popup::setBeyond(QQuickItem* beyond) {
+  if (beyond != beyond_) {
+    beyond_ = beyond;
+    polish();
+    emit beyondChanged();
+  }
+}
+
+QRectF Popup::placeOf(const QQuickItem& item) const {
+  return item.mapRectToItem(parentItem(), QRectF(0, 0, item.width(), item.height()));
+}
+
 void Popup::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
   QQuickItem::geometryChange(newGeometry, oldGeometry);
   if (newGeometry.size() != oldGeometry.size()) {
@@ -35,14 +47,18 @@ void Popup::updatePolish() {
   if (target_ == nullptr || parentItem() == nullptr) {
     return;
   }
-  const QRectF item =
-      target_->mapRectToItem(parentItem(), QRectF(0, 0, target_->width(), target_->height()));
+  const QRectF item = placeOf(*target_);
+  const double lowerEdge =
+      beyond_ == nullptr ? item.bottom() : std::max(item.bottom(), placeOf(*beyond_).bottom());
   const double rightmost = std::max(margin, parentItem()->width() - width() - margin);
   const double lowest = parentItem()->height() - height() - margin;
-  const double below = item.bottom() + gap;
+  const double below = lowerEdge + gap;
   const double above = item.top() - gap - height();
+  isBelow_ = below <= lowest;
   setPosition({std::clamp(item.center().x() - width() / 2, margin, rightmost),
-               below <= lowest ? below : std::max(margin, above)});
+               isBelow_ ? below : std::max(margin, above)});
+  arrowX_ = std::clamp(item.center().x() - x(), margin, std::max(margin, width() - margin));
+  emit placed();
 }
 
 } // namespace tamberline

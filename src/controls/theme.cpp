@@ -12,13 +12,23 @@ namespace {
 
 /// The min contrast of small text.
 constexpr double readableContrast = 4.5;
+/// The min contrast of symbols and lines.
+constexpr double visibleContrast = 3;
 
 /// The share of a colour in the backgrounds of badges and counts.
 constexpr double badgeShare = 0.12;
 constexpr double countShare = 0.15;
+/// The strongest tint of a row, and its share.
+constexpr QColor tint(0xff, 0xcf, 0x3d);
+constexpr double tintShare = 0.07;
 
 /// The platform's text size for which the sizes below are designed.
 constexpr double designPixelSize = 13;
+
+QColor translucent(QColor color, double opacity) {
+  color.setAlphaF(static_cast<float>(opacity));
+  return color;
+}
 
 bool isDarkColor(const QColor& color) {
   return contrastRatio(color, Qt::white) > contrastRatio(color, Qt::black);
@@ -77,14 +87,21 @@ void Theme::readPalette(const QPalette& palette) {
   grey_ = isDark_ ? "#98989d" : "#8e8e93";
   fadedText_ = blended(text_, card_, 0.62);
   secondary_ = readable(fadedText_);
-  tertiary_ = blended(text_, card_, 0.40);
+  tertiary_ = visible(blended(text_, card_, 0.40));
   accent_ = accentOf(palette);
+  hoverWash_ = translucent(text_, 0.045);
+  pressedWash_ = translucent(text_, 0.1);
 }
 
 QColor Theme::readable(const QColor& color) const {
   return readableOn({card_, window_, field_, blended(color, card_, badgeShare),
+                     blended(color, blended(tint, card_, tintShare), badgeShare),
                      blended(grey_, card_, countShare)},
                     color, readableContrast);
+}
+
+QColor Theme::visible(const QColor& color) const {
+  return readableOn({card_, window_, blended(tint, card_, tintShare)}, color, visibleContrast);
 }
 
 void Theme::readFont(const QFont& platformFont) {

@@ -28,6 +28,9 @@ class Theme final : public QObject {
   Q_PROPERTY(QColor tertiary MEMBER tertiary_ NOTIFY changed)
   Q_PROPERTY(QColor accent MEMBER accent_ NOTIFY changed)
   Q_PROPERTY(QColor grey MEMBER grey_ NOTIFY changed)
+  /// Laid over what the pointer is on, and over what is pressed.
+  Q_PROPERTY(QColor hoverWash MEMBER hoverWash_ NOTIFY changed)
+  Q_PROPERTY(QColor pressedWash MEMBER pressedWash_ NOTIFY changed)
 
   Q_PROPERTY(QFont titleFont MEMBER titleFont_ NOTIFY changed)
   Q_PROPERTY(QFont bodyFont MEMBER bodyFont_ NOTIFY changed)
@@ -40,6 +43,10 @@ class Theme final : public QObject {
   Q_PROPERTY(double symbolSize READ symbolSize NOTIFY changed)
   Q_PROPERTY(double smallSymbolSize READ smallSymbolSize NOTIFY changed)
   Q_PROPERTY(double buttonSize READ buttonSize NOTIFY changed)
+  /// From the edge of a row's content to its text: the column of symbols and a gap.
+  Q_PROPERTY(double textIndent READ textIndent NOTIFY changed)
+  /// The column of chevrons, to the right of a row's text.
+  Q_PROPERTY(double chevronWidth READ chevronWidth NOTIFY changed)
   /// The min widths that badges leave for the name of a device and the title of a port.
   Q_PROPERTY(double minNameWidth READ minNameWidth NOTIFY changed)
   Q_PROPERTY(double minTitleWidth READ minTitleWidth NOTIFY changed)
@@ -59,13 +66,17 @@ public:
   /// The colour from which `secondary` is derived; for areas, which need less contrast than text.
   QColor fadedText() const { return fadedText_; }
   /// The same hue with enough contrast on every background of text: the card, the window, a field,
-  /// a tint of the colour itself and the grey of a count.
+  /// a tint of the colour itself, also on a tinted row, and the grey of a count.
   QColor readable(const QColor& color) const;
+  /// The same hue with enough contrast for a symbol on a card, the window or a tinted row.
+  QColor visible(const QColor& color) const;
 
   double scale() const { return scale_; }
   double symbolSize() const { return qRound(14 * scale_); }
   double smallSymbolSize() const { return qRound(11 * scale_); }
   double buttonSize() const { return qRound(24 * scale_); }
+  double textIndent() const { return symbolSize() + 6; }
+  double chevronWidth() const { return symbolSize() + 4; }
   double minNameWidth() const { return qRound(120 * scale_); }
   double minTitleWidth() const { return qRound(150 * scale_); }
 
@@ -90,6 +101,8 @@ private:
   QColor tertiary_;
   QColor accent_;
   QColor grey_;
+  QColor hoverWash_;
+  QColor pressedWash_;
   QColor fadedText_;
   QFont titleFont_;
   QFont bodyFont_;

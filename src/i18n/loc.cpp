@@ -195,4 +195,22 @@ std::string percent(std::int64_t number) {
   return withSuffix(std::to_string(number), {"%", " %", " %", "%", " %"});
 }
 
+std::string suppliesUpTo(std::string_view watts) {
+  return withPrefix({"supplies up to ", "liefert bis zu ", "fournit jusqu’à ", "fornisce fino a ",
+                     "suministra hasta "},
+                    watts);
+}
+
+std::string chargerDelivers(std::string_view watts) {
+  return withPrefix({"the charger delivers ", "das Netzteil liefert ", "le chargeur fournit ",
+                     "il caricatore fornisce ", "el cargador entrega "},
+                    watts);
+}
+
+std::string linkUpTo(std::string_view speed) {
+  return withPrefix({"link up to ", "Verbindung bis ", "liaison jusqu’à ", "collegamento fino a ",
+                     "enlace hasta "},
+                    speed);
+}
+
 } // namespace tamberline::Loc

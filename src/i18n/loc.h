@@ -40,6 +40,10 @@ std::string receptacles(std::string_view numbers);
 std::string hdmiPort(std::string_view number);
 std::string hintPortCapacity(std::int64_t milliamperes);
 std::string percent(std::int64_t number);
+/// For screen readers: what a figure of a port means. `watts` and `speed` have units.
+std::string suppliesUpTo(std::string_view watts);
+std::string chargerDelivers(std::string_view watts);
+std::string linkUpTo(std::string_view speed);
 
 /// The names of all texts without an argument, for tests that no language is missing.
 struct FixedText {

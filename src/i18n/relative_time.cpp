@@ -62,6 +62,14 @@ constexpr auto translations = std::to_array<RelativeTexts>({
 });
 static_assert(translations.size() == AppLanguage::count);
 
+/// A text that changes every second disturbs, and nobody needs the exact second.
+constexpr seconds shortestStep = 10s;
+
+/// The length of time for which an age in this unit keeps its text.
+seconds stepOf(std::size_t unit) {
+  return std::max(shortestStep, unitSeconds[unit]);
+}
+
 /// The longest unit that fits into an age of at least one second.
 std::size_t unitOf(seconds age) {
   const auto* const tooLong = std::upper_bound(unitSeconds.begin(), unitSeconds.end(), age);
@@ -72,11 +80,11 @@ std::size_t unitOf(seconds age) {
 
 std::string relativeTimeText(seconds age) {
   const RelativeTexts& texts = translations[AppLanguage::current()];
-  if (age < 1s) {
+  if (age < shortestStep) {
     return std::string(texts.now);
   }
   const std::size_t unit = unitOf(age);
-  const std::int64_t number = age / unitSeconds[unit];
+  const std::int64_t number = (age - age % stepOf(unit)) / unitSeconds[unit];
   const UnitTexts& unitTexts = texts.units[unit];
   return std::string(texts.beforeNumber)
       .append(std::to_string(number))
@@ -84,11 +92,11 @@ std::string relativeTimeText(seconds age) {
 }
 
 seconds untilRelativeTimeChanges(seconds age) {
-  if (age < 1s) {
-    return 1s - std::max(age, 1s - seconds::max());
+  if (age < shortestStep) {
+    return shortestStep - std::max(age, shortestStep - seconds::max());
   }
-  const seconds unit = unitSeconds[unitOf(age)];
-  return unit - age % unit;
+  const seconds step = stepOf(unitOf(age));
+  return step - age % step;
 }
 
 } // namespace tamberline

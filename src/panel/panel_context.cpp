@@ -12,9 +12,9 @@ namespace {
 /// `create`.
 template <typename... Singleton>
 constexpr bool areNotDefaultConstructible = (!std::is_default_constructible_v<Singleton> && ...);
-static_assert(
-    areNotDefaultConstructible<AnswersController, Tooltips, PanelController, PanelSizing, Popover,
-                               SearchController, StatusColors, Theme, UpdatedText>);
+static_assert(areNotDefaultConstructible<AnswersController, Motion, Tooltips, PanelController,
+                                         PanelSizing, Popover, SearchController, StatusColors,
+                                         Theme, UpdatedText>);
 
 } // namespace
 
@@ -32,6 +32,7 @@ void PanelContext::attachTo(QQmlEngine& engine) {
   setEngineObject(engine, sizing_);
   setEngineObject(engine, tooltips_);
   setEngineObject(engine, popover_);
+  setEngineObject(engine, motion_);
   setEngineObject(engine, updated_);
   setEngineObject(engine, answers_);
   setEngineObject(engine, panel_);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "async/main_queue.h"
+#include "controls/motion.h"
 #include "controls/popover.h"
 #include "controls/theme.h"
 #include "controls/tooltips.h"
@@ -46,6 +47,7 @@ public:
   StatusColors* statusColors() { return &statusColors_; }
   Tooltips* tooltips() { return &tooltips_; }
   Popover* popover() { return &popover_; }
+  Motion* motion() { return &motion_; }
   SymbolImageCache& symbols() { return symbols_; }
   UpdatedText* updated() { return &updated_; }
 
@@ -56,6 +58,7 @@ private:
   PanelSizing sizing_;
   Tooltips tooltips_;
   Popover popover_{nullptr};
+  Motion motion_{nullptr};
   UpdatedText updated_;
   AnswersController answers_; // before the rows, which show its answers
   PanelController panel_;

@@ -63,6 +63,10 @@ QString PanelController::message() const {
   return shownTooltip(panel_->message.value_or(""));
 }
 
+QString PanelController::hint() const {
+  return shownTooltip(panel_->hint.value_or(""));
+}
+
 void PanelController::scan() {
   scanner_->scan();
 }
@@ -141,7 +145,8 @@ void PanelController::describe() {
   const std::shared_ptr<const Panel> previous =
       std::exchange(panel_, std::make_shared<const Panel>(describePanel(panelInputs(*scanner_))));
   refreshRows();
-  if (!previous || previous->state != panel_->state || previous->message != panel_->message) {
+  if (!previous || previous->state != panel_->state || previous->message != panel_->message ||
+      previous->hint != panel_->hint) {
     emit stateChanged();
   }
 }

@@ -47,6 +47,8 @@ class PanelController final : public QObject {
   Q_PROPERTY(tamberline::views::PanelState state READ state NOTIFY stateChanged)
   /// Shown instead of the cards.
   Q_PROPERTY(QString message READ message NOTIFY stateChanged)
+  /// What to do next or, below cards, why they say less than expected.
+  Q_PROPERTY(QString hint READ hint NOTIFY stateChanged)
   Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
   Q_PROPERTY(tamberline::PanelTexts texts READ texts CONSTANT)
   Q_PROPERTY(bool canTestVolumes READ canTestVolumes CONSTANT)
@@ -65,6 +67,7 @@ public:
   PanelListModel* rows() { return &rows_; }
   views::PanelState state() const;
   QString message() const;
+  QString hint() const;
   bool isScanning() const { return scanner_->isScanning.get(); }
   static PanelTexts texts() { return {}; }
   bool canTestVolumes() const { return actions_.runBenchmark != nullptr; }

@@ -58,6 +58,11 @@ double PanelSizing::listAreaHeight() const {
   return tamberline::listAreaHeight(shownHeight(), chromeHeight_);
 }
 
+bool PanelSizing::listScrolls() const {
+  constexpr double rounding = 1;
+  return listHeight_ > listAreaHeight() + rounding;
+}
+
 double PanelSizing::maxListAreaHeight() const {
   constexpr double endless = 1e6;
   return tamberline::listAreaHeight(

@@ -27,6 +27,8 @@ class PanelSizing : public QObject {
   Q_PROPERTY(bool isSearching READ isSearching WRITE setSearching NOTIFY changed)
   Q_PROPERTY(double windowTotalHeight READ windowTotalHeight NOTIFY changed)
   Q_PROPERTY(double listAreaHeight READ listAreaHeight NOTIFY changed)
+  /// Whether the list is longer than its area will be once the window has followed its content.
+  Q_PROPERTY(bool listScrolls READ listScrolls NOTIFY changed)
   /// The max height of the list area on this screen.
   Q_PROPERTY(double maxListAreaHeight READ maxListAreaHeight NOTIFY changed)
   Q_PROPERTY(double maxSuggestionsHeight READ maxSuggestionsHeight NOTIFY changed)
@@ -59,6 +61,7 @@ public:
   double listHeight() const { return listHeight_; }
   double windowTotalHeight() const;
   double listAreaHeight() const;
+  bool listScrolls() const;
   double maxListAreaHeight() const;
   double maxSuggestionsHeight() const;
 

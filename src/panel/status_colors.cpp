@@ -52,6 +52,7 @@ void StatusColors::readTheme() {
   for (std::size_t index = 0; index < ColorSet::size; ++index) {
     const auto color = static_cast<Color>(index);
     inks_.set(color, theme_.readable(fills_.of(color)));
+    marks_.set(color, theme_.visible(fills_.of(color)));
   }
 }
 

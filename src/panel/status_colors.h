@@ -21,6 +21,8 @@ class StatusColors final : public QObject {
 
   /// For areas.
   Q_PROPERTY(tamberline::ColorSet fills READ fills NOTIFY changed)
+  /// For symbols beside which a text says the same: closer to the fills than the inks are.
+  Q_PROPERTY(tamberline::ColorSet marks READ marks NOTIFY changed)
   /// For text and symbols: the same hues with enough contrast on every background of text.
   Q_PROPERTY(tamberline::ColorSet inks READ inks NOTIFY changed)
 
@@ -33,6 +35,7 @@ public:
 
   const ColorSet& fills() const { return fills_; }
   const ColorSet& inks() const { return inks_; }
+  const ColorSet& marks() const { return marks_; }
 
 signals:
   void changed();
@@ -43,6 +46,7 @@ private:
   const Theme& theme_;
   ColorSet fills_;
   ColorSet inks_;
+  ColorSet marks_;
 };
 
 } // namespace tamberline

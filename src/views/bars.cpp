@@ -11,6 +11,7 @@ namespace tamberline {
 namespace {
 
 constexpr double visibleStep = 0.02;
+constexpr std::string_view separator = "· ";
 
 Color speedBarColor(double ratio) {
   if (ratio > nearlyFull) {
@@ -19,14 +20,12 @@ Color speedBarColor(double ratio) {
   return ratio >= nearlyHalf ? Color::Amber : Color::Orange;
 }
 
+/// Calm up to the maximum: drawing the whole budget is normal, and only speed is judged.
 Color powerBarColor(double fraction, bool hasMaximum) {
   if (!hasMaximum) {
     return Color::Grey;
   }
-  if (fraction > 1) {
-    return Color::Red;
-  }
-  return fraction > nearlyFull ? Color::Orange : Color::Green;
+  return fraction > 1 ? Color::Red : Color::Blue;
 }
 
 std::string labelledWatts(std::int64_t milliamperes, std::string_view label) {
@@ -66,7 +65,7 @@ PowerBarRow powerBarRow(const PowerBarFacts& facts) {
       .tooltip = std::string(Loc::hintPowerBar()),
   };
   if (facts.allocatedMa != facts.usedMa) {
-    row.allocated = "· " + labelledWatts(facts.allocatedMa, Loc::allocated());
+    row.allocated = std::string(separator) + labelledWatts(facts.allocatedMa, Loc::allocated());
   }
   if (facts.showPortMax) {
     row.portMax = labelledWatts(facts.portMaxMa, Loc::portMax());
@@ -78,6 +77,13 @@ PowerBarRow powerBarRow(const PowerBarFacts& facts) {
   row.color = powerBarColor(used, hasMaximum);
   row.bar = triBar(used, static_cast<double>(facts.allocatedMa) / whole);
   return row;
+}
+
+/// In the panel, the separator before it has an item of its own, which vanishes at a line break.
+QString PowerBarRow::allocatedLabel() const {
+  const std::string shown = allocated.value_or("");
+  return shownLabel(
+      std::string_view(shown).substr(shown.starts_with(separator) ? separator.size() : 0));
 }
 
 std::string wattsText(double watts) {

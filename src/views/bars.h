@@ -82,12 +82,12 @@ public:
   std::string used = {};
   std::optional<std::string> allocated = {};
   std::optional<std::string> portMax = {};
-  Color color = Color::Green; // orange: almost used up; red: exceeded; grey: unknown
+  Color color = Color::Blue; // red: the max is exceeded; grey: the max is unknown
   TriBar bar = {};
   std::string tooltip = {};
 
   QString usedLabel() const { return shownLabel(used); }
-  QString allocatedLabel() const { return labelOrEmpty(allocated); }
+  QString allocatedLabel() const;
   QString portMaxLabel() const { return labelOrEmpty(portMax); }
   QString tooltipLabel() const { return shownTooltip(tooltip); }
 

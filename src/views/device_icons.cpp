@@ -11,6 +11,9 @@
 namespace tamberline {
 namespace {
 
+/// A device of which nothing is known. The plug of "cable.connector" stands for the program itself.
+constexpr std::string_view anyDevice = "memorychip";
+
 struct KeywordIcon {
   std::string_view keyword;
   std::string_view symbol;
@@ -55,6 +58,15 @@ std::string iconFor(const USBDevice& device) {
       {"storage", "externaldrive"},
       {"stick", "externaldrive"},
       {"flash", "externaldrive"},
+      {"adapter", "cable.connector"},
+      {"serial", "cable.connector"},
+      {"cable", "cable.connector"},
+      {"printer", "printer"},
+      {"display", "display"},
+      {"monitor", "display"},
+      {"midi", "pianokeys"},
+      {"piano", "pianokeys"},
+      {"drum", "pianokeys"},
   });
   if (device.isTunneledDrive) {
     return "externaldrive";
@@ -63,7 +75,7 @@ std::string iconFor(const USBDevice& device) {
     return "arrow.triangle.branch";
   }
   const bool isHub = !device.children.empty() || contains(lowerCased(device.name), "hub");
-  return iconByName(device.name, table, isHub ? "arrow.triangle.branch" : "cable.connector");
+  return iconByName(device.name, table, isHub ? "arrow.triangle.branch" : anyDevice);
 }
 
 std::string iconFor(const ThunderboltDevice& device) {
@@ -78,7 +90,7 @@ std::string iconFor(const ThunderboltDevice& device) {
       {"drive", "externaldrive"},
       {"hub", "arrow.triangle.branch"},
   });
-  return iconByName(device.name, table, "cable.connector");
+  return iconByName(device.name, table, anyDevice);
 }
 
 } // namespace tamberline

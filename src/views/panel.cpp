@@ -2,6 +2,8 @@
 
 #include "i18n/loc.h"
 
+#include <algorithm>
+
 namespace tamberline {
 namespace {
 
@@ -18,7 +20,8 @@ ChargerCard chargerCard(const TreeNode& node, const ChargerInfo& charger) {
       .header = {.icon = charger.isCharging ? "bolt.fill" : "powerplug.fill",
                  .title = std::string(Loc::powerAdapter()),
                  .port = std::string(placeOf(charger)),
-                 .portTooltip = std::string(Loc::hintAdapterPort())},
+                 .portTooltip = std::string(Loc::hintAdapterPort()),
+                 .isCharging = charger.isCharging},
       .row = chargerRow(charger),
   };
 }
@@ -46,21 +49,36 @@ void appendCard(const TreeNode& node, const PortFacts& facts, std::vector<Card>&
   }
 }
 
+/// A desktop computer has adapters or ports beside its buses; here the firmware links no bus to a
+/// port.
+bool hasBusesOnly(const std::vector<Card>& cards) {
+  return std::all_of(cards.begin(), cards.end(), [](const Card& card) {
+    return std::holds_alternative<StandaloneUSBCard>(card);
+  });
+}
+
 } // namespace
 
 Panel describePanel(const PanelInputs& inputs) {
   if (inputs.errorMessage) {
-    return {Panel::State::Error, inputs.errorMessage, {}};
-  }
-  if (inputs.portTree.empty() && inputs.isScanning) {
-    return {Panel::State::Scanning, std::string(Loc::scanningPorts()), {}};
+    return {Panel::State::Error, inputs.errorMessage, std::string(Loc::hintScanFailed()), {}};
   }
   if (inputs.portTree.empty()) {
-    return {Panel::State::Empty, std::string(Loc::noPorts()), {}};
+    return inputs.isScanning ? Panel{Panel::State::Scanning,
+                                     std::string(Loc::scanningPorts()),
+                                     std::string(Loc::hintFirstScan()),
+                                     {}}
+                             : Panel{Panel::State::Empty,
+                                     std::string(Loc::noPorts()),
+                                     std::string(Loc::hintNoPorts()),
+                                     {}};
   }
-  Panel panel{.state = Panel::State::Cards, .message = std::nullopt, .cards = {}};
+  Panel panel{.state = Panel::State::Cards};
   for (const TreeNode& node : inputs.portTree) {
     appendCard(node, inputs.portFacts, panel.cards);
+  }
+  if (hasBusesOnly(panel.cards)) {
+    panel.hint = Loc::hintPortsUnknown();
   }
   return panel;
 }

@@ -36,12 +36,14 @@ struct ChargerCardHeader {
   Q_PROPERTY(QString title READ titleLabel CONSTANT)
   Q_PROPERTY(QString port READ portLabel CONSTANT)
   Q_PROPERTY(QString portTooltip READ portTooltipLabel CONSTANT)
+  Q_PROPERTY(bool isCharging MEMBER isCharging CONSTANT)
 
 public:
   std::string icon = {};
   std::string title = {};
   std::string port = {};
   std::string portTooltip = {};
+  bool isCharging = false;
 
   QString iconName() const { return shownSymbol(icon); }
   QString titleLabel() const { return shownLabel(title); }
@@ -66,6 +68,8 @@ struct Panel {
 
   State state = State::Empty;
   std::optional<std::string> message = {}; // absent if there are cards
+  /// What to do next or, below cards, why they say less than expected.
+  std::optional<std::string> hint = {};
   std::vector<Card> cards = {};
 };
 

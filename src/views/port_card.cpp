@@ -9,7 +9,8 @@
 namespace tamberline {
 namespace {
 
-/// Whole watts without decimals, others with one: "15 W", "4.5 W".
+/// Whole watts without decimals, others with one: "15 W", "4.5 W". A limit, which the sign before
+/// it says in every language.
 std::string capacityText(std::int64_t limitMa) {
   std::string number = fixedText(usbWatts(limitMa), 1);
   if (number.ends_with(".0")) {
@@ -31,11 +32,13 @@ void appendControllerBadges(const HPMPort& port, std::vector<PortBadge>& badges)
   if (port.hasVideo) {
     badges.push_back(
         {PortBadge::Kind::video,
-         {std::string(Loc::video()), std::nullopt, Color::Purple, std::string(Loc::hintVideo())}});
+         {std::string(Loc::video()), std::nullopt, Color::Purple, std::string(Loc::hintVideo())},
+         {}});
   }
   if (const auto label = port.cableLabel()) {
     badges.push_back({PortBadge::Kind::cable,
-                      {*label, std::nullopt, Color::Secondary, std::string(Loc::hintCable())}});
+                      {*label, std::nullopt, Color::Secondary, std::string(Loc::hintCable())},
+                      {}});
   }
 }
 
@@ -44,21 +47,25 @@ std::vector<PortBadge> portBadges(const TreeNode& node, const ThunderboltBus& bu
   std::vector<PortBadge> badges;
   const std::int64_t limitMa = lookUp(facts.portCurrentLimitMa, bus.busNumber).value_or(0);
   if (limitMa != 0) {
-    badges.push_back(
-        {PortBadge::Kind::capacity,
-         {capacityText(limitMa), std::nullopt, std::nullopt, Loc::hintPortCapacity(limitMa)}});
+    const std::string capacity = capacityText(limitMa);
+    badges.push_back({PortBadge::Kind::capacity,
+                      {"≤ " + capacity, std::nullopt, std::nullopt, Loc::hintPortCapacity(limitMa)},
+                      Loc::suppliesUpTo(capacity)});
   }
   if (const auto watts = chargerWatts(node)) {
+    const std::string text = std::to_string(*watts) + "W";
     badges.push_back({PortBadge::Kind::charger,
-                      {std::to_string(*watts) + "W", "bolt.fill", Color::Green,
-                       std::string(Loc::hintChargerWatts())}});
+                      {text, "bolt.fill", Color::Green, std::string(Loc::hintChargerWatts())},
+                      Loc::chargerDelivers(text)});
   } else if (const HPMPort* port = usbcController(facts.hpmPorts, bus.busNumber)) {
     appendControllerBadges(*port, badges);
   }
   if (std::string speed = bus.port.badgeText(); !speed.empty()) {
+    std::string spoken = Loc::linkUpTo(speed);
     badges.push_back(
         {PortBadge::Kind::speed,
-         {std::move(speed), std::nullopt, Color::Accent, std::string(Loc::hintSpeedBadge())}});
+         {std::move(speed), std::nullopt, Color::Accent, std::string(Loc::hintSpeedBadge())},
+         std::move(spoken)});
   }
   return badges;
 }

@@ -29,6 +29,8 @@ struct PortBadge {
   enum class Kind : std::uint8_t { capacity, charger, video, cable, speed };
   Kind kind = Kind::capacity;
   Badge badge = {};
+  /// For screen readers, since a figure alone does not tell what it is. Empty: the badge's text.
+  std::string spoken = {};
 
   friend bool operator==(const PortBadge&, const PortBadge&) = default;
 };

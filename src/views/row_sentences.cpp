@@ -54,7 +54,7 @@ void appendTo(Sentence& sentence, const PortHeader& header) {
     sentence << header.dotTooltip;
   }
   for (const PortBadge& badge : header.badges) {
-    sentence << badge.badge;
+    sentence << (badge.spoken.empty() ? badge.badge.text : badge.spoken);
   }
 }
 
@@ -75,11 +75,8 @@ void appendTo(Sentence& sentence, const ChargerCardHeader& header) {
 }
 
 void appendTo(Sentence& sentence, const ChargerRow& row) {
-  sentence << row.shownName();
-  if (row.isCharging) {
-    sentence << Loc::charging();
-  }
-  sentence << row.rated;
+  sentence << row.shownName() << (row.isCharging ? Loc::charging() : Loc::notCharging())
+           << row.rated;
 }
 
 void appendTo(Sentence& sentence, const TBDeviceRow& device) {

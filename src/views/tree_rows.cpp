@@ -255,6 +255,10 @@ std::string ChargerRow::shownName() const {
   return trimmed(name).empty() ? std::string(Loc::powerAdapter()) : name;
 }
 
+QString ChargerRow::tooltipText() const {
+  return isCharging ? QString() : shownTooltip(Loc::hintNotCharging());
+}
+
 ChargerRow chargerRow(const ChargerInfo& charger) {
   ChargerRow row{.name = charger.name, .rated = std::nullopt, .isCharging = charger.isCharging};
   if (charger.ratedWatts) {

@@ -157,6 +157,7 @@ struct ChargerRow {
   Q_PROPERTY(tamberline::NameLabel name READ nameText CONSTANT)
   Q_PROPERTY(QString rated READ ratedLabel CONSTANT)
   Q_PROPERTY(bool isCharging MEMBER isCharging CONSTANT)
+  Q_PROPERTY(QString tooltip READ tooltipText CONSTANT)
 
 public:
   std::string name = {};
@@ -168,6 +169,8 @@ public:
 
   NameLabel nameText() const { return nameLabel(shownName()); }
   QString ratedLabel() const { return labelOrEmpty(rated); }
+  /// Why the row is grey; empty while it charges.
+  QString tooltipText() const;
 
   friend bool operator==(const ChargerRow&, const ChargerRow&) = default;
 };

@@ -21,6 +21,8 @@ struct Child {
   bool isTrailing = false;
   bool isPinned = false;
   bool isVisible = true;
+  bool isLeading = false;
+  bool isSeparator = false;
 };
 
 LineAttached& attachedTo(QQuickItem& child) {
@@ -54,6 +56,8 @@ protected:
     attached.isElastic = wanted.isElastic;
     attached.isTrailing = wanted.isTrailing;
     attached.isPinned = wanted.isPinned;
+    attached.isLeading = wanted.isLeading;
+    attached.isSeparator = wanted.isSeparator;
     item.setParentItem(&layout);
   }
 
@@ -76,7 +80,6 @@ protected:
 };
 
 TEST_F(LineLayoutTest, PlacesItsChildren) {
-  const Child pinned{.width = 10, .isPinned = true};
   const struct {
     const char* description;
     double width;
@@ -102,11 +105,31 @@ TEST_F(LineLayoutTest, PlacesItsChildren) {
        {{30}, {10, 10, false, true}, {20}},
        "0,0 30 | 65,0 10 | 80,0 20",
        10},
-      {"trailing on the line that it wraps to",
+      {"trailing at the left of the line that it wraps to",
        60,
        {{30}, {40, 10, false, true}},
-       "0,0 30 | 20,12 40",
+       "0,0 30 | 0,12 40",
        22},
+      {"a trailing group that wraps together",
+       70,
+       {{30}, {20, 10, false, true}, {20}},
+       "0,0 30 | 0,12 20 | 25,12 20",
+       22},
+      {"a trailing group that is wider than a line",
+       50,
+       {{30}, {30, 10, false, true}, {30}},
+       "0,0 30 | 0,12 30 | 0,24 30",
+       34},
+      {"trailing beside what wraps before it",
+       50,
+       {{30}, {25}, {20, 10, false, true}},
+       "0,0 30 | 0,12 25 | 30,12 20",
+       22},
+      {"trailing below what wraps before it",
+       50,
+       {{30}, {25}, {21, 10, false, true}},
+       "0,0 30 | 0,12 25 | 0,24 21",
+       34},
       {"elastic with room", 100, {{30, 10, true}, {40}}, "0,0 30 | 35,0 40", 10},
       {"elastic without room", 70, {{60, 10, true}, {40}}, "0,0 25 | 30,0 40", 10},
       {"elastic at its least", 65, {{60, 10, true}, {40}}, "0,0 20 | 25,0 40", 10},
@@ -115,20 +138,6 @@ TEST_F(LineLayoutTest, PlacesItsChildren) {
       {"two elastic ones", 100, {{50, 10, true}, {80, 10, true}}, "0,0 50 | 55,0 45", 10},
       {"wider than everything", 40, {{90}}, "0,0 40", 10},
       {"elastic and wider than everything", 15, {{90, 10, true}}, "0,0 15", 10},
-      {"pinned", 100, {{30}, pinned}, "0,0 30 | 90,0 10", 10},
-      {"pinned alone", 100, {pinned}, "90,0 10", 10},
-      {"pinned on the first line", 50, {{30}, {40}, pinned}, "0,0 30 | 0,12 40 | 40,0 10", 22},
-      {"pinned beside an elastic one", 50, {{80, 10, true}, pinned}, "0,0 35 | 40,0 10", 10},
-      {"the lines below have the pinned one's place",
-       50,
-       {{30}, {50}, pinned},
-       "0,0 30 | 0,12 50 | 40,0 10",
-       22},
-      {"pinned on a first line without height",
-       30,
-       {{20, 0}, {30}, {5, 0, false, false, true}},
-       "0,0 20 | 0,2 30 | 25,0 5",
-       12},
       {"invisible ones",
        100,
        {{30}, {50, 10, false, false, false, false}, {40}},
@@ -187,17 +196,82 @@ TEST_F(LineLayoutTest, CentresChildrenOfWhichNoneHasABaseline) {
   EXPECT_EQ(layout.implicitHeight(), 20);
 }
 
-TEST_F(LineLayoutTest, WantsToBeAsWideAsOneLine) {
-  fill(50, {{30}, {40, 10, true}, {10, 10, false, false, true}});
-  EXPECT_EQ(layout.implicitWidth(), 90);
+/// 20 points before the text, of which 6 are a gap, and 12 after it.
+TEST_F(LineLayoutTest, LeavesRoomForTheColumnsBesideTheText) {
+  layout.setProperty("indent", 20);
+  layout.setProperty("pinnedWidth", 12);
+  const Child leading{.width = 8, .isLeading = true};
+  const Child pinned{.width = 10, .isPinned = true};
+  const struct {
+    const char* description;
+    double width;
+    std::vector<Child> children;
+    const char* geometry;
+    double height;
+  } rows[] = {
+      {"only text", 132, {{30}, {40, 10, false, true}}, "20,0 30 | 80,0 40", 10},
+      {"in the middle of their columns",
+       132,
+       {leading, {30}, {40, 10, false, true}, pinned},
+       "3,0 8 | 20,0 30 | 80,0 40 | 121,0 10",
+       10},
+      {"every line at the edge of the text",
+       92,
+       {leading, {30}, {40, 10, false, true}, pinned},
+       "3,0 8 | 20,0 30 | 20,12 40 | 81,6 10",
+       22},
+      {"text limited to its room", 62, {leading, {90}, pinned}, "3,0 8 | 20,0 30 | 51,0 10", 10},
+      {"leading on the first line",
+       92,
+       {{30}, {50, 20}, leading},
+       "20,0 30 | 20,12 50 | 3,0 8",
+       32},
+      {"a high leading one",
+       92,
+       {{.width = 8, .height = 20, .isLeading = true}, {30}},
+       "3,0 8 | 20,5 30",
+       20},
+      {"a wide leading one", 92, {{.width = 30, .isLeading = true}, {30}}, "0,0 30 | 20,0 30", 10},
+      {"leading alone", 92, {leading}, "3,0 8", 10},
+      {"pinned alone", 92, {pinned}, "81,-5 10", 0},
+      {"no room", 30, {leading, {30}}, "3,0 8 | 20,0 0", 10},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    children.clear();
+    layout.setWidth(row.width);
+    for (const Child& child : row.children) {
+      add(child);
+    }
+    EXPECT_EQ(geometry(), row.geometry);
+    EXPECT_EQ(layout.implicitHeight(), row.height);
+  }
 }
 
-TEST_F(LineLayoutTest, KeepsAPinnedChildOnAFirstLineWithoutHeight) {
-  layout.setProperty("lineSpacing", 0);
-  fill(30, {{20, 0}, {30}, {5, 6, false, false, true}});
-  EXPECT_EQ(geometry(), "0,3 20 | 0,6 30 | 25,0 5");
-  children.back()->setImplicitHeight(0);
-  EXPECT_EQ(geometry(), "0,0 20 | 0,0 30 | 25,0 5");
+TEST_F(LineLayoutTest, ShowsSeparatorsOnlyBetweenTexts) {
+  const Child separator{.width = 4, .isSeparator = true};
+  const auto shown = [this] { return children[1]->opacity() > 0; };
+  fill(100, {{30}, separator, {40}});
+  EXPECT_EQ(geometry(), "0,0 30 | 35,0 4 | 44,0 40");
+  EXPECT_TRUE(shown());
+  layout.setWidth(50);
+  EXPECT_FALSE(shown()) << "at the end of a line";
+  EXPECT_EQ(children[2]->position(), QPointF(0, 12));
+  layout.setWidth(38);
+  EXPECT_FALSE(shown()) << "alone on a line";
+  EXPECT_EQ(children[2]->x(), 0);
+  layout.setWidth(100);
+  EXPECT_TRUE(shown());
+  children[2]->setVisible(false);
+  EXPECT_FALSE(shown()) << "at the end of the only line";
+}
+
+TEST_F(LineLayoutTest, WantsToBeAsWideAsOneLine) {
+  fill(50, {{30}, {40, 10, true}});
+  EXPECT_EQ(layout.implicitWidth(), 75);
+  layout.setProperty("indent", 20);
+  layout.setProperty("pinnedWidth", 12);
+  EXPECT_EQ(layout.implicitWidth(), 107);
 }
 
 TEST_F(LineLayoutTest, FollowsItsWidth) {

@@ -59,14 +59,14 @@ TEST_F(PopupTest, StandsBelowItsTargetOrAboveInsideThePanel) {
     QPointF item;
     QPointF popup;
   } rows[] = {
-      {"below, centred", {170, 100}, {150, 124}},
-      {"just fits below", {170, 228}, {150, 252}},
-      {"one point too low", {170, 229}, {150, 185}},
-      {"at the lower edge", {170, 280}, {150, 236}},
-      {"at the left edge", {0, 100}, {8, 124}},
-      {"at the right edge", {340, 100}, {292, 124}},
-      {"beyond the left edge", {-500, 100}, {8, 124}},
-      {"beyond the upper edge", {170, -500}, {150, -476}},
+      {"below, centred", {170, 100}, {150, 128}},
+      {"just fits below", {170, 224}, {150, 252}},
+      {"one point too low", {170, 225}, {150, 177}},
+      {"at the lower edge", {170, 280}, {150, 232}},
+      {"at the left edge", {0, 100}, {8, 128}},
+      {"at the right edge", {340, 100}, {292, 128}},
+      {"beyond the left edge", {-500, 100}, {8, 128}},
+      {"beyond the upper edge", {170, -500}, {150, -472}},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
@@ -83,7 +83,32 @@ TEST_F(PopupTest, FindsATargetInsideOtherItems) {
   QQuickItem group(&panel);
   group.setPosition({100, 50});
   item->setParentItem(&group);
-  EXPECT_EQ(placeBeside({70, 50}), QPointF(150, 124));
+  EXPECT_EQ(placeBeside({70, 50}), QPointF(150, 128));
+}
+
+TEST_F(PopupTest, PointsToItsTarget) {
+  placeBeside({170, 100});
+  EXPECT_EQ(popup.arrowX(), 50);
+  EXPECT_TRUE(popup.isBelow());
+  placeBeside({170, 280});
+  EXPECT_FALSE(popup.isBelow());
+  placeBeside({0, 100});
+  EXPECT_EQ(popup.arrowX(), 22);
+  placeBeside({-500, 100});
+  EXPECT_EQ(popup.arrowX(), 8) << "within its round corners";
+  placeBeside({500, 100});
+  EXPECT_EQ(popup.arrowX(), 92);
+}
+
+TEST_F(PopupTest, DoesNotCoverWhatItIsAbout) {
+  QQuickItem bar(&panel);
+  bar.setSize({300, 6});
+  bar.setPosition({20, 150});
+  popup.setBeyond(&bar);
+  EXPECT_EQ(placeBeside({170, 100}), QPointF(150, 164));
+  EXPECT_EQ(placeBeside({170, 170}), QPointF(150, 198)) << "the target is lower";
+  bar.setY(260);
+  EXPECT_EQ(placeBeside({170, 200}), QPointF(150, 152)) << "above the target";
 }
 
 TEST_F(PopupTest, StaysWhereItIsWithoutATarget) {

@@ -377,6 +377,12 @@ std::vector<ExpectedText> expectedLabels() {
         "Éjection…",
         "Espulsione…",
         "Expulsando…"}},
+      {"notCharging",
+       {"not charging",
+        "lädt nicht",
+        "pas en charge",
+        "non in carica",
+        "no está cargando"}},
   };
 }
 // clang-format on

@@ -147,5 +147,18 @@ TEST(TextsWithArgument, Percent) {
   expectInEveryLanguage([] { return Loc::percent(40); }, {"40%", "40 %", "40 %", "40%", "40 %"});
 }
 
+TEST(TextsWithArgument, FiguresOfAPort) {
+  expectInEveryLanguage([] { return Loc::suppliesUpTo("15 W"); },
+                        {"supplies up to 15 W", "liefert bis zu 15 W", "fournit jusqu’à 15 W",
+                         "fornisce fino a 15 W", "suministra hasta 15 W"});
+  expectInEveryLanguage([] { return Loc::chargerDelivers("69W"); },
+                        {"the charger delivers 69W", "das Netzteil liefert 69W",
+                         "le chargeur fournit 69W", "il caricatore fornisce 69W",
+                         "el cargador entrega 69W"});
+  expectInEveryLanguage([] { return Loc::linkUpTo("40 Gb/s"); },
+                        {"link up to 40 Gb/s", "Verbindung bis 40 Gb/s", "liaison jusqu’à 40 Gb/s",
+                         "collegamento fino a 40 Gb/s", "enlace hasta 40 Gb/s"});
+}
+
 } // namespace
 } // namespace tamberline

@@ -38,7 +38,7 @@ TEST(PanelDocument, HasNullForTheAbsentPartsOfAPortCard) {
 
 TEST(PanelDocument, HasBadges) {
   EXPECT_EQ(jsonText(at(deskDocument(), "/panel/cards/0/badges")), normalized(R"([
-    {"kind": "capacity", "text": "15 W", "icon": null, "color": null,
+    {"kind": "capacity", "text": "≤ 15 W", "icon": null, "color": null,
      "tooltip": "Port power capacity: 3000 mA at 5 V"},
     {"kind": "video", "text": "video", "icon": null, "color": "purple",
      "tooltip": "DisplayPort video is being carried over this USB-C connection"},

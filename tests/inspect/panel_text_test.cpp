@@ -64,7 +64,7 @@ Panel deskPanel() {
 
 TEST(PanelText, ShowsCardsAndRowsAsATree) {
   EXPECT_EQ(panelText(deskPanel(), false),
-            R"(● Thunderbolt Port 1  3 items  15 W port max  [video]  [active cable]  [40 Gb/s ×2]
+            R"(● Thunderbolt Port 1  3 items  ≤ 15 W port max  [video]  [active cable]  [40 Gb/s ×2]
 │  █████░░░░░░░░░░░░░░░  3.8 W used · 15.0 W allocated  5.0 V · 0.75 A
 │  ████░░░░░░░░░░░░░░░░  2.8 W port total  15.0 W port max
 └─ Harbour Dock  [USB4 40G]  2.8W

@@ -26,14 +26,14 @@ void expectAllInTable(const Symbols& symbols) {
 TEST(SymbolsOfViews, OfUSBDevicesAreInTheTable) {
   Symbols symbols;
   for (const char* name :
-       {"",          "iphone",    "ipad",    "ipod",     "watch",       "airpods",    "speaker",
-        "audio",     "ethernet",  "usb lan", "camera",   "webcam",      "keyboard",   "mouse",
-        "trackpad",  "headphone", "headset", "earphone", "card reader", "cardreader", "sd reader",
-        "ssd",       "disk",      "drive",   "storage",  "stick",       "flash",      "hub",
-        "hub_device"}) {
+       {"",           "iphone",    "ipad",    "ipod",     "watch",       "airpods",    "speaker",
+        "audio",      "ethernet",  "usb lan", "camera",   "webcam",      "keyboard",   "mouse",
+        "trackpad",   "headphone", "headset", "earphone", "card reader", "cardreader", "sd reader",
+        "ssd",        "disk",      "drive",   "storage",  "stick",       "flash",      "hub",
+        "hub_device", "adapter",   "printer", "display",  "midi"}) {
     symbols.insert(iconFor(usbDevice(name)));
   }
-  EXPECT_EQ(symbols.size(), 15U);
+  EXPECT_EQ(symbols.size(), 19U);
   expectAllInTable(symbols);
 }
 

@@ -1,6 +1,7 @@
 #include "ui/drawing.h"
 
 #include "base/text.h"
+#include "controls/arc.h"
 #include "controls/dot.h"
 #include "controls/symbol.h"
 #include "ui/drawn_items.h"
@@ -166,6 +167,8 @@ private:
                  drawing_.colorName(colorOf(item)));
     } else if (qobject_cast<const Dot*>(&item) != nullptr) {
       addElement(item, "dot", drawing_.colorName(colorOf(item)));
+    } else if (qobject_cast<const Arc*>(&item) != nullptr) {
+      addElement(item, "arc", drawing_.colorName(colorOf(item)));
     } else if (isRectangle(item) && isTinted(item) && !hasBorder(item)) {
       addRectangle(item);
     }
@@ -285,7 +288,7 @@ QColor Drawing::color(const char* name) const {
 
 std::string Drawing::colorName(const QColor& wanted) const {
   for (const char* name :
-       {"text", "secondary", "tertiary", "accent", "separator", "card", "field"}) {
+       {"text", "secondary", "tertiary", "accent", "separator", "card", "field", "window"}) {
     if (color(name).rgba() == wanted.rgba()) {
       return name;
     }
@@ -295,6 +298,9 @@ std::string Drawing::colorName(const QColor& wanted) const {
   }
   if (const auto fill = nameIn(statusColors_.fills(), wanted)) {
     return "fill " + *fill;
+  }
+  if (const auto mark = nameIn(statusColors_.marks(), wanted)) {
+    return "mark " + *mark;
   }
   return wanted.name(QColor::HexArgb).toStdString();
 }

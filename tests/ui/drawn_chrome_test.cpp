@@ -26,12 +26,12 @@ TEST_F(DrawnChrome, OfTheHeader) {
 TEST_F(DrawnChrome, OfTheFooter) {
   openPanel();
   EXPECT_EQ(drawn("PanelFooter"), R"(
-<info.circle> (secondary)  Updated just now (secondary)  Quit
+on window r0: <info.circle> (secondary)  Updated just now (secondary)  Quit
 )");
   closePanel();
   openPanel({.hasActions = false});
   EXPECT_EQ(drawn("PanelFooter"), R"(
-<info.circle> (secondary 0.40)  Updated just now (secondary)  Quit (0.40)
+on window r0: <info.circle> (secondary 0.40)  Updated just now (secondary)  Quit (0.40)
 )");
 }
 
@@ -73,7 +73,9 @@ TEST_F(DrawnChrome, OfAnError) {
   machine->answer(Question::thunderbolt, "");
   openPanel();
   EXPECT_EQ(drawn("ErrorBox"), R"(
-on fill orange 0.12 r10: <exclamationmark.triangle> (orange)  Could not parse SPThunderboltDataType
+on fill orange 0.12 r10: Could not parse SPThunderboltDataType
+<exclamationmark.triangle> (orange)
+Scan again with the round arrow above. If that fails too, quit the program and start it again. (secondary)
 )");
 }
 
@@ -82,6 +84,7 @@ TEST_F(DrawnChrome, OfAMachineWithoutPorts) {
   EXPECT_EQ(drawn("Notice"), R"(
 <cable.connector> (tertiary)
 No ports detected (secondary)
+Plug something in, or scan again with the round arrow above. If nothing appears, the firmware of this computer does not describe its ports. (secondary)
 )");
 }
 
@@ -91,6 +94,7 @@ TEST_F(DrawnChrome, OfTheFirstScan) {
   draw();
   EXPECT_EQ(drawn("Notice"), R"(
 Scanning ports… (secondary)
+The first scan can take a few seconds. (secondary)
 )");
 }
 

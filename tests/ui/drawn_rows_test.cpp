@@ -34,17 +34,17 @@ protected:
 TEST_F(DrawnRows, OfThePortsOfADesk) {
   open("desk");
   EXPECT_EQ(drawn("Thunderbolt Port 1"), R"(
-dot (fill green)  Thunderbolt Port 1  10 items (secondary) on fill grey 0.15 r5  15 W (secondary)  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary turned 90)
+dot (fill green)  Thunderbolt Port 1  10 items (secondary) on fill grey 0.15 r5  ≤ 15 W (secondary)  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary turned 90)
 --- separator
 )");
   EXPECT_EQ(drawnAt(indexOfRowNamed("Thunderbolt Port 1") + 1), R"(
 <bolt.fill> (blue)  8.8 W used  · (secondary)  15.0 W allocated (secondary)  5.1 V · 1.73 A (secondary)
 bar fill blue, 6 high, round: 0.10 to 100%, 0.85 to 59%
 <bolt.fill> (secondary)  10.4 W port total  15.0 W port max (secondary)
-bar fill green, 6 high, round: 0.10 to 100%, 0.85 to 69%
+bar fill blue, 6 high, round: 0.10 to 100%, 0.85 to 69%
 )");
   EXPECT_EQ(drawn("Thunderbolt Port 2"), R"(
-dot (fill green)  Thunderbolt Port 2  3 items (secondary) on fill grey 0.15 r5  15 W (secondary)  video (purple) on fill purple 0.12 r4  active cable (secondary) on fill secondary 0.12 r4  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary turned 90)
+dot (fill green)  Thunderbolt Port 2  3 items (secondary) on fill grey 0.15 r5  ≤ 15 W (secondary)  video (purple) on fill purple 0.12 r4  active cable (secondary) on fill secondary 0.12 r4  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary turned 90)
 --- separator
 )");
 }
@@ -52,18 +52,18 @@ dot (fill green)  Thunderbolt Port 2  3 items (secondary) on fill grey 0.15 r5  
 TEST_F(DrawnRows, OfAPortWithAnAdapter) {
   open("road");
   EXPECT_EQ(drawn("Thunderbolt Port 2"), R"(
-dot (fill green)  Thunderbolt Port 2  1 item (secondary) on fill grey 0.15 r5  15 W (secondary)  <bolt.fill> (green) on fill green 0.12 r4  69W (green) on fill green 0.12 r4  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary turned 90)
+dot (fill green)  Thunderbolt Port 2  1 item (secondary) on fill grey 0.15 r5  ≤ 15 W (secondary)  <bolt.fill> (green) on fill green 0.12 r4  69W (green) on fill green 0.12 r4  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary turned 90)
 --- separator
 )");
   EXPECT_EQ(drawn("70W USB-C Power Adapter"), R"(
-on fill yellow 0.07 r6: <bolt.horizontal> (fill yellow)  70W USB-C Power Adapter  <arrow.up.circle.fill> (green)  70 W rated (green)
+on fill yellow 0.07 r6: <bolt.horizontal> (mark yellow)  70W USB-C Power Adapter  <arrow.up.circle.fill> (green)  70 W rated (green)
 )");
 }
 
 TEST_F(DrawnRows, OfAnEmptyPort) {
   open("bare");
   EXPECT_EQ(drawn("Thunderbolt Port 1"), R"(
-dot (fill grey 0.35)  Thunderbolt Port 1  15 W (secondary)  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary turned 90)
+dot (fill grey 0.35)  Thunderbolt Port 1  ≤ 15 W (secondary)  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary turned 90)
 --- separator
 )");
   EXPECT_EQ(drawn("Nothing attached"), R"(
@@ -72,24 +72,39 @@ dot (fill grey 0.35)  Thunderbolt Port 1  15 W (secondary)  40 Gb/s (accent) on 
   collapseAll();
   advance(turning);
   EXPECT_EQ(drawn("Thunderbolt Port 1"), R"(
-dot (fill grey 0.35)  Thunderbolt Port 1  15 W (secondary)  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary)
+dot (fill grey 0.35)  Thunderbolt Port 1  ≤ 15 W (secondary)  40 Gb/s (accent) on accent 0.12 r4  <chevron.right> (tertiary)
 )");
 }
 
 TEST_F(DrawnRows, OfTheCardOfAnAdapter) {
   open("desk");
   EXPECT_EQ(drawnAt(0), R"(
-<bolt.fill> (fill yellow)  Power Adapter  MagSafe (secondary)
+<bolt.fill> (mark yellow)  Power Adapter  MagSafe (secondary)
 )");
   EXPECT_EQ(drawnAt(1), R"(
-on fill yellow 0.07 r6: <bolt.horizontal> (fill yellow)  140W USB-C Power Adapter  <arrow.up.circle.fill> (green)  140 W rated (green)
+on fill yellow 0.07 r6: <bolt.horizontal> (mark yellow)  140W USB-C Power Adapter  <arrow.up.circle.fill> (green)  140 W rated (green)
+)");
+}
+
+TEST_F(DrawnRows, OfAnAdapterThatDoesNotCharge) {
+  answerWithPorts(*machine, 1);
+  machine->answer(Question::power, R"({"SPPowerDataType": [
+    {"_name": "sppower_ac_charger_information", "sppower_ac_charger_name": "70W Adapter",
+     "sppower_ac_charger_watts": "70", "sppower_battery_charger_connected": "TRUE",
+     "sppower_battery_is_charging": "FALSE", "tamberline_charger_place": "socket"}]})");
+  openPanel({.fontScale = unwrappedScale});
+  EXPECT_EQ(drawnAt(0), R"(
+<powerplug.fill> (secondary)  Power Adapter  Power socket (secondary)
+)");
+  EXPECT_EQ(drawnAt(1), R"(
+on fill yellow 0.07 r6: <bolt.horizontal> (secondary)  70W Adapter  70 W rated (secondary)
 )");
 }
 
 TEST_F(DrawnRows, OfADeviceThatOnlyCharges) {
   open("road");
   EXPECT_EQ(drawn("Charging only"), R"(
-on fill yellow 0.07 r6: <bolt.fill> (fill yellow)  Charging only  no data (orange) on fill orange 0.12 r4
+on fill yellow 0.07 r6: <bolt.fill> (mark yellow)  Charging only  no data (orange) on fill orange 0.12 r4
 Powered, but no data connection — unlock or switch the device to data mode (secondary)
 )");
 }
@@ -98,13 +113,13 @@ TEST_F(DrawnRows, OfThunderboltDevices) {
   open("desk");
   EXPECT_EQ(drawn("Harbour 11-Port Dock"), R"(
 on accent 0.05 r6: <dock.rectangle> (accent 0.80)  Harbour 11-Port Dock  TB4 (accent) on accent 0.12 r4  10.4W (secondary)  <chevron.right> (tertiary turned 90)
-bar fill green, 6 high, round: 0.10 to 100%, 0.85 to 100%
 20 Gb/s ×2 = 40 Gb/s (green)  at port max ✓ (secondary)
+bar fill green, 6 high, round: 0.10 to 100%, 0.85 to 100%
 )");
   EXPECT_EQ(drawn("Quarry Slate NVMe Enclosure"), R"(
 ├ on accent 0.05 r6: <externaldrive> (accent 0.80)  Quarry Slate NVMe Enclosure  TB3 (accent) on accent 0.12 r4
-bar fill amber, 6 high, round: 0.10 to 100%, 0.85 to 50%
 20 Gb/s (amber)  40 Gb/s port max (secondary)
+bar fill amber, 6 high, round: 0.10 to 100%, 0.85 to 50%
 )");
 }
 
@@ -124,10 +139,10 @@ TEST_F(DrawnRows, OfHubs) {
   open("desk");
   EXPECT_EQ(drawn("USB Hub"), R"(
 ││├ on fill grey 0.06 r6: <arrow.triangle.branch> (accent 0.80)  USB Hub  5 Gb/s (speedTextAmber)  <arrow.up.circle> (orange)  2.6W total (secondary)  <chevron.right> (tertiary turned 90)
-bar fill amber, 6 high, round: 0.10 to 100%, 0.85 to 50%
 USB 3.2 Gen 1 (amber)  10 Gb/s port max (secondary)
-<bolt.fill> (secondary)  0.5 W own draw (rated)  · 4.5 W allocated (secondary)
-bar fill green, 6 high, round: 0.10 to 100%, 0.30 to 100%, 0.85 to 11%
+bar fill amber, 6 high, round: 0.10 to 100%, 0.85 to 50%
+<bolt.fill> (secondary)  0.5 W own draw (rated)  · (secondary)  4.5 W allocated (secondary)
+bar fill blue, 6 high, round: 0.10 to 100%, 0.30 to 100%, 0.85 to 11%
 )");
 }
 
@@ -135,19 +150,19 @@ TEST_F(DrawnRows, OfDevices) {
   open("desk");
   EXPECT_EQ(drawn("Quarry Portable SSD"), R"(
 ││├ on card 0.50 r6: <externaldrive> (accent 0.80)  Quarry Portable SSD  10 Gb/s (green)
-bar fill green, 6 high, round: 0.10 to 100%, 0.85 to 100%
 USB 3.2 Gen 2 (green)  at port max ✓ (secondary)
-<bolt.fill> (secondary)  4.5 W rated  · 4.5 W allocated (secondary)  4.5 W port max (secondary)
-bar fill orange, 6 high, round: 0.10 to 100%, 0.85 to 100%
+bar fill green, 6 high, round: 0.10 to 100%, 0.85 to 100%
+<bolt.fill> (secondary)  4.5 W rated  · (secondary)  4.5 W allocated (secondary)  4.5 W port max (secondary)
+bar fill blue, 6 high, round: 0.10 to 100%, 0.85 to 100%
 <speedometer> (secondary)  Volume (secondary)  Fieldwork  <speedometer> (secondary)  <eject.circle> (secondary)
 <speedometer> (secondary)  Volume (secondary)  Küste Sommer  <speedometer> (secondary)  <eject.circle> (secondary)
 )");
   EXPECT_EQ(drawn("Larkspur Mouse"), R"(
 │││└ on card 0.50 r6: <computermouse> (accent 0.80)  Larkspur Mouse  1.5 Mb/s (orange)  <arrow.up.circle> (orange)
-bar fill orange, 6 high, round: 0.10 to 100%, 0.85 to 1%
 USB 1.0 Low-Speed (orange)  10 Gb/s port max (secondary)
-<bolt.fill> (secondary)  0.5 W rated  · 2.5 W allocated (secondary)  4.5 W port max (secondary)
-bar fill green, 6 high, round: 0.10 to 100%, 0.30 to 56%, 0.85 to 11%
+bar fill orange, 6 high, round: 0.10 to 100%, 0.85 to 2%
+<bolt.fill> (secondary)  0.5 W rated  · (secondary)  2.5 W allocated (secondary)  4.5 W port max (secondary)
+bar fill blue, 6 high, round: 0.10 to 100%, 0.30 to 56%, 0.85 to 11%
 )");
 }
 
@@ -172,7 +187,7 @@ TEST_F(DrawnRows, OfVolumes) {
   const std::string volume = "<speedometer> (secondary)  Volume (secondary)  Data  ";
   EXPECT_EQ(lastLine(), volume + "<speedometer> (secondary)  <eject.circle> (secondary)");
   showTest({BenchmarkPhase::Running{"Writing…"}});
-  EXPECT_EQ(lastLine(), volume + "<arrow.clockwise> (secondary)  Writing… (secondary)  "
+  EXPECT_EQ(lastLine(), volume + "arc (secondary)  Writing… (secondary)  "
                                  "<eject.circle> (secondary 0.40)");
   showTest({BenchmarkPhase::Done{412.4, 1021.7}});
   EXPECT_EQ(lastLine(), volume + "W 412 (blue)  R 1022 MB/s (green)  "
@@ -182,7 +197,7 @@ TEST_F(DrawnRows, OfVolumes) {
                                  "<arrow.clockwise> (secondary)  <eject.circle> (secondary)");
   showTest({BenchmarkPhase::Idle{}});
   showEjection({EjectState::Ejecting{}});
-  EXPECT_EQ(lastLine(), volume + "<speedometer> (secondary)  <arrow.clockwise> (secondary)");
+  EXPECT_EQ(lastLine(), volume + "<speedometer> (secondary)  arc (secondary)");
   showEjection({EjectState::Failed{"Volume busy"}});
   EXPECT_EQ(lastLine(), volume + "<speedometer> (secondary)  <exclamationmark.circle> (orange)");
 }

@@ -92,7 +92,7 @@ TEST_F(PowerCardOnItsOwn, MatchesItsDescription) {
            .stateOfCharge = 15, .health = "Good", .maxCapacityPercent = "91%", .cycleCount = 120},
        unwrappedScale);
   EXPECT_EQ(drawn(), R"(
-<bolt.fill> (fill yellow)  96W USB-C Power Adapter  96W rated (secondary)  USB-C / Thunderbolt (secondary)
+<bolt.fill> (mark yellow)  96W USB-C Power Adapter  96W rated (secondary)  USB-C / Thunderbolt (secondary)
 bar fill green, 6 high, round: 0.10 to 100%, 0.85 to 60%
 Charging at 58 W (secondary)  rated max 96W max (secondary)
 <battery.0percent> (red)  Battery  15% (red)  Health (secondary) on field r4  Good 91% on field r4  Cycles (secondary) on field r4  120 on field r4
@@ -101,7 +101,7 @@ Charging at 58 W (secondary)  rated max 96W max (secondary)
   adapter.connectsViaUSBC = false;
   show(adapter, BatteryInfo{.stateOfCharge = 100, .isFullyCharged = true}, unwrappedScale);
   EXPECT_EQ(drawn(), R"(
-<bolt.fill> (fill yellow)  96W USB-C Power Adapter  96W rated (secondary)
+<bolt.fill> (mark yellow)  96W USB-C Power Adapter  96W rated (secondary)
 bar fill blue, 6 high, round: 0.10 to 100%, 0.85 to 60%
 Powering system · 58 W (battery full) (secondary)  rated max 96W max (secondary)
 <battery.100percent> (green)  Battery  100% (green)  Health (secondary) on field r4  Cycles (secondary) on field r4  0 on field r4

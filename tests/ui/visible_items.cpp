@@ -6,7 +6,7 @@ namespace tamberline {
 namespace {
 
 void append(QQuickItem* item, std::vector<QQuickItem*>& items) {
-  if (!item->isVisible()) {
+  if (!item->isVisible() || item->opacity() == 0) {
     return;
   }
   items.push_back(item);

@@ -121,10 +121,9 @@ TEST(PowerBar, IsColouredByHowMuchOfTheBudgetIsUsed) {
     std::int64_t portMaxMa;
     Color color;
   } rows[] = {
-      {0, 900, Color::Green},     {500, 900, Color::Green},    {920, 1000, Color::Green},
-      {921, 1000, Color::Orange}, {1000, 1000, Color::Orange}, {1001, 1000, Color::Red},
-      {9000, 900, Color::Red},    {500, 0, Color::Grey},       {0, 0, Color::Grey},
-      {1, 1, Color::Grey},        {2, 2, Color::Orange},
+      {0, 900, Color::Blue},    {500, 900, Color::Blue}, {1000, 1000, Color::Blue},
+      {1001, 1000, Color::Red}, {9000, 900, Color::Red}, {500, 0, Color::Grey},
+      {0, 0, Color::Grey},      {1, 1, Color::Grey},     {2, 2, Color::Blue},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(testing::Message() << row.usedMa << " of " << row.portMaxMa);

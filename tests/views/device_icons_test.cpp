@@ -31,7 +31,15 @@ TEST(USBDeviceIcon, IsGuessedFromTheName) {
       {"External Disk", "externaldrive"},
       {"Card Reader", "sdcard"},
       {"Serial Adapter", "cable.connector"},
-      {"", "cable.connector"},
+      {"FTDI Serial", "cable.connector"},
+      {"Papermoor 420 Printer", "printer"},
+      {"Portable Display", "display"},
+      {"USB Monitor", "display"},
+      {"MIDI Interface", "pianokeys"},
+      {"Stage Piano", "pianokeys"},
+      {"Drum Pad", "pianokeys"},
+      {"Something else", "memorychip"},
+      {"", "memorychip"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -83,11 +91,11 @@ TEST(ThunderboltDeviceIcon, IsGuessedFromTheName) {
     const char* name;
     const char* symbol;
   } rows[] = {
-      {"Harbour Dock", "dock.rectangle"},    {"HARBOUR DOCK", "dock.rectangle"},
-      {"Studio Audio", "hifispeaker"},       {"Satellite", "externaldrive"},
-      {"Studio Display", "display"},         {"Quarry RAID", "externaldrive"},
-      {"Quarry SSD", "externaldrive"},       {"Element Hub", "arrow.triangle.branch"},
-      {"Something else", "cable.connector"}, {"", "cable.connector"},
+      {"Harbour Dock", "dock.rectangle"}, {"HARBOUR DOCK", "dock.rectangle"},
+      {"Studio Audio", "hifispeaker"},    {"Satellite", "externaldrive"},
+      {"Studio Display", "display"},      {"Quarry RAID", "externaldrive"},
+      {"Quarry SSD", "externaldrive"},    {"Element Hub", "arrow.triangle.branch"},
+      {"Something else", "memorychip"},   {"", "memorychip"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

@@ -1,3 +1,4 @@
+#include "i18n/loc.h"
 #include "support/language_scope.h"
 #include "support/sample_records.h"
 #include "views/panel.h"
@@ -5,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace tamberline {
@@ -38,24 +40,32 @@ TEST(Panel, ShowsAMessageIfItHasNoCards) {
     PanelInputs inputs;
     Panel::State state;
     std::optional<std::string> message;
+    std::string_view hint;
   } rows[] = {
-      {"nothing found", {}, Panel::State::Empty, "No ports detected"},
-      {"first scan", {.isScanning = true}, Panel::State::Scanning, "Scanning ports…"},
-      {"failed", {.errorMessage = "broken"}, Panel::State::Error, "broken"},
+      {"nothing found", {}, Panel::State::Empty, "No ports detected", Loc::hintNoPorts()},
+      {"first scan",
+       {.isScanning = true},
+       Panel::State::Scanning,
+       "Scanning ports…",
+       Loc::hintFirstScan()},
+      {"failed", {.errorMessage = "broken"}, Panel::State::Error, "broken", Loc::hintScanFailed()},
       {"scanning after a failure",
        {.isScanning = true, .errorMessage = "broken"},
        Panel::State::Error,
-       "broken"},
+       "broken",
+       Loc::hintScanFailed()},
       {"failed with a tree",
        {.portTree = tree, .errorMessage = "broken"},
        Panel::State::Error,
-       "broken"},
+       "broken",
+       Loc::hintScanFailed()},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
     const Panel panel = describePanel(row.inputs);
     EXPECT_EQ(panel.state, row.state);
     EXPECT_EQ(panel.message, row.message);
+    EXPECT_EQ(panel.hint, row.hint);
     EXPECT_TRUE(panel.cards.empty());
   }
 }
@@ -66,6 +76,14 @@ TEST(Panel, KeepsItsCardsDuringARescan) {
   EXPECT_EQ(panel.state, Panel::State::Cards);
   EXPECT_EQ(panel.message, std::nullopt);
   EXPECT_EQ(panel.cards.size(), 1U);
+}
+
+TEST(Panel, SaysWhyDevicesAreListedByBus) {
+  const TreeNode bus(TreeNode::USBBusEntry{addOnBus("USB31Bus", {})});
+  EXPECT_EQ(panelOf({bus}).hint, Loc::hintPortsUnknown());
+  EXPECT_EQ(panelOf({bus, bus}).hint, Loc::hintPortsUnknown());
+  EXPECT_EQ(panelOf({portNode(1), bus}).hint, std::nullopt);
+  EXPECT_EQ(panelOf({portNode(1)}).hint, std::nullopt);
 }
 
 TEST(Panel, HasOneCardPerTopLevelNodeInOrder) {
@@ -83,7 +101,7 @@ TEST(Panel, PassesItsFactsToThePortCards) {
   const Panel panel =
       describePanel({.portTree = {portNode(1)}, .portFacts = {.portCurrentLimitMa = {{1, 3000}}}});
 
-  EXPECT_EQ(std::get<PortCard>(panel.cards.at(0)).header.badges.at(0).badge.text, "15 W");
+  EXPECT_EQ(std::get<PortCard>(panel.cards.at(0)).header.badges.at(0).badge.text, "≤ 15 W");
 }
 
 TEST(BusCard, ShowsHeaderAndDevices) {

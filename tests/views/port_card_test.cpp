@@ -156,7 +156,8 @@ TEST(PortTitle, SpeaksTheLanguageOfTheRun) {
 TEST(CapacityBadge, ShowsTheCurrentLimitAsWatts) {
   const PortCard card = cardOf({}, withLimit(3000));
 
-  EXPECT_EQ(badgesText(card), "15 W | no icon | no color | Port power capacity: 3000 mA at 5 V\n");
+  EXPECT_EQ(badgesText(card),
+            "≤ 15 W | no icon | no color | Port power capacity: 3000 mA at 5 V\n");
   EXPECT_EQ(badgeKinds(card), Kinds{PortBadge::Kind::capacity});
 }
 
@@ -164,11 +165,19 @@ TEST(CapacityBadge, HasADecimalOnlyWhereNeeded) {
   const struct {
     std::int64_t limitMa;
     const char* text;
-  } rows[] = {{900, "4.5 W"}, {500, "2.5 W"}, {1000, "5 W"}, {2000, "10 W"}, {4000, "20 W"}};
+  } rows[] = {
+      {900, "≤ 4.5 W"}, {500, "≤ 2.5 W"}, {1000, "≤ 5 W"}, {2000, "≤ 10 W"}, {4000, "≤ 20 W"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.limitMa);
     EXPECT_EQ(cardOf({}, withLimit(row.limitMa)).header.badges.at(0).badge.text, row.text);
   }
+}
+
+TEST(PortBadges, SayWhatTheirFiguresMean) {
+  const PortCard idle = cardOf({}, withLimit(3000));
+  EXPECT_EQ(idle.header.badges.at(0).spoken, "supplies up to 15 W");
+  const PortCard charging = cardOf({chargerNode(58)});
+  EXPECT_EQ(charging.header.badges.at(0).spoken, "the charger delivers 58W");
 }
 
 TEST(CapacityBadge, IsLeftOutForALimitOfZeroOrOfAnotherPort) {

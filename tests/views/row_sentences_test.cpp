@@ -32,6 +32,11 @@ TEST(RowSentence, NamesAnAdapterThatHasNoName) {
   EXPECT_EQ(sentenceOf(ChargerRow{" ", "70 W rated", true}), "Power Adapter, charging, 70 W rated");
 }
 
+TEST(RowSentence, SaysThatAnAdapterDoesNotCharge) {
+  EXPECT_EQ(sentenceOf(ChargerRow{"70W Adapter", "70 W rated", false}),
+            "70W Adapter, not charging, 70 W rated");
+}
+
 /// The sentences of all kinds, in the language of the run.
 std::string everything() {
   const PortCard port{
@@ -39,8 +44,8 @@ std::string everything() {
       .header = {.dotTooltip = "In use",
                  .title = "Thunderbolt Port 1",
                  .itemCount = "3 items",
-                 .badges = {{PortBadge::Kind::capacity, {.text = "15 W"}},
-                            {PortBadge::Kind::speed, {.text = "40 Gb/s"}}}},
+                 .badges = {{PortBadge::Kind::capacity, {.text = "≤ 15 W"}, "supplies up to 15 W"},
+                            {PortBadge::Kind::cable, {.text = "active cable"}, ""}}},
       .power = {.measured = MeasuredPower{.used = "3.8 W used",
                                           .allocated = "15.0 W allocated",
                                           .voltageCurrent = "5.0 V · 0.75 A"},
@@ -65,7 +70,7 @@ std::string everything() {
 
 TEST(RowSentences, SayEverythingThatARowShows) {
   EXPECT_EQ(everything(),
-            "Thunderbolt Port 1, 3 items, 15 W, 40 Gb/s, expanded\n"
+            "Thunderbolt Port 1, 3 items, supplies up to 15 W, active cable, expanded\n"
             "3.8 W used, 15.0 W allocated, 5.0 V · 0.75 A, 2.5 W rated · 4.5 W allocated, "
             "15.0 W port max\n"
             "Harbour Dock, USB4 40G, 20 Gb/s × 1, 40 Gb/s, 4.5W, expanded\n"
@@ -79,7 +84,8 @@ TEST(RowSentences, SayEverythingThatARowShows) {
 
 TEST(RowSentences, SpeakTheLanguageOfTheRun) {
   const LanguageScope german(AppLanguage::de);
-  EXPECT_EQ(everything(), "Thunderbolt Port 1, 3 items, 15 W, 40 Gb/s, aufgeklappt\n"
+  EXPECT_EQ(everything(), "Thunderbolt Port 1, 3 items, supplies up to 15 W, active cable, "
+                          "aufgeklappt\n"
                           "3.8 W used, 15.0 W allocated, 5.0 V · 0.75 A, 2.5 W rated · 4.5 W "
                           "zugewiesen, 15.0 W Port-Maximum\n"
                           "Harbour Dock, USB4 40G, 20 Gb/s × 1, 40 Gb/s, 4.5W, aufgeklappt\n"
@@ -153,8 +159,8 @@ TEST(RowSentences, OmitHiddenParts) {
       {"a bare dock", TBDeviceRow{.name = "Dock"}, "Dock"},
       {"a bare bus", USBBusHeaderRow{.name = "Bus"}, "Bus"},
       {"an adapter that does not charge", ChargerRow{"Adapter", "60 W rated", false},
-       "Adapter, 60 W rated"},
-      {"a bare adapter", ChargerRow{.name = "Adapter"}, "Adapter"},
+       "Adapter, not charging, 60 W rated"},
+      {"a bare adapter", ChargerRow{.name = "Adapter"}, "Adapter, not charging"},
       {"charging only",
        ChargingOnlyRow{.title = "Charging only", .detail = "Powered", .badge = {.text = "no data"}},
        "Charging only, no data, Powered"},

@@ -4,11 +4,12 @@ import Tamberline.Controls
 // Outlines `item` while it has keyboard focus.
 Rectangle {
     required property Item item
+    readonly property bool isFocused: item.Window.active && item.Window.activeFocusItem === item
 
     anchors.fill: parent
     border.color: Theme.accent
-    border.width: 2
+    border.width: isFocused ? 2 : 0
     color: "transparent"
     radius: 6
-    visible: item.Window.active && item.Window.activeFocusItem === item
+    visible: isFocused
 }

@@ -2,14 +2,14 @@ import QtQuick
 import Tamberline.Controls
 
 // Shows that something is in progress.
-SymbolIcon {
+Arc {
     id: spinner
 
     required property string label
 
     color: Theme.secondary
-    name: "arrow.clockwise"
-    Accessible.ignored: false
+    implicitHeight: Theme.symbolSize
+    implicitWidth: Theme.symbolSize
     Accessible.name: label
     Accessible.role: Accessible.Indicator
 

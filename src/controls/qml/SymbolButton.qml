@@ -1,7 +1,8 @@
 import QtQuick
 import Tamberline.Controls
 
-// A button with a symbol. The screen reader reads its tooltip as its name.
+// A button with a symbol. The area that can be pressed is larger than a small symbol and then
+// reaches beyond the button's place in its line. The screen reader reads its tooltip as its name.
 Item {
     id: button
 
@@ -25,31 +26,34 @@ Item {
     Keys.onReturnPressed: triggered()
     Keys.onSpacePressed: triggered()
 
-    Rectangle {
-        anchors.fill: parent
-        color: Theme.text
-        opacity: mouse.pressed ? 0.14 : 0.07
-        radius: 6
-        visible: hover.hovered && button.enabled
+    MouseArea {
+        id: mouse
+
+        anchors.centerIn: parent
+        height: Theme.buttonSize
+        width: Theme.buttonSize
+        onClicked: button.triggered()
+        onPressed: Tooltips.hide()
+
+        Rectangle {
+            anchors.fill: parent
+            color: Theme.text
+            opacity: mouse.pressed ? 0.14 : 0.07
+            radius: 6
+            visible: hover.hovered && button.enabled
+        }
+        FocusRing {
+            item: button
+        }
+        Tooltip {
+            id: hover
+
+            text: button.tooltip
+        }
     }
     SymbolIcon {
         anchors.centerIn: parent
         color: button.color
         name: button.symbol
-    }
-    FocusRing {
-        item: button
-    }
-    Tooltip {
-        id: hover
-
-        text: button.tooltip
-    }
-    MouseArea {
-        id: mouse
-
-        anchors.fill: parent
-        onClicked: button.triggered()
-        onPressed: Tooltips.hide()
     }
 }

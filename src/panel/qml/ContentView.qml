@@ -6,6 +6,7 @@ import Tamberline.Controls
 FocusScope {
     id: content
 
+    clip: true // the list area has its new height before the window has
     focus: true
 
     Binding {
@@ -74,11 +75,21 @@ FocusScope {
         height: Sizing.listAreaHeight
     }
     Rectangle {
-        anchors.bottom: footer.top
+        anchors.bottom: hint.top
         anchors.left: parent.left
         anchors.right: parent.right
         color: Theme.separator
         height: 1
+    }
+    HintBelowCards {
+        id: hint
+
+        anchors.bottom: footer.top
+        anchors.left: parent.left
+        anchors.right: parent.right
+    }
+    ChromeHeightKey {
+        height: hint.height
     }
     PanelFooter {
         id: footer
@@ -96,6 +107,7 @@ FocusScope {
         onPressed: Popover.close()
     }
     PopupBox {
+        beyond: Popover.beyond
         target: Popover.target
 
         Paragraph {

@@ -7,6 +7,7 @@ import Tamberline.Views
 Item {
     id: errorBox
 
+    required property string hint
     required property string message
 
     implicitHeight: box.height + 24
@@ -15,7 +16,7 @@ Item {
         id: box
 
         color: "transparent"
-        height: text.implicitHeight + 24
+        height: texts.implicitHeight + 24
         width: parent.width - 24
         x: 12
         y: 12
@@ -34,17 +35,27 @@ Item {
             x: 12
             name: "exclamationmark.triangle"
         }
-        Paragraph {
-            id: text
+        Stack {
+            id: texts
 
             anchors.left: symbol.right
             anchors.leftMargin: 8
             anchors.right: parent.right
             anchors.rightMargin: 12
             anchors.verticalCenter: parent.verticalCenter
-            font: Theme.captionFont
-            text: errorBox.message
-            Accessible.role: Accessible.AlertMessage
+            spacing: 4
+
+            Paragraph {
+                font: Theme.captionFont
+                text: errorBox.message
+                width: parent.width
+                Accessible.role: Accessible.AlertMessage
+            }
+            Paragraph {
+                color: Theme.secondary
+                text: errorBox.hint
+                width: parent.width
+            }
         }
     }
 }

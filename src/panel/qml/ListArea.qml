@@ -27,6 +27,7 @@ Item {
     ErrorBox {
         id: errorBox
 
+        hint: Panel.hint
         message: Panel.message
         visible: Panel.state === Views.Error
         width: parent.width
@@ -37,6 +38,7 @@ Item {
     Notice {
         id: notice
 
+        hint: Panel.hint
         message: Panel.message
         symbol: Panel.state === Views.Empty ? "cable.connector" : ""
         visible: Panel.state === Views.Empty || Panel.state === Views.Scanning

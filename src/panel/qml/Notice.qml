@@ -5,6 +5,7 @@ import Tamberline.Controls
 Item {
     id: notice
 
+    required property string hint
     required property string message
     required property string symbol
 
@@ -30,6 +31,12 @@ Item {
             font: Theme.captionFont
             horizontalAlignment: Text.AlignHCenter
             text: notice.message
+            width: parent.width
+        }
+        Paragraph {
+            color: Theme.secondary
+            horizontalAlignment: Text.AlignHCenter
+            text: notice.hint
             width: parent.width
         }
     }

@@ -2,35 +2,42 @@ import QtQuick
 import Tamberline
 import Tamberline.Controls
 
-// The manual button, the time of the last scan, and the quit button.
-Item {
-    implicitHeight: line.implicitHeight + line.y * 2
+// The manual button, the time of the last scan, and the quit button. Opaque, because the list may
+// reach below it for a moment while the window is about to grow.
+Rectangle {
+    color: Theme.window
+    implicitHeight: Math.max(manual.height, updated.height, quit.height) + 16
 
-    LineLayout {
-        id: line
+    SymbolButton {
+        id: manual
 
-        minElasticWidth: Theme.minNameWidth
-        spacing: 8
-        width: parent.width - x - 14
+        anchors.verticalCenter: parent.verticalCenter
+        enabled: Panel.canOpenManual
+        tooltip: Panel.texts.hintManual
+        symbol: "info.circle"
         x: 8
-        y: 8
+        onTriggered: Panel.openManual()
+    }
+    Paragraph {
+        id: updated
 
-        SymbolButton {
-            enabled: Panel.canOpenManual
-            tooltip: Panel.texts.hintManual
-            symbol: "info.circle"
-            onTriggered: Panel.openManual()
-        }
-        TextLine {
-            color: Theme.secondary
-            text: Updated.text
-            LineLayout.isElastic: true
-        }
-        TextButton {
-            enabled: Panel.canQuit
-            text: Panel.texts.quit
-            LineLayout.isTrailing: true
-            onTriggered: Panel.quit()
-        }
+        anchors.left: manual.right
+        anchors.leftMargin: 8
+        anchors.right: quit.left
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.secondary
+        horizontalAlignment: Text.AlignHCenter
+        text: Updated.text
+    }
+    TextButton {
+        id: quit
+
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        anchors.verticalCenter: parent.verticalCenter
+        enabled: Panel.canQuit
+        text: Panel.texts.quit
+        onTriggered: Panel.quit()
     }
 }

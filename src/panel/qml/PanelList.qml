@@ -154,7 +154,6 @@ ListView {
                 required property chargingOnlyRow content
 
                 ChargingOnlyRow {
-                    answer: chargingRow.answer
                     content: chargingRow.content
                     width: parent.width
                 }
@@ -162,6 +161,15 @@ ListView {
         }
     }
 
+    ReadingOrder {
+        list: list
+        model: Panel.rows
+    }
+    RowMotion {
+        isAllowed: Motion.isAllowed
+        list: list
+        model: Panel.rows
+    }
     ScrollProxy {
         id: proxy
 

@@ -3,7 +3,7 @@ import Tamberline.Controls
 import Tamberline.Views
 
 // The power that both ends of a port's connection agreed on.
-LineLayout {
+RowLine {
     id: row
 
     required property agreedPowerRow power
@@ -15,6 +15,7 @@ LineLayout {
         implicitHeight: Theme.smallSymbolSize
         implicitWidth: Theme.smallSymbolSize
         name: "bolt.fill"
+        LineLayout.isLeading: true
     }
     TextLine {
         text: row.power.watts

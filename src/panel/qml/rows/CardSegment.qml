@@ -14,11 +14,18 @@ FocusScope {
     required property string sentence
     required property bool canExpand
     required property rowAnswer answer
+    property real slide
     property int topPadding: 2
     default property alias lines: body.data
     readonly property int overlap: 12
+    readonly property int inset: 6 // between the card's padding and the content of its rows
     readonly property int gap: isLastOfCard ? 10 : 0
     readonly property int bottomPadding: isLastOfCard ? 12 : 2
+    // From the edges of the line's part of the card to the area that shows focus and the pointer.
+    property int areaLeft: 16
+    property int areaTop: isFirstOfCard ? 4 : 0
+    property int areaRight: 16
+    property int areaBottom: isLastOfCard ? 4 : 0
 
     implicitHeight: body.y + body.childrenRect.height + bottomPadding + gap
     width: ListView.view.width
@@ -27,6 +34,10 @@ FocusScope {
     Accessible.role: canExpand ? Accessible.Button : Accessible.ListItem
     Accessible.onPressAction: Panel.toggle(index)
     onActiveFocusChanged: ListView.view.currentIndex = activeFocus ? index : ListView.view.currentIndex
+
+    transform: Translate {
+        y: segment.slide
+    }
 
     Item {
         clip: true
@@ -44,7 +55,14 @@ FocusScope {
             y: segment.isFirstOfCard ? 0 : -segment.overlap
         }
     }
+    HoverHandler {
+        id: hover
+
+        enabled: segment.canExpand
+    }
     MouseArea {
+        id: mouse
+
         anchors.bottomMargin: segment.gap
         anchors.fill: parent
         anchors.leftMargin: 12
@@ -59,16 +77,18 @@ FocusScope {
     Item {
         id: body
 
-        width: parent.width - 48
-        x: 24
+        width: parent.width - x - 24
+        x: 24 + segment.inset
         y: segment.isFirstOfCard ? 12 : segment.topPadding
     }
     FocusRing {
-        anchors.bottomMargin: segment.gap + 1
-        anchors.leftMargin: 13
-        anchors.rightMargin: 13
-        anchors.topMargin: 1
+        anchors.bottomMargin: segment.gap + segment.areaBottom
+        anchors.leftMargin: segment.areaLeft
+        anchors.rightMargin: segment.areaRight
+        anchors.topMargin: segment.areaTop
+        color: mouse.pressed ? Theme.pressedWash : hover.hovered ? Theme.hoverWash : "transparent"
         item: segment
-        radius: 9
+        radius: 7
+        visible: isFocused || hover.hovered
     }
 }

@@ -8,12 +8,17 @@ CardSegment {
 
     required property chargerRow content
 
+    areaBottom: bottomPadding - 1
+    areaLeft: 23
+    areaRight: 23
+    areaTop: topPadding - 1
     topPadding: 4
 
     Rectangle {
         color: "transparent"
         height: row.height + 12
-        width: parent.width
+        width: parent.width - x
+        x: -segment.inset
 
         Rectangle {
             anchors.fill: parent
@@ -26,8 +31,8 @@ CardSegment {
 
             answer: segment.answer
             content: segment.content
-            width: parent.width - 16
-            x: 8
+            width: parent.width - x
+            x: segment.inset
             y: 6
         }
     }

@@ -19,7 +19,7 @@ CardSegment {
             anchors.margins: -4
             phase: segment.pulse
         }
-        LineLayout {
+        RowLine {
             id: line
 
             minElasticWidth: Theme.minTitleWidth
@@ -27,8 +27,9 @@ CardSegment {
             width: parent.width
 
             SymbolIcon {
-                color: StatusColors.fills.of(Views.Yellow)
+                color: segment.content.isCharging ? StatusColors.marks.of(Views.Yellow) : Theme.secondary
                 name: segment.content.icon
+                LineLayout.isLeading: true
             }
             TextLine {
                 font: Theme.subheadlineFont

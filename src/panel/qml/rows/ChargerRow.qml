@@ -4,22 +4,20 @@ import Tamberline.Controls
 import Tamberline.Views
 
 // The power adapter in one line.
-LineLayout {
+RowLine {
     id: row
 
     required property rowAnswer answer
     required property chargerRow content
 
     alignsBaselines: true
-    minElasticWidth: Theme.minNameWidth
-    lineSpacing: 2
-    spacing: 6
 
     Symbol {
-        color: StatusColors.fills.of(Views.Yellow)
+        color: row.content.isCharging ? StatusColors.marks.of(Views.Yellow) : Theme.secondary
         implicitHeight: Theme.smallSymbolSize
         implicitWidth: Theme.smallSymbolSize
         name: "bolt.horizontal"
+        LineLayout.isLeading: true
     }
     NameLabel {
         name: row.content.name
@@ -38,6 +36,7 @@ LineLayout {
         TextLine {
             color: row.content.isCharging ? StatusColors.inks.of(Views.Green) : Theme.secondary
             text: row.content.rated
+            tooltip: row.content.tooltip
         }
     }
     RowEnd {

@@ -13,10 +13,16 @@ CardSegment {
     required property int pulse
     default property alias rowContent: slot.data
 
+    areaBottom: bottomPadding - 1
+    areaLeft: 23 + depth * 16
+    areaRight: 23
+    areaTop: topPadding - 1
+
     HierarchyRow {
         depth: row.depth
         isLast: row.isLast
-        width: parent.width
+        width: parent.width - x
+        x: -row.inset
 
         Item {
             implicitHeight: slot.childrenRect.height + 12
@@ -37,8 +43,8 @@ CardSegment {
                 id: slot
 
                 height: childrenRect.height
-                width: parent.width - 16
-                x: 8
+                width: parent.width - x
+                x: row.inset
                 y: 6
             }
         }

@@ -3,15 +3,15 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// The measured power of a port, updated live.
+// The measured power of a port, updated live: the texts, and a bar right below them.
 Stack {
     id: row
 
     required property measuredPower power
 
-    spacing: 3
+    spacing: 2
 
-    LineLayout {
+    RowLine {
         spacing: 4
         width: parent.width
 
@@ -20,16 +20,14 @@ Stack {
             implicitHeight: Theme.smallSymbolSize
             implicitWidth: Theme.smallSymbolSize
             name: "bolt.fill"
+            LineLayout.isLeading: true
         }
         TextLine {
             text: row.power.used
             tooltip: row.power.tooltip
         }
-        TextLine {
-            color: Theme.secondary
-            text: "·"
+        Separator {
             visible: row.power.allocated !== ""
-            Accessible.ignored: true
         }
         TextLine {
             color: Theme.secondary
@@ -46,7 +44,8 @@ Stack {
     TriBar {
         bar: row.power.bar
         color: StatusColors.fills.of(Views.Blue)
-        width: parent.width
+        width: parent.width - x - Theme.chevronWidth
+        x: Theme.textIndent
 
         Tooltip {
             text: row.power.tooltip

@@ -12,15 +12,15 @@ CardSegment {
 
     topPadding: 6
 
-    Row {
-        spacing: 6
+    RowLine {
+        width: parent.width
 
         SymbolIcon {
             color: Theme.secondary
             name: "minus.circle"
+            LineLayout.isLeading: true
         }
         TextLine {
-            anchors.verticalCenter: parent.verticalCenter
             color: Theme.secondary
             text: segment.content.text
         }

@@ -24,10 +24,9 @@ CardSegment {
         Stack {
             id: lines
 
-            anchors.left: symbol.right
-            anchors.leftMargin: 6
-            anchors.right: parent.right
             spacing: 2
+            width: parent.width - x - Theme.chevronWidth
+            x: Theme.textIndent
 
             Paragraph {
                 text: segment.content.title

@@ -10,14 +10,16 @@ CardSegment {
     required property portHeader content
     required property bool isExpanded
 
+    areaBottom: isExpanded ? 9 : 4
+
     Stack {
         bottomPadding: card.isExpanded ? 4 : 0
         spacing: 10
         width: parent.width
 
-        LineLayout {
-            minElasticWidth: Theme.minTitleWidth
+        RowLine {
             lineSpacing: 4
+            minElasticWidth: Theme.minTitleWidth
             spacing: 8
             width: parent.width
 
@@ -26,6 +28,7 @@ CardSegment {
                 implicitHeight: 9
                 implicitWidth: 9
                 opacity: card.content.inUse ? 1 : 0.35
+                LineLayout.isLeading: true
                 Accessible.description: card.content.dotTooltip
                 Accessible.name: card.content.dotTooltip
                 Accessible.role: Accessible.Indicator
@@ -83,8 +86,8 @@ CardSegment {
             color: Theme.separator
             height: 1
             visible: card.isExpanded
-            width: parent.width + 24
-            x: -12
+            width: parent.width + 24 + card.inset
+            x: -12 - card.inset
         }
     }
 }

@@ -11,7 +11,7 @@ CardSegment {
 
     Stack {
         bottomPadding: 4
-        spacing: 6
+        spacing: 8
         width: parent.width
 
         Loader {

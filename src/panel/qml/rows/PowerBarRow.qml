@@ -3,15 +3,15 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// A bar for the rated draw in relation to a port's budget.
+// A rated draw in relation to a port's budget: the texts, and a bar right below them.
 Stack {
     id: row
 
     required property powerBarRow powerBar
 
-    spacing: 3
+    spacing: 2
 
-    LineLayout {
+    RowLine {
         spacing: 4
         width: parent.width
 
@@ -20,10 +20,14 @@ Stack {
             implicitHeight: Theme.smallSymbolSize
             implicitWidth: Theme.smallSymbolSize
             name: "bolt.fill"
+            LineLayout.isLeading: true
         }
         TextLine {
             text: row.powerBar.used
             tooltip: row.powerBar.tooltip
+        }
+        Separator {
+            visible: row.powerBar.allocated !== ""
         }
         TextLine {
             color: Theme.secondary
@@ -40,7 +44,8 @@ Stack {
     TriBar {
         bar: row.powerBar.bar
         color: StatusColors.fills.of(row.powerBar.color)
-        width: parent.width
+        width: parent.width - x - Theme.chevronWidth
+        x: Theme.textIndent
 
         Tooltip {
             text: row.powerBar.tooltip

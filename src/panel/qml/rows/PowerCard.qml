@@ -30,7 +30,7 @@ Rectangle {
             width: parent.width
 
             SymbolIcon {
-                color: StatusColors.fills.of(Views.Yellow)
+                color: StatusColors.marks.of(Views.Yellow)
                 name: "bolt.fill"
             }
             NameLabel {

@@ -3,25 +3,15 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// A bar for a negotiated speed in relation to the max speed.
+// A negotiated speed in relation to the max speed: the texts, and a bar right below them.
 Stack {
     id: row
 
     required property speedBarRow speedBar
 
-    spacing: 3
+    spacing: 2
 
-    TriBar {
-        bar: row.speedBar.bar
-        color: StatusColors.fills.of(row.speedBar.color)
-        width: parent.width
-
-        Tooltip {
-            text: row.speedBar.tooltip
-        }
-    }
-    LineLayout {
-        spacing: 8
+    RowLine {
         width: parent.width
 
         TextLine {
@@ -34,6 +24,16 @@ Stack {
             text: row.speedBar.portMaxLabel
             tooltip: row.speedBar.tooltip
             LineLayout.isTrailing: true
+        }
+    }
+    TriBar {
+        bar: row.speedBar.bar
+        color: StatusColors.fills.of(row.speedBar.color)
+        width: parent.width - x - Theme.chevronWidth
+        x: Theme.textIndent
+
+        Tooltip {
+            text: row.speedBar.tooltip
         }
     }
 }

@@ -12,18 +12,16 @@ Stack {
     required property bool canExpand
     required property bool isExpanded
 
-    spacing: 4
+    spacing: 8
 
-    LineLayout {
-        minElasticWidth: Theme.minNameWidth
-        lineSpacing: 2
-        spacing: 6
+    RowLine {
         width: parent.width
 
         SymbolIcon {
             color: StatusColors.inks.of(Views.Accent)
             name: row.content.icon
             opacity: 0.8
+            LineLayout.isLeading: true
         }
         NameLabel {
             name: row.content.name

@@ -4,7 +4,7 @@ import Tamberline.Controls
 import Tamberline.Views
 
 // A USB bus.
-LineLayout {
+RowLine {
     id: row
 
     required property usbBusHeaderRow content
@@ -12,14 +12,12 @@ LineLayout {
     required property bool canExpand
     required property bool isExpanded
 
-    minElasticWidth: Theme.minNameWidth
-    spacing: 6
-
     Symbol {
         color: Theme.secondary
         implicitHeight: Theme.smallSymbolSize
         implicitWidth: Theme.smallSymbolSize
         name: "arrow.triangle.branch"
+        LineLayout.isLeading: true
     }
     NameLabel {
         name: row.content.name

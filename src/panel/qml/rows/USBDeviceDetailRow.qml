@@ -12,18 +12,16 @@ Stack {
     required property bool canExpand
     required property bool isExpanded
 
-    spacing: 4
+    spacing: 8
 
-    LineLayout {
-        minElasticWidth: Theme.minNameWidth
-        lineSpacing: 2
-        spacing: 6
+    RowLine {
         width: parent.width
 
         SymbolIcon {
             color: StatusColors.inks.of(Views.Accent)
             name: row.content.icon
             opacity: 0.8
+            LineLayout.isLeading: true
         }
         NameLabel {
             name: row.content.name
@@ -43,7 +41,7 @@ Stack {
             symbol: "arrow.up.circle"
             visible: row.content.speedNote.title !== ""
             LineLayout.isTrailing: true
-            onTriggered: Popover.toggle(explain, row.content.speedNote.title, row.content.speedNote.note, row.answer.text)
+            onTriggered: Popover.toggle(explain, row.content.speedNote.title, row.content.speedNote.note, row.answer.text, speedBar)
         }
         TextLine {
             color: Theme.secondary
@@ -59,6 +57,8 @@ Stack {
         }
     }
     Loader {
+        id: speedBar
+
         active: row.content.hasSpeedBar
         visible: active
         width: parent.width
