@@ -24,7 +24,8 @@ TamberlineApp::TamberlineApp(const ScannerServices& outside, std::shared_ptr<Mai
       benchmark_(outside.benchmark), manual_(manualFolder(QCoreApplication::applicationDirPath())),
       scanner_(PortScanner::create(outside)),
       shell_({.scanner = scanner_, .queue = std::move(queue), .actions = actions(outside)},
-             {.kind = [this] { return panelKind(); }, .places = places_}) {}
+             {.kind = [this] { return panelKind(); }, .places = places_}),
+      animations_(std::move(desktop.animations)) {}
 
 void TamberlineApp::start(StartedBy starter) {
   QApplication::setQuitOnLastWindowClosed(false);
@@ -32,6 +33,10 @@ void TamberlineApp::start(StartedBy starter) {
                    [this] { endWithoutIcon(); });
   if (tray_) {
     showIcon();
+  }
+  if (animations_) {
+    animations_->follow(
+        [this](bool isAllowed) { shell_.context().motion()->setAllowed(isAllowed); });
   }
   if (starter == StartedBy::person) {
     raise();

@@ -2,6 +2,7 @@
 
 #include "app/manual_window.h"
 #include "app/panel_shell.h"
+#include "desktop/animation_setting.h"
 #include "desktop/tray.h"
 #include "desktop/window_places.h"
 #include "scanner/port_scanner.h"
@@ -18,6 +19,7 @@ public:
   struct Desktop {
     std::unique_ptr<Tray> tray;
     std::shared_ptr<WindowPlaces> places = std::make_shared<FreeWindowPlaces>();
+    std::unique_ptr<AnimationSetting> animations = nullptr; // null: rows do not move
   };
 
   enum class StartedBy : unsigned char {
@@ -53,6 +55,7 @@ private:
   ManualWindow manual_;
   std::shared_ptr<PortScanner> scanner_;
   PanelShell shell_;
+  std::unique_ptr<AnimationSetting> animations_; // may be null
 };
 
 } // namespace tamberline

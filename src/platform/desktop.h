@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/animation_setting.h"
 #include "desktop/tray.h"
 #include "desktop/window_places.h"
 
@@ -26,8 +27,10 @@ bool takeStartInBackground();
 /// Whether the panel opens when the user starts the program.
 bool opensPanelOnStart();
 
-/// Both require the application object.
+/// These require the application object.
 std::shared_ptr<WindowPlaces> makeWindowPlaces();
 std::unique_ptr<Tray> makeDesktopTray(const std::shared_ptr<WindowPlaces>& places);
+/// Null if this program does not read the setting on this system.
+std::unique_ptr<AnimationSetting> makeAnimationSetting();
 
 } // namespace tamberline

@@ -27,7 +27,7 @@ constexpr int exitUsage = 2;
 
 TamberlineApp::Desktop makeDesktop() {
   const std::shared_ptr<WindowPlaces> places = makeWindowPlaces();
-  return {.tray = makeDesktopTray(places), .places = places};
+  return {.tray = makeDesktopTray(places), .places = places, .animations = makeAnimationSetting()};
 }
 
 int run(bool isInBackground) {

@@ -41,4 +41,9 @@ std::unique_ptr<Tray> makeDesktopTray(const std::shared_ptr<WindowPlaces>& /*pla
   return std::make_unique<MacTray>();
 }
 
+/// So rows do not move here.
+std::unique_ptr<AnimationSetting> makeAnimationSetting() {
+  return nullptr;
+}
+
 } // namespace tamberline

@@ -2,6 +2,7 @@
 
 #include "platform/linux/desktop/layer_shell.h"
 #include "platform/linux/desktop/linux_tray.h"
+#include "platform/linux/desktop/portal_animation_setting.h"
 #include "platform/linux/desktop/x11_window_places.h"
 
 #include <QGuiApplication>
@@ -63,6 +64,10 @@ std::shared_ptr<WindowPlaces> makeWindowPlaces() {
 
 std::unique_ptr<Tray> makeDesktopTray(const std::shared_ptr<WindowPlaces>& places) {
   return std::make_unique<LinuxTray>(places);
+}
+
+std::unique_ptr<AnimationSetting> makeAnimationSetting() {
+  return std::make_unique<PortalAnimationSetting>(QDBusConnection::sessionBus());
 }
 
 } // namespace tamberline

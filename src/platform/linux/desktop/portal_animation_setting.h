@@ -1,0 +1,40 @@
+#pragma once
+
+#include "desktop/animation_setting.h"
+
+#include <QDBusConnection>
+#include <QDBusVariant>
+#include <QMap>
+#include <QObject>
+#include <QString>
+#include <QVariantMap>
+
+namespace tamberline {
+
+/// The settings of the desktop by group.
+using PortalSettings = QMap<QString, QVariantMap>;
+
+/// False if GNOME's or Plasma's setting forbids animation.
+bool allowsAnimation(const PortalSettings& settings);
+
+/// Asks the desktop portal. Without one, nobody has forbidden animation.
+class PortalAnimationSetting final : public QObject, public AnimationSetting {
+  Q_OBJECT
+
+public:
+  explicit PortalAnimationSetting(const QDBusConnection& bus) : bus_(bus) {}
+
+  void follow(std::function<void(bool isAllowed)> report) override;
+
+private slots:
+  void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+private:
+  void take(const PortalSettings& settings);
+
+  QDBusConnection bus_;
+  PortalSettings settings_;
+  std::function<void(bool isAllowed)> report_;
+};
+
+} // namespace tamberline
