@@ -94,6 +94,10 @@ TEST_F(ReplayProgram, MakesTheSamePictureEachTime) {
   EXPECT_EQ(picture({"--language", "de"}), picture({"--language", "de"}));
 }
 
+TEST_F(ReplayProgram, ShowsTheButtonsOfVolumesAsIfTheyWorked) {
+  EXPECT_NE(picture({"--expand-all", "--enable-volumes"}), picture({"--expand-all"}));
+}
+
 TEST_F(ReplayProgram, EveryOptionChangesThePicture) {
   const std::string plain = picture({});
   for (const std::vector<std::string>& options :
@@ -170,6 +174,8 @@ TEST_F(ReplayProgram, SaysWhatIsWrongWithItsArguments) {
       {{deskSample, "--font-scale", " 1"}, "the font scale is a number from 0.5 to 4, not ' 1'"},
       {{deskSample, "--font-scale", "1,5"}, "the font scale is a number from 0.5 to 4, not '1,5'"},
       {{deskSample, "--screenshot"}, "option '--screenshot' needs an argument"},
+      {{deskSample, "--enable-volumes"},
+       "volumes of another computer cannot be tested: --enable-volumes goes with --screenshot"},
       {{deskSample, "--places", "places.json"},
        "there are places only in a picture: --places goes with --screenshot"},
       {{deskSample, "--screenshot", "panel.jpg"},

@@ -23,6 +23,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace {
 
@@ -82,10 +83,15 @@ Replay replayOf(const ReplayOptions& options, const std::shared_ptr<MainQueue>& 
 
 /// The volumes of a saved machine are on another computer, so they can be neither tested nor
 /// ejected.
-PanelActions actionsWith(ManualWindow& manual) {
-  return {.openManual = [&manual] { manual.show(); },
-          .closePanel = [] { QApplication::quit(); },
-          .quit = [] { QApplication::quit(); }};
+PanelActions actionsWith(ManualWindow& manual, bool enablesVolumes) {
+  PanelActions actions{.openManual = [&manual] { manual.show(); },
+                       .closePanel = [] { QApplication::quit(); },
+                       .quit = [] { QApplication::quit(); }};
+  if (enablesVolumes) { // nobody can press anything in a picture
+    actions.runBenchmark = [](const std::string& /*mountPoint*/) {};
+    actions.eject = [](const std::string& /*mountPoint*/) {};
+  }
+  return actions;
 }
 
 int run(const ReplayOptions& options, int& argc, char** argv) {
@@ -109,8 +115,14 @@ int run(const ReplayOptions& options, int& argc, char** argv) {
   PanelShell shell({.scanner = replay.scanner,
                     .queue = queue,
                     .fontScale = options.fontScale,
-                    .actions = actionsWith(manual)},
+                    .actions = actionsWith(manual, options.enablesVolumes)},
                    {.places = makeWindowPlaces(), .isBoundByScreen = !options.screenshot});
+  const std::unique_ptr<AnimationSetting> animations =
+      options.screenshot ? nullptr : makeAnimationSetting();
+  if (animations) {
+    animations->follow(
+        [&shell](bool isAllowed) { shell.context().motion()->setAllowed(isAllowed); });
+  }
   const auto shown = showPanel(&shell, replay.scanner, queue, options);
   return QApplication::exec();
 }

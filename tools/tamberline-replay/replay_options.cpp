@@ -12,7 +12,7 @@ namespace tamberline {
 const std::string_view replayUsage =
     R"(Usage: tamberline-replay DIR [--language en|de|fr|it|es] [--theme light|dark]
                          [--font-scale F] [--expand-all] [--search TEXT]
-                         [--screenshot FILE.png [--places FILE.json]]
+                         [--screenshot FILE.png [--places FILE.json] [--enable-volumes]]
                          [--speed F] [--step N]
        tamberline-replay --help | --version
 
@@ -28,6 +28,7 @@ before.
   --font-scale F     multiplies the size of the text, from 0.5 to 4
   --expand-all       opens every card and row
   --search TEXT      searches for TEXT
+  --enable-volumes   in a picture: shows the buttons of volumes as if they worked
   --screenshot FILE  writes a picture of the panel to FILE, whose name ends in .png, and
                      ends; needs no display
   --places FILE      with a picture: writes where each text and button is in it to FILE
@@ -104,6 +105,7 @@ void addOptions(ArgumentParser& parser, ReplayOptions& options) {
                    [&](const Text& text) { options.fontScale = fontScaleOf(text); });
   parser.addFlag("--expand-all", options.expandsAll);
   parser.addOption("--search", [&](const Text& text) { options.searchText = text; });
+  parser.addFlag("--enable-volumes", options.enablesVolumes);
   parser.addOption("--screenshot",
                    [&](const Text& file) { options.screenshot = pictureFile(file); });
   parser.addOption("--places", [&](const Text& file) { options.places = file; });
@@ -133,6 +135,10 @@ void checkTogether(ReplayOptions& options) {
   std::error_code error;
   if (!std::filesystem::is_directory(options.reportsFolder, error)) {
     throw WrongArgument("there is no folder '" + options.reportsFolder.string() + "'");
+  }
+  if (options.enablesVolumes && !options.screenshot) {
+    throw WrongArgument("volumes of another computer cannot be tested: --enable-volumes goes with "
+                        "--screenshot");
   }
   if (options.places && !options.screenshot) {
     throw WrongArgument("there are places only in a picture: --places goes with --screenshot");

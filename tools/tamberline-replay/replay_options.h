@@ -29,6 +29,9 @@ struct ReplayOptions {
   std::optional<std::size_t> step;
   bool expandsAll = false;
   std::string searchText;
+  /// Shows the buttons of volumes as on the computer that the volumes are on; only with
+  /// `screenshot`.
+  bool enablesVolumes = false;
   /// The file for the picture; if absent, the panel is opened and stays open.
   std::optional<std::filesystem::path> screenshot;
   /// The file for the positions of texts and buttons in the picture; only with `screenshot`.

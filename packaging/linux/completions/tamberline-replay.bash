@@ -9,7 +9,7 @@ _tamberline_replay() {
     *)
       if [[ $current == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "--language --theme --font-scale --expand-all --search
-          --screenshot --places --speed --step --help -h --version -V" -- "$current")
+          --screenshot --places --enable-volumes --speed --step --help -h --version -V" -- "$current")
       else
         mapfile -t COMPREPLY < <(compgen -d -- "$current")
       fi

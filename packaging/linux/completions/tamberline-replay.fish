@@ -8,5 +8,6 @@ complete -c tamberline-replay -l screenshot -r -F -d 'Write a picture of the pan
 complete -c tamberline-replay -l places -r -F -d 'With a picture: write where its texts are'
 complete -c tamberline-replay -l speed -x -d 'Play a recording faster or slower'
 complete -c tamberline-replay -l step -x -d 'Begin a recording with a step, paused'
+complete -c tamberline-replay -l enable-volumes -d 'In a picture: show the buttons of volumes as if they worked'
 complete -c tamberline-replay -s h -l help -d 'Print a summary'
 complete -c tamberline-replay -s V -l version -d 'Print the version'
