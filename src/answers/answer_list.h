@@ -21,8 +21,8 @@ public:
 
 private:
   struct Entry {
-    const TreeNode* node;
-    Answer answer;
+    const TreeNode* node = nullptr;
+    Answer answer = {};
   };
 
   std::vector<Entry> entries_;

@@ -24,8 +24,8 @@ struct AnswerInputs {
   std::map<std::string, BenchmarkPhase> benchmarks = {};
 };
 
-/// Those that need attention first, then the notes, each in tree order. The time is linear in the
-/// size of the tree.
+/// Those that need attention first, then the notes, each in tree order. The time grows with the
+/// number of nodes, and for devices behind hubs with the number of those hubs.
 std::vector<Answer> findAnswers(const AnswerInputs& inputs);
 
 } // namespace tamberline

@@ -10,8 +10,8 @@ constexpr double nearlyAll = 0.9;
 constexpr double muchLess = 0.5;
 
 struct KnownPayload {
-  double gbps;
-  LinkPayload payload;
+  double gbps = 0;
+  LinkPayload payload = {};
 };
 
 /// docs/answers.md says where the figures come from.

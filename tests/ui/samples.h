@@ -30,7 +30,8 @@ inline constexpr std::array<AppLanguage, AppLanguage::count> allLanguages = {
 
 inline std::vector<SampleCase> allSampleCases() {
   std::vector<SampleCase> cases;
-  for (const char* sample : {"bare", "desk", "desktop", "laptop", "road", "studio"}) {
+  for (const char* sample :
+       {"bare", "desk", "desktop", "laptop", "not-charging", "road", "slow", "studio"}) {
     for (const AppLanguage language : allLanguages) {
       cases.push_back({sample, language});
     }
@@ -39,7 +40,9 @@ inline std::vector<SampleCase> allSampleCases() {
 }
 
 inline std::string nameOfSampleCase(const testing::TestParamInfo<SampleCase>& info) {
-  return info.param.sample + "_" + std::string(info.param.language.code());
+  std::string name = info.param.sample + "_" + std::string(info.param.language.code());
+  std::erase(name, '-');
+  return name;
 }
 
 inline std::string nameOfLanguage(const testing::TestParamInfo<AppLanguage>& info) {
