@@ -51,8 +51,8 @@ public:
   /// Prepares a panel that opens briefly beside its icon. Only if the decider is `program`, and
   /// only before the window is shown. Until the hold is destroyed, it reports clicks outside, which
   /// may end the hold; then it returns keyboard focus. Null if the desktop does all of this itself.
-  virtual std::unique_ptr<WindowHold> holdBesideIcon(QWindow& /*window*/,
-                                                     std::function<void()> /*clickedOutside*/) {
+  virtual std::unique_ptr<WindowHold>
+  holdBesideIcon(QWindow& /*window*/, const std::function<void()>& /*clickedOutside*/) {
     return nullptr;
   }
 

@@ -47,9 +47,9 @@ public:
   }
 
   std::unique_ptr<WindowHold> holdBesideIcon(QWindow& window,
-                                             std::function<void()> clickedOutside) override {
+                                             const std::function<void()>& clickedOutside) override {
     calls.emplace_back(window.isVisible() ? "hold shown window" : "hold hidden window");
-    events.clickedOutside = std::move(clickedOutside);
+    events.clickedOutside = clickedOutside;
     ++holds;
     return std::make_unique<Hold>(*this);
   }

@@ -46,10 +46,10 @@ MacWindowPlaces::holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/, HoldEv
   return nullptr;
 }
 
-std::unique_ptr<WindowHold> MacWindowPlaces::holdBesideIcon(QWindow& window,
-                                                            std::function<void()> clickedOutside) {
+std::unique_ptr<WindowHold>
+MacWindowPlaces::holdBesideIcon(QWindow& window, const std::function<void()>& clickedOutside) {
   prepareNativePanel(window.winId());
-  return std::make_unique<PanelHold>(std::move(clickedOutside));
+  return std::make_unique<PanelHold>(clickedOutside);
 }
 
 /// For a panel this does not call raise, with which Qt also activates the application. Qt does not

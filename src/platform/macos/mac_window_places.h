@@ -13,7 +13,7 @@ public:
   std::unique_ptr<WindowHold> holdInCorner(QWindow& window, Qt::Corner corner,
                                            HoldEvents events) override;
   std::unique_ptr<WindowHold> holdBesideIcon(QWindow& window,
-                                             std::function<void()> clickedOutside) override;
+                                             const std::function<void()>& clickedOutside) override;
   void bringToFront(QWindow& window) override;
 };
 
