@@ -13,21 +13,30 @@ foreach(source native_application native_panel symbol_drawing)
     COMMAND_EXPAND_LISTS)
 endforeach()
 
-# All but the symbols, which the stand-ins cannot draw, also run, with the Objective-C runtime that is
-# installed with clang.
-set(objects "")
-foreach(source ${macos}/native_application.mm ${macos}/native_panel.mm
-    ${CMAKE_CURRENT_SOURCE_DIR}/fake_app_kit.mm)
-  get_filename_component(name ${source} NAME_WE)
-  set(object ${CMAKE_CURRENT_BINARY_DIR}/${name}.o)
-  add_custom_command(OUTPUT ${object}
-    COMMAND ${compile} -g -fobjc-runtime=gcc -fblocks
-      -I${PROJECT_SOURCE_DIR}/src -I${PROJECT_SOURCE_DIR}/tests
-      -MD -MF ${object}.d -c ${source} -o ${object}
-    DEPENDS ${source} DEPFILE ${object}.d
-    COMMENT "Compiling ${name}.mm")
-  list(APPEND objects ${object})
-endforeach()
-tamberline_test(macos_objective_c_test
-  SOURCES native_application_test.cpp native_panel_test.cpp ${objects}
-  LINKS tamberline_options objc)
+# tamberline_objective_c_test(<name> SOURCES ... OBJECTIVE_C ... LINKS ...): a test program for which sources
+# in Objective-C are compiled for the runtime that is installed with clang.
+function(tamberline_objective_c_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;OBJECTIVE_C;LINKS" ${ARGN})
+  foreach(source IN LISTS TEST_OBJECTIVE_C)
+    get_filename_component(source_name ${source} NAME_WE)
+    set(object ${CMAKE_CURRENT_BINARY_DIR}/${source_name}.o)
+    add_custom_command(OUTPUT ${object}
+      COMMAND ${compile} -g -fobjc-runtime=gcc -fblocks
+        -I${PROJECT_SOURCE_DIR}/src -I${PROJECT_SOURCE_DIR}/tests "-isystem$<JOIN:${headers},;-isystem>"
+        -MD -MF ${object}.d -c ${source} -o ${object}
+      DEPENDS ${source} DEPFILE ${object}.d COMMAND_EXPAND_LISTS
+      COMMENT "Compiling ${source_name}.mm")
+    list(APPEND TEST_SOURCES ${object})
+  endforeach()
+  tamberline_test(${name} SOURCES ${TEST_SOURCES} LINKS ${TEST_LINKS} objc)
+endfunction()
+
+tamberline_objective_c_test(macos_application_test
+  SOURCES native_application_test.cpp native_panel_test.cpp
+  OBJECTIVE_C ${macos}/native_application.mm ${macos}/native_panel.mm
+    ${CMAKE_CURRENT_SOURCE_DIR}/fake_app_kit.mm
+  LINKS tamberline_options)
+tamberline_objective_c_test(macos_symbols_test
+  SOURCES symbol_drawing_test.cpp
+  OBJECTIVE_C ${macos}/symbol_drawing.mm ${CMAKE_CURRENT_SOURCE_DIR}/fake_drawing.mm
+  LINKS tamberline_options Qt6::Gui)

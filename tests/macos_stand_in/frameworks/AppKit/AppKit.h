@@ -1,5 +1,5 @@
 // A stand-in: only what src/platform/macos/ uses, as the platform documents it. fake_app_kit.mm
-// implements what windows, the application and its events need; symbols are only compiled.
+// implements windows, the application and its events, fake_drawing.mm images and drawing.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
