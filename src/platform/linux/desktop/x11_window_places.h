@@ -8,7 +8,7 @@ namespace tamberline {
 class X11WindowPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::program; }
-  std::unique_ptr<CornerHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
+  std::unique_ptr<WindowHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
                                            HoldEvents /*events*/) override {
     return nullptr;
   }
