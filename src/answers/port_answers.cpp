@@ -1,15 +1,13 @@
 #include "answers/port_answers.h"
 
 #include "answers/device_roles.h"
+#include "base/saturating.h"
 
 #include <algorithm>
 #include <cstdint>
 
 namespace tamberline {
 namespace {
-
-/// What any socket of USB 3 gives. Few computers have less, even for devices of USB 2.
-constexpr std::int64_t usb3PortMa = 900;
 
 void findBlockedDevice(const TreeNode& node, const USBDevice& device, AnswerList& answers) {
   if (!device.ability.isAuthorized.value_or(true)) {
@@ -43,24 +41,39 @@ void addOverload(const TreeNode& node, const USBDevice& device, std::int64_t dec
               {.node = device.shownName()});
 }
 
-/// A device that is plugged into a socket of the computer. A hub that declares almost nothing for
-/// itself has a power supply of its own.
+/// What the socket of a device gives, by all that is known.
+std::int64_t givenMaOf(const TreeNode::USBDeviceEntry& entry) {
+  return std::max(entry.portMa, entry.device.busPower.value_or(0));
+}
+
+/// Any socket of USB 3 gives 900 mA, and few computers have less. Most give more than their bus
+/// says, so only a clear excess counts. A hub that declares almost nothing for itself has a power
+/// supply of its own.
+void findOverloadBehindHub(const TreeNode& node, const TreeNode::USBDeviceEntry& entry,
+                           AnswerList& answers) {
+  constexpr std::int64_t usb3PortMa = 900;
+  constexpr std::int64_t maxMaOfSelfPowered = 2;
+  if (entry.device.busPowerUsed.value_or(0) <= maxMaOfSelfPowered) {
+    return;
+  }
+  const std::int64_t givenMa = std::max(givenMaOf(entry), usb3PortMa);
+  const std::int64_t declaredMa = node.aggregatedUSBPower().usedMa;
+  if (declaredMa > saturatingSum(givenMa, givenMa / 2)) {
+    addOverload(node, entry.device, declaredMa, givenMa, answers);
+  }
+}
+
+/// A device that is plugged into a socket of the computer.
 void findOverload(const TreeNode& node, const TreeNode::USBDeviceEntry& entry,
                   AnswerList& answers) {
-  constexpr std::int64_t maxMaOfSelfPowered = 2;
-  const USBDevice& device = entry.device;
-  const std::int64_t ownMa = device.busPowerUsed.value_or(0);
-  std::int64_t givenMa = std::max(entry.portMa, device.busPower.value_or(0));
-  std::int64_t declaredMa = ownMa;
-  if (roleOf(device) == DeviceRole::hub) {
-    if (ownMa <= maxMaOfSelfPowered) {
-      return;
-    }
-    givenMa = std::max(givenMa, usb3PortMa);
-    declaredMa = node.aggregatedUSBPower().usedMa;
+  const std::int64_t declaredMa = entry.device.busPowerUsed.value_or(0);
+  if (entry.portMa <= 0 || entry.device.isBuiltIn.value_or(false)) {
+    return;
   }
-  if (entry.portMa > 0 && !device.isBuiltIn.value_or(false) && declaredMa > givenMa) {
-    addOverload(node, device, declaredMa, givenMa, answers);
+  if (roleOf(entry.device) == DeviceRole::hub) {
+    findOverloadBehindHub(node, entry, answers);
+  } else if (declaredMa > givenMaOf(entry)) {
+    addOverload(node, entry.device, declaredMa, givenMaOf(entry), answers);
   }
 }
 
