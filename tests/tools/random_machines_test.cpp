@@ -1,4 +1,5 @@
 #include "base/text.h"
+#include "inspect/answer_text.h"
 #include "inspect/document.h"
 #include "inspect/panel_text.h"
 #include "random_machine.h"
@@ -7,10 +8,13 @@
 #include "support/hand_driven_queue.h"
 #include "support/simulated_event_source.h"
 #include "views/panel_inputs.h"
+#include "views/scan_answers.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <cstddef>
 #include <map>
 #include <set>
 #include <string>
@@ -149,8 +153,31 @@ void expectTheWholeTreeInThePanel(const Json& document) {
   EXPECT_EQ(std::set<std::string>(nodeIDs.begin(), nodeIDs.end()), rowIDs);
 }
 
+std::size_t characterCount(const std::string& text) {
+  const auto isStart = [](char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+  };
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), isStart));
+}
+
+void expectAnswersAboutShownNodes(const Json& document, std::size_t& answerCount) {
+  std::multiset<std::string> ids;
+  collectIDs(document["portTree"], ids);
+  for (const Json& answer : document["answers"]) {
+    ++answerCount;
+    EXPECT_EQ(ids.count(answer["nodeId"]), 1U) << answer;
+    EXPECT_TRUE(answer["limitingNodeId"].is_null() || ids.count(answer["limitingNodeId"]) == 1U)
+        << answer;
+    for (const Json& other : answer["otherNodeIds"]) {
+      EXPECT_EQ(ids.count(other), 1U) << answer;
+    }
+    EXPECT_LE(characterCount(answer["headline"]), 60U) << answer;
+  }
+}
+
 void expectPlainTextForATerminal(const ScannedMachine& scanned) {
   const std::string text =
+      answerText(answersOf(*scanned.scanner), /*useColors=*/false) +
       panelText(describePanel(panelInputs(*scanned.scanner)), /*useColors=*/false);
   EXPECT_EQ(text.find('\x1b'), std::string::npos);
   EXPECT_EQ(text.find("\u202e"), std::string::npos);
@@ -171,6 +198,7 @@ void expectWrappingToLoseNothing(const ScannedMachine& scanned) {
 }
 
 TEST(RandomMachines, KeepTheRules) {
+  std::size_t answerCount = 0;
   for (std::uint32_t seed = 0; seed < machineCount && !HasFailure(); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     const ScannedMachine scanned(seed);
@@ -182,9 +210,11 @@ TEST(RandomMachines, KeepTheRules) {
     expectOneAdapterAtMost(document);
     expectChargingOnlyMarkersAlone(document);
     expectTheWholeTreeInThePanel(document);
+    expectAnswersAboutShownNodes(document, answerCount);
     expectPlainTextForATerminal(scanned);
     expectWrappingToLoseNothing(scanned);
   }
+  EXPECT_GT(answerCount, 0U);
 }
 
 TEST(RandomMachines, LookTheSameInTheNextScan) {
