@@ -23,27 +23,27 @@ std::vector<std::string> linesOf(const PortDetails& details,
 
 using Lines = std::vector<std::string>;
 
-const std::vector<PowerOffer> offers = {
+const std::vector<PowerOffer> everyKindOfOffer = {
     {.minVolts = 5, .maxVolts = 5, .amps = 3},
     {.minVolts = 20, .maxVolts = 20, .amps = 3.25, .isAgreed = true},
     {.kind = PowerOfferKind::programmable, .minVolts = 3.3, .maxVolts = 21, .amps = 3},
     {.kind = PowerOfferKind::battery, .minVolts = 5, .maxVolts = 20, .givenWatts = 27},
     {.kind = PowerOfferKind::variable, .minVolts = 8, .maxVolts = 16, .amps = 2}};
 
-const PortDetails everything{.offers = offers,
-                             .intake = {{.minVolts = 20, .maxVolts = 20, .amps = 5}},
-                             .cable = CableRatings{.kind = CableKind::active,
-                                                   .plug = CablePlug::captive,
-                                                   .maxAmps = 5,
-                                                   .maxVolts = 50,
-                                                   .gbpsOfLane = 20},
-                             .video = VideoUse{.lanes = 2, .isScreenPresent = false},
-                             .overCurrentCount = 2,
-                             .isFailing = true};
+const PortDetails fullDetails{.offers = everyKindOfOffer,
+                              .intake = {{.minVolts = 20, .maxVolts = 20, .amps = 5}},
+                              .cable = CableRatings{.kind = CableKind::active,
+                                                    .plug = CablePlug::captive,
+                                                    .maxAmps = 5,
+                                                    .maxVolts = 50,
+                                                    .gbpsOfLane = 20},
+                              .video = VideoUse{.lanes = 2, .isScreenPresent = false},
+                              .overCurrentCount = 2,
+                              .isFailing = true};
 
 TEST(PortDetailLines, TellEverythingThatIsKnown) {
   EXPECT_EQ(
-      linesOf(everything),
+      linesOf(fullDetails),
       (Lines{"Offers: 5 V, 3 A · 20 V, 3.25 A (agreed) · 3.3–21 V, 3 A (PPS) · "
              "5–20 V, 27 W · 8–16 V, 2 A",
              "Computer takes at most: 100 W",
@@ -53,8 +53,8 @@ TEST(PortDetailLines, TellEverythingThatIsKnown) {
 }
 
 TEST(PortDetailLines, SpeakTheLanguageOfTheRun) {
-  const PortDetails details{.offers = {offers[1]},
-                            .intake = everything.intake,
+  const PortDetails details{.offers = {everyKindOfOffer[1]},
+                            .intake = fullDetails.intake,
                             .cable = CableRatings{.kind = CableKind::optical, .gbpsOfLane = 10}};
   const LanguageScope scope(AppLanguage::fr);
   EXPECT_EQ(linesOf(details),
@@ -71,7 +71,7 @@ TEST(PortDetailLines, AreAbsentIfNothingIsKnown) {
 }
 
 TEST(PortDetailLines, TellWhatTheComputerTakesOnlyBesideAnOffer) {
-  EXPECT_EQ(linesOf({.intake = everything.intake}), Lines{});
+  EXPECT_EQ(linesOf({.intake = fullDetails.intake}), Lines{});
 }
 
 TEST(PortDetailLines, NameACableOfUsb2) {
