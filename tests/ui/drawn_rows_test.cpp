@@ -104,7 +104,7 @@ on fill yellow 0.07 r6: <bolt.horizontal> (secondary)  70W Adapter  70 W rated (
 TEST_F(DrawnRows, OfADeviceThatOnlyCharges) {
   open("road");
   EXPECT_EQ(drawn("Charging only"), R"(
-on fill yellow 0.07 r6: <bolt.fill> (mark yellow)  Charging only  no data (orange) on fill orange 0.12 r4
+on fill yellow 0.07 r6: <bolt.fill> (mark yellow)  Charging only  no data (orange) on fill orange 0.12 r4  <info.circle> (secondary)
 Powered, but no data connection — unlock or switch the device to data mode (secondary)
 )");
 }
@@ -117,7 +117,7 @@ on accent 0.05 r6: <dock.rectangle> (accent 0.80)  Harbour 11-Port Dock  TB4 (ac
 bar fill green, 6 high, round: 0.10 to 100%, 0.85 to 100%
 )");
   EXPECT_EQ(drawn("Quarry Slate NVMe Enclosure"), R"(
-├ on accent 0.05 r6: <externaldrive> (accent 0.80)  Quarry Slate NVMe Enclosure  TB3 (accent) on accent 0.12 r4
+├ on accent 0.05 r6: <externaldrive> (accent 0.80)  Quarry Slate NVMe Enclosure  TB3 (accent) on accent 0.12 r4  <exclamationmark.triangle> (orange)
 20 Gb/s (amber)  40 Gb/s port max (secondary)
 bar fill amber, 6 high, round: 0.10 to 100%, 0.85 to 50%
 )");

@@ -154,6 +154,7 @@ ListView {
                 required property chargingOnlyRow content
 
                 ChargingOnlyRow {
+                    answer: chargingRow.answer
                     content: chargingRow.content
                     width: parent.width
                 }

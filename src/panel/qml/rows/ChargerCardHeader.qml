@@ -42,10 +42,10 @@ CardSegment {
                 tooltip: segment.content.portTooltip
                 LineLayout.isTrailing: true
             }
-            RowEnd {
+            AnswerMark {
                 answer: segment.answer
-                canExpand: false
-                isExpanded: false
+                visible: segment.answer.isShown
+                LineLayout.isTrailing: true
             }
         }
     }

@@ -39,9 +39,9 @@ RowLine {
             tooltip: row.content.tooltip
         }
     }
-    RowEnd {
+    AnswerMark {
         answer: row.answer
-        canExpand: false
-        isExpanded: false
+        visible: row.answer.isShown
+        LineLayout.isTrailing: true
     }
 }

@@ -7,6 +7,7 @@ import Tamberline.Views
 Stack {
     id: row
 
+    required property rowAnswer answer
     required property chargingOnlyRow content
 
     spacing: 2
@@ -26,6 +27,11 @@ Stack {
         }
         BadgeView {
             badge: row.content.badge
+            LineLayout.isTrailing: true
+        }
+        AnswerMark {
+            answer: row.answer
+            visible: row.answer.isShown
             LineLayout.isTrailing: true
         }
     }

@@ -76,10 +76,14 @@ CardSegment {
                     LineLayout.isTrailing: true
                 }
             }
-            RowEnd {
+            AnswerMark {
                 answer: card.answer
-                canExpand: true
+                visible: card.answer.isShown
+                LineLayout.isTrailing: true
+            }
+            Chevron {
                 isExpanded: card.isExpanded
+                LineLayout.isPinned: true
             }
         }
         Rectangle {

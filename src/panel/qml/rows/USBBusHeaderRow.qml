@@ -27,9 +27,14 @@ RowLine {
         text: row.content.ratedDraw
         LineLayout.isTrailing: true
     }
-    RowEnd {
+    AnswerMark {
         answer: row.answer
-        canExpand: row.canExpand
+        visible: row.answer.isShown
+        LineLayout.isTrailing: true
+    }
+    Chevron {
         isExpanded: row.isExpanded
+        visible: row.canExpand
+        LineLayout.isPinned: true
     }
 }

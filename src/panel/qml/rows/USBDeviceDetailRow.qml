@@ -49,11 +49,15 @@ Stack {
             tooltip: row.content.hubTotal.tooltip
             LineLayout.isTrailing: true
         }
-        RowEnd {
+        AnswerMark {
             answer: row.answer
-            canExpand: row.canExpand
+            visible: row.answer.isShown && (row.answer.needsAttention || !explain.visible)
+            LineLayout.isTrailing: true
+        }
+        Chevron {
             isExpanded: row.isExpanded
-            showsMark: row.answer.isShown && (row.answer.needsAttention || !explain.visible)
+            visible: row.canExpand
+            LineLayout.isPinned: true
         }
     }
     Loader {
