@@ -57,9 +57,7 @@ protected:
   }
 
   /// Rows that the list has scrolled away are below the header or the footer.
-  bool isSeen(const QQuickItem& item) {
-    return !listView()->isAncestorOf(&item) || isInView(item);
-  }
+  bool isSeen(const QQuickItem& item) { return !listView()->isAncestorOf(&item) || isInView(item); }
 
   void checkAll(const std::string& look) {
     const QImage picture = window().grabWindow().convertToFormat(QImage::Format_RGB32);
