@@ -111,8 +111,11 @@ double LineLayout::naturalWidth(const Parts& parts) const {
 }
 
 std::vector<LineLayout::Line> LineLayout::breakIntoLines(const Line& text) const {
-  if (text.empty() || neededWidth(text) <= textWidth()) {
-    return std::vector<Line>(text.empty() ? 0 : 1, text);
+  if (text.empty()) {
+    return {};
+  }
+  if (neededWidth(text) <= textWidth()) {
+    return {text};
   }
   const auto trailing =
       std::find_if(text.begin(), text.end(), [](const Part& part) { return part.isTrailing; });
