@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 namespace tamberline {
 namespace {
@@ -55,6 +56,11 @@ std::string identifierLike(std::string_view secret, std::uint64_t number) {
   return isHexadecimalNumber(secret) ? "0x" + digits : "SN" + digits.substr(0, 10);
 }
 
+std::string_view commonBeginning(std::string_view left, std::string_view right) {
+  const auto difference = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
+  return left.substr(0, static_cast<std::size_t>(difference.first - left.begin()));
+}
+
 std::string_view readableBeginning(SecretKind kind) {
   switch (kind) {
   case SecretKind::volumeName:
@@ -76,14 +82,9 @@ void StandIns::learn(std::string_view text, SecretKind kind) {
     return;
   }
   const auto [entry, isNew] = secrets_.try_emplace(std::string(text), Secret{kind, {}});
-  if (!isNew || text.size() < minPartLength) {
-    return;
+  if (isNew && text.size() >= minPartLength) {
+    beginnings_.insert(std::string_view(entry->first).substr(0, minPartLength));
   }
-  auto& sameBeginning = byBeginning_[std::string_view(entry->first).substr(0, minPartLength)];
-  const auto place = std::find_if(
-      sameBeginning.begin(), sameBeginning.end(),
-      [&](const Secrets::value_type* other) { return other->first.size() < text.size(); });
-  sameBeginning.insert(place, &*entry);
 }
 
 void StandIns::learnUuidsIn(std::string_view text) {
@@ -132,7 +133,7 @@ const std::string& StandIns::assign(Secrets::value_type& entry) {
   return secret.standIn;
 }
 
-bool StandIns::containsSecret(std::string_view text) const {
+bool StandIns::containsSecret(std::string_view text) {
   for (std::size_t position = 0; position < text.size(); ++position) {
     if (longestAt(text, position) != nullptr) {
       return true;
@@ -141,17 +142,26 @@ bool StandIns::containsSecret(std::string_view text) const {
   return false;
 }
 
-StandIns::Secrets::value_type* StandIns::longestAt(std::string_view text,
-                                                   std::size_t position) const {
-  const std::string_view rest = text.substr(position);
-  const auto found = byBeginning_.find(rest.substr(0, minPartLength));
-  if (found == byBeginning_.end()) {
+/// A secret with which a text starts comes before the text in their order, and the longest one
+/// comes last. If the last secret before the text is none, one with which the text starts can only
+/// be as long as what the two have in common.
+StandIns::Secrets::value_type* StandIns::longestAt(std::string_view text, std::size_t position) {
+  std::string_view rest = text.substr(position);
+  if (!beginnings_.contains(rest.substr(0, minPartLength))) {
     return nullptr;
   }
-  const auto secret = std::find_if(
-      found->second.begin(), found->second.end(),
-      [&](const Secrets::value_type* candidate) { return rest.starts_with(candidate->first); });
-  return secret == found->second.end() ? nullptr : *secret;
+  while (rest.size() >= minPartLength) {
+    const auto after = secrets_.upper_bound(rest);
+    if (after == secrets_.begin()) {
+      return nullptr;
+    }
+    Secrets::value_type& last = *std::prev(after);
+    if (rest.starts_with(last.first)) {
+      return last.first.size() < minPartLength ? nullptr : &last;
+    }
+    rest = commonBeginning(rest, last.first);
+  }
+  return nullptr;
 }
 
 } // namespace tamberline

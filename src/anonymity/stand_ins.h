@@ -8,8 +8,7 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <vector>
+#include <unordered_set>
 
 namespace tamberline {
 
@@ -41,12 +40,12 @@ private:
   using Secrets = std::map<std::string, Secret, std::less<>>;
 
   const std::string& assign(Secrets::value_type& entry);
-  bool containsSecret(std::string_view text) const;
-  Secrets::value_type* longestAt(std::string_view text, std::size_t position) const;
+  bool containsSecret(std::string_view text);
+  Secrets::value_type* longestAt(std::string_view text, std::size_t position);
 
   Secrets secrets_;
-  /// By the first bytes, the longest first.
-  std::unordered_map<std::string_view, std::vector<Secrets::value_type*>> byBeginning_;
+  /// The first bytes of the secrets, so that most places in a text need no search.
+  std::unordered_set<std::string_view> beginnings_;
   std::array<std::uint64_t, 4> counts_{}; // by kind
   std::uint64_t digits_ = 0;
 };

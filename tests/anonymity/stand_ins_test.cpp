@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace tamberline {
 namespace {
@@ -53,6 +56,74 @@ TEST(StandIns, ReplaceTheLongestTextAtEachPlace) {
   EXPECT_EQ(standIns.replacedIn("Küste Sommer, Sommer and Sommerfest"),
             "Volume 1, Volume 2 and Volume 2fest");
   EXPECT_EQ(standIns.replacedIn("nothing here"), "nothing here");
+}
+
+/// The order of the learnt texts puts others between two with which a text starts.
+TEST(StandIns, FindATextBetweenOthersThatBeginLikeIt) {
+  for (const std::string longest : {"SN00", "SN001", "SN00123", "SN0012345"}) {
+    StandIns standIns;
+    for (const std::string other :
+         {"S", "SN0", "SN000", "SN00122", "SN001234", "SN00123499", "T"}) {
+      standIns.learn(other, SecretKind::identifier);
+    }
+    standIns.learn(longest, SecretKind::volumeName);
+    EXPECT_EQ(standIns.replacedIn("<" + longest + ">"), "<Volume 1>") << longest;
+  }
+}
+
+std::string randomText(std::mt19937& random, std::size_t maxLength) {
+  std::string text(1 + random() % maxLength, ' ');
+  for (char& character : text) {
+    character = "01"[random() % 2];
+  }
+  return text;
+}
+
+/// Finds the longest learnt text at each place by trying all of them.
+std::string replacedOneByOne(std::string_view text, const std::set<std::string>& learnt,
+                             StandIns& standIns) {
+  std::string replaced;
+  while (!text.empty()) {
+    std::string longest;
+    for (const std::string& candidate : learnt) {
+      const bool isPart = candidate.size() >= StandIns::minPartLength;
+      if (isPart && text.starts_with(candidate) && candidate.size() > longest.size()) {
+        longest = candidate;
+      }
+    }
+    replaced += longest.empty() ? std::string(text.substr(0, 1)) : standIns.standInFor(longest);
+    text.remove_prefix(std::max<std::size_t>(longest.size(), 1));
+  }
+  return replaced;
+}
+
+TEST(StandIns, ReplaceWhatTryingAllTextsFinds) {
+  std::mt19937 random(1); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same texts in every run
+  for (int round = 0; round < 200; ++round) {
+    StandIns standIns;
+    std::set<std::string> learnt;
+    for (int count = 0; count < 20; ++count) {
+      learnt.insert(randomText(random, 10));
+    }
+    for (const std::string& text : learnt) {
+      standIns.learn(text, SecretKind::identifier);
+    }
+    const std::string text = randomText(random, 60);
+    EXPECT_EQ(standIns.replacedIn(text), replacedOneByOne(text, learnt, standIns)) << text;
+  }
+}
+
+/// Looking at all of them for each one would take minutes.
+TEST(StandIns, AreFoundAmongManyTextsThatBeginAlike) {
+  constexpr int count = 50'000;
+  StandIns standIns;
+  for (int number = 0; number < count; ++number) {
+    standIns.learn("SN00" + std::to_string(number), SecretKind::volumeName);
+  }
+  for (int number = 0; number < count; ++number) {
+    EXPECT_EQ(standIns.replacedIn("SN00" + std::to_string(number)),
+              "Volume " + std::to_string(number + 1));
+  }
 }
 
 TEST(StandIns, ReplaceShortTextsOnlyAsAWhole) {
