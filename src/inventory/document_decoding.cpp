@@ -1,11 +1,13 @@
 #include "inventory/document_decoding.h"
 
+#include "reports/report_decoding.h"
+
 #include <nlohmann/json.hpp>
 
 namespace tamberline {
 
 std::optional<nlohmann::json> decodeDocument(std::string_view bytes) {
-  if (bytes.size() > maxDocumentBytes) {
+  if (bytes.size() > maxDocumentBytes || countJsonValues(bytes) > maxDocumentValues) {
     return std::nullopt;
   }
   nlohmann::json document = nlohmann::json::parse(bytes, nullptr, /*allow_exceptions=*/false);

@@ -25,6 +25,8 @@ public:
     }
   }
 
+  std::size_t values() const { return values_; }
+
   bool isWithinLimits() const {
     return maxDepth_ <= maxReportNesting && objects_ <= maxReportObjects &&
            values_ <= maxReportValues;
@@ -53,6 +55,10 @@ private:
 
 bool isTooLargeReport(std::string_view bytes) {
   return bytes.size() > maxReportBytes || !Structure(bytes).isWithinLimits();
+}
+
+std::size_t countJsonValues(std::string_view bytes) {
+  return Structure(bytes).values();
 }
 
 std::optional<nlohmann::json> decodeReport(std::string_view bytes) {

@@ -25,6 +25,10 @@ constexpr std::size_t maxReportValues = 524'288;
 /// Whether the bytes exceed those limits, not counting the contents of strings.
 bool isTooLargeReport(std::string_view bytes);
 
+/// At least the number of values in a JSON text and at most twice as many, not counting the
+/// contents of strings.
+std::size_t countJsonValues(std::string_view bytes);
+
 /// The top-level object of a hardware report. Absent if the bytes are empty, are not JSON, have
 /// anything but an object at the top, or are too large.
 std::optional<nlohmann::json> decodeReport(std::string_view bytes);

@@ -19,5 +19,24 @@ TEST(DocumentDecoding, RejectsEverythingElse) {
   }
 }
 
+/// A document with this many empty lists in its tree.
+std::string documentOfLists(std::size_t count) {
+  std::string bytes = R"({"portTree": [)";
+  for (std::size_t index = 0; index < count; ++index) {
+    bytes += index == 0 ? "[]" : ",[]";
+  }
+  return bytes + "]}";
+}
+
+TEST(DocumentDecoding, RejectsMoreValuesThanAnyMachineMakes) {
+  EXPECT_TRUE(decodeDocument(documentOfLists(100'000)));
+  EXPECT_FALSE(decodeDocument(documentOfLists(maxDocumentValues)));
+  const std::string deep = R"({"portTree": [)" + std::string(maxDocumentValues, '[');
+  EXPECT_FALSE(decodeDocument(deep + std::string(maxDocumentValues, ']') + "]}"));
+  EXPECT_TRUE(
+      decodeDocument(R"({"portTree": [], "a": ")" + std::string(maxDocumentValues, '[') + "\"}"))
+      << "a text is one value";
+}
+
 } // namespace
 } // namespace tamberline
