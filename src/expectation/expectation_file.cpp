@@ -1,5 +1,6 @@
 #include "expectation/expectation_file.h"
 
+#include "base/shown_text.h"
 #include "base/text.h"
 #include "inspect/json_text.h"
 
@@ -179,13 +180,15 @@ private:
     return true;
   }
 
-  bool failAt(std::size_t line, std::string reason) {
-    mistake_ = FileMistake{line, std::move(reason)};
+  /// The reason may quote the file, which can hold anything.
+  bool failAt(std::size_t line, const std::string& reason) {
+    constexpr std::size_t maxReasonCharacters = 200;
+    mistake_ = FileMistake{line, shownText(reason, maxReasonCharacters)};
     return false;
   }
 
   /// The parser may have read the end of the line behind a value; the key's line is certain.
-  bool fail(std::string reason) { return failAt(key_.empty() ? 1 : lineOfKey_, std::move(reason)); }
+  bool fail(const std::string& reason) { return failAt(key_.empty() ? 1 : lineOfKey_, reason); }
 
   bool refuseValue() {
     switch (place_) {

@@ -15,6 +15,7 @@ namespace tamberline {
 struct FileMistake {
   /// From 1.
   std::size_t line = 1;
+  /// Safe to print on a terminal.
   std::string reason;
 
   friend bool operator==(const FileMistake&, const FileMistake&) = default;

@@ -95,6 +95,16 @@ TEST(ExpectationFile, GivesTheLineAndTheReasonOfAMistake) {
   }
 }
 
+TEST(ExpectationFile, IsQuotedWithoutControlCharacters) {
+  EXPECT_EQ(mistakeIn(R"({"\u001b[31m\u009b\u202e\n": 1})"), "1: there is no key '�[31m���' here");
+  const std::string invalid = mistakeIn("{\"devices\": [\x1b\u202e]}");
+  for (const std::string unsafe : {"\x1b", "\u202e"}) {
+    EXPECT_EQ(invalid.find(unsafe), std::string::npos) << invalid;
+  }
+  const std::string longest = mistakeIn("{\"" + std::string(100'000, 'k') + "\": 1}");
+  EXPECT_LT(longest.size(), 300U);
+}
+
 TEST(ExpectationFile, HasLimits) {
   EXPECT_EQ(mistakeIn(std::string(maxExpectationFileBytes + 1, ' ')), "1: the file is too large");
   std::string devices = R"({"name": "A"})";
