@@ -131,6 +131,8 @@ def main():
     inspect = tools / "tamberline-inspect/tamberline-inspect"
     replay = tools / "tamberline-replay/tamberline-replay"
     picture = work / "picture.png"
+    saved = work / "saved"
+    expectations = work / "expectations.json"
     try:
         if not is_checker_awake(work, environment):
             sys.exit("the checker does not see a connection or a file")
@@ -139,6 +141,15 @@ def main():
             check("inspect, saved reports",
                   faults_in(trace_of([inspect, "--json", "--reports", samples / "desk"], environment,
                                      work), [])),
+            check("inspect, save",
+                  faults_in(trace_of([inspect, "save", saved, "--reports", samples / "desk"], environment,
+                                     work),
+                            [re.escape(str(saved)),
+                             re.escape(str(work)) + r"/\.unfinished-saved-\d+(/\w+\.(json|plist))?"])),
+            check("inspect, expect --write",
+                  faults_in(trace_of([inspect, "expect", "--write", expectations,
+                                      "--reports", samples / "desk"], environment, work),
+                            [re.escape(str(expectations))])),
             check("replay, picture",
                   faults_in(trace_of([replay, samples / "desk", "--screenshot", picture], environment,
                                      work), [re.escape(str(picture)) + r"(\.\w+)?"])),
