@@ -88,11 +88,16 @@ TEST_P(Contrast, IsEnoughInEveryLook) {
   }
 }
 
+std::string nameOfSample(const testing::TestParamInfo<const char*>& sample) {
+  std::string name = sample.param;
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+}
+
 INSTANTIATE_TEST_SUITE_P(Samples, Contrast,
-                         testing::Values("bare", "desk", "desktop", "laptop", "road", "studio"),
-                         [](const testing::TestParamInfo<const char*>& info) {
-                           return std::string(info.param);
-                         });
+                         testing::Values("bare", "desk", "desktop", "laptop", "not-charging",
+                                         "road", "slow", "studio"),
+                         nameOfSample);
 
 } // namespace
 } // namespace tamberline
