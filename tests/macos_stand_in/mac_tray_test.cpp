@@ -20,8 +20,9 @@ protected:
     tray->show({.title = "Tamberline",
                 .iconName = "tamberline",
                 .icon =
-                    [](BarTone tone) {
-                      EXPECT_EQ(tone, BarTone::asPalette);
+                    [this](BarTone tone) {
+                      EXPECT_EQ(tone, BarTone::asPalette); // the system colours it
+                      ++drawings;
                       return QIcon();
                     },
                 .openText = "Open",
@@ -34,6 +35,7 @@ protected:
   FakeMac& mac = FakeMac::get();
   std::unique_ptr<MacTray> tray = std::make_unique<MacTray>();
   Calls calls;
+  int drawings = 0;
 };
 
 TEST_F(MacTrayTest, ReportsAClick) {
@@ -70,6 +72,17 @@ TEST_F(MacTrayTest, HandlesReopeningOnlyAfterTheEventLoopHasStarted) {
   EXPECT_EQ(mac.calls, Calls{"watch reopening"});
   tray.reset();
   EXPECT_EQ(mac.calls.back(), "ignore reopening");
+}
+
+TEST_F(MacTrayTest, DrawsItsIconAgainOnRequest) {
+  show();
+  EXPECT_EQ(drawings, 1);
+  tray->redraw();
+  EXPECT_EQ(drawings, 2);
+}
+
+TEST_F(MacTrayTest, IsAvailableIfQtHasATray) {
+  EXPECT_EQ(tray->isAvailable(), QSystemTrayIcon::isSystemTrayAvailable());
 }
 
 TEST_F(MacTrayTest, CanBeDestroyedBeforeTheEventLoopStarts) {
