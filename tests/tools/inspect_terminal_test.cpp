@@ -57,7 +57,7 @@ protected:
 };
 
 TEST_F(InspectInATerminal, WrapsItsLinesAtTheWidthOfTheTerminal) {
-  EXPECT_EQ(longestLine(output(200, "NO_COLOR=1")), 85U);
+  EXPECT_EQ(longestLine(output(200, "NO_COLOR=1")), 121U);
   EXPECT_LE(longestLine(output(80, "NO_COLOR=1")), 80U);
   EXPECT_LE(longestLine(output(60, "NO_COLOR=1")), 60U);
 }

@@ -15,8 +15,8 @@ protected:
     return row ? row->name() : QString();
   }
 
-  bool isOpen(const QString& start) { return nameOf(start).endsWith(", expanded"); }
-  bool isClosed(const QString& start) { return nameOf(start).endsWith(", collapsed"); }
+  bool isOpen(const QString& start) { return nameOf(start).contains(", expanded"); }
+  bool isClosed(const QString& start) { return nameOf(start).contains(", collapsed"); }
 
   /// Whether all rows that can be opened are in the same state.
   bool areAll(bool isExpanded) {

@@ -68,7 +68,7 @@ TEST_F(PanelSizes, DoNotFollowRounding) {
 }
 
 TEST_F(PanelSizes, KeepTheSameSpacingAroundTheSearchWithSuggestionsAndWithout) {
-  useSample("desk");
+  useSample("road");
   openPanel();
   const QRectF header = placeInWindow(*find(QAccessible::Button, "Expand all").item());
   EXPECT_EQ(header.top(), 8);
