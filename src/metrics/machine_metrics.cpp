@@ -11,8 +11,10 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <tuple>
+#include <utility>
 
 namespace tamberline {
 namespace {
@@ -62,9 +64,7 @@ private:
     if (item.kind == Kind::port) {
       takePort(item);
     } else if (item.kind == Kind::adapter) {
-      hasAdapter_ = true;
-      add(adapterRated_, {}, item.ratedWatts);
-      add(adapterDelivered_, {}, item.deliveredWatts);
+      takeAdapter(item);
     } else if (item.isDevice() && item.speedGbps) {
       takeLink(item);
     }
@@ -78,8 +78,18 @@ private:
     }
   }
 
+  /// Two samples with the same labels would make the whole text invalid.
+  void takeAdapter(const InventoryItem& adapter) {
+    if (!std::exchange(hasAdapter_, true)) {
+      add(adapterRated_, {}, adapter.ratedWatts);
+      add(adapterDelivered_, {}, adapter.deliveredWatts);
+    }
+  }
+
+  /// Of several ports with one number, the first has the samples.
   void takePort(const InventoryItem& port) {
-    if (connected_.samples.size() == maxMeasuredPorts) {
+    const bool isFull = connected_.samples.size() == maxMeasuredPorts;
+    if (isFull || !port.portNumber || !takenPorts_.insert(*port.portNumber).second) {
       return;
     }
     const Labels labels = {{"port", portLabel(port)}};
@@ -99,16 +109,17 @@ private:
     }
   }
 
-  /// Devices of the same model on the same port are numbered.
+  /// Devices of the same model on the same port are numbered, and so are those whose names are the
+  /// same as they are written.
   void takeLink(const InventoryItem& item) {
     if (speed_.samples.size() == maxMeasuredLinks) {
       ++omittedCount_;
       return;
     }
     Labels labels = {{"port", portLabel(item)},
-                     {"device", item.name},
-                     {"vendor", item.vendorID},
-                     {"product", item.productID}};
+                     {"device", labelValue(item.name)},
+                     {"vendor", labelValue(item.vendorID)},
+                     {"product", labelValue(item.productID)}};
     labels.emplace_back("index", std::to_string(countOfModel_[labels]++));
     add(speed_, labels, item.speedGbps, bytesPerGigabit);
     if (item.maxGbps) {
@@ -118,6 +129,7 @@ private:
   }
 
   std::map<std::string, PortSum> sums_; // by the port's label
+  std::set<std::int64_t> takenPorts_;
   std::map<Labels, std::size_t> countOfModel_;
   std::size_t omittedCount_ = 0;
   bool hasAdapter_ = false;
@@ -149,7 +161,8 @@ private:
 MetricFamily answerFamily(const json& document) {
   std::map<std::pair<std::string, std::string>, std::int64_t> counts;
   for (const json& answer : objectsMember(document, "answers")) {
-    const std::pair key(textMember(answer, "kind", ""), textMember(answer, "weight", ""));
+    const std::pair key(labelValue(textMember(answer, "kind", "")),
+                        labelValue(textMember(answer, "weight", "")));
     if (counts.contains(key) || counts.size() < maxAnswerKinds) {
       ++counts[key];
     }

@@ -14,10 +14,9 @@ std::string escaped(std::string_view text) {
 }
 
 std::string labelsText(const MetricSample& sample) {
-  constexpr std::size_t maxLabelCharacters = 64;
   std::vector<std::string> labels;
   for (const auto& [name, value] : sample.labels) {
-    labels.push_back(name + "=\"" + escaped(shownText(value, maxLabelCharacters)) + "\"");
+    labels.push_back(name + "=\"" + escaped(labelValue(value)) + "\"");
   }
   return labels.empty() ? std::string() : "{" + joined(labels, ",") + "}";
 }
@@ -30,6 +29,11 @@ std::string numberText(double value) {
 }
 
 } // namespace
+
+std::string labelValue(std::string_view text) {
+  constexpr std::size_t maxLabelCharacters = 64;
+  return shownText(text, maxLabelCharacters);
+}
 
 std::string openMetricsText(const std::vector<MetricFamily>& families) {
   std::string text;

@@ -1,13 +1,18 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace tamberline {
 
+/// A text from outside as the value of a label: shortened, and without control characters.
+std::string labelValue(std::string_view text);
+
 struct MetricSample {
-  /// Names and values. The values may be any text.
+  /// Names and values. No two samples of a family may have the same labels: who collects them would
+  /// refuse the whole text. So texts from outside must be a `labelValue` before they are compared.
   std::vector<std::pair<std::string, std::string>> labels = {};
   double value = 0;
 };

@@ -4,7 +4,9 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <set>
 #include <sstream>
+#include <string>
 
 namespace tamberline {
 namespace {
@@ -99,6 +101,40 @@ TEST(MachineMetrics, AreBounded) {
   const std::string samples = samplesOf(document);
   EXPECT_LT(std::count(samples.begin(), samples.end(), '\n'), 700);
   EXPECT_NE(samples.find("tamberline_links_omitted 9874\n"), std::string::npos);
+}
+
+/// The samples without their values that are there twice.
+std::string repeatedIn(const std::string& samples) {
+  std::istringstream lines(samples);
+  std::set<std::string> seen;
+  std::string repeated;
+  for (std::string line; std::getline(lines, line);) {
+    const std::string labels = line.substr(0, line.rfind(' '));
+    repeated += seen.insert(labels).second ? "" : labels + "\n";
+  }
+  return repeated;
+}
+
+TEST(MachineMetrics, AreUniqueWhateverDevicesAreCalled) {
+  const std::string half(100, 'A');
+  json document = deskDocument();
+  for (const std::string& name :
+       std::vector<std::string>{"Disk\u200b", "Disk\u2060", "Disk", " Disk ", half + "1" + half,
+                                half + "2" + half, "index=\"0\"", "\\", "\n"}) {
+    document["portTree"][0]["children"].push_back(
+        {{"kind", "usbDevice"}, {"device", {{"name", name}, {"speedGbps", 5}}}});
+  }
+  const std::string samples = samplesOf(document);
+  EXPECT_EQ(repeatedIn(samples), "");
+  EXPECT_EQ(std::count(samples.begin(), samples.end(), '\n'), 29);
+}
+
+TEST(MachineMetrics, AreUniqueWhateverIsThereTwice) {
+  json document = deskDocument();
+  json& tree = document["portTree"];
+  tree.push_back(tree[0]);
+  tree.push_back({{"kind", "tbPort"}, {"children", tree[0]["children"]}});
+  EXPECT_EQ(repeatedIn(samplesOf(document)), "");
 }
 
 } // namespace
