@@ -147,10 +147,13 @@ Drive* TunneledDrives::driveOf(const fs::path& blockDevice) {
   return &drives_.emplace(drive, std::move(placed)).first->second.drive;
 }
 
+/// The first router of a chain may have been removed while the machine was read.
 void TunneledDrives::giveTo(ThunderboltTopology& thunderbolt) && {
   for (auto& [folder, placed] : drives_) {
-    if (const auto router = routerOf(placed.path, tunnels_, thunderbolt.routers)) {
-      thunderbolt.routers.at(*router).drives.push_back(std::move(placed.drive));
+    const auto address = routerOf(placed.path, tunnels_, thunderbolt.routers);
+    const auto router = address ? thunderbolt.routers.find(*address) : thunderbolt.routers.end();
+    if (router != thunderbolt.routers.end()) {
+      router->second.drives.push_back(std::move(placed.drive));
     }
   }
 }

@@ -81,6 +81,15 @@ TEST_F(TunneledDrivesTest, OfAChainAreToldByTheBridgesBeforeThem) {
   EXPECT_EQ(drives(), "Slate: Model nvme1, Serial nvme1 at /media/nvme1\n");
 }
 
+TEST_F(TunneledDrivesTest, OfAChainWithoutItsFirstRouterAreLeftOut) {
+  router("0-0", "Laptop");
+  router("0-301", "Slate");
+  router("0-501", "Basalt");
+  drive("0000:00:07.0/0000:03:00.0/0000:04:02.0/0000:05:00.0/0000:06:00.0/0000:07:00.0", "nvme1",
+        "5");
+  EXPECT_EQ(drives(), "");
+}
+
 TEST_F(TunneledDrivesTest, OnTwoPortsAreToldByTheOrderOfThese) {
   router("0-0", "Laptop");
   router("0-1", "First");
