@@ -170,6 +170,26 @@ TEST(InspectProgram, RejectsInvalidArguments) {
       {{"surplus"}, "unexpected argument 'surplus'"},
       {{"-"}, "unexpected argument '-'"},
       {{"--", "--json"}, "unexpected argument '--json'"},
+      {{"save"}, "which folder should be made?"},
+      {{"save", "a", "b"}, "unexpected argument 'b'"},
+      {{"save", "a", "--json"}, "--json does not go with this subcommand"},
+      {{"--json", "save", "a"}, "--json does not go with this subcommand"},
+      {{"save", "a", "--watch"}, "--watch goes with no subcommand"},
+      {{"save", "a", "--tap"}, "unknown option '--tap'"},
+      {{"save", "a", "--anonymise=yes"}, "unknown option '--anonymise=yes'"},
+      {{"save", "a", "--reports"}, "option '--reports' needs an argument"},
+      {{"--anonymise"}, "unknown option '--anonymise'"},
+      {{"compare"}, "what should be compared?"},
+      {{"compare", "/nowhere/at/all"}, "there is no folder or document '/nowhere/at/all'"},
+      {{"compare", "/", "/", "/"}, "unexpected argument '/'"},
+      {{"compare", "/", "/", "--reports", "/"},
+       "--reports goes with one state to compare, not with two"},
+      {{"expect"}, "which file of expectations?"},
+      {{"expect", file, "--json", "--tap"}, "--json and --tap do not go together"},
+      {{"expect", file, "--write", "--tap"}, "--write makes a file and prints nothing"},
+      {{"record"}, "which folder should be made?"},
+      {{"metrics", "a"}, "unexpected argument 'a'"},
+      {{"metrics", "--output"}, "option '--output' needs an argument"},
   };
   for (const auto& row : table) {
     SCOPED_TRACE(row.message);
@@ -187,6 +207,11 @@ TEST(InspectProgram, PrintsHelpAndVersionOnStandardOutput) {
     EXPECT_EQ(help.exitStatus, 0);
     EXPECT_TRUE(contains(help.output, "Usage: tamberline-inspect"));
     EXPECT_EQ(help.errorOutput, "");
+  }
+  for (const char* subcommand : {"save", "compare", "expect", "record", "metrics"}) {
+    const Outcome help = inspect({subcommand, "--help"});
+    EXPECT_EQ(help.exitStatus, 0);
+    EXPECT_TRUE(contains(help.output, std::string("Usage: tamberline-inspect ") + subcommand));
   }
   for (const char* option : {"--version", "-V"}) {
     const Outcome version = inspect({option});
