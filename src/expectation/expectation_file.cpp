@@ -60,6 +60,7 @@ class FileReader {
 public:
   explicit FileReader(const std::size_t& line) : line_(line) {}
 
+  // NOLINTBEGIN(readability-identifier-naming)
   bool null() { return refuseValue(); }
   bool boolean(bool /*value*/) { return refuseValue(); }
   bool number_integer(std::int64_t value) { return takeNumber(static_cast<double>(value), value); }
@@ -159,6 +160,7 @@ public:
     }
     return std::move(devices_);
   }
+  // NOLINTEND(readability-identifier-naming)
 
 private:
   enum class Place : std::uint8_t { start, top, devices, device, volumes };

@@ -1,8 +1,8 @@
 // The parts of the inspection document.
 #pragma once
 
-#include "model/charging_state.h"
 #include "answers/answer.h"
+#include "model/charging_state.h"
 #include "model/power_records.h"
 #include "model/thunderbolt_records.h"
 #include "model/usb_records.h"

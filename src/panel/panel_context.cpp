@@ -12,9 +12,9 @@ namespace {
 /// `create`.
 template <typename... Singleton>
 constexpr bool areNotDefaultConstructible = (!std::is_default_constructible_v<Singleton> && ...);
-static_assert(areNotDefaultConstructible<AnswersController, Motion, Tooltips, PanelController,
-                                         PanelSizing, Popover, SearchController, StatusColors,
-                                         Theme, UpdatedText>);
+static_assert(
+    areNotDefaultConstructible<AnswersController, Motion, Tooltips, PanelController, PanelSizing,
+                               Popover, SearchController, StatusColors, Theme, UpdatedText>);
 
 } // namespace
 

@@ -16,6 +16,7 @@ function(expect_deployment name script is_success wanted)
   if(NOT was_success STREQUAL is_success)
     message(SEND_ERROR "${name}: status ${status}\n${output}")
   endif()
+  string(REGEX REPLACE "[ \n]+" " " output "${output}") # long messages are wrapped
   string(FIND "${output}" "${wanted}" place)
   if(place EQUAL -1)
     message(SEND_ERROR "${name}: no '${wanted}' in\n${output}")

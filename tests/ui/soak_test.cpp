@@ -39,7 +39,7 @@ protected:
   static std::size_t rescanCount() {
     bool isGiven = false;
     const int count = qEnvironmentVariableIntValue("TAMBERLINE_SOAK_RESCANS", &isGiven);
-    return isGiven ? static_cast<std::size_t>(count) : 200;
+    return isGiven ? static_cast<std::size_t>(count) : 400;
   }
 
   bool inOneOf(std::uint64_t count) { return generator() % count == 0; }

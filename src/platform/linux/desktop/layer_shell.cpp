@@ -106,7 +106,6 @@ public:
                                            HoldEvents events) override {
     return std::make_unique<LayerShellHold>(window, corner, std::move(events));
   }
-
 };
 
 void noteLayerShell(void* isThere, wl_registry* /*registry*/, std::uint32_t /*name*/,

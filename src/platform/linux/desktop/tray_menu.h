@@ -34,7 +34,7 @@ public slots: // NOLINT(readability-redundant-access-specifiers): the bus librar
                                                const QStringList& propertyNames) const;
   QDBusVariant GetProperty(int id, const QString& name) const;
   void Event(int id, const QString& name, const QDBusVariant& data, uint timestamp);
-  QList<int> EventGroup(const tamberline::TrayMenuEvents& events);
+  QList<int> EventGroup(const QList<tamberline::TrayMenuEvent>& events);
   bool AboutToShow(int id) const;
   QList<int> AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) const;
   // NOLINTEND(readability-identifier-naming)
