@@ -27,9 +27,9 @@ TextPlace placeOf(std::string_view key, const Surroundings& around) {
   return {secret, !secret && isToken(key)};
 }
 
-class Walk {
+class JsonWalk {
 public:
-  explicit Walk(const ReplaceText& replace) : replace_(replace) {}
+  explicit JsonWalk(const ReplaceText& replace) : replace_(replace) {}
 
   void visitMembers(json& object, const Surroundings& around) {
     for (auto& [key, value] : object.items()) {
@@ -74,7 +74,7 @@ private:
 } // namespace
 
 void replaceTexts(json& section, const ReplaceText& replace) {
-  Walk(replace).visitMembers(section, {});
+  JsonWalk(replace).visitMembers(section, {});
 }
 
 } // namespace tamberline

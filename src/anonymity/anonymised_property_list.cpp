@@ -51,9 +51,9 @@ bool isMedium(const pugi::xml_node& dictionary) {
   return name == "IOMedia" || name == "AppleAPFSVolume";
 }
 
-class Walk {
+class PropertyListWalk {
 public:
-  explicit Walk(const ReplaceText& replace) : replace_(replace) {}
+  explicit PropertyListWalk(const ReplaceText& replace) : replace_(replace) {}
 
   void visit(const pugi::xml_node& element, const TextPlace& place) {
     const std::string_view name = element.name();
@@ -126,7 +126,7 @@ std::string replacedTexts(const std::string& propertyList, const ReplaceText& re
   document.load_buffer(propertyList.data(), propertyList.size(), flags, pugi::encoding_utf8);
   for (const pugi::xml_node child : document.document_element().children()) {
     if (isElement(child)) {
-      Walk(replace).visit(child, {});
+      PropertyListWalk(replace).visit(child, {});
     }
   }
   std::ostringstream text;
