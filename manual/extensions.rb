@@ -69,7 +69,7 @@ module TamberlineManual
     def place(text, top = 0)
       below = @places.select { |place| place.y >= top }
       below.find { |place| place.text == text } ||
-        below.find { |place| place.text.start_with?("#{text},") } ||
+        below.find { |place| place.text.start_with?("#{text},", "#{text}:", "#{text}\u202f:") } ||
         raise("there is no '#{text}' in the picture '#{@name}'")
     end
 

@@ -20,7 +20,7 @@ TITLES = {
     "it": "Manuale Tamberline",
     "es": "Manual de Tamberline",
 }
-LEAST_PAGES, MOST_PAGES = 6, 10
+LEAST_PAGES, MOST_PAGES = 6, 11
 MOST_BYTES = 1_500_000
 NARROW_SPACE = "\u202f"
 
