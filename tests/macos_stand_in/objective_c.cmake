@@ -28,7 +28,7 @@ function(tamberline_objective_c_test name)
       COMMENT "Compiling ${source_name}.mm")
     list(APPEND TEST_SOURCES ${object})
   endforeach()
-  tamberline_test(${name} SOURCES ${TEST_SOURCES} LINKS ${TEST_LINKS} objc)
+  tamberline_test(${name} SOURCES ${TEST_SOURCES} leak_suppressions.cpp LINKS ${TEST_LINKS} objc)
 endfunction()
 
 tamberline_objective_c_test(macos_application_test
