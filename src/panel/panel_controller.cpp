@@ -39,6 +39,7 @@ void PanelController::observeScanner() {
   observations_.push_back(scanner_->portTree.observe([this] { followTree(); }));
   observations_.push_back(scanner_->hpmPorts.observe(redescribe));
   observations_.push_back(scanner_->portPowerOut.observe(redescribe));
+  observations_.push_back(scanner_->charging.observe(redescribe));
   observations_.push_back(scanner_->portCurrentLimitMa.observe(redescribe));
   observations_.push_back(scanner_->errorMessage.observe(redescribe));
   observations_.push_back(scanner_->isScanning.observe([this] {

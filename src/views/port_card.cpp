@@ -180,6 +180,14 @@ PortPower portPower(const TreeNode& node, std::int64_t busNumber, const PortFact
   return power;
 }
 
+std::string linesOf(const std::vector<DetailLine>& details) {
+  std::string lines;
+  for (const DetailLine& detail : details) {
+    lines += (lines.empty() ? "" : "\n") + detail.label();
+  }
+  return lines;
+}
+
 } // namespace
 
 QVariantList PortHeader::badgeList() const {
@@ -206,6 +214,7 @@ PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFac
   }
   if (controller != nullptr) {
     card.details = portDetailLines(*controller, facts.charging);
+    card.header.details = linesOf(card.details);
   }
   return card;
 }

@@ -111,6 +111,7 @@ struct PortHeader {
   Q_PROPERTY(QString itemCount READ itemCountLabel CONSTANT)
   Q_PROPERTY(QString itemCountTooltip READ itemCountTooltipLabel CONSTANT)
   Q_PROPERTY(QVariantList badges READ badgeList CONSTANT)
+  Q_PROPERTY(QString details READ detailsText CONSTANT)
 
 public:
   bool inUse = false;
@@ -122,12 +123,15 @@ public:
   std::optional<std::string> itemCount = {};
   std::optional<std::string> itemCountTooltip = {};
   std::vector<PortBadge> badges = {};
+  /// What else is known about the port, a line each: offers, cable, video. Empty if nothing is.
+  std::string details = {};
 
   QString dotTooltipLabel() const { return shownTooltip(dotTooltip); }
   NameLabel titleText() const { return nameLabel(title, titleNote); }
   QString itemCountLabel() const { return labelOrEmpty(itemCount); }
   QString itemCountTooltipLabel() const { return shownTooltip(itemCountTooltip.value_or("")); }
   QVariantList badgeList() const;
+  QString detailsText() const { return shownParagraphs(details, maxTooltipLength); }
 
   friend bool operator==(const PortHeader&, const PortHeader&) = default;
 };

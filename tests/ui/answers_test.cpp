@@ -102,6 +102,21 @@ TEST_F(PanelAnswersShown, MarkTheClosedCardAndThenTheRow) {
   EXPECT_EQ(popupText(), answer.headline + "\n" + answer.reason + " " + answer.advice + "\n");
 }
 
+TEST_F(PanelAnswersShown, HaveTheirEvidenceBehindTheBadgesOfThePort) {
+  useSample("slow");
+  openPanel();
+  press("40 Gb/s");
+  EXPECT_EQ(popupText(), "Thunderbolt Port 1\nCable: 3 A, USB 2\n");
+  typeKey(Qt::Key_Escape);
+  EXPECT_EQ(popupText(), "");
+}
+
+TEST_F(PanelAnswersShown, LeaveBadgesAloneOfWhichNothingElseIsKnown) {
+  useSample("studio");
+  openPanel();
+  EXPECT_FALSE(isShown(QAccessible::Button, "40 Gb/s"));
+}
+
 TEST_F(PanelAnswersShown, GoWhenTheirReasonGoes) {
   answerWithUnauthorizedDocks(1);
   openPanel();

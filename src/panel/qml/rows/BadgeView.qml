@@ -3,17 +3,35 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// A small label. If it has a colour, its background is a faint tint of that colour.
+// A small label. If it has a colour, its background is a faint tint of that colour. With a text for a
+// popover, it is a button that opens it.
 Rectangle {
     id: badgeView
 
     required property badge badge
+    property string popoverTitle
+    property string popoverText
+    readonly property bool isButton: popoverText !== ""
 
+    function explain() {
+        Popover.toggle(badgeView, popoverTitle, popoverText);
+    }
+
+    activeFocusOnTab: isButton
     color: "transparent"
     implicitHeight: line.implicitHeight + 4
     implicitWidth: line.implicitWidth + line.x * 2
     radius: 4
     visible: badge.text !== ""
+    Accessible.focusable: isButton
+    Accessible.ignored: !isButton
+    Accessible.name: badge.text
+    Accessible.role: Accessible.Button
+    Accessible.onPressAction: explain()
+    Keys.enabled: isButton
+    Keys.onEnterPressed: explain()
+    Keys.onReturnPressed: explain()
+    Keys.onSpacePressed: explain()
 
     Tooltip {
         text: label.shownTooltip
@@ -50,5 +68,14 @@ Rectangle {
             tooltip: badgeView.badge.tooltip
             LineLayout.isElastic: true
         }
+    }
+    MouseArea {
+        anchors.fill: parent
+        enabled: badgeView.isButton
+        onClicked: badgeView.explain()
+        onPressed: Tooltips.hide()
+    }
+    FocusRing {
+        item: badgeView
     }
 }

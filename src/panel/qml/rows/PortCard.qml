@@ -73,6 +73,8 @@ CardSegment {
                     required property badge modelData
 
                     badge: modelData
+                    popoverText: card.content.details
+                    popoverTitle: card.content.title.text
                     LineLayout.isTrailing: true
                 }
             }
