@@ -32,7 +32,7 @@ public:
   explicit JsonWalk(const ReplaceText& replace) : replace_(replace) {}
 
   void visitMembers(json& object, const Surroundings& around) {
-    for (auto& [key, value] : object.items()) {
+    for (const auto& [key, value] : object.items()) {
       visit(value, key, placeOf(key, around));
     }
   }

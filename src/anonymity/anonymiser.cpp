@@ -43,7 +43,7 @@ std::optional<ReadableAnswers> readable(const Answers& answers) {
   return readable;
 }
 
-Answers replacedAnswers(ReadableAnswers answers, const ReplaceText& replace) {
+Answers replacedAnswers(ReadableAnswers&& answers, const ReplaceText& replace) {
   Answers replaced;
   for (auto& [question, section] : answers.sections) {
     replaceTexts(section, replace);
@@ -70,7 +70,7 @@ std::optional<Answers> Anonymiser::anonymised(const Answers& answers) {
   if (!known) {
     return std::nullopt;
   }
-  replacedAnswers(*known, [this](const std::string& text, const TextPlace& place) {
+  replacedAnswers(ReadableAnswers(*known), [this](const std::string& text, const TextPlace& place) {
     if (place.secret) {
       standIns_.learn(text, *place.secret);
     } else {

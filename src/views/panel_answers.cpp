@@ -43,7 +43,7 @@ void addToClosed(const Answer& answer, const std::string& nodeID, Rows& rows) {
   row.text += (row.text.empty() ? "" : "\n") + answer.headline;
 }
 
-std::unordered_map<std::string, std::shared_ptr<const RowAnswer>> shared(Rows rows) {
+std::unordered_map<std::string, std::shared_ptr<const RowAnswer>> shared(Rows&& rows) {
   std::unordered_map<std::string, std::shared_ptr<const RowAnswer>> result;
   for (auto& [nodeID, row] : rows) {
     result.emplace(nodeID, std::make_shared<const RowAnswer>(std::move(row)));

@@ -57,8 +57,8 @@ QImage withGrid(const QImage& panel) {
     painter.drawLine(x, top + height / 4, x, picture.height());
     const bool isAtRight = x > picture.width() / 2;
     const QRect label(isAtRight ? 0 : x + 8, top, isAtRight ? x - 8 : picture.width() - x, height);
-    painter.drawText(label, Qt::AlignVCenter | (isAtRight ? Qt::AlignRight : Qt::AlignLeft),
-                     line.name);
+    const int alignment = isAtRight ? Qt::AlignRight : Qt::AlignLeft;
+    painter.drawText(label, static_cast<int>(Qt::AlignVCenter) | alignment, line.name);
     top += height;
   }
   return picture;

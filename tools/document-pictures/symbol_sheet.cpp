@@ -6,10 +6,12 @@
 
 #include <QPainter>
 
+#include <array>
+
 namespace tamberline {
 namespace {
 
-constexpr int sizes[] = {14, 21, 28};
+constexpr std::array sizes = {14, 21, 28};
 constexpr int columns = 2;
 constexpr int nameWidth = 190;
 constexpr int gap = 10;

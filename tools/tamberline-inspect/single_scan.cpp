@@ -31,7 +31,7 @@ std::shared_ptr<PortEventSource> eventsOf(const std::optional<std::filesystem::p
 
 std::shared_ptr<PortScanner> scanOnce(std::shared_ptr<MachineSource> machine) {
   const MainQueueScope scope(becomeUserInitiatedTask);
-  const std::shared_ptr<PortScanner> scanner =
+  std::shared_ptr<PortScanner> scanner =
       PortScanner::create({.acquisition = {.machine = std::move(machine), .queue = scope.queue()},
                            .events = std::make_shared<SilentEventSource>()});
   const auto scan = scanAndQuit(scanner);

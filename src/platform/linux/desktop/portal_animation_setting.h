@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVariantMap>
 
+#include <utility>
+
 namespace tamberline {
 
 /// The settings of the desktop by group.
@@ -22,14 +24,12 @@ class PortalAnimationSetting final : public QObject, public AnimationSetting {
   Q_OBJECT
 
 public:
-  explicit PortalAnimationSetting(const QDBusConnection& bus) : bus_(bus) {}
+  explicit PortalAnimationSetting(QDBusConnection bus) : bus_(std::move(bus)) {}
 
   void follow(std::function<void(bool isAllowed)> report) override;
 
-private slots:
-  void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
-
 private:
+  Q_SLOT void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
   void take(const PortalSettings& settings);
 
   QDBusConnection bus_;
