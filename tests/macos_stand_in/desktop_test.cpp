@@ -20,6 +20,10 @@ TEST(MacDesktop, HasAnIconInTheMenuBar) {
   EXPECT_NE(dynamic_cast<MacTray*>(tray.get()), nullptr);
 }
 
+TEST(MacDesktop, HasNoSettingOfAnimations) {
+  EXPECT_EQ(makeAnimationSetting(), nullptr);
+}
+
 TEST(MacDesktop, KeepsNoCompiledShadersInAFile) {
   QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache, false);
   chooseGraphics();

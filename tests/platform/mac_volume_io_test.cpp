@@ -86,5 +86,12 @@ TEST(MacVolumeIo, HasNoCacheToDropBeforeReading) {
   EXPECT_EQ(fileSystems.requests, Requests());
 }
 
+TEST(MacVolumeIo, ReportsNothingThatTheSystemDoesNotReport) {
+  dropCachedPages(-1); // every file system bypasses the cache on request
+  EXPECT_FALSE(isServedByProgram(-1));
+  EXPECT_FALSE(dropDevicePages(-1));
+  EXPECT_EQ(bytesReadFromDevice(-1), std::nullopt);
+}
+
 } // namespace
 } // namespace tamberline
