@@ -12,20 +12,12 @@ constexpr int sixteenthsOfDegree = 16;
 
 } // namespace
 
-void Arc::setColor(const QColor& color) {
-  if (color != color_) {
-    color_ = color;
-    emit colorChanged();
-    update();
-  }
-}
-
 void Arc::paint(QPainter* painter) {
   const double diameter = std::min(width(), height());
   const double lineWidth = diameter * widthShare;
   QRectF circle(0, 0, diameter - 2 * lineWidth, diameter - 2 * lineWidth);
   circle.moveCenter(boundingRect().center());
-  painter->setPen(QPen(color_, lineWidth, Qt::SolidLine, Qt::RoundCap));
+  painter->setPen(QPen(color(), lineWidth, Qt::SolidLine, Qt::RoundCap));
   painter->drawArc(circle, 90 * sixteenthsOfDegree, -270 * sixteenthsOfDegree);
 }
 

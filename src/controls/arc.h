@@ -1,29 +1,20 @@
 #pragma once
 
-#include <QColor>
-#include <QQuickPaintedItem>
+#include "controls/painted_shape.h"
+
 #include <QtQml/qqmlregistration.h>
 
 namespace tamberline {
 
 /// Three quarters of a circle, as large as fits into the item; rotated, it shows progress.
-class Arc : public QQuickPaintedItem {
+class Arc : public PaintedShape {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(QColor color MEMBER color_ WRITE setColor NOTIFY colorChanged)
 
 public:
-  explicit Arc(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) { setAntialiasing(true); }
-
-  void setColor(const QColor& color);
+  explicit Arc(QQuickItem* parent = nullptr) : PaintedShape(parent) {}
 
   void paint(QPainter* painter) override;
-
-signals:
-  void colorChanged();
-
-private:
-  QColor color_ = Qt::black;
 };
 
 } // namespace tamberline

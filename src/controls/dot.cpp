@@ -4,17 +4,9 @@
 
 namespace tamberline {
 
-void Dot::setColor(const QColor& color) {
-  if (color != color_) {
-    color_ = color;
-    emit colorChanged();
-    update();
-  }
-}
-
 void Dot::paint(QPainter* painter) {
   painter->setPen(Qt::NoPen);
-  painter->setBrush(color_);
+  painter->setBrush(color());
   painter->drawEllipse(boundingRect());
 }
 

@@ -214,7 +214,7 @@ TextTree treeOf(const PortCard& card) {
   if (card.power.ratedBar) {
     tree.lines.push_back(powerLine(*card.power.ratedBar));
   }
-  for (const DetailLine& detail : card.details) {
+  for (const DetailLine& detail : card.header.details) {
     tree.lines.push_back({{detail.label(), Color::Secondary}});
   }
   if (card.partner) {

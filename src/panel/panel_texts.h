@@ -24,7 +24,6 @@ class PanelTexts {
   Q_PROPERTY(QString hintShowAnswer READ hintShowAnswer CONSTANT)
   Q_PROPERTY(QString needsAttention READ needsAttention CONSTANT)
   Q_PROPERTY(QString noSearchResults READ noSearchResults CONSTANT)
-  Q_PROPERTY(QString note READ note CONSTANT)
   Q_PROPERTY(QString portList READ portList CONSTANT)
   Q_PROPERTY(QString quit READ quit CONSTANT)
   Q_PROPERTY(QString scanningPorts READ scanningPorts CONSTANT)
@@ -42,7 +41,6 @@ public:
   static QString hintShowAnswer() { return toQString(Loc::hintShowAnswer()); }
   static QString needsAttention() { return toQString(Loc::needsAttention()); }
   static QString noSearchResults() { return toQString(Loc::noSearchResults()); }
-  static QString note() { return toQString(Loc::note()); }
   static QString portList() { return toQString(Loc::portList()); }
   static QString quit() { return toQString(Loc::quit()); }
   static QString scanningPorts() { return toQString(Loc::scanningPorts()); }

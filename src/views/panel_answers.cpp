@@ -57,6 +57,18 @@ QString RowAnswer::fullText() const {
   return shownParagraphs(text, maxAnswerLength);
 }
 
+QString RowAnswer::symbolName() const {
+  return shownSymbol(needsAttention ? "exclamationmark.triangle" : "info.circle");
+}
+
+QString RowAnswer::markName() const {
+  if (isAboutContent) {
+    return titleLabel();
+  }
+  return shownLabel(std::string(needsAttention ? Loc::needsAttention() : Loc::note()) + ": " +
+                    title);
+}
+
 QString AnswerLine::fullText() const {
   return shownParagraphs(text, maxAnswerLength);
 }

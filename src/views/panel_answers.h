@@ -18,7 +18,8 @@ struct RowAnswer {
   QML_VALUE_TYPE(rowAnswer)
   Q_PROPERTY(bool isShown MEMBER isShown CONSTANT)
   Q_PROPERTY(bool needsAttention MEMBER needsAttention CONSTANT)
-  Q_PROPERTY(bool isAboutContent MEMBER isAboutContent CONSTANT)
+  Q_PROPERTY(QString symbol READ symbolName CONSTANT)
+  Q_PROPERTY(QString markName READ markName CONSTANT)
   Q_PROPERTY(QString title READ titleLabel CONSTANT)
   Q_PROPERTY(QString text READ fullText CONSTANT)
 
@@ -34,6 +35,9 @@ public:
 
   QString titleLabel() const { return shownLabel(title); }
   QString fullText() const;
+  /// The mark's symbol, and its name for screen readers.
+  QString symbolName() const;
+  QString markName() const;
 
   friend bool operator==(const RowAnswer&, const RowAnswer&) = default;
 };

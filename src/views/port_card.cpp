@@ -180,14 +180,6 @@ PortPower portPower(const TreeNode& node, std::int64_t busNumber, const PortFact
   return power;
 }
 
-std::string linesOf(const std::vector<DetailLine>& details) {
-  std::string lines;
-  for (const DetailLine& detail : details) {
-    lines += (lines.empty() ? "" : "\n") + detail.label();
-  }
-  return lines;
-}
-
 } // namespace
 
 QVariantList PortHeader::badgeList() const {
@@ -196,6 +188,14 @@ QVariantList PortHeader::badgeList() const {
     list.push_back(QVariant::fromValue(badge.badge));
   }
   return list;
+}
+
+QString PortHeader::detailsText() const {
+  std::vector<std::string> lines;
+  for (const DetailLine& detail : details) {
+    lines.push_back(detail.label());
+  }
+  return shownParagraphs(joined(lines, "\n"), maxTooltipLength);
 }
 
 PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFacts& facts) {
@@ -213,8 +213,7 @@ PortCard portCard(const TreeNode& node, const ThunderboltBus& bus, const PortFac
     card.nothingAttached = Loc::nothingAttached();
   }
   if (controller != nullptr) {
-    card.details = portDetailLines(*controller, facts.charging);
-    card.header.details = linesOf(card.details);
+    card.header.details = portDetailLines(*controller, facts.charging);
   }
   return card;
 }

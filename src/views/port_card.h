@@ -124,14 +124,14 @@ public:
   std::optional<std::string> itemCountTooltip = {};
   std::vector<PortBadge> badges = {};
   /// What else is known about the port, a line each: offers, cable, video. Empty if nothing is.
-  std::string details = {};
+  std::vector<DetailLine> details = {};
 
   QString dotTooltipLabel() const { return shownTooltip(dotTooltip); }
   NameLabel titleText() const { return nameLabel(title, titleNote); }
   QString itemCountLabel() const { return labelOrEmpty(itemCount); }
   QString itemCountTooltipLabel() const { return shownTooltip(itemCountTooltip.value_or("")); }
   QVariantList badgeList() const;
-  QString detailsText() const { return shownParagraphs(details, maxTooltipLength); }
+  QString detailsText() const;
 
   friend bool operator==(const PortHeader&, const PortHeader&) = default;
 };
@@ -172,7 +172,6 @@ struct PortCard {
   std::vector<ExpandableRow> rows = {};
   std::optional<PartnerNotice> partner = {}; // only if there are no rows
   std::optional<std::string> nothingAttached = {};
-  std::vector<DetailLine> details = {};
 };
 
 /// `node` must be the node of a port, and `bus` its bus.

@@ -364,6 +364,16 @@ TEST_F(PortScannerTest, BuildsTheTreeAgainIfAnyAnswerThatItShowsChanged) {
   }
 }
 
+/// Says that the devices at 0x00100000 and 0x00200000 are parts of one box.
+std::string oneBox() {
+  return propertyList("<array>"
+                      "<dict><key>locationID</key><integer>1048576</integer>"
+                      "<key>kUSBContainerID</key><string>box</string></dict>"
+                      "<dict><key>locationID</key><integer>2097152</integer>"
+                      "<key>kUSBContainerID</key><string>box</string></dict>"
+                      "</array>");
+}
+
 TEST_F(PortScannerTest, MergesHubsWhoseContainersAreReportedLater) {
   machine->answer(Question::usb, R"({"SPUSBDataType": [
       {"_name": "USB31Bus", "_items": [{"_name": "Fast", "device_speed": "super_speed",
@@ -372,13 +382,7 @@ TEST_F(PortScannerTest, MergesHubsWhoseContainersAreReportedLater) {
         "location_id": "0x00200000 / 2"}]}]})");
   scan();
   EXPECT_EQ(scanner->usbBuses.get().size(), 2U);
-  machine->answer(Question::usbHostDevices,
-                  propertyList("<array>"
-                               "<dict><key>locationID</key><integer>1048576</integer>"
-                               "<key>kUSBContainerID</key><string>box</string></dict>"
-                               "<dict><key>locationID</key><integer>2097152</integer>"
-                               "<key>kUSBContainerID</key><string>box</string></dict>"
-                               "</array>"));
+  machine->answer(Question::usbHostDevices, oneBox());
   scan();
   EXPECT_EQ(busText(scanner->usbBuses.get()), "USB31Bus\n"
                                               "  Fast super_speed\n");
@@ -390,13 +394,7 @@ TEST_F(PortScannerTest, MergesTheHalvesOfAHub) {
         "location_id": "0x00100000 / 1"}]},
       {"_name": "USB20Bus", "_items": [{"_name": "Slow", "device_speed": "high_speed",
         "location_id": "0x00200000 / 2", "_items": [{"_name": "Stick"}]}]}]})");
-  machine->answer(Question::usbHostDevices,
-                  propertyList("<array>"
-                               "<dict><key>locationID</key><integer>1048576</integer>"
-                               "<key>kUSBContainerID</key><string>box</string></dict>"
-                               "<dict><key>locationID</key><integer>2097152</integer>"
-                               "<key>kUSBContainerID</key><string>box</string></dict>"
-                               "</array>"));
+  machine->answer(Question::usbHostDevices, oneBox());
   scan();
   EXPECT_EQ(busText(scanner->usbBuses.get()), "USB31Bus\n"
                                               "  Fast super_speed\n"

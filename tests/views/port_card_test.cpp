@@ -362,10 +362,10 @@ TEST(PortCard, ShowsWhatBothEndsAgreedOnWithoutCallingItMeasured) {
 TEST(PortCard, HasTheDetailsOfItsController) {
   HPMPort port{.portNumber = 2};
   port.details.cable = CableRatings{.maxAmps = 3};
-  EXPECT_EQ(cardOf({}, {.hpmPorts = {{.portNumber = 1}, port}}).details,
+  EXPECT_EQ(cardOf({}, {.hpmPorts = {{.portNumber = 1}, port}}).header.details,
             (std::vector<DetailLine>{{"Cable", "3 A"}}));
-  EXPECT_TRUE(cardOf({}, {.hpmPorts = {{.portNumber = 2}}}).details.empty());
-  EXPECT_TRUE(cardOf({}, {}).details.empty());
+  EXPECT_TRUE(cardOf({}, {.hpmPorts = {{.portNumber = 2}}}).header.details.empty());
+  EXPECT_TRUE(cardOf({}, {}).header.details.empty());
 }
 
 TEST(PortCard, ShowsAPartnerThatIsNotADevice) {

@@ -12,8 +12,8 @@ SymbolButton {
 
     color: answer.needsAttention ? StatusColors.inks.of(Views.Orange) : Theme.secondary
     size: Theme.symbolSize
-    symbol: answer.needsAttention ? "exclamationmark.triangle" : "info.circle"
+    symbol: answer.symbol
     tooltip: answer.title
-    Accessible.name: answer.isAboutContent ? answer.title : (answer.needsAttention ? Panel.texts.needsAttention : Panel.texts.note) + ": " + answer.title
+    Accessible.name: answer.markName
     onTriggered: Popover.toggle(mark, answer.title, answer.text)
 }

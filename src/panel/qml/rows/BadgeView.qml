@@ -3,19 +3,14 @@ import Tamberline
 import Tamberline.Controls
 import Tamberline.Views
 
-// A small label. If it has a colour, its background is a faint tint of that colour. With a text for a
-// popover, it is a button that opens it.
+// A small label. If it has a colour, its background is a faint tint of that colour. It can be a button.
 Rectangle {
     id: badgeView
 
     required property badge badge
-    property string popoverTitle
-    property string popoverText
-    readonly property bool isButton: popoverText !== ""
+    property bool isButton: false
 
-    function explain() {
-        Popover.toggle(badgeView, popoverTitle, popoverText);
-    }
+    signal triggered
 
     activeFocusOnTab: isButton
     color: "transparent"
@@ -27,11 +22,11 @@ Rectangle {
     Accessible.ignored: !isButton
     Accessible.name: badge.text
     Accessible.role: Accessible.Button
-    Accessible.onPressAction: explain()
+    Accessible.onPressAction: triggered()
     Keys.enabled: isButton
-    Keys.onEnterPressed: explain()
-    Keys.onReturnPressed: explain()
-    Keys.onSpacePressed: explain()
+    Keys.onEnterPressed: triggered()
+    Keys.onReturnPressed: triggered()
+    Keys.onSpacePressed: triggered()
 
     Tooltip {
         text: label.shownTooltip
@@ -72,7 +67,7 @@ Rectangle {
     MouseArea {
         anchors.fill: parent
         enabled: badgeView.isButton
-        onClicked: badgeView.explain()
+        onClicked: badgeView.triggered()
         onPressed: Tooltips.hide()
     }
     FocusRing {

@@ -70,11 +70,13 @@ CardSegment {
                 model: card.content.badges
 
                 BadgeView {
+                    id: badgeView
+
                     required property badge modelData
 
                     badge: modelData
-                    popoverText: card.content.details
-                    popoverTitle: card.content.title.text
+                    isButton: card.content.details !== ""
+                    onTriggered: Popover.toggle(badgeView, card.content.title.text, card.content.details)
                     LineLayout.isTrailing: true
                 }
             }

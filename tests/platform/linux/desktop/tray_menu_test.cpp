@@ -1,5 +1,6 @@
 #include "platform/linux/desktop/tray_menu.h"
 
+#include <QMetaMethod>
 #include <gtest/gtest.h>
 
 namespace tamberline {
@@ -31,6 +32,23 @@ TEST_F(TrayMenuTest, GivesThePropertiesThatAreAskedFor) {
   EXPECT_EQ(one[0].id, 2);
   EXPECT_EQ(menu.GetProperty(1, "label").variant(), "Open");
   EXPECT_EQ(menu.GetProperty(9, "label").variant(), "");
+}
+
+/// A parameter whose type the bus library cannot look up by its name makes the method unknown to
+/// hosts.
+TEST_F(TrayMenuTest, HasParametersThatTheBusLibraryKnows) {
+  const QMetaObject& menuType = TrayMenu::staticMetaObject;
+  int parameterCount = 0;
+  for (int index = menuType.methodOffset(); index < menuType.methodCount(); ++index) {
+    const QMetaMethod method = menuType.method(index);
+    for (const QByteArray& typeName : method.parameterTypes()) {
+      const QByteArray plainName = typeName.endsWith('&') ? typeName.chopped(1) : typeName;
+      EXPECT_TRUE(QMetaType::fromName(plainName).isValid())
+          << method.methodSignature().constData() << " has " << plainName.constData();
+      ++parameterCount;
+    }
+  }
+  EXPECT_GT(parameterCount, 10);
 }
 
 TEST_F(TrayMenuTest, ReportsUnknownIdentifiers) {
