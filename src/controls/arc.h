@@ -7,7 +7,7 @@
 namespace tamberline {
 
 /// Three quarters of a circle, as large as fits into the item; rotated, it shows progress.
-class Arc : public PaintedShape {
+class Arc : public tamberline::PaintedShape {
   Q_OBJECT
   QML_ELEMENT
 

@@ -7,7 +7,7 @@
 namespace tamberline {
 
 /// A filled circle as large as the item, round at any scale.
-class Dot : public PaintedShape {
+class Dot : public tamberline::PaintedShape {
   Q_OBJECT
   QML_ELEMENT
 

@@ -75,8 +75,8 @@ CardSegment {
                     required property badge modelData
 
                     badge: modelData
-                    isButton: card.content.details !== ""
-                    onTriggered: Popover.toggle(badgeView, card.content.title.text, card.content.details)
+                    isButton: card.content.details !== "" // qmllint disable unqualified
+                    onTriggered: Popover.toggle(badgeView, card.content.title.text, card.content.details) // qmllint disable unqualified
                     LineLayout.isTrailing: true
                 }
             }
