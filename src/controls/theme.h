@@ -60,6 +60,7 @@ public:
 
   bool isDark() const { return isDark_; }
   QColor text() const { return text_; }
+  QColor window() const { return window_; }
   QColor card() const { return card_; }
   QColor accent() const { return accent_; }
   QColor grey() const { return grey_; }

@@ -34,11 +34,10 @@ PanelWindow::PanelWindow(PanelContext& context, Kind kind) : context_(context) {
   setResizeMode(QQuickView::SizeRootObjectToView);
   setWidth(qRound(PanelSize::width));
   setHeight(qRound(PanelSize::initialHeight));
-  const auto followTheme = [this] {
-    setColor(context_.theme()->property("window").value<QColor>());
-  };
+  const auto followTheme = [this] { setColor(context_.theme()->window()); };
   followTheme();
   connect(context_.theme(), &Theme::changed, this, followTheme);
+  setInitialProperties({{QStringLiteral("isFrameless"), kind == Kind::attached}});
   setSource(QUrl(QStringLiteral("qrc:/qml/Tamberline/ContentView.qml")));
 }
 

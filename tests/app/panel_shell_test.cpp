@@ -1,3 +1,4 @@
+#include "app/look.h"
 #include "app/panel_shell.h"
 #include "support/fake_desktop.h"
 #include "support/fake_machine.h"
@@ -5,6 +6,8 @@
 #include "support/simulated_event_source.h"
 
 #include <QGuiApplication>
+#include <QImage>
+#include <QPalette>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QScreen>
@@ -117,6 +120,34 @@ TEST_F(PanelShellTest, ClickOnTheIconOpensAndAnotherCloses) {
   EXPECT_FALSE(shell->isOpen());
   shell->toggle();
   EXPECT_TRUE(shell->isOpen());
+}
+
+TEST_F(PanelShellTest, HasABorderOnlyBesideItsIcon) {
+  for (const PanelWindow::Kind each : {PanelWindow::Kind::attached, PanelWindow::Kind::ordinary}) {
+    makeShell(each);
+    openPanel();
+    QGuiApplication::processEvents(); // the content follows the window's height
+    const QImage picture = shell->window()->grabWindow();
+    const QPoint leftEdge(0, picture.height() / 2);
+    const bool hasBorder =
+        picture.pixelColor(leftEdge) != picture.pixelColor(leftEdge + QPoint(2, 0));
+    EXPECT_EQ(hasBorder, each == PanelWindow::Kind::attached);
+  }
+}
+
+TEST_F(PanelShellTest, GrowsInTheColorOfThePanelInEachTheme) {
+  const auto places = std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::program);
+  makeShell(PanelWindow::Kind::attached, places);
+  openPanel();
+  EXPECT_EQ(places->colorOfNewAreas, shell->context().theme()->window());
+  EXPECT_EQ(places->colorOfNewAreas.alpha(), 255);
+  const QPalette before = QGuiApplication::palette();
+  const bool wasDark = shell->context().theme()->isDark();
+  QGuiApplication::setPalette(wasDark ? lightPalette() : darkPalette());
+  QGuiApplication::processEvents();
+  EXPECT_NE(shell->context().theme()->isDark(), wasDark);
+  EXPECT_EQ(places->colorOfNewAreas, shell->context().theme()->window());
+  QGuiApplication::setPalette(before);
 }
 
 TEST_F(PanelShellTest, ClickOutsideClosesThePanelOfATrayIcon) {

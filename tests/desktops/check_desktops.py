@@ -29,6 +29,7 @@ class Look:
         self.screen, self.desktop, self.path = screen, desktop, path
         screen.move(WIDTH // 2, HEIGHT - 150)
         time.sleep(2) # bars appear at intervals
+        wait_for("the desktop's bar", lambda: desktop.has_bar(screen.picture()))
         self.empty = screen.still_picture()
         self.process = None
 

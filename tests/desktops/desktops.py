@@ -88,6 +88,10 @@ class Desktop:
     def arguments(self):
         return []
 
+    def has_bar(self, _picture):
+        """Whether the desktop has drawn all that it shows before a program starts."""
+        return True
+
     def own_environment(self):
         return {}
 
@@ -146,6 +150,10 @@ bar {{
 
     def arguments(self):
         return ["--config", str(self.folder / "config")]
+
+    def has_bar(self, picture):
+        y = 10 if self.position == "top" else HEIGHT - 10
+        return picture.pixel(WIDTH // 2, y) == bytes([self.bar_gray] * 3)
 
     def own_environment(self):
         return {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman"}

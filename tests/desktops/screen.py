@@ -50,6 +50,9 @@ class Picture:
     def row(self, y):
         return self.pixels[y * WIDTH * 3 : (y + 1) * WIDTH * 3]
 
+    def pixel(self, x, y):
+        return self.row(y)[x * 3 : (x + 1) * 3]
+
     def changed(self, before, area):
         """The box around all differences inside an area; None if there are none."""
         box = None

@@ -6,6 +6,8 @@ import Tamberline.Controls
 FocusScope {
     id: content
 
+    property bool isFrameless: false
+
     clip: true // the list area has its new height before the window has
     focus: true
 
@@ -100,6 +102,13 @@ FocusScope {
     }
     ChromeHeightKey {
         height: footer.implicitHeight
+    }
+    Rectangle {
+        anchors.fill: parent
+        border.color: Theme.separator
+        border.width: 1
+        color: "transparent"
+        visible: content.isFrameless
     }
     MouseArea {
         anchors.fill: parent
