@@ -202,8 +202,8 @@ std::string suppliesUpTo(std::string_view watts) {
 }
 
 std::string chargerDelivers(std::string_view watts) {
-  return withPrefix({"the charger delivers ", "das Netzteil liefert ", "le chargeur fournit ",
-                     "il caricatore fornisce ", "el cargador entrega "},
+  return withPrefix({"the adapter delivers ", "das Netzteil liefert ", "l’adaptateur fournit ",
+                     "l’alimentatore fornisce ", "el adaptador entrega "},
                     watts);
 }
 

@@ -47,7 +47,7 @@ constexpr auto translations = std::to_array<RelativeTexts>({
        {" minute", " minutes"},
        {" heure", " heures"},
        {" jour", " jours"}}}},
-    {"proprio ora",
+    {"poco fa",
      "",
      {{{" secondo fa", " secondi fa"},
        {" minuto fa", " minuti fa"},

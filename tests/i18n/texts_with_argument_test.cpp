@@ -152,9 +152,9 @@ TEST(TextsWithArgument, FiguresOfAPort) {
                         {"supplies up to 15 W", "liefert bis zu 15 W", "fournit jusqu’à 15 W",
                          "fornisce fino a 15 W", "suministra hasta 15 W"});
   expectInEveryLanguage([] { return Loc::chargerDelivers("69W"); },
-                        {"the charger delivers 69W", "das Netzteil liefert 69W",
-                         "le chargeur fournit 69W", "il caricatore fornisce 69W",
-                         "el cargador entrega 69W"});
+                        {"the adapter delivers 69W", "das Netzteil liefert 69W",
+                         "l’adaptateur fournit 69W", "l’alimentatore fornisce 69W",
+                         "el adaptador entrega 69W"});
   expectInEveryLanguage([] { return Loc::linkUpTo("40 Gb/s"); },
                         {"link up to 40 Gb/s", "Verbindung bis 40 Gb/s", "liaison jusqu’à 40 Gb/s",
                          "collegamento fino a 40 Gb/s", "enlace hasta 40 Gb/s"});

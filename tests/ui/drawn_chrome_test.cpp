@@ -75,7 +75,7 @@ TEST_F(DrawnChrome, OfAnError) {
   EXPECT_EQ(drawn("ErrorBox"), R"(
 on fill orange 0.12 r10: Could not parse SPThunderboltDataType
 <exclamationmark.triangle> (orange)
-Scan again with the round arrow above. If that fails too, quit the program and start it again. (secondary)
+Scan again with the circular arrow above. If that fails too, quit the program and start it again. (secondary)
 )");
 }
 
@@ -84,7 +84,7 @@ TEST_F(DrawnChrome, OfAMachineWithoutPorts) {
   EXPECT_EQ(drawn("Notice"), R"(
 <cable.connector> (tertiary)
 No ports detected (secondary)
-Plug something in, or scan again with the round arrow above. If nothing appears, the firmware of this computer does not describe its ports. (secondary)
+Plug something in, or scan again with the circular arrow above. If nothing appears, the firmware of this computer does not describe its ports. (secondary)
 )");
 }
 

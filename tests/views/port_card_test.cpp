@@ -177,7 +177,7 @@ TEST(PortBadges, SayWhatTheirFiguresMean) {
   const PortCard idle = cardOf({}, withLimit(3000));
   EXPECT_EQ(idle.header.badges.at(0).spoken, "supplies up to 15 W");
   const PortCard charging = cardOf({chargerNode(58)});
-  EXPECT_EQ(charging.header.badges.at(0).spoken, "the charger delivers 58W");
+  EXPECT_EQ(charging.header.badges.at(0).spoken, "the adapter delivers 58W");
 }
 
 TEST(CapacityBadge, IsLeftOutForALimitOfZeroOrOfAnotherPort) {

@@ -58,7 +58,7 @@ TEST(PortDetailLines, SpeakTheLanguageOfTheRun) {
                             .cable = CableRatings{.kind = CableKind::optical, .gbpsOfLane = 10}};
   const LanguageScope scope(AppLanguage::fr);
   EXPECT_EQ(linesOf(details),
-            (Lines{"Offres : 20 V, 3.25 A (convenu)", "L’ordinateur prend au plus : 100 W",
+            (Lines{"Offres : 20 V, 3.25 A (convenu)", "L’ordinateur accepte au plus : 100 W",
                    "Câble : 20 Gb/s, optique"}));
 }
 
