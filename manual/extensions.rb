@@ -152,7 +152,7 @@ module TamberlineManual
                  'right' => [Screenshot::PANEL_WIDTH + MARGIN / 2.0, place.middle_y],
                  'top' => [place.middle_x, @top - MARGIN / 2.0],
                  'after' => [place.right + RADIUS + 3, place.middle_y],
-                 'above' => [place.middle_x, place.y - RADIUS - 3] }.fetch(side)
+                 'below' => [place.middle_x, place.bottom + RADIUS + 3] }.fetch(side)
       center[axis] += 1 while others.any? { |other| (other[axis] - center[axis]).abs < SPACE_BETWEEN }
       center
     end
@@ -221,12 +221,37 @@ module TamberlineManual
   end
 end
 
-# Says in the PDF in which language it is, for who reads it aloud.
-class PdfWithLanguage < Asciidoctor::Converter.for('pdf')
+class ManualConverter < Asciidoctor::Converter.for('pdf')
   register_for 'pdf'
 
+  # Says in the PDF in which language it is, for programs that read it aloud.
   def init_pdf(document)
     super.tap { state.store.root.data[:Lang] = PDF::Core::LiteralString.new(document.attr('lang')) }
+  end
+
+  alias convert_breaking_paragraph convert_paragraph
+
+  # Moves a paragraph to the next page if a page break would leave a single line of it alone.
+  def convert_paragraph(node, opts = nil)
+    advance_page if !at_page_top? && single_line_alone?(node, opts)
+    convert_breaking_paragraph(node, opts)
+  end
+
+  private
+
+  def single_line_alone?(node, opts)
+    extent = dry_run do
+      push_scratch(node.document)
+      convert_breaking_paragraph(node, opts)
+    ensure
+      pop_scratch(node.document)
+    end
+    return false if extent.from.page > 1 || extent.to.page == 1
+
+    line = @theme.base_line_height_length.to_f
+    lines_before = (extent.from.cursor / line).floor
+    lines_after = ((bounds.height - extent.to.cursor - @theme.prose_margin_bottom) / line).round
+    lines_before == 1 || lines_after == 1
   end
 end
 
