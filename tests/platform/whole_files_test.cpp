@@ -3,9 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <atomic>
+#include <csignal>
 #include <fstream>
 #include <iterator>
 #include <set>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <thread>
 
 namespace tamberline {
 namespace {
@@ -82,6 +88,64 @@ TEST_F(WholeFilesTest, ShareUnchangedFiles) {
   EXPECT_EQ(fs::hard_link_count(target / "changed"), 1U);
   EXPECT_EQ(contentOf(target / "same") + contentOf(target / "changed") + contentOf(target / "new"),
             "134");
+}
+
+TEST_F(WholeFilesTest, CreateAFileButNotOverALink) {
+  EXPECT_EQ(createFile(target, "1"), std::nullopt);
+  EXPECT_EQ(contentOf(target), "1");
+  EXPECT_EQ(fs::hard_link_count(target), 1U);
+  fs::remove(target);
+  fs::create_symlink("nowhere", target);
+  EXPECT_EQ(createFile(target, "2"), "File exists");
+  EXPECT_EQ(createFile(target / "below", "2"), "No such file or directory");
+  EXPECT_EQ(namesIn(folder.path()), std::set<std::string>{"target"});
+}
+
+/// A file that another process sees, it sees whole: its name comes last.
+TEST_F(WholeFilesTest, AppearUnderTheirNamesWithAllOfTheirContent) {
+  const std::string content(20'000'000, 'x');
+  std::atomic<bool> isOver = false;
+  std::size_t shortest = content.size();
+  std::thread reader([&] {
+    while (!isOver) {
+      std::error_code error;
+      const std::uintmax_t size = fs::file_size(target, error);
+      shortest = error ? shortest : std::min<std::size_t>(shortest, size);
+    }
+  });
+  for (int round = 0; round < 3; ++round) {
+    EXPECT_EQ(createFile(target, content), std::nullopt);
+    EXPECT_EQ(replaceFile(target, content), std::nullopt);
+    fs::remove(target);
+  }
+  isOver = true;
+  reader.join();
+  EXPECT_EQ(shortest, content.size());
+}
+
+TEST_F(WholeFilesTest, LeaveNoTemporaryFileOnAFullMedium) {
+  rlimit before = {};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit small = {1000, before.rlim_max};
+  const auto usual = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &small);
+  EXPECT_EQ(createFile(target, std::string(2000, 'x')), "File too large");
+  EXPECT_EQ(replaceFile(target, std::string(2000, 'x')), "File too large");
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, usual);
+  EXPECT_EQ(namesIn(folder.path()), std::set<std::string>{});
+}
+
+TEST_F(WholeFilesTest, ReplaceNothingButAFile) {
+  folder.save("file", "1");
+  fs::create_symlink("file", target);
+  EXPECT_EQ(replaceFile(target, "2"), "Not a regular file");
+  EXPECT_EQ(contentOf(target), "1");
+  fs::remove(target);
+  ASSERT_EQ(mkfifo(target.c_str(), 0600), 0);
+  EXPECT_EQ(replaceFile(target, "2"), "Not a regular file");
+  EXPECT_TRUE(fs::is_fifo(target));
+  EXPECT_EQ(namesIn(folder.path()), (std::set<std::string>{"file", "target"}));
 }
 
 TEST_F(WholeFilesTest, ReplaceAFile) {

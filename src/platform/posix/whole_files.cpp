@@ -69,6 +69,30 @@ void synchronizeFolder(const fs::path& folder) {
   }
 }
 
+WriteFailure writeTemporary(const fs::path& path, std::string_view content) {
+  unlink(path.c_str()); // of a process that was killed and had the same number
+  return writeNewFile(path, content);
+}
+
+/// The file systems of memory sticks have one name for each file.
+bool isWithoutLinks(int error) {
+  return error == EPERM || error == EOPNOTSUPP || error == ENOSYS;
+}
+
+/// Reserves the name with an empty file and puts the finished one in its place. Only a kill between
+/// these two calls can leave the empty file.
+WriteFailure takeName(const fs::path& finished, const fs::path& name) {
+  if (WriteFailure failure = writeNewFile(name, "")) {
+    return failure;
+  }
+  if (std::rename(finished.c_str(), name.c_str()) != 0) {
+    const int error = errno;
+    unlink(name.c_str());
+    return reason(error);
+  }
+  return std::nullopt;
+}
+
 bool isLinked(const fs::path& path, const fs::path& other) {
   return link(other.c_str(), path.c_str()) == 0;
 }
@@ -118,19 +142,36 @@ WriteFailure createFolderLike(const fs::path& folder, const Files& files, const 
   return std::nullopt;
 }
 
+/// A new name for a finished file never takes the place of another one.
 WriteFailure createFile(const fs::path& file, std::string_view content) {
-  return writeNewFile(file, content);
+  const fs::path temporary = unfinished(file);
+  WriteFailure failure = writeTemporary(temporary, content);
+  if (!failure && link(temporary.c_str(), file.c_str()) != 0) {
+    failure = isWithoutLinks(errno) ? takeName(temporary, file) : WriteFailure(reason(errno));
+  }
+  unlink(temporary.c_str());
+  if (!failure) {
+    synchronizeFolder(folderAbove(file));
+  }
+  return failure;
 }
 
 WriteFailure replaceFile(const fs::path& file, std::string_view content) {
+  struct stat status = {};
+  if (lstat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+    return S_ISDIR(status.st_mode) ? reason(EISDIR) : "Not a regular file";
+  }
   const fs::path temporary = unfinished(file);
-  unlink(temporary.c_str()); // of a process that was killed and had the same number
-  WriteFailure failure = writeNewFile(temporary, content);
+  WriteFailure failure = writeTemporary(temporary, content);
   if (!failure && std::rename(temporary.c_str(), file.c_str()) != 0) {
     failure = reason(errno);
-    unlink(temporary.c_str());
   }
-  return failure;
+  if (failure) {
+    unlink(temporary.c_str());
+    return failure;
+  }
+  synchronizeFolder(folderAbove(file));
+  return std::nullopt;
 }
 
 } // namespace tamberline

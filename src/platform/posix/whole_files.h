@@ -25,13 +25,14 @@ WriteFailure createFolderLike(const std::filesystem::path& folder,
                               const std::filesystem::path& before,
                               const std::map<std::string, std::string>& filesBefore);
 
-/// Creates a file; fails if something of its name exists.
+/// Creates a file; fails if something of its name exists, even a link that leads nowhere.
 WriteFailure createFile(const std::filesystem::path& file, std::string_view content);
 
-/// Creates a file or takes the place of the one that exists.
+/// Creates a file or takes the place of the one that exists. Fails if something else has its name:
+/// a folder, a link, a device.
 WriteFailure replaceFile(const std::filesystem::path& file, std::string_view content);
 
-/// The names of folders that were not finished begin with this.
+/// The names of files and folders that were not finished begin with this.
 inline constexpr std::string_view unfinishedBeginning = ".unfinished-";
 
 } // namespace tamberline
