@@ -127,6 +127,14 @@ TEST_F(FolderEvents, IgnoreOtherFolders) {
   EXPECT_TRUE(wasNothingToldBefore());
 }
 
+TEST_F(FolderEvents, IgnoreWhatLinksLeadTo) {
+  parent.save("beside", "first");
+  fs::create_symlink(parent.path() / "beside", folder / "SPPowerDataType.json");
+  start();
+  parent.save("beside", "second");
+  EXPECT_TRUE(wasNothingToldBefore());
+}
+
 TEST_F(FolderEvents, DoNotReportEarlierChanges) {
   save("SPUSBDataType.json", "second");
   start();

@@ -58,6 +58,21 @@ TEST_F(SavedReportsTest, AreEmptyWhereAFileIsMissingOrNoFile) {
   EXPECT_EQ(answer(Question::power), "");
 }
 
+TEST_F(SavedReportsTest, AreEmptyWhereAFileIsALink) {
+  folder.save("private", "content");
+  std::filesystem::create_symlink("private", folder.path() / "SPUSBDataType.json");
+  EXPECT_EQ(answer(Question::usb), "");
+  EXPECT_EQ(readRegularFile(folder.path() / "SPUSBDataType.json", 100), "content")
+      << "a path that the user names may be a link";
+}
+
+TEST_F(SavedReportsTest, AreFoundInAFolderThatIsNamedByALink) {
+  folder.save("SPUSBDataType.json", "content");
+  const std::filesystem::path link = folder.path() / "link";
+  std::filesystem::create_directory_symlink(".", link);
+  EXPECT_EQ(SavedReports(link).answer(Question::usb), "content");
+}
+
 TEST_F(SavedReportsTest, AreEmptyWhereAFileIsLargerThanAnyReport) {
   folder.save("SPUSBDataType.json", "");
   std::filesystem::resize_file(folder.path() / "SPUSBDataType.json", 1'000'000'000'000);

@@ -19,8 +19,9 @@ QString existingFolderAbove(const QString& folder) {
   return above;
 }
 
+/// Without links: nobody reads what they lead to, so its changes are of no interest.
 QFileInfoList filesIn(const QString& folder) {
-  return QDir(folder).entryInfoList(QDir::Files | QDir::Hidden, QDir::Name);
+  return QDir(folder).entryInfoList(QDir::Files | QDir::Hidden | QDir::NoSymLinks, QDir::Name);
 }
 
 } // namespace

@@ -23,10 +23,11 @@ bool isRegularFile(const Descriptor& file) {
 
 } // namespace
 
-std::optional<std::string> readRegularFile(const std::filesystem::path& path,
-                                           std::size_t maxBytes) {
+std::optional<std::string> readRegularFile(const std::filesystem::path& path, std::size_t maxBytes,
+                                           Links links) {
   // Opening does not block on a pipe without a writer and acquires no controlling terminal.
-  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+  const Descriptor file(open(path.c_str(), links == Links::follow ? flags : flags | O_NOFOLLOW));
   if (!file.isOpen() || !isRegularFile(file)) {
     return std::nullopt;
   }
@@ -72,7 +73,8 @@ const char* savedFileName(Question question) {
 SavedReports::SavedReports(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
 std::string SavedReports::answer(Question question) {
-  return readRegularFile(folder_ / savedFileName(question), maxToolOutput).value_or("");
+  return readRegularFile(folder_ / savedFileName(question), maxToolOutput, Links::refuse)
+      .value_or("");
 }
 
 std::shared_ptr<MachineSource> savedMachine(const std::filesystem::path& folder) {

@@ -3,6 +3,7 @@
 #include "acquisition/machine_source.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -13,12 +14,17 @@ namespace tamberline {
 /// The name of the file that holds the answer in a folder of saved reports.
 const char* savedFileName(Question question);
 
+/// Whether the last component of a path may be a symbolic link.
+enum class Links : std::uint8_t { follow, refuse };
+
 /// The bytes of a regular file. Absent for any other kind of file, even one that has just taken the
 /// place of a regular file, for an unreadable file and for more than `maxBytes`. Never blocks.
-std::optional<std::string> readRegularFile(const std::filesystem::path& path, std::size_t maxBytes);
+std::optional<std::string> readRegularFile(const std::filesystem::path& path, std::size_t maxBytes,
+                                           Links links = Links::follow);
 
 /// Answers from a folder of saved reports (docs/report-folder.md): each file holds the output of
-/// one tool. A missing or unreadable file counts as empty output.
+/// one tool. A missing or unreadable file counts as empty output, and so does a link: the folder
+/// may come from anyone, and a link in it could lead to a private file.
 class SavedReports final : public MachineSource {
 public:
   explicit SavedReports(std::filesystem::path folder);
