@@ -52,9 +52,16 @@ install(FILES ${here}/autostart.desktop
   ${PROJECT_SOURCE_DIR}/packaging/metrics/tamberline-dashboard.json
   ${PROJECT_SOURCE_DIR}/packaging/schemas/expectations.schema.json
   DESTINATION ${documents}/examples)
-# Nothing turns the timer on. Units of users are in lib, whatever the folder of libraries is.
-install(FILES ${here}/systemd/tamberline-metrics.service ${here}/systemd/tamberline-metrics.timer
-  DESTINATION lib/systemd/user)
+# Nothing turns the timer on. Units of users are in lib, whatever the folder of libraries is. The service
+# names its program by the whole path, which is known when it is installed.
+set(units lib/systemd/user)
+install(FILES ${here}/systemd/tamberline-metrics.timer DESTINATION ${units} COMPONENT metrics)
+install(CODE "
+  set(TAMBERLINE_INSPECT \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/tamberline-inspect\")
+  set(service \"${CMAKE_CURRENT_BINARY_DIR}/packaging/tamberline-metrics.service\")
+  configure_file(\"${here}/systemd/tamberline-metrics.service.in\" \"\${service}\" @ONLY)
+  file(INSTALL \"\${service}\" DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${units}\")"
+  COMPONENT metrics)
 
 # tamberline_files_at_run_time(<variable>): what is opened and not linked, one file for each package. The
 # modules that the panel's QML imports, and Wayland's plugins.
@@ -77,7 +84,9 @@ function(tamberline_files_at_run_time variable)
 endfunction()
 
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+# With DESTDIR, so that files that name their place name the one after installation.
+set(CPACK_SET_DESTDIR ON)
+set(CPACK_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGE_CONTACT "The Tamberline authors <hello@tamberline.org>")
 set(CPACK_PACKAGE_HOMEPAGE_URL https://tamberline.org/)
