@@ -8,10 +8,12 @@ usage: tests/technicians/run_recipes.py BUILD_FOLDER
 import json
 import os
 import re
+import signal
 import stat
 import subprocess
 import sys
 import tempfile
+import time
 from pathlib import Path
 
 import jsonschema
@@ -43,14 +45,27 @@ def put_on_the_path(build, folder):
     """A program of the usual name that takes the sample in the place of this machine."""
     program = folder / "bin/tamberline-inspect"
     program.parent.mkdir()
-    program.write_text(f'#!/bin/sh\nexec "{build}/tools/tamberline-inspect/tamberline-inspect" "$@" '
+    program.write_text(f'#!/bin/sh\necho $$ >"{folder}/process"\n'
+                       f'exec "{build}/tools/tamberline-inspect/tamberline-inspect" "$@" '
                        f'--reports "{PROJECT}/samples/desk" --language en\n')
     program.chmod(program.stat().st_mode | stat.S_IXUSR)
     return {**os.environ, "PATH": f"{program.parent}:{os.environ['PATH']}"}
 
 
 def run(recipe, folder, environment):
-    return subprocess.run(["bash", "-c", recipe], cwd=folder, env=environment, capture_output=True, text=True)
+    process = subprocess.Popen(["bash", "-c", recipe], cwd=folder, env=environment, text=True,
+                               stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    if " record " in recipe:
+        interrupt_recording(process, folder)
+    output, errors = process.communicate()
+    return subprocess.CompletedProcess(recipe, process.returncode, output, errors)
+
+
+def interrupt_recording(process, folder):
+    """Presses Ctrl+C after the first step, as a person would when everything has been shown."""
+    while process.poll() is None and not list(folder.glob("*/step-*")):
+        time.sleep(0.02)
+    os.kill(int((folder / "process").read_text()), signal.SIGINT)
 
 
 def expect(condition, title, outcome):

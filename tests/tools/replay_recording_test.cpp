@@ -21,15 +21,15 @@ std::string contentOf(const fs::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// A recording of two samples, the second one an hour after the first.
+/// A recording of two samples, the second one a hundred seconds after the first.
 class ReplayedRecording : public testing::Test {
 protected:
   ReplayedRecording() {
     fs::copy(SAMPLES_FOLDER "/desk", recording / "step-000001-20261122T133500.000Z",
              fs::copy_options::recursive);
-    fs::copy(SAMPLES_FOLDER "/road", recording / "step-000002-20261122T143500.000Z",
+    fs::copy(SAMPLES_FOLDER "/road", recording / "step-000002-20261122T133640.000Z",
              fs::copy_options::recursive);
-    fs::create_directory(recording / ".unfinished-step-000003-20261122T143501.000Z-12");
+    fs::create_directory(recording / ".unfinished-step-000003-20261122T133641.000Z-12");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("TZ", "UTC");
   }
@@ -78,7 +78,7 @@ protected:
 TEST_F(ReplayedRecording, PlaysUpToItsLastWholeStep) {
   start(recording, {"--speed", "1000"});
   EXPECT_EQ(nextLine(), "▶ 1/2  2026-11-22 13:35:00.000\n");
-  EXPECT_EQ(nextLine(), "▶ 2/2  2026-11-22 14:35:00.000\n");
+  EXPECT_EQ(nextLine(), "▶ 2/2  2026-11-22 13:36:40.000\n");
   program.kill();
   program.waitForFinished();
 }
