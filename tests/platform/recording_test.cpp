@@ -3,8 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
+#include <csignal>
 #include <string>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace tamberline {
 namespace {
@@ -71,6 +75,97 @@ TEST_F(RecordingTest, CountsNothingThatIsNoWholeStep) {
   folder.save("recording/step-000002-20261122T133500.123Z", "a file");
   EXPECT_EQ(namesOf(stepsIn(target)), "");
   EXPECT_EQ(namesOf(stepsIn(folder.path() / "missing")), "");
+}
+
+TEST_F(RecordingTest, IsNotHiddenByALinkThatLeadsNowhere) {
+  Recorder recorder(target);
+  ASSERT_EQ(recorder.begin(), std::nullopt);
+  for (int step = 0; step < 20; ++step) {
+    recorder.add({{Question::usb, std::to_string(step)}}, start);
+  }
+  fs::create_symlink("nowhere", target / "step-000000-20261122T133500.123Z");
+  fs::create_symlink("nowhere", target / "other");
+  EXPECT_EQ(stepsIn(target).size(), 20U);
+}
+
+TEST_F(RecordingTest, DoesNotReachBeyondItsFolder) {
+  fs::create_directories(folder.path() / "private");
+  fs::create_directory(target);
+  fs::create_directory_symlink("../private", target / "step-000001-20261122T133500.123Z");
+  EXPECT_EQ(namesOf(stepsIn(target)), "");
+}
+
+TEST_F(RecordingTest, EndsBeforeItTakesMoreThanItsLimit) {
+  // A folder and a file for each step: 12 KB and 4 KB, in blocks.
+  Recorder recorder(target, 1'000'000);
+  ASSERT_EQ(recorder.begin(), std::nullopt);
+  const auto addStep = [&](char letter) {
+    return recorder.add({{Question::usb, std::string(10'000, letter)}}, start);
+  };
+  char letter = 'A';
+  while (!addStep(letter)) {
+    ++letter;
+    ASSERT_LT(letter, 'A' + 100);
+  }
+  EXPECT_EQ(letter, 'A' + 61) << "each step takes 16,384 bytes";
+  EXPECT_EQ(addStep('z'), "the recording would take more than 1 MB");
+  EXPECT_EQ(stepsIn(target).size(), 61U);
+}
+
+TEST_F(RecordingTest, CountsSharedFilesOnce) {
+  Recorder recorder(target, 1'000'000);
+  ASSERT_EQ(recorder.begin(), std::nullopt);
+  for (int step = 0; step < 30; ++step) {
+    ASSERT_EQ(recorder.add({{Question::deviceTree, std::string(700'000, 'x')},
+                            {Question::usb, std::to_string(step)}},
+                           start),
+              std::nullopt)
+        << step;
+  }
+}
+
+/// Writes steps until it is killed, and a byte for each.
+[[noreturn]] void recordEndlessly(const fs::path& recording, int told) {
+  Recorder recorder(recording);
+  recorder.begin();
+  for (char letter = 'a';; letter = letter == 'z' ? 'a' : static_cast<char>(letter + 1)) {
+    recorder.add({{Question::usb, std::string(300'000, letter)}, {Question::power, "same"}}, start);
+    if (write(told, &letter, 1) != 1) {
+      _exit(1);
+    }
+  }
+}
+
+/// Kills the recording process after some steps, in the middle of whatever it does then.
+void recordAndKill(const fs::path& recording, int stepCount) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(pipe(ends.data()), 0);
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    recordEndlessly(recording, ends[1]);
+  }
+  close(ends[1]);
+  for (int step = 0; step < stepCount; ++step) {
+    char letter = 0;
+    ASSERT_EQ(read(ends[0], &letter, 1), 1);
+  }
+  kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  close(ends[0]);
+}
+
+TEST_F(RecordingTest, HasWholeStepsOnlyWhenItsProgramWasKilled) {
+  for (int stepCount = 1; stepCount <= 10; ++stepCount) {
+    const fs::path recording = folder.path() / std::to_string(stepCount);
+    recordAndKill(recording, stepCount);
+    const std::vector<RecordedStep> steps = stepsIn(recording);
+    EXPECT_GE(steps.size(), static_cast<std::size_t>(stepCount));
+    for (const RecordedStep& step : steps) {
+      EXPECT_EQ(fs::file_size(step.folder / "SPUSBDataType.json"), 300'000U) << step.folder;
+      EXPECT_EQ(fs::file_size(step.folder / "SPPowerDataType.json"), 4U) << step.folder;
+    }
+  }
 }
 
 TEST_F(RecordingTest, SaysWhyAStepCannotBeWritten) {

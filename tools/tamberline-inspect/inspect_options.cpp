@@ -1,6 +1,7 @@
 #include "inspect_options.h"
 
 #include "argument_parser.h"
+#include "base/text.h"
 
 #include <string>
 #include <system_error>
@@ -27,6 +28,16 @@ std::filesystem::path existingState(const std::string& name) {
     throw WrongArgument("there is no folder or document '" + name + "'");
   }
   return name;
+}
+
+std::uintmax_t bytesOfMegabytes(const std::string& text) {
+  constexpr std::int64_t maxMegabytes = 1'000'000;
+  constexpr std::uintmax_t bytesPerMegabyte = 1'000'000;
+  const std::optional<std::int64_t> number = parseDecimal(text);
+  if (!number || *number < 1 || *number > maxMegabytes) {
+    throw WrongArgument("a size is a number of megabytes from 1 to 1000000, not '" + text + "'");
+  }
+  return static_cast<std::uintmax_t>(*number) * bytesPerMegabyte;
 }
 
 /// The flags whose commands are only known after all arguments were read.
@@ -72,6 +83,9 @@ void addRecord(ArgumentParser& parser, InspectOptions& options, CommandFlags& fl
       parser.addSubcommand("record", [&options] { options.command = RecordCommand(); });
   record.addOption("DIR", [&](const Text& name) { chosen<RecordCommand>(options).folder = name; });
   record.addFlag("--anonymise", flags.isAnonymous);
+  record.addOption("--max-size", [&](const Text& text) {
+    chosen<RecordCommand>(options).maxBytes = bytesOfMegabytes(text);
+  });
 }
 
 void addMetrics(ArgumentParser& parser, InspectOptions& options) {

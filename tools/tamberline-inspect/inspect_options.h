@@ -1,7 +1,9 @@
 #pragma once
 
 #include "i18n/app_language.h"
+#include "platform/saved/recording.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string_view>
@@ -35,6 +37,8 @@ struct ExpectCommand {
 struct RecordCommand {
   std::filesystem::path folder = {};
   bool isAnonymous = false;
+  /// The recording ends before it takes more.
+  std::uintmax_t maxBytes = usualMaxRecordingBytes;
 };
 
 struct MetricsCommand {

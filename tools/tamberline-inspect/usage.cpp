@@ -96,7 +96,7 @@ checked, for wrong arguments and a wrong file too.
 )";
 
 constexpr std::string_view recordUsage =
-    R"(Usage: tamberline-inspect record DIR [--anonymise] [--reports DIR]
+    R"(Usage: tamberline-inspect record DIR [--anonymise] [--max-size MB] [--reports DIR]
 
 Keeps the state of the machine and every change from now on with its time in the new
 folder DIR, until interrupted. tamberline-replay DIR plays it. Prints the name of each
@@ -104,13 +104,15 @@ step's folder, which every program of Tamberline opens in the place of a machine
 
   --anonymise      replace serial numbers, identifiers, names of volumes, mount points
                    and host names by stand-ins, as tamberline-inspect save does
+  --max-size MB    end the recording before it takes more than MB megabytes; without it,
+                   before it takes more than 1000
   --reports DIR    record the machine whose reports are in that folder
 
 A step is there whole or not at all, even if the program is killed. Steps share the
 reports that did not change.
 
 Exit status: 0 when interrupted (SIGINT, SIGTERM, SIGHUP), 1 when a step could not be
-written, 2 for wrong arguments.
+written or there is no room left for it, 2 for wrong arguments.
 )";
 
 constexpr std::string_view metricsUsage =

@@ -6,7 +6,8 @@ _tamberline_inspect() {
     case $word in save | compare | expect | record | metrics) command=$word ;; esac
   done
   case $command in
-    save | record) options+=' --anonymise' ;;
+    save) options+=' --anonymise' ;;
+    record) options+=' --anonymise --max-size' ;;
     compare) options+=' --json' ;;
     expect) options+=' --json --write --tap' ;;
     metrics) options+=' --output' ;;
@@ -15,6 +16,7 @@ _tamberline_inspect() {
   case $previous in
     --reports) mapfile -t COMPREPLY < <(compgen -d -- "$current") ;;
     --output) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
+    --max-size) COMPREPLY=() ;;
     --language) mapfile -t COMPREPLY < <(compgen -W "en de fr it es" -- "$current") ;;
     *)
       mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")

@@ -33,7 +33,32 @@ std::string nameOfStep(std::size_t number, Time time) {
          moment.toString(QLatin1String(timeFormat)).toStdString();
 }
 
-std::optional<Time> timeIn(const std::string& name) {
+/// The names of more steps would not be in order.
+constexpr std::size_t maxSteps = 999'999;
+
+/// What a file or an empty folder occupies on usual file systems.
+std::uintmax_t occupied(std::uintmax_t bytes) {
+  constexpr std::uintmax_t blockBytes = 4096;
+  return std::max<std::uintmax_t>((bytes + blockBytes - 1) / blockBytes, 1) * blockBytes;
+}
+
+/// What a step occupies beyond the files that it shares with the one before.
+std::uintmax_t ownBytesOf(const fs::path& step) {
+  std::uintmax_t bytes = occupied(0);
+  std::error_code error;
+  for (auto file = fs::directory_iterator(step, error); !error && file != fs::end(file);
+       file.increment(error)) {
+    std::error_code unreadable;
+    const std::uintmax_t size = file->file_size(unreadable);
+    const bool isOwn = !unreadable && file->hard_link_count(unreadable) == 1;
+    bytes += isOwn ? occupied(size) : 0;
+  }
+  return bytes;
+}
+
+} // namespace
+
+std::optional<Time> timeOfStep(const std::string& name) {
   const std::vector<std::string_view> parts = split(name, '-');
   if (parts.size() != 3 || !name.starts_with(nameBeginning) || !parseDecimal(parts[1])) {
     return std::nullopt;
@@ -47,15 +72,14 @@ std::optional<Time> timeIn(const std::string& name) {
              : std::nullopt;
 }
 
-} // namespace
-
 std::vector<RecordedStep> stepsIn(const fs::path& recording) {
   std::vector<RecordedStep> steps;
   std::error_code error;
   for (auto entry = fs::directory_iterator(recording, error); !error && entry != fs::end(entry);
        entry.increment(error)) {
-    const auto time = timeIn(entry->path().filename().string());
-    if (time && entry->is_directory(error)) {
+    const auto time = timeOfStep(entry->path().filename().string());
+    std::error_code unreadable; // which must not end the loop
+    if (time && fs::is_directory(entry->symlink_status(unreadable))) {
       steps.push_back({entry->path(), *time});
     }
   }
@@ -65,7 +89,8 @@ std::vector<RecordedStep> stepsIn(const fs::path& recording) {
   return steps;
 }
 
-Recorder::Recorder(fs::path folder) : folder_(std::move(folder)) {}
+Recorder::Recorder(fs::path folder, std::uintmax_t maxBytes)
+    : folder_(std::move(folder)), maxBytes_(maxBytes) {}
 
 WriteFailure Recorder::begin() {
   std::error_code error;
@@ -78,13 +103,34 @@ WriteFailure Recorder::begin() {
                            : WriteFailure(std::make_error_code(std::errc::file_exists).message());
 }
 
+/// Why a step with these files would be too much.
+WriteFailure Recorder::refusalOf(const std::map<std::string, std::string>& files) const {
+  if (stepCount_ == maxSteps) {
+    return "the recording has " + std::to_string(maxSteps) + " steps, and no more fit";
+  }
+  std::uintmax_t bytes = usedBytes_ + occupied(0);
+  for (const auto& [name, content] : files) {
+    const auto before = lastFiles_.find(name);
+    const bool isShared = before != lastFiles_.end() && before->second == content;
+    bytes += isShared ? 0 : occupied(content.size());
+  }
+  constexpr std::uintmax_t megabyte = 1'000'000;
+  return bytes <= maxBytes_ ? std::nullopt
+                            : WriteFailure("the recording would take more than " +
+                                           std::to_string(maxBytes_ / megabyte) + " MB");
+}
+
 WriteFailure Recorder::add(const Answers& answers, Time time) {
   const fs::path step = folder_ / nameOfStep(stepCount_ + 1, time);
   std::map<std::string, std::string> files = savedFiles(answers);
+  if (WriteFailure refusal = refusalOf(files)) {
+    return refusal;
+  }
   if (WriteFailure failure = createFolderLike(step, files, lastFolder_, lastFiles_)) {
     return failure;
   }
   ++stepCount_;
+  usedBytes_ += ownBytesOf(step); // on some file systems, nothing is shared
   lastFolder_ = step;
   lastFiles_ = std::move(files);
   return std::nullopt;

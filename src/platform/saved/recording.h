@@ -5,8 +5,10 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,26 +21,38 @@ struct RecordedStep {
   std::chrono::system_clock::time_point time; // in milliseconds
 };
 
+/// The time in the name of a step's folder; absent for any other name.
+std::optional<std::chrono::system_clock::time_point> timeOfStep(const std::string& name);
+
 /// The whole steps of a recording, in order; empty if the folder is no recording. A step that was
-/// not finished, because the recording program was killed, does not count.
+/// not finished, because the recording program was killed, does not count. Neither does a link: the
+/// recording may come from anyone, and nothing outside of it is read.
 std::vector<RecordedStep> stepsIn(const std::filesystem::path& recording);
+
+/// A device that comes and goes all the time would fill any medium.
+inline constexpr std::uintmax_t usualMaxRecordingBytes = 1'000'000'000;
 
 /// Writes a recording, step by step. Each step is whole or not there at all, and shares unchanged
 /// files with the step before.
 class Recorder {
 public:
-  explicit Recorder(std::filesystem::path folder);
+  explicit Recorder(std::filesystem::path folder, std::uintmax_t maxBytes = usualMaxRecordingBytes);
 
   /// Makes the folder; fails if something of its name exists, except for an empty folder.
   WriteFailure begin();
 
+  /// Fails if the recording would become too large; what was recorded stays.
   WriteFailure add(const Answers& answers, std::chrono::system_clock::time_point time);
 
   /// The name of the last step's folder.
   std::string lastName() const { return lastFolder_.filename().string(); }
 
 private:
+  WriteFailure refusalOf(const std::map<std::string, std::string>& files) const;
+
   std::filesystem::path folder_;
+  std::uintmax_t maxBytes_;
+  std::uintmax_t usedBytes_ = 0;
   std::size_t stepCount_ = 0;
   std::filesystem::path lastFolder_;
   std::map<std::string, std::string> lastFiles_;

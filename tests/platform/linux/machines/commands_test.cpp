@@ -1,7 +1,10 @@
 #include "platform/linux/machines/mocked_machine.h"
 #include "platform/posix/child_process_runner.h"
-#include "platform/saved/recording.h"
+#include "platform/saved/saved_reports.h"
+#include "platform/this_machine.h"
+#include "recording/recorded_scans.h"
 #include "support/event_loop.h"
+#include "support/hand_driven_queue.h"
 #include "support/temporary_folder.h"
 
 #include <QCoreApplication>
@@ -9,12 +12,15 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <chrono>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tamberline {
 namespace {
 
+using namespace std::chrono_literals;
 using nlohmann::json;
 
 /// Sockets of the laptop: of a monitor on its second port, and of its own.
@@ -145,8 +151,7 @@ std::string devicesOf(const RecordedStep& step) {
   return names;
 }
 
-TEST_F(MachineCommands, RecordEachChangeUntilTheyAreKilled) {
-  constexpr int changeCount = 100;
+TEST_F(MachineCommands, RecordUntilTheyAreKilled) {
   QProcess recording;
   recording.start(INSPECT_PROGRAM, {"record", QString::fromStdString(file("recording"))});
   const auto waitForStep = [&] {
@@ -154,21 +159,85 @@ TEST_F(MachineCommands, RecordEachChangeUntilTheyAreKilled) {
            !recording.readLine().isEmpty();
   };
   ASSERT_TRUE(waitForStep());
-  for (int change = 1; change <= changeCount; ++change) {
-    machine.detach(onMonitor);
-    machine.attach(stickAt(onMonitor, "Stick " + std::to_string(change), 40 + change));
-    if (change < changeCount) {
-      ASSERT_TRUE(waitForStep()) << change;
-    }
-  }
+  machine.detach(onMonitor);
+  machine.attach(stickAt(onMonitor, "Stick 1", 41));
+  ASSERT_TRUE(waitForStep());
   recording.kill();
   recording.waitForFinished();
   const std::vector<RecordedStep> steps = stepsIn(file("recording"));
-  ASSERT_GE(steps.size(), static_cast<std::size_t>(changeCount));
-  EXPECT_NE(devicesOf(steps.front()).find("Marble Stick\n"), std::string::npos);
+  ASSERT_EQ(steps.size(), 2U);
+  EXPECT_NE(devicesOf(steps[0]).find("Marble Stick\n"), std::string::npos);
   EXPECT_NE(devicesOf(steps[1]).find("Stick 1\n"), std::string::npos);
-  EXPECT_NE(devicesOf(steps[changeCount - 1]).find("Stick " + std::to_string(changeCount - 1)),
-            std::string::npos);
+}
+
+TEST_F(MachineCommands, RecordNoMoreThanTheirLimit) {
+  const Outcome full = inspect({"record", file("recording"), "--max-size", "0"});
+  EXPECT_EQ(full.status, 2);
+  EXPECT_EQ(full.output.substr(0, full.output.find('\n')),
+            "tamberline-inspect: a size is a number of megabytes from 1 to 1000000, not '0'");
+}
+
+/// Records this machine, whose events and reports are real, while the test moves the clock.
+class RecordedMachineOfTest {
+public:
+  explicit RecordedMachineOfTest(const std::filesystem::path& folder)
+      : folder_(folder), recording_({.scanner = scanner_,
+                                     .machine = kept_,
+                                     .queue = queue_,
+                                     .recorder = begunRecorder(),
+                                     .anonymiser = {}},
+                                    {.stepAdded = [this](const auto& name) { lastStep_ = name; },
+                                     .changeSkipped = [](const auto& why) { ADD_FAILURE() << why; },
+                                     .ended = [](const auto& why) { ADD_FAILURE() << why; }}) {
+    scanner_->scan();
+    queue_->advance(10s);
+  }
+
+  /// Waits for the step in which this name is.
+  bool hasStepWith(const std::string& name) {
+    return runEventsUntil([&] {
+      queue_->advance(500ms);
+      return usbReportOf(folder_ / lastStep_).find(name) != std::string::npos;
+    });
+  }
+
+  static std::string usbReportOf(const std::filesystem::path& step) {
+    return SavedReports(step).answer(Question::usb);
+  }
+
+private:
+  Recorder begunRecorder() const {
+    Recorder recorder(folder_);
+    EXPECT_EQ(recorder.begin(), std::nullopt);
+    return recorder;
+  }
+
+  std::filesystem::path folder_;
+  std::string lastStep_;
+  std::shared_ptr<KeptAnswers> kept_ = std::make_shared<KeptAnswers>(sourceOfThisMachine());
+  std::shared_ptr<HandDrivenQueue> queue_ = std::make_shared<HandDrivenQueue>();
+  std::shared_ptr<PortScanner> scanner_ = PortScanner::create(
+      {.acquisition = {.machine = kept_, .queue = queue_}, .events = eventsOfThisMachine()});
+  RecordedScans recording_;
+};
+
+TEST_F(MachineCommands, RecordAHundredChangesInTheirOrder) {
+  constexpr int changeCount = 100;
+  RecordedMachineOfTest recording(file("recording"));
+  for (int change = 1; change <= changeCount; ++change) {
+    const std::string name = "Disk " + std::to_string(change);
+    machine.detach(onMonitor);
+    machine.attach(stickAt(onMonitor, name, 40 + change));
+    ASSERT_TRUE(recording.hasStepWith('"' + name + '"')) << change;
+  }
+  std::string nextName = "\"Marble Stick\"";
+  int change = 0;
+  for (const RecordedStep& step : stepsIn(file("recording"))) {
+    if (RecordedMachineOfTest::usbReportOf(step.folder).find(nextName) != std::string::npos) {
+      nextName = "\"Disk " + std::to_string(++change) + '"';
+    }
+  }
+  EXPECT_EQ(change, changeCount + 1) << "there is no step with " << nextName << " after the others";
 }
 
 } // namespace
