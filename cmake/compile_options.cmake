@@ -17,6 +17,12 @@ if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(tamberline_options INTERFACE -Wno-subobject-linkage)
 endif()
 
+# The same sources make the same programs in every folder.
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  target_compile_options(tamberline_options INTERFACE
+    -ffile-prefix-map=${PROJECT_BINARY_DIR}=build -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+endif()
+
 # Release builds are hardened, so that a hostile device that exploits a bug in a parser ends the program
 # instead of taking it over.
 if(CMAKE_BUILD_TYPE STREQUAL "Release")

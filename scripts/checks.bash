@@ -12,6 +12,7 @@ format - the layout of C++ (clang-format)
 scripts - shell scripts (shellcheck)
 layers - what layers include, and the picture of them
 desktop-entries - desktop entries and metainfo
+release - versions, notes and the source archive
 build-dev - the everyday build
 quick build-dev its tests, as with --quick
 build-coverage - the build with g++ that counts lines
@@ -75,6 +76,8 @@ check_desktop_entries() {
   desktop-file-validate packaging/linux/*.desktop &&
     appstreamcli validate --no-net packaging/linux/*.metainfo.xml
 }
+
+check_release() { tests/release/check_release.py; }
 
 check_build_dev() { build dev; }
 

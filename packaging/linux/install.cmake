@@ -4,13 +4,6 @@ include(GNUInstallDirs)
 set(here ${CMAKE_CURRENT_LIST_DIR})
 set(id org.tamberline.Tamberline)
 
-foreach(file debian/changelog ${id}.metainfo.xml)
-  file(READ ${here}/${file} content)
-  if(NOT content MATCHES "\\(${PROJECT_VERSION}\\)|version=\"${PROJECT_VERSION}\"")
-    message(FATAL_ERROR "${here}/${file} does not mention version ${PROJECT_VERSION}")
-  endif()
-endforeach()
-
 install(TARGETS tamberline tamberline-inspect tamberline-replay)
 install(FILES ${TAMBERLINE_MANUALS} DESTINATION ${CMAKE_INSTALL_DATADIR}/tamberline/manual)
 install(FILES ${here}/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
