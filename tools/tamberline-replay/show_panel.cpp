@@ -75,6 +75,10 @@ QCoro::Task<> showPanel(PanelShell* shell, std::shared_ptr<PortScanner> scanner,
     shell->context().panel()->expandAll();
   }
   if (!options.searchText.empty()) {
+    // A search does not change the height of the window, which depends on whether all parts had
+    // theirs before.
+    auto complete = waitForStableSize(shell->window(), queue);
+    co_await complete;
     shell->context().search()->setSearchText(QString::fromStdString(options.searchText));
   }
   if (!options.screenshot) {
