@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -27,6 +29,8 @@ namespace {
 
 /// Gives 5,000 rows: two of nine devices are the second halves of hubs.
 constexpr std::size_t devicesOfLargeMachine = 5'622;
+/// Gives 200 rows.
+constexpr std::size_t devicesOfMediumMachine = 222;
 constexpr int iterations = 20; // each needs an unmeasured pause before it
 
 std::filesystem::path deskSample() {
@@ -37,16 +41,17 @@ void save(const std::string& answer, Question question, const std::filesystem::p
   std::ofstream(folder / savedFileName(question)) << answer;
 }
 
+std::unique_ptr<QTemporaryDir> folderOfMachine(std::size_t devices) {
+  auto folder = std::make_unique<QTemporaryDir>();
+  for (const auto& [question, answer] : makeLargeMachine(devices)) {
+    save(answer, question, folder->path().toStdString());
+  }
+  return folder;
+}
+
 std::filesystem::path largeMachine() {
-  static const QTemporaryDir folder;
-  static const bool isSaved = [] {
-    for (const auto& [question, answer] : makeLargeMachine(devicesOfLargeMachine)) {
-      save(answer, question, folder.path().toStdString());
-    }
-    return true;
-  }();
-  benchmark::DoNotOptimize(isSaved);
-  return folder.path().toStdString();
+  static const std::unique_ptr<QTemporaryDir> folder = folderOfMachine(devicesOfLargeMachine);
+  return folder->path().toStdString();
 }
 
 void countRows(benchmark::State& state, BenchedPanel& panel) {
@@ -89,6 +94,44 @@ void expandAll(benchmark::State& state) {
   countRows(state, panel);
 }
 BENCHMARK(expandAll)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(iterations);
+
+using FrameTimes = std::vector<std::chrono::steady_clock::time_point>;
+
+double millisecondsBetween(FrameTimes::value_type from, FrameTimes::value_type to) {
+  return std::chrono::duration<double, std::milli>(to - from).count();
+}
+
+/// Closes and opens the first card of a machine with 200 rows while the other rows move. Notes how
+/// many frames a second are shown meanwhile, and the longest time between two of them.
+void movingRows(benchmark::State& state) {
+  const std::unique_ptr<QTemporaryDir> machine = folderOfMachine(devicesOfMediumMachine);
+  BenchedPanel panel(machine->path().toStdString());
+  panel.shell().context().motion()->setAllowed(true);
+  panel.controller().expandAll();
+  panel.settle();
+  countRows(state, panel);
+  FrameTimes frames;
+  const QMetaObject::Connection noting =
+      QObject::connect(panel.shell().window(), &QQuickWindow::frameSwapped,
+                       [&frames] { frames.push_back(std::chrono::steady_clock::now()); });
+  double shownFrames = 0;
+  double milliseconds = 0;
+  double longest = 0;
+  for (auto iteration : state) {
+    frames.clear();
+    panel.controller().toggle(0);
+    panel.settle();
+    for (std::size_t index = 1; index < frames.size(); ++index) {
+      longest = std::max(longest, millisecondsBetween(frames[index - 1], frames[index]));
+    }
+    shownFrames += static_cast<double>(frames.size()) - 1;
+    milliseconds += millisecondsBetween(frames.front(), frames.back());
+  }
+  QObject::disconnect(noting);
+  state.counters["frames per second"] = shownFrames * 1000 / milliseconds;
+  state.counters["longest ms"] = longest;
+}
+BENCHMARK(movingRows)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(iterations);
 
 /// Counts the changes that a view would have to follow.
 void countSignals(const QAbstractItemModel& model, int& count) {

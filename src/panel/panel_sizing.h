@@ -54,7 +54,7 @@ public:
   void setGivenHeight(std::optional<double> points);
 
   /// `source` only identifies the measurement; a height of 0 removes it.
-  void measure(Channel channel, const void* source, double height);
+  void measure(Channel channel, const QObject* source, double height);
 
   double chromeHeight() const { return chromeHeight_; }
   double chromeBaseline() const { return chromeBaseline_; }
@@ -77,8 +77,8 @@ private:
 
   std::shared_ptr<MainQueue> queue_;
   std::shared_ptr<PendingCombination> pendingCombination_; // posted work holds it weakly
-  std::map<const void*, double> listHeights_;
-  std::map<const void*, double> chromeHeights_;
+  std::map<const QObject*, double> listHeights_;
+  std::map<const QObject*, double> chromeHeights_;
   std::optional<double> screenHeight_;
   std::optional<double> givenHeight_;
   double chromeHeight_ = 0;

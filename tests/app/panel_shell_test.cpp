@@ -329,7 +329,7 @@ protected:
   double cap() const { return *shell->context().sizing()->screenHeight(); }
 
 private:
-  const char list = 0;
+  const QObject list;
 };
 
 TEST_F(PanelAmongBarsTest, ShrinksWhenABarAppears) {

@@ -3,6 +3,7 @@
 #include "scanner/scanner_fixture.h"
 #include "support/counted_signal.h"
 
+#include <QObject>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <gtest/gtest.h>
@@ -18,7 +19,7 @@ class PanelSizingTest : public testing::Test {
 protected:
   void TearDown() override { queue->end(); }
 
-  void measure(Channel channel, const int& source, double height) {
+  void measure(Channel channel, const QObject& source, double height) {
     sizing->measure(channel, &source, height);
     queue->runPosted();
   }
@@ -31,11 +32,11 @@ protected:
   std::shared_ptr<HandDrivenQueue> queue = std::make_shared<HandDrivenQueue>();
   std::unique_ptr<PanelSizing> sizing = std::make_unique<PanelSizing>(queue);
   CountedSignal changes{sizing.get(), &PanelSizing::changed};
-  const int header = 0;
-  const int footer = 0;
-  const int suggestions = 0;
-  const int cards = 0;
-  const int notice = 0;
+  const QObject header;
+  const QObject footer;
+  const QObject suggestions;
+  const QObject cards;
+  const QObject notice;
 };
 
 TEST_F(PanelSizingTest, AddsUpTheChrome) {

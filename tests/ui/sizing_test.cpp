@@ -57,7 +57,7 @@ TEST_F(PanelSizes, DoNotFollowRounding) {
   useSample("road");
   openPanel();
   const int height = window().height();
-  const char part = 0;
+  const QObject part;
   const double fraction = wantedHeight() - height;
   context().sizing()->measure(PanelSizing::Channel::chrome, &part, 0.5 - fraction);
   settle();
