@@ -4,7 +4,8 @@
 - each command has a line in commands.txt that says who runs it, and those that say "here" are run;
 - each relative link leads to a file, and to a heading of it;
 - each path and each file name of the project that is named exists;
-- each option of the project's programs and scripts that is named exists, and man pages name all of them.
+- each option of the project's programs and scripts that is named exists, and man pages name all of them;
+- a section that says how long something took or how much memory it cost has a date and a commit.
 
 usage: tests/documents/check_documents.py BUILD_FOLDER
 """
@@ -36,6 +37,13 @@ FILE_NAME = re.compile(r"[\w.*-]+\.(?:cpp|h|mm|qml|py|def|adoc|yml|bash|cmake|md
 # Sources of Qt, which macos.md cites with their lines.
 SOURCE_OF_QT = re.compile(r"src/(?:plugins|gui|corelib|quick|tools)/|(?:q\w+|shared)\.(?:mm|cpp)")
 
+# docs/performance.md has the date of all its figures at its top; the changelog has those of its editions.
+WITHOUT_DATES = ("performance.md", "CHANGELOG.md")
+COST = re.compile(r"(?:\btakes?\b|\btook\b|\bcosts?\b|processor time)[^.|]*?\b\d[\d.,]* (?:s|ms|minutes|seconds|MB)\b"
+                  r"|\d[\d.,]* (?:s|ms|minutes|seconds) of processor time")
+DATE = re.compile(r"\b\d{1,2}\s[A-Z][a-z]+\s20\d\d\b")
+COMMIT = re.compile(r"\b(?=[a-f]*\d)[0-9a-f]{7}\b")
+
 failures = []
 
 
@@ -58,6 +66,7 @@ class Document:
         self.name = str(path.relative_to(PROJECT))
         text = path.read_text(encoding="utf-8")
         self.blocks = blocks_of_man_page(text) if path.suffix == ".1" else indented_blocks(text)
+        self.sections = re.split(r"^(?=#)", text, flags=re.MULTILINE)
         self.prose = re.sub(r"^    .*$", "", text, flags=re.MULTILINE)
         self.spans = [re.sub(r"\s+", " ", span) for span in re.findall(r"`([^`]+)`", self.prose)]
         self.links = re.findall(r"\]\(([^)\s]+)\)", self.prose)
@@ -187,6 +196,15 @@ def check_paths(documents, files):
                 expect(fnmatch.filter(names, word), f"{document.name}: there is no file {word}")
 
 
+def check_figures(documents):
+    for document in documents:
+        for section in document.sections if document.path.name not in WITHOUT_DATES else ():
+            for paragraph in section.split("\n\n"):
+                cost = COST.search(" ".join(paragraph.split()))
+                expect(not cost or (DATE.search(section) and COMMIT.search(section)),
+                       f"{document.name}: when, and with which commit, was this measured: {cost and cost.group()}")
+
+
 def help_of(build, *arguments):
     program = build / "tools" / arguments[0] / arguments[0]
     return subprocess.run([program, *arguments[1:], "--help"], check=True, capture_output=True, text=True).stdout
@@ -238,6 +256,7 @@ def main():
     check_links(documents)
     check_paths(documents, files)
     check_options(documents, known)
+    check_figures(documents)
     check_man_pages(known)
     for failure in failures:
         print(failure, file=sys.stderr)
