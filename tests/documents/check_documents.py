@@ -37,7 +37,7 @@ FILE_NAME = re.compile(r"[\w.*-]+\.(?:cpp|h|mm|qml|py|def|adoc|yml|bash|cmake|md
 # Sources of Qt, which macos.md cites with their lines.
 SOURCE_OF_QT = re.compile(r"src/(?:plugins|gui|corelib|quick|tools)/|(?:q\w+|shared)\.(?:mm|cpp)")
 
-# docs/performance.md has the date of all its figures at its top; the changelog has those of its editions.
+# docs/performance.md is nothing but figures; the changelog repeats some of them.
 WITHOUT_DATES = ("performance.md", "CHANGELOG.md")
 COST = re.compile(r"(?:\btakes?\b|\btook\b|\bcosts?\b|processor time)[^.|]*?\b\d[\d.,]* (?:s|ms|minutes|seconds|MB)\b"
                   r"|\d[\d.,]* (?:s|ms|minutes|seconds) of processor time")
