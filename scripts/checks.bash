@@ -13,6 +13,7 @@ scripts - shell scripts (shellcheck)
 layers - what layers include, and the picture of them
 desktop-entries - desktop entries and metainfo
 release - versions, notes and the source archive
+figures - the table of figures in docs/performance.md
 build-dev - the everyday build
 quick build-dev its tests, as with --quick
 build-coverage - the build with g++ that counts lines
@@ -78,6 +79,8 @@ check_desktop_entries() {
 }
 
 check_release() { tests/release/check_release.py; }
+
+check_figures() { tests/benchmarks/check_figures.py; }
 
 check_build_dev() { build dev; }
 
