@@ -114,6 +114,7 @@ int run(const ReplayOptions& options, int& argc, char** argv) {
   ManualWindow manual(manualFolder(QCoreApplication::applicationDirPath()));
   PanelShell shell({.scanner = replay.scanner,
                     .queue = queue,
+                    .now = now,
                     .fontScale = options.fontScale,
                     .actions = actionsWith(manual, options.enablesVolumes)},
                    {.places = makeWindowPlaces(), .isBoundByScreen = !options.screenshot});
