@@ -237,7 +237,19 @@ class ManualConverter < Asciidoctor::Converter.for('pdf')
     convert_breaking_paragraph(node, opts)
   end
 
+  # Moves a heading to the next page before the converter notes its page: where the heading itself does not
+  # fit, the contents and links would lead to the page before.
+  def arrange_heading(node, title, opts)
+    cursor < room_for_heading ? advance_page : super
+  end
+
   private
+
+  # With two lines of text below it.
+  def room_for_heading
+    @theme.heading_margin_top + @theme.heading_h2_font_size * @theme.heading_line_height +
+      @theme.heading_margin_bottom + 2 * @theme.base_line_height_length.to_f
+  end
 
   def single_line_alone?(node, opts)
     extent = dry_run do

@@ -93,7 +93,23 @@ def check_pdf(language, path):
     words = subprocess.run(["pdftotext", path, "-"], check=True, capture_output=True,
                            text=True).stdout
     expect("\ufffd" not in words and "□" not in words, f"{path.name}: a letter without a glyph")
+    check_contents(path, pdf.page_count)
     return sum(1 + len(entry["kids"]) for entry in pdf.outline)
+
+
+def check_contents(path, page_count):
+    """The contents name the page on which each heading stands, and something stands below it there."""
+    pages = [subprocess.run(["pdftotext", "-layout", "-f", str(page), "-l", str(page), path, "-"], check=True,
+                            capture_output=True, text=True).stdout for page in range(1, page_count + 1)]
+    entries = [(title, int(page)) for title, page in re.findall(r"^ *(\S.*?) {3,}(\d+)$", pages[0], re.MULTILINE)
+               if title not in TITLES.values()]
+    expect(len(entries) >= 10, f"{path.name}: contents with {len(entries)} entries")
+    for title, page in entries:
+        heading = re.compile(rf"^ *{re.escape(title)} *$", re.MULTILINE)
+        found = [number for number, text in enumerate(pages, 1) if heading.search(text)]
+        expect(found == [page], f"{path.name}: '{title}' is on {found}, not on {page}")
+        below = [line for number in found for line in heading.split(pages[number - 1])[1].splitlines() if line.strip()]
+        expect(len(below) >= 3, f"{path.name}: '{title}' stands at the foot of a page")
 
 
 def make_pdf(build, source):
