@@ -39,8 +39,8 @@ SOURCE_OF_QT = re.compile(r"src/(?:plugins|gui|corelib|quick|tools)/|(?:q\w+|sha
 
 # docs/performance.md is nothing but figures; the changelog repeats some of them.
 WITHOUT_DATES = ("performance.md", "CHANGELOG.md")
-COST = re.compile(r"(?:\btakes?\b|\btook\b|\bcosts?\b|processor time)[^.|]*?\b\d[\d.,]* (?:s|ms|minutes|seconds|MB)\b"
-                  r"|\d[\d.,]* (?:s|ms|minutes|seconds) of processor time")
+COST = re.compile(r"(?:\btakes?\b|\btook\b|\bcosts?\b|processor time)[^.|]*?\b\d[\d.,]* (?:s|ms|minutes|seconds)\b"
+                  r"|\bcosts?\b[^.|]*?\b\d[\d.,]* MB\b|\d[\d.,]* (?:s|ms|minutes|seconds) of processor time")
 DATE = re.compile(r"\b\d{1,2}\s[A-Z][a-z]+\s20\d\d\b")
 COMMIT = re.compile(r"\b(?=[a-f]*\d)[0-9a-f]{7}\b")
 
