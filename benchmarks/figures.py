@@ -49,7 +49,7 @@ def read_runs(lines):
 def runs_of_google_benchmark(program, output):
     """A line for each repetition: the real time of benchmarks that ask for it, otherwise the processor time
     of the main thread; and one for each counter."""
-    counters_to_keep = ("signals", "delegates")
+    counters_to_keep = ("signals", "delegates", "framesPerSecond", "longestMs")
     for run in json.loads(output)["benchmarks"]:
         if run["run_type"] != "iteration":
             continue

@@ -128,8 +128,8 @@ void movingRows(benchmark::State& state) {
     milliseconds += millisecondsBetween(frames.front(), frames.back());
   }
   QObject::disconnect(noting);
-  state.counters["frames per second"] = shownFrames * 1000 / milliseconds;
-  state.counters["longest ms"] = longest;
+  state.counters["framesPerSecond"] = shownFrames * 1000 / milliseconds;
+  state.counters["longestMs"] = longest;
 }
 BENCHMARK(movingRows)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(iterations);
 

@@ -56,6 +56,8 @@ ROWS = [
     Row("… of that, writing the rows", f"{PANEL} writingRows"),
     Row("… of that, comparing the rows", f"{PANEL} comparingRows"),
     Row("… of that, finding what changed in the list", f"{PANEL} findingChanges"),
+    Row("frames per second while 200 rows move", f"{PANEL} movingRows framesPerSecond", "60"),
+    Row("… longest time between two of them, in ms", f"{PANEL} movingRows longestMs"),
     Row("panel from exec to its first frame, warm", "warm start", "not above `usbview`", peers=WINDOWS),
     Row("… first in its session", "first start", "not above `usbview`", peers=WINDOWS),
     Row("… first in its session, caches dropped", "cold start", "not above `usbview`", peers=WINDOWS),
