@@ -267,7 +267,8 @@ std::optional<PropertyList> PropertyList::decode(std::string bytes) {
     return std::nullopt;
   }
   auto document = std::make_unique<Document>();
-  document->bytes = std::move(bytes);
+  // The XML library overwrites the last byte and does not say what it was.
+  document->bytes = std::move(bytes) + "\n";
   // Fragments are parsed so that text around the list is detected and rejected.
   constexpr unsigned options = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_eol |
                                pugi::parse_ws_pcdata_single | pugi::parse_fragment;

@@ -62,6 +62,8 @@ TEST(PropertyList, RejectsOtherText) {
       {"a list with two values", "<plist><dict/><dict/></plist>"},
       {"two lists", "<plist><dict/></plist><plist><dict/></plist>"},
       {"another element behind", "<plist><dict/></plist><dict/>"},
+      {"a letter behind", "<plist><dict/></plist>x"},
+      {"a bracket behind", "<plist><dict/></plist>>"},
       {"another element before", "<dict/><plist><dict/></plist>"},
       {"text before", "warning <plist><dict/></plist>"},
       {"text behind", "<plist><dict/></plist> warning"},
