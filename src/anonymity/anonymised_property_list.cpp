@@ -1,4 +1,5 @@
 #include "anonymity/report_texts.h"
+#include "base/text.h"
 
 #include <pugixml.hpp>
 
@@ -116,6 +117,25 @@ private:
   const ReplaceText& replace_;
 };
 
+/// The XML library writes a control character as a reference, such as "&#24;", which XML does not
+/// allow and no reader accepts; the character itself was accepted. In texts, "&" is escaped, so no
+/// other "&#" is in its output.
+std::string withControlCharacters(const std::string& written) {
+  constexpr std::string_view beginning = "&#";
+  std::string text;
+  std::size_t start = 0;
+  for (std::size_t at = written.find(beginning); at != std::string::npos;
+       at = written.find(beginning, start)) {
+    const std::size_t end = written.find(';', at);
+    const std::size_t digits = at + beginning.size();
+    const auto number = parseDecimal(std::string_view(written).substr(digits, end - digits));
+    text.append(written, start, at - start);
+    text += static_cast<char>(number.value_or('?'));
+    start = end + 1;
+  }
+  return text.append(written, start);
+}
+
 } // namespace
 
 std::string replacedTexts(const std::string& propertyList, const ReplaceText& replace) {
@@ -132,7 +152,7 @@ std::string replacedTexts(const std::string& propertyList, const ReplaceText& re
   std::ostringstream text;
   text << R"(<?xml version="1.0" encoding="UTF-8"?>)" << '\n';
   document.save(text, "\t", pugi::format_indent | pugi::format_no_declaration, pugi::encoding_utf8);
-  return text.str();
+  return withControlCharacters(text.str());
 }
 
 } // namespace tamberline

@@ -111,6 +111,15 @@ TEST(Anonymiser, ClearsBinaryDataOfMoreThanFourBytes) {
   EXPECT_TRUE(contains(list, "<data>AAAAAAAAAAAAAAAA</data>"));
 }
 
+TEST(Anonymiser, KeepsListsWithControlCharactersReadable) {
+  const std::string list = anonymisedList("<dict><key>a\x01</key><string>b\x18 &amp;#24;</string>"
+                                          "<key>c</key><string>&#10;</string></dict>");
+  const auto decoded = PropertyList::decode(list);
+  ASSERT_TRUE(decoded) << list;
+  EXPECT_EQ(decoded->root().member("a\x01").text(), "b\x18 &#24;");
+  EXPECT_EQ(decoded->root().member("c").text(), "\n");
+}
+
 TEST(Anonymiser, ReplacesTheNamesOfMediaInTheRegistry) {
   const std::string list =
       anonymisedList("<array><dict><key>IOObjectClass</key><string>AppleAPFSVolume</string>"
