@@ -45,6 +45,20 @@ TEST_F(RecordingTest, KeepsEachStepWithItsTime) {
   EXPECT_EQ(steps[1].time, start + milliseconds(1500));
 }
 
+TEST_F(RecordingTest, ReadsTheTimesThatItWrites) {
+  for (const char* name : {"step-000007-20240229T235959.999Z", "step-000007-19700101T000000.000Z",
+                           "step-000007-22611231T235959.999Z"}) {
+    const auto time = timeOfStep(name);
+    ASSERT_TRUE(time) << name;
+    EXPECT_EQ(nameOfStep(7, *time), name);
+  }
+  for (const char* name :
+       {"step-000007-99991231T235959.999Z", "step-000007-22620101T000000.000Z",
+        "step-000007-19691231T235959.999Z", "step-000007--0011231T235959.999Z"}) {
+    EXPECT_FALSE(timeOfStep(name)) << name;
+  }
+}
+
 TEST_F(RecordingTest, SharesTheFilesThatDidNotChange) {
   Recorder recorder(target);
   ASSERT_EQ(recorder.begin(), std::nullopt);

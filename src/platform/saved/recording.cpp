@@ -23,16 +23,6 @@ using Time = std::chrono::system_clock::time_point;
 constexpr std::string_view nameBeginning = "step-";
 constexpr auto timeFormat = "yyyyMMdd'T'HHmmss.zzz'Z'";
 
-std::string nameOfStep(std::size_t number, Time time) {
-  const auto sinceEpoch =
-      std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
-  const QDateTime moment = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), Qt::UTC);
-  std::array<char, 16> digits{};
-  std::snprintf(digits.data(), digits.size(), "%06zu", number);
-  return std::string(nameBeginning) + digits.data() + "-" +
-         moment.toString(QLatin1String(timeFormat)).toStdString();
-}
-
 /// The names of more steps would not be in order.
 constexpr std::size_t maxSteps = 999'999;
 
@@ -58,6 +48,16 @@ std::uintmax_t ownBytesOf(const fs::path& step) {
 
 } // namespace
 
+std::string nameOfStep(std::size_t number, Time time) {
+  const auto sinceEpoch =
+      std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
+  const QDateTime moment = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), Qt::UTC);
+  std::array<char, 16> digits{};
+  std::snprintf(digits.data(), digits.size(), "%06zu", number);
+  return std::string(nameBeginning) + digits.data() + "-" +
+         moment.toString(QLatin1String(timeFormat)).toStdString();
+}
+
 std::optional<Time> timeOfStep(const std::string& name) {
   const std::vector<std::string_view> parts = split(name, '-');
   if (parts.size() != 3 || !name.starts_with(nameBeginning) || !parseDecimal(parts[1])) {
@@ -67,7 +67,9 @@ std::optional<Time> timeOfStep(const std::string& name) {
       QString::fromUtf8(parts[2].data(), static_cast<qsizetype>(parts[2].size())),
       QLatin1String(timeFormat));
   moment.setTimeSpec(Qt::UTC);
-  return moment.isValid()
+  // Nanoseconds since the epoch fit the clock only up to the year 2262.
+  const bool fitsClock = moment.date().year() >= 1970 && moment.date().year() <= 2261;
+  return moment.isValid() && fitsClock
              ? std::optional(Time(std::chrono::milliseconds(moment.toMSecsSinceEpoch())))
              : std::nullopt;
 }

@@ -21,6 +21,9 @@ struct RecordedStep {
   std::chrono::system_clock::time_point time; // in milliseconds
 };
 
+/// The name of a step's folder: its number, from 1, and its time.
+std::string nameOfStep(std::size_t number, std::chrono::system_clock::time_point time);
+
 /// The time in the name of a step's folder; absent for any other name.
 std::optional<std::chrono::system_clock::time_point> timeOfStep(const std::string& name);
 
