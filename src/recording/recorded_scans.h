@@ -41,6 +41,7 @@ public:
   RecordedScans(Parts parts, RecordingEvents events);
   RecordedScans(const RecordedScans&) = delete;
   RecordedScans& operator=(const RecordedScans&) = delete;
+  ~RecordedScans() = default;
 
 private:
   void handleScanState();
