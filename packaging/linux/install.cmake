@@ -4,10 +4,6 @@ include(GNUInstallDirs)
 set(here ${CMAKE_CURRENT_LIST_DIR})
 set(id org.tamberline.Tamberline)
 
-# Also with a strict umask, everyone can read what is installed.
-set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-
 install(TARGETS tamberline tamberline-inspect tamberline-replay)
 install(FILES ${TAMBERLINE_MANUALS} DESTINATION ${CMAKE_INSTALL_DATADIR}/tamberline/manual)
 install(FILES ${here}/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
@@ -100,6 +96,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_PROJECT_CONFIG_FILE ${here}/package_dependencies.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${here}/readable_folders.cmake)
 tamberline_files_at_run_time(CPACK_TAMBERLINE_FILES_AT_RUN_TIME)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-inter, udisks2")
 include(CPack)
