@@ -1,7 +1,11 @@
 #!/bin/sh
 # Runs the command of a build rule such that what it generates is always the same. Qt's compiler of QML writes
 # some things in the order of hashes, which get a fixed seed here, and declarations of local variables in the
-# order of addresses: each block of these is sorted.
+# order of addresses: each block of these is sorted. CPack takes the permissions of a package's folders from the
+# umask; with a strict one, nobody else could enter them.
+case $1 in
+  */cpack) umask 022 ;;
+esac
 QT_HASH_SEED=0 "$@" || exit
 case $1 in
   */qmlcachegen) ;;
