@@ -41,7 +41,8 @@ void PanelSizing::setGivenHeight(std::optional<double> points) {
 }
 
 void PanelSizing::measure(Channel channel, const QObject* source, double height) {
-  std::map<const QObject*, double>& heights = channel == Channel::list ? listHeights_ : chromeHeights_;
+  std::map<const QObject*, double>& heights =
+      channel == Channel::list ? listHeights_ : chromeHeights_;
   if (height > 0) {
     heights[source] = height;
   } else {
