@@ -116,6 +116,10 @@ class Weston(Desktop):
         return ["--backend=x11-backend.so", f"--width={WIDTH}", f"--height={HEIGHT}",
                 "--idle-time=0", *(["--use-pixman"] if self._is_old() else ["--renderer=pixman"])]
 
+    def has_bar(self, picture):
+        """The screen is black until the bar and the background, which is not, fade in together."""
+        return min(picture.pixel(10, HEIGHT - 10)) > 60
+
     @staticmethod
     def _is_old():
         version = subprocess.run(["weston", "--version"], check=True, capture_output=True,
