@@ -26,7 +26,7 @@ tidy build-asan analysis of the sources (clang-tidy)
 cppcheck - analysis of the sources (cppcheck)
 build-tsan - the build with the thread sanitizer
 tsan build-tsan the tests under the thread sanitizer
-fuzz - each fuzz target for 20 seconds
+fuzz - each fuzz target for 12 seconds
 build-bench - the optimised build with the benchmarks and the manuals
 whole-sets build-bench every pair of faults, and all random machines
 hardening build-bench hardened programs
@@ -155,7 +155,7 @@ check_tsan() {
     "${fixed_layout[@]}" ctest --preset tsan --parallel "$(nproc)"
 }
 
-check_fuzz() { scripts/fuzz --seconds 20; }
+check_fuzz() { scripts/fuzz --seconds 12; }
 
 check_build_bench() {
   build bench && cmake --build --preset bench --target tool_faults_test random_machines_test
