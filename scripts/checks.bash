@@ -32,7 +32,7 @@ whole-sets build-bench every pair of faults, and all random machines
 hardening build-bench hardened programs
 privileges build-bench least privilege
 vm build-bench plugging in a virtual machine
-desktops build-bench nested Wayland desktops
+desktops build-bench desktops: Wayland, and X11 with a tray
 technicians build-bench the recipes for technicians, and the figures for Prometheus
 manuals build-bench the manuals
 package build-bench the Debian package, in a clean root

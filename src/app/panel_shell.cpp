@@ -63,9 +63,9 @@ bool PanelShell::isOpen() const {
 
 /// Prepares the window to be shown in its current position.
 void PanelShell::prepare(const TrayPlace& place) {
-  const PanelWindow::Kind kind = placement_.kind();
-  if (window_ == nullptr || kind != kind_) {
-    make(kind);
+  const PanelWindow::Style style = wantedStyle();
+  if (window_ == nullptr || style != style_) {
+    make(style);
   }
   if (isHeightFixed()) {
     frame_->takeFixedHeight();
@@ -82,12 +82,19 @@ void PanelShell::prepare(const TrayPlace& place) {
   }
 }
 
-void PanelShell::make(PanelWindow::Kind kind) {
+PanelWindow::Style PanelShell::wantedStyle() const {
+  const PanelWindow::Kind kind = placement_.kind();
+  const bool isRound = kind == PanelWindow::Kind::attached && placement_.places->blendsWindows();
+  return {.kind = kind,
+          .corners = isRound ? PanelWindow::Corners::round : PanelWindow::Corners::square};
+}
+
+void PanelShell::make(PanelWindow::Style style) {
   manager_.reset();
   frame_.reset();
   window_.reset();
-  kind_ = kind;
-  window_ = std::make_unique<PanelWindow>(context_, kind);
+  style_ = style;
+  window_ = std::make_unique<PanelWindow>(context_, style);
   frame_ = std::make_unique<PanelWindowFrame>(*window_, placement_.freePlace,
                                               placement_.isBoundByScreen);
   context_.sizing()->setGivenHeight(std::nullopt);
@@ -98,7 +105,7 @@ void PanelShell::make(PanelWindow::Kind kind) {
       hold_.reset(); // however it was closed
     }
   });
-  QObject::connect(window_.get(), &QQuickWindow::colorChanged, window_.get(), [this] {
+  QObject::connect(context_.theme(), &Theme::changed, window_.get(), [this] {
     if (isOpen()) {
       colorNewAreas();
     }
@@ -111,7 +118,7 @@ void PanelShell::make(PanelWindow::Kind kind) {
 }
 
 void PanelShell::colorNewAreas() {
-  placement_.places->setColorOfNewAreas(*window_, window_->color());
+  placement_.places->setColorOfNewAreas(*window_, context_.theme()->window());
 }
 
 /// The window is as high as its content, within the limits of the screen.

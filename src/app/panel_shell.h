@@ -60,7 +60,8 @@ private:
   };
 
   void prepare(const TrayPlace& place);
-  void make(PanelWindow::Kind kind);
+  PanelWindow::Style wantedStyle() const;
+  void make(PanelWindow::Style style);
   void colorNewAreas();
   void followContent();
   void followWindow();
@@ -72,14 +73,14 @@ private:
   void holdInCorner();
   void closeWhenLeft();
   void leave();
-  bool isAttached() const { return kind_ == PanelWindow::Kind::attached; }
+  bool isAttached() const { return style_.kind == PanelWindow::Kind::attached; }
   bool isHeightFixed() const;
 
   PanelContext context_;
   Placement placement_;
   Anchor anchor_;
   std::shared_ptr<MainQueue> queue_;
-  PanelWindow::Kind kind_ = PanelWindow::Kind::ordinary; // of the current window
+  PanelWindow::Style style_;         // of the current window
   std::unique_ptr<WindowHold> hold_; // what the desktop does for the open window; may be null
   std::unique_ptr<PanelWindow> window_;
   std::unique_ptr<PanelWindowFrame> frame_;

@@ -62,6 +62,10 @@ public:
     window.requestActivate();
   }
 
+  /// Whether transparent parts of a window show what is behind it. May change while the program
+  /// runs.
+  virtual bool blendsWindows() const = 0;
+
   /// The colour of the areas by which a window has grown until the program has painted them, where
   /// the desktop needs to be told. Only for a window that is shown.
   virtual void setColorOfNewAreas(QWindow& /*window*/, const QColor& /*color*/) {}
@@ -71,6 +75,7 @@ public:
 class FreeWindowPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::program; }
+  bool blendsWindows() const override { return false; }
   std::unique_ptr<WindowHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
                                            HoldEvents /*events*/) override {
     return nullptr;

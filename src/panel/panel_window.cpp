@@ -14,6 +14,8 @@
 namespace tamberline {
 namespace {
 
+constexpr double cornerRadius = 12;
+
 bool startsText(const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers =
       event.modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier);
@@ -24,21 +26,36 @@ bool startsText(const QKeyEvent& event) {
 
 } // namespace
 
-PanelWindow::PanelWindow(PanelContext& context, Kind kind) : context_(context) {
+PanelWindow::PanelWindow(PanelContext& context, Style style) : context_(context) {
   useQmlModules(*engine());
   context_.attachTo(*engine());
   setTitle(QStringLiteral("Tamberline"));
-  setFlags(kind == Kind::attached ? Qt::Tool | Qt::FramelessWindowHint
-                                  : Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                                        Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint);
+  setFlags(style.kind == Kind::attached
+               ? Qt::Tool | Qt::FramelessWindowHint
+               : Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                     Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint);
   setResizeMode(QQuickView::SizeRootObjectToView);
   setWidth(qRound(PanelSize::width));
   setHeight(qRound(PanelSize::initialHeight));
+  setSurface(style.corners);
+  setInitialProperties(
+      {{QStringLiteral("isFrameless"), style.kind == Kind::attached},
+       {QStringLiteral("cornerRadius"), style.corners == Corners::round ? cornerRadius : 0}});
+  setSource(QUrl(QStringLiteral("qrc:/qml/Tamberline/ContentView.qml")));
+}
+
+/// Round corners need a transparent window, whose surface the content paints.
+void PanelWindow::setSurface(Corners corners) {
+  if (corners == Corners::round) {
+    QSurfaceFormat transparent = format();
+    transparent.setAlphaBufferSize(8);
+    setFormat(transparent);
+    setColor(Qt::transparent);
+    return;
+  }
   const auto followTheme = [this] { setColor(context_.theme()->window()); };
   followTheme();
   connect(context_.theme(), &Theme::changed, this, followTheme);
-  setInitialProperties({{QStringLiteral("isFrameless"), kind == Kind::attached}});
-  setSource(QUrl(QStringLiteral("qrc:/qml/Tamberline/ContentView.qml")));
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {

@@ -18,7 +18,19 @@ public:
     attached, // belongs to a tray icon; has no frame
   };
 
-  PanelWindow(PanelContext& context, Kind kind);
+  enum class Corners : unsigned char {
+    square,
+    round, // of an attached panel, on a desktop that blends windows
+  };
+
+  struct Style {
+    Kind kind = Kind::ordinary;
+    Corners corners = Corners::square;
+
+    bool operator==(const Style&) const = default;
+  };
+
+  PanelWindow(PanelContext& context, Style style);
 
 protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -27,6 +39,7 @@ protected:
   void resizeEvent(QResizeEvent* event) override;
 
 private:
+  void setSurface(Corners corners);
   void centerContent();
   void handleUnusedKey(QKeyEvent& event);
   void escape();

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <memory>
 
 namespace tamberline {
@@ -135,6 +136,47 @@ TEST_F(PanelShellTest, HasABorderOnlyBesideItsIcon) {
   }
 }
 
+/// How many corners of the panel show its colour.
+int countSquareCorners(const QImage& picture, const QColor& color) {
+  const int right = picture.width() - 1;
+  const int bottom = picture.height() - 1;
+  const std::array<QPoint, 4> nearCorners = {QPoint(1, 1), QPoint(right - 1, 1),
+                                             QPoint(1, bottom - 1), QPoint(right - 1, bottom - 1)};
+  return static_cast<int>(
+      std::count_if(nearCorners.begin(), nearCorners.end(),
+                    [&](const QPoint& corner) { return picture.pixelColor(corner) == color; }));
+}
+
+TEST_F(PanelShellTest, HasRoundCornersBesideItsIconWhereTheDesktopBlendsWindows) {
+  const auto places = std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::program);
+  for (const PanelWindow::Kind each : {PanelWindow::Kind::attached, PanelWindow::Kind::ordinary}) {
+    for (const bool blends : {true, false}) {
+      places->blends = blends;
+      makeShell(each, places);
+      openPanel();
+      QGuiApplication::processEvents(); // the content follows the window's height
+      const bool isRound = blends && each == PanelWindow::Kind::attached;
+      EXPECT_EQ(shell->window()->requestedFormat().hasAlpha(), isRound);
+      EXPECT_EQ(
+          countSquareCorners(shell->window()->grabWindow(), shell->context().theme()->window()),
+          isRound ? 0 : 4);
+    }
+  }
+}
+
+TEST_F(PanelShellTest, HasSquareCornersAgainAfterTheDesktopStoppedBlendingWindows) {
+  const auto places = std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::program);
+  places->blends = true;
+  makeShell(PanelWindow::Kind::attached, places);
+  openPanel();
+  ASSERT_TRUE(shell->window()->requestedFormat().hasAlpha());
+  shell->close();
+  places->blends = false;
+  openPanel();
+  EXPECT_FALSE(shell->window()->requestedFormat().hasAlpha());
+  EXPECT_EQ(machine->askCount(Question::usb), 1U); // a new window starts no scan
+}
+
 TEST_F(PanelShellTest, GrowsInTheColorOfThePanelInEachTheme) {
   const auto places = std::make_shared<FakeWindowPlaces>(WindowPlaces::Decider::program);
   makeShell(PanelWindow::Kind::attached, places);
@@ -248,7 +290,7 @@ TEST_F(PanelShellTest, HasADefaultSizeBeforeMeasuring) {
   shell->open();
   EXPECT_EQ(shell->window()->size(), QSize(400, 490));
   EXPECT_EQ(shell->window()->minimumSize(), QSize(400, 490));
-  EXPECT_EQ(PanelWindow(shell->context(), PanelWindow::Kind::ordinary).size(), QSize(400, 490));
+  EXPECT_EQ(PanelWindow(shell->context(), {}).size(), QSize(400, 490));
 }
 
 TEST_F(PanelShellTest, OrdinaryWindowThatGrowsMovesUpInsteadOfLeavingTheScreen) {

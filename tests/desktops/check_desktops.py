@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Starts tamberline on nested Wayland desktops and checks what is on the screen.
+"""Starts tamberline on desktops, most of them nested Wayland desktops, and checks what is on the screen.
 
 usage: check_desktops.py BUILD_FOLDER [DESKTOP...]
 
@@ -13,7 +13,7 @@ import subprocess
 import sys
 import time
 
-from desktops import Sway, SwayAtDoubleScale, SwayWithLightBar, Weston
+from desktops import Sway, SwayAtDoubleScale, SwayWithLightBar, Weston, X11WithTray
 from screen import HEIGHT, WIDTH, Box, Failure, Screen, wait_for
 
 MACHINE = (pathlib.Path(__file__).parent.parent / "platform" / "linux" / "machines" /
@@ -60,6 +60,17 @@ class Look:
         area = self.desktop.work_area
         if box.bottom >= area.bottom and area.bottom == HEIGHT - 1:
             raise Failure(f"the panel ends below the screen: {box}")
+
+    def check_round_corners(self, box):
+        """The desktop is visible in the corners, and the panel 12 points away from them."""
+        picture = self.screen.picture()
+        inset = 12 * self.desktop.scale
+        for x, inside_x in ((box.left, box.left + inset), (box.right, box.right - inset)):
+            for y, inside_y in ((box.top, box.top + inset), (box.bottom, box.bottom - inset)):
+                if picture.pixel(x, y) != self.empty.pixel(x, y):
+                    raise Failure(f"the panel's corner at {x}, {y} is not round")
+                if picture.pixel(inside_x, inside_y) == self.empty.pixel(inside_x, inside_y):
+                    raise Failure(f"the panel is missing at {inside_x}, {inside_y}")
 
     def end(self):
         if self.process:
@@ -127,11 +138,17 @@ def check_tray(look):
     look.screen.click(x, y)
     first = look.still_window("first")
     look.check_whole(first, scale)
+    if look.desktop.has_panel_beside_icon:
+        look.check_round_corners(first)
     expand_all(look)
     time.sleep(1)
-    look.check_whole(look.still_window("open"), scale)
+    opened = look.still_window("open")
+    look.check_whole(opened, scale)
+    if look.desktop.has_panel_beside_icon:
+        look.check_round_corners(opened)
     look.screen.click(x, y)
     wait_for("a closed panel", look.has_no_window)
+    time.sleep(0.5) # a click right after the one that closed the panel counts as the same
     look.screen.click(x, y)
     look.check_whole(look.still_window("again"), scale)
     look.screen.keys("Escape")
@@ -153,12 +170,12 @@ def check_without_display(path):
 
 
 CHECKS = [(Weston, check_window), (Sway, check_tray), (SwayWithLightBar, check_tray),
-          (SwayAtDoubleScale, check_tray)]
+          (SwayAtDoubleScale, check_tray), (X11WithTray, check_tray)]
 
 
 def look_at(kind, check, path, pictures):
     if not kind.is_installed():
-        raise Failure(f"{kind.command[0]} is not installed")
+        raise Failure(f"what {kind.name} needs is not installed")
     screen = Screen(pictures)
     try:
         desktop = kind(screen)

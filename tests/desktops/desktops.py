@@ -1,4 +1,5 @@
-"""Wayland desktops that run nested in an X screen, each with a separate session bus."""
+"""Desktops that run in an X screen, each with a separate session bus: nested Wayland desktops, and the screen
+itself with a tray."""
 
 import os
 import pathlib
@@ -27,6 +28,8 @@ class Desktop:
     command = []
     # Excludes what the desktop itself may change at any time: bars with clocks.
     work_area = Box(0, 0, WIDTH - 1, HEIGHT - 1)
+    # Otherwise its panel is an ordinary window.
+    has_panel_beside_icon = False
 
     @classmethod
     def is_installed(cls):
@@ -49,11 +52,10 @@ class Desktop:
         with open(self.folder / "log", "wb") as log:
             self.process = self._start(screen, log)
         try:
-            socket = wait_for(f"{self.name} to start", lambda: self._socket(runtime))
+            self.environment.update(wait_for(f"{self.name} to start", lambda: self.display(screen, runtime)))
         except Exception:
             self.end()
             raise
-        self.environment["WAYLAND_DISPLAY"] = socket
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = (self.folder / "bus").read_text().strip()
 
     def _start(self, screen, log):
@@ -65,10 +67,10 @@ class Desktop:
             env={**self.environment, "DISPLAY": screen.display, **self.own_environment()},
             stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT, start_new_session=True)
 
-    @staticmethod
-    def _socket(runtime):
+    def display(self, _screen, runtime):
+        """The variables for programs to find the display, as soon as it is there."""
         names = sorted(path.name for path in runtime.glob("wayland-*") if path.suffix != ".lock")
-        return names[0] if names else None
+        return {"WAYLAND_DISPLAY": names[0]} if names else None
 
     def run(self, program, machine, **environment):
         """Starts a copy of a program in the session, on a recorded machine."""
@@ -179,3 +181,31 @@ class SwayAtDoubleScale(Sway):
     name = "sway-2x"
     scale = 2
     work_area = Box(0, 60, WIDTH - 1, HEIGHT - 1)
+
+
+class X11WithTray(Desktop):
+    """A tray on X11 that embeds icons, and a compositing manager."""
+
+    name = "x11"
+    command = ["sh"]
+    programs = ["picom", "trayer"]
+    has_panel_beside_icon = True
+    bar_gray = 219
+    position = "top"
+    scale = 1
+    work_area = Box(0, 24, WIDTH - 1, HEIGHT - 1)
+
+    @classmethod
+    def is_installed(cls):
+        return all(shutil.which(program) for program in cls.programs)
+
+    def arguments(self):
+        return ["-c", "picom --config /dev/null --backend xrender & "
+                "exec trayer --edge top --align right --widthtype percent --width 100 --height 24 "
+                "--transparent true --alpha 0 --tint 0xdcdcdc"]
+
+    def display(self, screen, _runtime):
+        return {"DISPLAY": screen.display} if self.has_bar(screen.picture()) else None
+
+    def has_bar(self, picture):
+        return picture.pixel(WIDTH // 2, 10) == bytes([self.bar_gray] * 3)

@@ -37,6 +37,7 @@ public:
   explicit FakeWindowPlaces(Decider decider) : decider_(decider) {}
 
   Decider decider() const override { return decider_; }
+  bool blendsWindows() const override { return blends; }
 
   std::unique_ptr<WindowHold> holdInCorner(QWindow& /*window*/, Qt::Corner corner,
                                            HoldEvents newEvents) override {
@@ -64,6 +65,7 @@ public:
     colorOfNewAreas = color;
   }
 
+  bool blends = false;
   std::vector<std::string> calls;
   std::vector<Qt::Corner> corners; // of each hold in a corner
   QColor colorOfNewAreas;          // as last set

@@ -6,6 +6,7 @@ import Tamberline.Controls
 FocusScope {
     id: content
 
+    property real cornerRadius: 0
     property bool isFrameless: false
 
     clip: true // the list area has its new height before the window has
@@ -15,6 +16,11 @@ FocusScope {
         property: "isSearching"
         target: Sizing
         value: Search.isSearching
+    }
+    PanelSurface {
+        anchors.fill: parent
+        radius: content.cornerRadius
+        visible: content.cornerRadius > 0
     }
     PanelHeader {
         id: header
@@ -99,6 +105,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
+        cornerRadius: content.cornerRadius
     }
     ChromeHeightKey {
         height: footer.implicitHeight
@@ -108,6 +115,7 @@ FocusScope {
         border.color: Theme.separator
         border.width: 1
         color: "transparent"
+        radius: content.cornerRadius
         visible: content.isFrameless
     }
     MouseArea {

@@ -4,10 +4,18 @@ import Tamberline.Controls
 
 // The manual button, the time of the last scan, and the quit button. Opaque, because the list may
 // reach below it for a moment while the window is about to grow.
-Rectangle {
-    color: Theme.window
+Item {
+    id: footer
+
+    required property real cornerRadius
+
     implicitHeight: Math.max(manual.height, updated.height, quit.height) + 16
 
+    PanelSurface {
+        anchors.fill: parent
+        isRoundAtTop: false
+        radius: footer.cornerRadius
+    }
     SymbolButton {
         id: manual
 

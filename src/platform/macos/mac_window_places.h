@@ -10,6 +10,7 @@ namespace tamberline {
 class MacWindowPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::program; }
+  bool blendsWindows() const override { return true; }
   std::unique_ptr<WindowHold> holdInCorner(QWindow& window, Qt::Corner corner,
                                            HoldEvents events) override;
   std::unique_ptr<WindowHold> holdBesideIcon(QWindow& window,

@@ -19,6 +19,7 @@ constexpr const char* backgroundVariable = "TAMBERLINE_START_IN_BACKGROUND";
 class CompositorWindowPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::desktop; }
+  bool blendsWindows() const override { return true; }
   std::unique_ptr<WindowHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
                                            HoldEvents /*events*/) override {
     return nullptr;

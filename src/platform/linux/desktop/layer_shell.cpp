@@ -101,6 +101,7 @@ private:
 class LayerShellPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::corner; }
+  bool blendsWindows() const override { return true; }
 
   std::unique_ptr<WindowHold> holdInCorner(QWindow& window, Qt::Corner corner,
                                            HoldEvents events) override {

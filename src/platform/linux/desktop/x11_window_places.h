@@ -8,6 +8,8 @@ namespace tamberline {
 class X11WindowPlaces final : public WindowPlaces {
 public:
   Decider decider() const override { return Decider::program; }
+  /// Only while a compositing manager runs.
+  bool blendsWindows() const override;
   std::unique_ptr<WindowHold> holdInCorner(QWindow& /*window*/, Qt::Corner /*corner*/,
                                            HoldEvents /*events*/) override {
     return nullptr;
