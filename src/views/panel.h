@@ -55,9 +55,17 @@ public:
 
 /// An adapter that is not on a USB-C port.
 struct ChargerCard {
+  Q_GADGET
+  QML_VALUE_TYPE(chargerCard)
+  Q_PROPERTY(tamberline::ChargerCardHeader header MEMBER header CONSTANT)
+  Q_PROPERTY(tamberline::ChargerRow row MEMBER row CONSTANT)
+
+public:
   std::string id = {};
   ChargerCardHeader header = {};
   ChargerRow row = {};
+
+  friend bool operator==(const ChargerCard&, const ChargerCard&) = default;
 };
 
 using Card = std::variant<PortCard, StandaloneUSBCard, ChargerCard>;

@@ -47,10 +47,7 @@ public:
   }
 
   void write(const ChargerCard& card) {
-    begin({.kind = PanelRow::Kind::ChargerHeader, .id = card.id, .content = part(card.header)});
-    append({.kind = PanelRow::Kind::ChargerBody,
-            .id = card.id + "//adapter",
-            .content = part(card.row)});
+    begin({.kind = PanelRow::Kind::ChargerCard, .id = card.id, .content = part(card)});
     end();
   }
 

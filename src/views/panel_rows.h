@@ -32,7 +32,8 @@ public:
   friend bool operator==(const NothingAttachedRow&, const NothingAttachedRow&) = default;
 };
 
-/// One line of the panel's list: a card's header, a part of its body, or a row of its tree. Rows
+/// One line of the panel's list: a card's header, a part of its body, a row of its tree, or the
+/// whole card of an adapter. Rows
 /// that are equal look the same.
 struct PanelRow {
   using Kind = views::RowKind;
@@ -40,8 +41,8 @@ struct PanelRow {
   /// Parts of the panel are shared with it.
   using Content =
       std::variant<SharedValue<PortHeader>, SharedValue<PortPower>, SharedValue<NothingAttachedRow>,
-                   SharedValue<PartnerNotice>, SharedValue<ChargerCardHeader>,
-                   SharedValue<ChargerRow>, SharedValue<TBDeviceRow>, SharedValue<USBBusHeaderRow>,
+                   SharedValue<PartnerNotice>, SharedValue<ChargerCard>, SharedValue<ChargerRow>,
+                   SharedValue<TBDeviceRow>, SharedValue<USBBusHeaderRow>,
                    SharedValue<USBDeviceDetailRow>, SharedValue<ChargingOnlyRow>>;
 
   /// The position of a row in the tree, and its look there.

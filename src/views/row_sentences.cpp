@@ -70,13 +70,14 @@ void appendTo(Sentence& sentence, const PartnerNotice& partner) {
   sentence << partner.title << partner.detail;
 }
 
-void appendTo(Sentence& sentence, const ChargerCardHeader& header) {
-  sentence << header.title << header.port;
-}
-
 void appendTo(Sentence& sentence, const ChargerRow& row) {
   sentence << row.shownName() << (row.isCharging ? Loc::charging() : Loc::notCharging())
            << row.rated;
+}
+
+void appendTo(Sentence& sentence, const ChargerCard& card) {
+  sentence << card.header.title << card.header.port;
+  appendTo(sentence, card.row);
 }
 
 void appendTo(Sentence& sentence, const TBDeviceRow& device) {

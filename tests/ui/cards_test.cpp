@@ -32,7 +32,7 @@ protected:
 };
 
 TEST_F(PanelCards, BeginClosedBelowTheAdapter) {
-  EXPECT_EQ(rows().rowAt(0)->kind, PanelRow::Kind::ChargerHeader);
+  EXPECT_EQ(rows().rowAt(0)->kind, PanelRow::Kind::ChargerCard);
   EXPECT_TRUE(isClosed("Thunderbolt Port 1"));
   EXPECT_TRUE(isClosed("Thunderbolt Port 2"));
   EXPECT_TRUE(isClosed("Thunderbolt Port 3"));

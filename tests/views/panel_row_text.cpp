@@ -7,10 +7,9 @@ namespace tamberline {
 namespace {
 
 std::string kindText(PanelRow::Kind kind) {
-  constexpr std::array names = {"port header",  "port power", "nothing attached",
-                                "partner",      "bus header", "charger header",
-                                "charger body", "tb device",  "usb bus",
-                                "usb device",   "charger",    "charging only"};
+  constexpr std::array names = {"port header", "port power",   "nothing attached", "partner",
+                                "bus header",  "charger card", "tb device",        "usb bus",
+                                "usb device",  "charger",      "charging only"};
   return names.at(static_cast<std::size_t>(kind));
 }
 

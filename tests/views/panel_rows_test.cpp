@@ -188,10 +188,9 @@ TEST(PanelRows, ShowAStandaloneBusAlwaysOpen) {
             "nothing attached bus:USB31Bus//empty, last\n");
 }
 
-TEST(PanelRows, ShowAnAdapterAsHeaderAndBody) {
+TEST(PanelRows, ShowTheCardOfAnAdapterAsOneRow) {
   EXPECT_EQ(rowText(SampleStates().rowsOf(panelOf({chargerNode()}))),
-            "charger header charger, first\n"
-            "charger body charger//adapter, last\n");
+            "charger card charger, first, last\n");
 }
 
 TEST(PanelRows, KnowAdaptersAndChargingOnlyDevicesOnAPort) {
@@ -325,21 +324,20 @@ TEST(RowsOfABus, LookDifferentWhenTheHeaderChanged) {
 }
 
 TEST(RowsOfAnAdapter, LookDifferentOnlyIfTheyShowTheChange) {
-  const std::string header = "charger header charger, first\n";
-  const std::string body = "charger body charger//adapter, last\n";
+  const std::string card = "charger card charger, first, last\n";
   const struct {
     const char* description;
     std::function<void(ChargerCard&)> change;
     std::string differing;
   } rows[] = {
       {"nothing", [](ChargerCard&) {}, ""},
-      {"icon", [](ChargerCard& card) { card.header.icon = "new"; }, header},
-      {"title", [](ChargerCard& card) { card.header.title = "new"; }, header},
-      {"port", [](ChargerCard& card) { card.header.port = "new"; }, header},
-      {"port's tooltip", [](ChargerCard& card) { card.header.portTooltip = "new"; }, header},
-      {"name", [](ChargerCard& card) { card.row.name = "new"; }, body},
-      {"rated power", [](ChargerCard& card) { card.row.rated = "new"; }, body},
-      {"charging", [](ChargerCard& card) { card.row.isCharging = true; }, body},
+      {"icon", [](ChargerCard& changed) { changed.header.icon = "new"; }, card},
+      {"title", [](ChargerCard& changed) { changed.header.title = "new"; }, card},
+      {"port", [](ChargerCard& changed) { changed.header.port = "new"; }, card},
+      {"port's tooltip", [](ChargerCard& changed) { changed.header.portTooltip = "new"; }, card},
+      {"name", [](ChargerCard& changed) { changed.row.name = "new"; }, card},
+      {"rated power", [](ChargerCard& changed) { changed.row.rated = "new"; }, card},
+      {"charging", [](ChargerCard& changed) { changed.row.isCharging = true; }, card},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);

@@ -78,8 +78,7 @@ TEST(RowSentences, SayEverythingThatARowShows) {
             "Nothing attached\n"
             "USB 2.0 Bus, 1.0W rated\n"
             "No devices\n"
-            "Power Adapter, MagSafe\n"
-            "96W Adapter, charging, 96 W rated\n");
+            "Power Adapter, MagSafe, 96W Adapter, charging, 96 W rated\n");
 }
 
 TEST(RowSentences, SpeakTheLanguageOfTheRun) {
@@ -93,8 +92,7 @@ TEST(RowSentences, SpeakTheLanguageOfTheRun) {
                           "Nothing attached\n"
                           "USB 2.0 Bus, 1.0W rated\n"
                           "No devices\n"
-                          "Power Adapter, MagSafe\n"
-                          "96W Adapter, lädt, 96 W rated\n");
+                          "Power Adapter, MagSafe, 96W Adapter, lädt, 96 W rated\n");
 }
 
 TEST(RowSentences, SayWhetherTheRowIsOpen) {

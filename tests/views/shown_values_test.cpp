@@ -39,8 +39,8 @@ std::vector<QStringList> textsOfValuesNamed(const std::string& name) {
   return {
       shownTexts(PortHeader{.title = name, .badges = {{.badge = {.text = name, .tooltip = name}}}}),
       shownTexts(USBBusHeaderRow{.name = name}),
-      shownTexts(ChargerCardHeader{.title = name, .port = name}),
-      shownTexts(ChargerRow{.name = name, .rated = name}),
+      shownTexts(ChargerCard{.header = {.title = name, .port = name},
+                             .row = {.name = name, .rated = name}}),
       shownTexts(PartnerNotice{.title = name, .detail = name}),
       shownTexts(ChargingOnlyRow{.title = name, .detail = name}),
       shownTexts(TBDeviceRow{.name = name, .modeBadge = Badge{.text = name}}),

@@ -19,6 +19,9 @@ ListView {
     bottomMargin: height - visibleHeight + spaceBelow
     boundsBehavior: Flickable.StopAtBounds
     cacheBuffer: 0 // rows created in advance warn if the list shrinks before they are ready
+    // Suggestions leave so little of the list visible that it scrolls although its rows would fit. It keeps
+    // the rows above the visible part then, because it only estimates the height of rows without a delegate.
+    displayMarginBeginning: Search.isSearching ? height : 0
     highlightFollowsCurrentItem: false // the scroll proxy does this for the visible part
     keyNavigationEnabled: true
     model: Panel.rows
@@ -68,15 +71,9 @@ ListView {
             }
         }
         DelegateChoice {
-            roleValue: Views.ChargerHeader
+            roleValue: Views.ChargerCard
 
-            ChargerCardHeader {
-            }
-        }
-        DelegateChoice {
-            roleValue: Views.ChargerBody
-
-            ChargerCardBody {
+            ChargerCard {
             }
         }
         DelegateChoice {

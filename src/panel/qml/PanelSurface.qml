@@ -13,13 +13,14 @@ Item {
         color: Theme.window
         height: 2 * radius
         radius: surface.radius
-        visible: surface.isRoundAtTop
+        visible: surface.isRoundAtTop && radius > 0
         width: parent.width
     }
     Rectangle {
         color: Theme.window
         height: 2 * radius
         radius: surface.radius
+        visible: radius > 0
         width: parent.width
         y: parent.height - height
     }
