@@ -297,7 +297,7 @@ nlohmann::ordered_json expectationFor(const InventoryItem& item) {
 
 std::variant<std::vector<Expectation>, FileMistake> readExpectations(std::string_view content) {
   if (content.size() > maxExpectationFileBytes) {
-    return FileMistake{1, "the file is too large"};
+    return FileMistake{1, "the file is larger than 1 MB"};
   }
   std::size_t line = 1;
   std::size_t lineOfEnd = 1;

@@ -6,8 +6,12 @@
 
 namespace tamberline {
 
+bool isTooLargeDocument(std::string_view bytes) {
+  return bytes.size() > maxDocumentBytes || countJsonValues(bytes) > maxDocumentValues;
+}
+
 std::optional<nlohmann::json> decodeDocument(std::string_view bytes) {
-  if (bytes.size() > maxDocumentBytes || countJsonValues(bytes) > maxDocumentValues) {
+  if (isTooLargeDocument(bytes)) {
     return std::nullopt;
   }
   nlohmann::json document = nlohmann::json::parse(bytes, nullptr, /*allow_exceptions=*/false);

@@ -14,6 +14,9 @@ namespace tamberline {
 constexpr std::size_t maxDocumentBytes = 256'000'000;
 constexpr std::size_t maxDocumentValues = 8'000'000;
 
+/// Whether the bytes exceed those limits.
+bool isTooLargeDocument(std::string_view bytes);
+
 /// A document that was saved from the output of an inspection. Absent if the bytes are not one JSON
 /// object with a port tree, or too large.
 std::optional<nlohmann::json> decodeDocument(std::string_view bytes);

@@ -62,7 +62,7 @@ TEST_F(SavedReportsTest, AreEmptyWhereAFileIsALink) {
   folder.save("private", "content");
   std::filesystem::create_symlink("private", folder.path() / "SPUSBDataType.json");
   EXPECT_EQ(answer(Question::usb), "");
-  EXPECT_EQ(readRegularFile(folder.path() / "SPUSBDataType.json", 100), "content")
+  EXPECT_EQ(readRegularFile(folder.path() / "SPUSBDataType.json", 100).bytes, "content")
       << "a path that the user names may be a link";
 }
 
@@ -77,6 +77,20 @@ TEST_F(SavedReportsTest, AreEmptyWhereAFileIsLargerThanAnyReport) {
   folder.save("SPUSBDataType.json", "");
   std::filesystem::resize_file(folder.path() / "SPUSBDataType.json", 1'000'000'000'000);
   EXPECT_EQ(answer(Question::usb), "");
+}
+
+TEST_F(SavedReportsTest, SayWhyAFileIsNotRead) {
+  folder.save("file", "content");
+  folder.save("large", std::string(1'000'001, ' '));
+  const auto failure = [this](const std::string& name) {
+    const FileContent content = readRegularFile(folder.path() / name, 1'000'000);
+    EXPECT_EQ(content.bytes.has_value(), content.failure.empty());
+    return content.failure;
+  };
+  EXPECT_EQ(failure("file"), "");
+  EXPECT_EQ(failure("large"), "larger than 1 MB");
+  EXPECT_EQ(failure("missing"), "No such file or directory");
+  EXPECT_EQ(failure("."), "not a regular file");
 }
 
 /// A thread that keeps exchanging a pipe without a writer and a file, until it is destroyed.

@@ -6,6 +6,7 @@
 
 #include <clocale>
 #include <csignal>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -234,6 +235,35 @@ TEST(InspectProgram, SaysWhichReportItCouldNotParse) {
   EXPECT_EQ(content["errorMessage"], "Could not parse SPUSBDataType");
   EXPECT_EQ(content["panel"]["state"], "error");
   EXPECT_EQ(content["panel"]["message"], "Could not parse SPUSBDataType");
+}
+
+TEST(InspectProgram, SaysWhyAFileCannotBeRead) {
+  const TemporaryFolder folder;
+  folder.save("large", "");
+  std::filesystem::resize_file(folder.path() / "large", 256'000'001);
+  folder.save("values", "[" + std::string(8'000'001, ',') + "]");
+  folder.save("text", "no document");
+  const std::string start = folder.path().string() + "/";
+  const struct {
+    std::vector<std::string> arguments;
+    std::string message;
+  } table[] = {
+      {{"expect", start + "large"}, "cannot read '" + start + "large': larger than 1 MB"},
+      {{"compare", start + "large"}, "cannot read '" + start + "large': larger than 256 MB"},
+      {{"compare", start + "values"},
+       "cannot read '" + start + "values': more than 8000000 values"},
+      {{"compare", start + "text"},
+       "'" + start + "text' holds no document of tamberline-inspect --json"},
+      {{"expect", start + "missing"},
+       "cannot read '" + start + "missing': No such file or directory"},
+      {{"expect", start}, "cannot read '" + start + "': not a regular file"},
+      {{"expect", "/dev/null"}, "cannot read '/dev/null': not a regular file"},
+  };
+  for (const auto& row : table) {
+    const Outcome outcome = inspect(row.arguments);
+    EXPECT_EQ(outcome.exitStatus, 2);
+    EXPECT_EQ(outcome.errorOutput, "tamberline-inspect: " + row.message + "\n");
+  }
 }
 
 TEST(InspectProgram, TakesAnEmptyFolderForToolsThatPrintedNothing) {

@@ -3,7 +3,6 @@
 #include "expectation/expectation_output.h"
 #include "inspect/json_text.h"
 #include "platform/posix/whole_files.h"
-#include "platform/saved/saved_reports.h"
 #include "scan_output.h"
 #include "state_of_machine.h"
 #include "terminal.h"
@@ -31,9 +30,8 @@ int writeExpectations(const std::filesystem::path& file, const InspectOptions& o
 
 /// Absent if the file is wrong, after reporting that.
 std::optional<Expectations> expectationsIn(const std::filesystem::path& file) {
-  const auto content = readRegularFile(file, maxExpectationFileBytes);
+  const std::optional<std::string> content = contentOf(file, maxExpectationFileBytes);
   if (!content) {
-    reportProblem("cannot read '" + file.string() + "'");
     return std::nullopt;
   }
   auto result = readExpectations(*content);

@@ -9,16 +9,33 @@
 #include <nlohmann/json.hpp>
 
 #include <system_error>
+#include <utility>
 
 namespace tamberline {
 namespace {
 
-/// A document of a scan that failed has an empty tree, which would look like an empty machine.
-std::optional<Inventory> inventoryOfDocument(const std::filesystem::path& file) {
-  const auto content = readRegularFile(file, maxDocumentBytes);
-  const auto document = decodeDocument(content.value_or(""));
+/// Absent after reporting why.
+std::optional<nlohmann::json> documentIn(const std::filesystem::path& file) {
+  const std::optional<std::string> content = contentOf(file, maxDocumentBytes);
+  if (!content) {
+    return std::nullopt;
+  }
+  if (isTooLargeDocument(*content)) {
+    reportProblem("cannot read '" + file.string() + "': more than " +
+                  std::to_string(maxDocumentValues) + " values");
+    return std::nullopt;
+  }
+  auto document = decodeDocument(*content);
   if (!document) {
     reportProblem("'" + file.string() + "' holds no document of tamberline-inspect --json");
+  }
+  return document;
+}
+
+/// A document of a scan that failed has an empty tree, which would look like an empty machine.
+std::optional<Inventory> inventoryOfDocument(const std::filesystem::path& file) {
+  const auto document = documentIn(file);
+  if (!document) {
     return std::nullopt;
   }
   const auto error = document->find("errorMessage");
@@ -30,6 +47,14 @@ std::optional<Inventory> inventoryOfDocument(const std::filesystem::path& file) 
 }
 
 } // namespace
+
+std::optional<std::string> contentOf(const std::filesystem::path& file, std::size_t maxBytes) {
+  FileContent content = readRegularFile(file, maxBytes);
+  if (!content.bytes) {
+    reportProblem("cannot read '" + file.string() + "': " + content.failure);
+  }
+  return std::move(content.bytes);
+}
 
 std::optional<Inventory> inventoryIn(const std::filesystem::path& state) {
   std::error_code error;

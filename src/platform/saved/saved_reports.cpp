@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -21,16 +22,11 @@ bool isRegularFile(const Descriptor& file) {
   return fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-} // namespace
+FileContent failedWith(std::string reason) {
+  return {std::nullopt, std::move(reason)};
+}
 
-std::optional<std::string> readRegularFile(const std::filesystem::path& path, std::size_t maxBytes,
-                                           Links links) {
-  // Opening does not block on a pipe without a writer and acquires no controlling terminal.
-  const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
-  const Descriptor file(open(path.c_str(), links == Links::follow ? flags : flags | O_NOFOLLOW));
-  if (!file.isOpen() || !isRegularFile(file)) {
-    return std::nullopt;
-  }
+FileContent contentOf(const Descriptor& file, std::size_t maxBytes) {
   std::string content;
   std::array<char, 65536> buffer{};
   while (content.size() <= maxBytes) {
@@ -38,12 +34,25 @@ std::optional<std::string> readRegularFile(const std::filesystem::path& path, st
     if (count > 0) {
       content.append(buffer.data(), static_cast<std::size_t>(count));
     } else if (count == 0) {
-      return content;
+      return {std::move(content), {}};
     } else if (errno != EINTR) {
-      return std::nullopt;
+      return failedWith(std::strerror(errno));
     }
   }
-  return std::nullopt;
+  constexpr std::size_t megabyte = 1'000'000;
+  return failedWith("larger than " + std::to_string(maxBytes / megabyte) + " MB");
+}
+
+} // namespace
+
+FileContent readRegularFile(const std::filesystem::path& path, std::size_t maxBytes, Links links) {
+  // Opening does not block on a pipe without a writer and acquires no controlling terminal.
+  const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+  const Descriptor file(open(path.c_str(), links == Links::follow ? flags : flags | O_NOFOLLOW));
+  if (!file.isOpen()) {
+    return failedWith(std::strerror(errno));
+  }
+  return isRegularFile(file) ? contentOf(file, maxBytes) : failedWith("not a regular file");
 }
 
 const char* savedFileName(Question question) {
@@ -74,7 +83,7 @@ SavedReports::SavedReports(std::filesystem::path folder) : folder_(std::move(fol
 
 std::string SavedReports::answer(Question question) {
   return readRegularFile(folder_ / savedFileName(question), maxToolOutput, Links::refuse)
-      .value_or("");
+      .bytes.value_or("");
 }
 
 std::shared_ptr<MachineSource> savedMachine(const std::filesystem::path& folder) {

@@ -17,10 +17,17 @@ const char* savedFileName(Question question);
 /// Whether the last component of a path may be a symbolic link.
 enum class Links : std::uint8_t { follow, refuse };
 
-/// The bytes of a regular file. Absent for any other kind of file, even one that has just taken the
-/// place of a regular file, for an unreadable file and for more than `maxBytes`. Never blocks.
-std::optional<std::string> readRegularFile(const std::filesystem::path& path, std::size_t maxBytes,
-                                           Links links = Links::follow);
+/// What was read from a file.
+struct FileContent {
+  std::optional<std::string> bytes;
+  /// Why there are no bytes, as a text for a person; otherwise empty.
+  std::string failure;
+};
+
+/// Reads a regular file. Fails for any other kind of file, even one that has just taken the place
+/// of a regular file, for an unreadable file and for more than `maxBytes`. Never blocks.
+FileContent readRegularFile(const std::filesystem::path& path, std::size_t maxBytes,
+                            Links links = Links::follow);
 
 /// Answers from a folder of saved reports (docs/report-folder.md): each file holds the output of
 /// one tool. A missing or unreadable file counts as empty output, and so does a link: the folder
