@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -21,6 +22,14 @@ enum class Question : std::uint8_t {
   /// The section with the USB devices on newer releases of macOS. Other systems do not have it, and
   /// scans do not request it.
   newerUsb,
+};
+
+/// The eight questions of a scan: the three reports first, the others in the order in which a scan
+/// asks them.
+inline constexpr std::array<Question, 8> questionsOfAScan = {
+    Question::thunderbolt,    Question::usb,         Question::power,
+    Question::usbHostDevices, Question::powerSource, Question::portControllers,
+    Question::portPower,      Question::deviceTree,
 };
 
 /// Answers questions about one machine. Blocking, without a time limit. Several background tasks

@@ -1,5 +1,6 @@
 #include "anonymity/anonymiser.h"
 
+#include "acquisition/readable_answers.h"
 #include "anonymity/report_texts.h"
 #include "registry/property_list.h"
 #include "reports/report_decoding.h"
@@ -13,11 +14,6 @@ namespace {
 
 using nlohmann::json;
 
-bool isSection(Question question) {
-  return question == Question::thunderbolt || question == Question::usb ||
-         question == Question::power || question == Question::newerUsb;
-}
-
 /// The answers that can be read, decoded once.
 struct ReadableAnswers {
   std::map<Question, json> sections;
@@ -28,7 +24,7 @@ struct ReadableAnswers {
 std::optional<ReadableAnswers> readable(const Answers& answers) {
   ReadableAnswers readable;
   for (const auto& [question, answer] : answers) {
-    if (!isSection(question)) {
+    if (!asksForSection(question)) {
       if (PropertyList::decode(answer)) {
         readable.lists[question] = answer;
       }

@@ -2,7 +2,6 @@
 
 #include "acquisition/machine_source.h"
 
-#include <array>
 #include <cstddef>
 #include <deque>
 #include <iosfwd>
@@ -12,14 +11,6 @@
 #include <vector>
 
 namespace tamberline {
-
-/// The eight questions of a scan: the three reports first, the others in the order in which a scan
-/// asks them.
-inline constexpr std::array<Question, 8> questionsOfAScan = {
-    Question::thunderbolt,    Question::usb,         Question::power,
-    Question::usbHostDevices, Question::powerSource, Question::portControllers,
-    Question::portPower,      Question::deviceTree,
-};
 
 /// Such as "portPower", for messages.
 std::string nameOf(Question question);

@@ -7,6 +7,8 @@
 #include <clocale>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -235,6 +237,53 @@ TEST(InspectProgram, SaysWhichReportItCouldNotParse) {
   EXPECT_EQ(content["errorMessage"], "Could not parse SPUSBDataType");
   EXPECT_EQ(content["panel"]["state"], "error");
   EXPECT_EQ(content["panel"]["message"], "Could not parse SPUSBDataType");
+}
+
+std::string contentOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// A bug in a report is seen only in the report as it is.
+TEST(InspectProgram, SavesReportsThatItCannotParseAsTheyAre) {
+  const TemporaryFolder folder;
+  saveEmptySections(folder);
+  folder.save("SPUSBDataType.json", R"({"SPUSBDataType": [{"serial_num": "S-1000)");
+  folder.save("AppleSmartBattery.plist", "<plist><dict>S-1000");
+  const std::filesystem::path saved = folder.path() / "saved";
+  const ToolOutput outcome =
+      runInShell("2>&1", {"save", saved.string(), "--reports", folder.path().string()}, "");
+  EXPECT_EQ(outcome.exitStatus, 0);
+  EXPECT_EQ(
+      outcome.standardOutput,
+      "tamberline-inspect: SPUSBDataType.json cannot be parsed; it was saved as it is\n"
+      "tamberline-inspect: AppleSmartBattery.plist cannot be parsed; it was saved as it is\n");
+  for (const char* name : {"SPUSBDataType.json", "AppleSmartBattery.plist"}) {
+    EXPECT_EQ(contentOf(saved / name), contentOf(folder.path() / name));
+  }
+}
+
+TEST(InspectProgram, LetsNothingThroughInWhichNothingCouldBeReplaced) {
+  const TemporaryFolder folder;
+  saveEmptySections(folder);
+  folder.save("AppleSmartBattery.plist", "<plist><dict>S-1000");
+  const std::filesystem::path saved = folder.path() / "saved";
+  const std::vector<std::string> arguments = {"save", "--anonymise", saved.string(), "--reports",
+                                              folder.path().string()};
+  const ToolOutput withoutDump = runInShell("2>&1", arguments, "");
+  EXPECT_EQ(withoutDump.exitStatus, 0);
+  EXPECT_EQ(withoutDump.standardOutput,
+            "tamberline-inspect: AppleSmartBattery.plist cannot be parsed; it was left out\n");
+  EXPECT_TRUE(std::filesystem::exists(saved / "SPUSBDataType.json"));
+  EXPECT_FALSE(std::filesystem::exists(saved / "AppleSmartBattery.plist"));
+
+  std::filesystem::remove_all(saved);
+  folder.save("SPUSBDataType.json", R"({"SPUSBDataType": [{"serial_num": "S-1000)");
+  const ToolOutput refused = runInShell("2>&1", arguments, "");
+  EXPECT_EQ(refused.exitStatus, 1);
+  EXPECT_EQ(refused.standardOutput, "tamberline-inspect: SPUSBDataType.json cannot be parsed, so "
+                                    "nothing could be replaced in it, and nothing was saved\n");
+  EXPECT_FALSE(std::filesystem::exists(saved));
 }
 
 TEST(InspectProgram, SaysWhyAFileCannotBeRead) {
