@@ -7,10 +7,10 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <utility>
 
 namespace tamberline {
-namespace {
 
 using nlohmann::json;
 
@@ -19,6 +19,8 @@ struct ReadableAnswers {
   std::map<Question, json> sections;
   std::map<Question, std::string> lists;
 };
+
+namespace {
 
 /// Absent if a section cannot be read.
 std::optional<ReadableAnswers> readable(const Answers& answers) {
@@ -60,26 +62,42 @@ Anonymiser::Anonymiser(const std::vector<std::string>& hostNames) {
   }
 }
 
+/// The last answers' own texts do not count.
+void Anonymiser::learnFrom(const ReadableAnswers& answers) {
+  replacedAnswers(ReadableAnswers(answers),
+                  [this](const std::string& text, const TextPlace& place) {
+                    if (place.secret) {
+                      standIns_.learn(text, *place.secret);
+                    } else {
+                      standIns_.learnUuidsIn(text);
+                    }
+                    return text;
+                  });
+  StandIns learnt = standIns_.takeNew();
+  const bool areAnyGivenUp = standIns_.giveUpThoseWith(learnt);
+  doesChangeEarlierAnswers_ =
+      areAnyGivenUp ||
+      std::any_of(searchedTexts_.begin(), searchedTexts_.end(),
+                  [&learnt](const std::string& text) { return learnt.isAnyIn(text); });
+}
+
 /// Everything is learnt before anything is replaced: a secret of one answer may be part of another.
 std::optional<Answers> Anonymiser::anonymised(const Answers& answers) {
   std::optional<ReadableAnswers> known = readable(answers);
   if (!known) {
     return std::nullopt;
   }
-  replacedAnswers(ReadableAnswers(*known), [this](const std::string& text, const TextPlace& place) {
-    if (place.secret) {
-      standIns_.learn(text, *place.secret);
-    } else {
-      standIns_.learnUuidsIn(text);
-    }
-    return text;
-  });
+  learnFrom(*known);
   return replacedAnswers(std::move(*known),
                          [this](const std::string& text, const TextPlace& place) {
                            if (place.secret) {
                              return standIns_.standInFor(text);
                            }
-                           return place.isToken ? text : standIns_.replacedIn(text);
+                           if (place.isToken) {
+                             return text;
+                           }
+                           searchedTexts_.insert(text);
+                           return standIns_.replacedIn(text);
                          });
 }
 

@@ -5,9 +5,12 @@
 
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace tamberline {
+
+struct ReadableAnswers;
 
 /// Replaces what identifies a machine, its devices and its user in the machine's answers: serial
 /// numbers, unique identifiers, container identifiers, names of volumes, mount points and host
@@ -22,8 +25,17 @@ public:
   /// dump that cannot be read is left out, because no program reads it either.
   std::optional<Answers> anonymised(const Answers& answers);
 
+  /// Whether the last call taught something by which the result of an earlier call would be
+  /// different now: a text that stayed then is known to identify something now.
+  bool doesChangeEarlierAnswers() const { return doesChangeEarlierAnswers_; }
+
 private:
+  void learnFrom(const ReadableAnswers& answers);
+
   StandIns standIns_;
+  /// Everything in which parts were looked for and replaced.
+  std::unordered_set<std::string> searchedTexts_;
+  bool doesChangeEarlierAnswers_ = false;
 };
 
 } // namespace tamberline

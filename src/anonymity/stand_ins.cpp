@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
+#include <utility>
 
 namespace tamberline {
 namespace {
@@ -82,7 +83,11 @@ void StandIns::learn(std::string_view text, SecretKind kind) {
     return;
   }
   const auto [entry, isNew] = secrets_.try_emplace(std::string(text), Secret{kind, {}});
-  if (isNew && text.size() >= minPartLength) {
+  if (!isNew) {
+    return;
+  }
+  new_.push_back(entry->first);
+  if (text.size() >= minPartLength) {
     beginnings_.insert(std::string_view(entry->first).substr(0, minPartLength));
   }
 }
@@ -115,6 +120,34 @@ std::string StandIns::replacedIn(std::string_view text) {
   return replaced;
 }
 
+bool StandIns::isAnyIn(std::string_view text) {
+  for (std::size_t position = 0; position < text.size(); ++position) {
+    if (longestAt(text, position) != nullptr) {
+      return true;
+    }
+  }
+  return false;
+}
+
+StandIns StandIns::takeNew() {
+  StandIns taken;
+  for (const std::string_view text : std::exchange(new_, {})) {
+    taken.learn(text, secrets_.find(text)->second.kind);
+  }
+  return taken;
+}
+
+bool StandIns::giveUpThoseWith(StandIns& others) {
+  bool areAnyGivenUp = false;
+  for (auto& [text, secret] : secrets_) {
+    if (others.isAnyIn(secret.standIn)) {
+      secret.standIn.clear();
+      areAnyGivenUp = true;
+    }
+  }
+  return areAnyGivenUp;
+}
+
 /// A stand-in that happens to contain a secret, such as "Volume 1" if a volume is called "Volume",
 /// is given up for another one.
 const std::string& StandIns::assign(Secrets::value_type& entry) {
@@ -127,19 +160,10 @@ const std::string& StandIns::assign(Secrets::value_type& entry) {
   secret.standIn = beginning.empty() ? identifierLike(text, digits_++)
                                      : std::string(beginning) + std::to_string(++count);
   constexpr int attempts = 8;
-  for (int attempt = 0; attempt < attempts && containsSecret(secret.standIn); ++attempt) {
+  for (int attempt = 0; attempt < attempts && isAnyIn(secret.standIn); ++attempt) {
     secret.standIn = identifierLike(text, digits_++);
   }
   return secret.standIn;
-}
-
-bool StandIns::containsSecret(std::string_view text) {
-  for (std::size_t position = 0; position < text.size(); ++position) {
-    if (longestAt(text, position) != nullptr) {
-      return true;
-    }
-  }
-  return false;
 }
 
 /// A secret with which a text starts comes before the text in their order, and the longest one

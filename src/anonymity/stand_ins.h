@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 namespace tamberline {
 
@@ -32,6 +33,16 @@ public:
   /// The text with every learnt text in it replaced, the longest possible one at each place.
   std::string replacedIn(std::string_view text);
 
+  /// Whether replacedIn would replace something.
+  bool isAnyIn(std::string_view text);
+
+  /// The texts that were learnt since the last call.
+  StandIns takeNew();
+
+  /// Gives up the stand-ins in which one of the others' texts is, so that they get new ones when
+  /// they are needed again. Returns whether there were such stand-ins.
+  bool giveUpThoseWith(StandIns& others);
+
 private:
   struct Secret {
     SecretKind kind = SecretKind::identifier;
@@ -40,10 +51,10 @@ private:
   using Secrets = std::map<std::string, Secret, std::less<>>;
 
   const std::string& assign(Secrets::value_type& entry);
-  bool containsSecret(std::string_view text);
   Secrets::value_type* longestAt(std::string_view text, std::size_t position);
 
   Secrets secrets_;
+  std::vector<std::string_view> new_; // of the secrets
   /// The first bytes of the secrets, so that most places in a text need no search.
   std::unordered_set<std::string_view> beginnings_;
   std::array<std::uint64_t, 4> counts_{}; // by kind

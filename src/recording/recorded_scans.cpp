@@ -37,21 +37,46 @@ void RecordedScans::recordIfChanged() {
 }
 
 void RecordedScans::addStep() {
-  std::optional<Answers> answers = parts_.machine->answers();
-  if (parts_.anonymiser) {
-    answers = parts_.anonymiser->anonymised(*answers);
-  }
-  if (!answers || missingReport(*answers)) {
-    events_.changeSkipped("a report is missing or cannot be read, so this change is left out");
+  Answers answers = parts_.machine->answers();
+  if (const auto missing = missingReport(answers)) {
+    skip(*missing + " is missing");
     return;
   }
-  if (const WriteFailure failure =
-          parts_.recorder.add(*answers, std::chrono::system_clock::now())) {
-    hasEnded_ = true;
-    events_.ended("cannot record: " + *failure);
+  if (parts_.anonymousSteps) {
+    std::optional<Answers> anonymised = parts_.anonymousSteps->add(answers);
+    if (!anonymised) {
+      skip("a report cannot be parsed, so nothing could be replaced in it");
+      return;
+    }
+    answers = std::move(*anonymised);
+    if (const WriteFailure failure = changeEarlierSteps()) {
+      end(*failure);
+      return;
+    }
+  }
+  if (const WriteFailure failure = parts_.recorder.add(answers, std::chrono::system_clock::now())) {
+    end(*failure);
     return;
   }
   events_.stepAdded(parts_.recorder.lastName());
+}
+
+/// Before the step is written that shows what to change: no text that one step of a recording shows
+/// to identify something is in another one, even if the program is killed in between.
+WriteFailure RecordedScans::changeEarlierSteps() {
+  AnonymousSteps& steps = *parts_.anonymousSteps;
+  return steps.doesLastChangeEarlier()
+             ? parts_.recorder.change([&steps](std::size_t index) { return steps.step(index); })
+             : std::nullopt;
+}
+
+void RecordedScans::skip(const std::string& reason) {
+  events_.changeSkipped(reason + ", so this change is left out");
+}
+
+void RecordedScans::end(const std::string& reason) {
+  hasEnded_ = true;
+  events_.ended("cannot record: " + reason);
 }
 
 } // namespace tamberline

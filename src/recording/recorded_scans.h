@@ -1,9 +1,9 @@
 #pragma once
 
 #include "acquisition/kept_answers.h"
-#include "anonymity/anonymiser.h"
 #include "async/main_queue.h"
 #include "platform/saved/recording.h"
+#include "recording/anonymous_steps.h"
 #include "scanner/port_scanner.h"
 
 #include <functional>
@@ -35,7 +35,7 @@ public:
     /// After its begin().
     Recorder recorder;
     /// If present, it replaces what identifies the machine in every step.
-    std::optional<Anonymiser> anonymiser;
+    std::optional<AnonymousSteps> anonymousSteps;
   };
 
   RecordedScans(Parts parts, RecordingEvents events);
@@ -47,6 +47,9 @@ private:
   void handleScanState();
   void recordIfChanged();
   void addStep();
+  WriteFailure changeEarlierSteps();
+  void skip(const std::string& reason);
+  void end(const std::string& reason);
 
   Parts parts_;
   RecordingEvents events_;

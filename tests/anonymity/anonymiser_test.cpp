@@ -60,6 +60,30 @@ TEST(Anonymiser, KeepsItsStandInsForLaterAnswers) {
   EXPECT_EQ(later["SPUSBDataType"][1], earlier["SPUSBDataType"][0]);
 }
 
+/// A section with a device that has this name, and a volume.
+Answers machineWith(const std::string& device, const std::string& volume) {
+  const json report = {{"SPUSBDataType",
+                        {{{"_name", device},
+                          {"device_speed", volume},
+                          {"Media", {{{"volumes", {{{"_name", volume}}}}}}}}}}};
+  return {{Question::usb, report.dump()}};
+}
+
+TEST(Anonymiser, KnowsWhetherItHasLearntSomethingAboutEarlierAnswers) {
+  Anonymiser anonymiser;
+  const auto doesChangeEarlier = [&anonymiser](const Answers& answers) {
+    anonymiser.anonymised(answers);
+    return anonymiser.doesChangeEarlierAnswers();
+  };
+  EXPECT_FALSE(doesChangeEarlier(machineWith("Stick S-1000", "Fieldwork")));
+  EXPECT_FALSE(doesChangeEarlier(machineWith("Fieldwork", "Sommer"))) << "only in the last ones";
+  EXPECT_TRUE(doesChangeEarlier(machineWith("Stick", "S-1000")));
+  EXPECT_FALSE(doesChangeEarlier(machineWith("Stick S-1000", "S-1000"))) << "nothing new";
+  EXPECT_FALSE(doesChangeEarlier(machineWith("Stick", "super_speed")));
+  EXPECT_FALSE(doesChangeEarlier(machineWith("Stick", "SPUSBDataType"))) << "keys are no texts";
+  EXPECT_TRUE(doesChangeEarlier(machineWith("Stick", "Volume 1"))) << "the stand-in of Fieldwork";
+}
+
 TEST(Anonymiser, ReplacesNamesOfVolumesAndMountPointsButNotOfDevices) {
   const json report = anonymisedReport(
       {{"SPUSBDataType",

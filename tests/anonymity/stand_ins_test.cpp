@@ -150,6 +150,31 @@ TEST(StandIns, ContainNoText) {
   EXPECT_EQ(standIns.standInFor("/mnt/x").find("volumes"), std::string::npos);
 }
 
+TEST(StandIns, HandOutWhatIsNew) {
+  StandIns standIns;
+  standIns.learn("S-1000", SecretKind::identifier);
+  EXPECT_TRUE(standIns.takeNew().isAnyIn("Stick S-1000"));
+  EXPECT_FALSE(standIns.takeNew().isAnyIn("Stick S-1000"));
+  standIns.learn("S-1000", SecretKind::volumeName);
+  EXPECT_FALSE(standIns.takeNew().isAnyIn("Stick S-1000"));
+  EXPECT_TRUE(standIns.isAnyIn("Stick S-1000"));
+}
+
+/// A person may have called a volume so.
+TEST(StandIns, AreGivenUpIfATextIsInThem) {
+  StandIns standIns;
+  standIns.learn("Fieldwork", SecretKind::volumeName);
+  standIns.learn("Sommer", SecretKind::volumeName);
+  ASSERT_EQ(standIns.standInFor("Fieldwork"), "Volume 1");
+  ASSERT_EQ(standIns.standInFor("Sommer"), "Volume 2");
+  StandIns others;
+  others.learn("Volume 1", SecretKind::volumeName);
+  EXPECT_TRUE(standIns.giveUpThoseWith(others));
+  EXPECT_FALSE(standIns.giveUpThoseWith(others));
+  EXPECT_EQ(standIns.standInFor("Fieldwork"), "Volume 3");
+  EXPECT_EQ(standIns.standInFor("Sommer"), "Volume 2");
+}
+
 TEST(StandIns, FindUuidsInsideOfTexts) {
   StandIns standIns;
   const std::string text = "at 4CDA5C04-517F-4000-8E5D-2F7D8BBC47CD.";

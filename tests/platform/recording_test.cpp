@@ -1,4 +1,5 @@
 #include "platform/saved/recording.h"
+#include "platform/saved/saved_reports.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -126,6 +127,74 @@ TEST_F(RecordingTest, EndsBeforeItTakesMoreThanItsLimit) {
   EXPECT_EQ(stepsIn(target).size(), 61U);
 }
 
+std::string usbReportOf(const RecordedStep& step) {
+  return SavedReports(step.folder).answer(Question::usb);
+}
+
+TEST_F(RecordingTest, ChangesTheStepsThatItHas) {
+  Recorder recorder(target);
+  ASSERT_EQ(recorder.begin(), std::nullopt);
+  for (const char* usb : {"1", "2", "3"}) {
+    recorder.add({{Question::usb, usb}, {Question::deviceTree, "large"}}, start);
+  }
+  const std::vector<std::string> reports = {"one", "one", "3"};
+  ASSERT_EQ(recorder.change([&](std::size_t index) {
+    return Answers{{Question::usb, reports.at(index)}, {Question::deviceTree, "changed"}};
+  }),
+            std::nullopt);
+  const std::vector<RecordedStep> steps = stepsIn(target);
+  ASSERT_EQ(steps.size(), 3U);
+  for (std::size_t index = 0; index < steps.size(); ++index) {
+    EXPECT_EQ(usbReportOf(steps[index]), reports[index]);
+    const fs::path large = steps[index].folder / "IODeviceTree.plist";
+    EXPECT_EQ(fs::file_size(large), std::string("changed").size());
+    EXPECT_EQ(fs::hard_link_count(large), 3U) << "shared as before";
+  }
+  EXPECT_EQ(fs::hard_link_count(steps[0].folder / "SPUSBDataType.json"), 2U) << "equal now";
+}
+
+TEST_F(RecordingTest, SharesFilesWithAStepThatWasChanged) {
+  Recorder recorder(target);
+  ASSERT_EQ(recorder.begin(), std::nullopt);
+  recorder.add({{Question::usb, "1"}}, start);
+  recorder.change([](std::size_t) { return Answers{{Question::usb, "one"}}; });
+  recorder.add({{Question::usb, "one"}}, start);
+  recorder.add({{Question::usb, "1"}}, start);
+  const std::vector<RecordedStep> steps = stepsIn(target);
+  ASSERT_EQ(steps.size(), 3U);
+  EXPECT_EQ(fs::hard_link_count(steps[0].folder / "SPUSBDataType.json"), 2U);
+  EXPECT_EQ(usbReportOf(steps[2]), "1");
+}
+
+TEST_F(RecordingTest, LeavesTheFilesThatDoNotChange) {
+  Recorder recorder(target);
+  ASSERT_EQ(recorder.begin(), std::nullopt);
+  recorder.add({{Question::usb, "1"}, {Question::power, "same"}}, start);
+  const fs::path report = stepsIn(target).front().folder / "SPPowerDataType.json";
+  fs::create_hard_link(report, folder.path() / "first");
+  recorder.change([](std::size_t) {
+    return Answers{{Question::usb, "2"}, {Question::power, "same"}};
+  });
+  EXPECT_TRUE(fs::equivalent(report, folder.path() / "first"));
+}
+
+TEST_F(RecordingTest, CountsWhatItChangedOnce) {
+  Recorder recorder(target, 1'000'000);
+  ASSERT_EQ(recorder.begin(), std::nullopt);
+  const Answers large = {{Question::usb, std::string(300'000, 'a')}};
+  ASSERT_EQ(recorder.add(large, start), std::nullopt);
+  for (int time = 0; time < 10; ++time) {
+    const char letter = static_cast<char>('b' + time);
+    ASSERT_EQ(recorder.change([letter](std::size_t) {
+      return Answers{{Question::usb, std::string(300'000, letter)}};
+    }),
+              std::nullopt);
+  }
+  EXPECT_EQ(recorder.add(large, start), std::nullopt);
+  EXPECT_EQ(recorder.add({{Question::usb, std::string(300'000, 'x')}}, start), std::nullopt);
+  EXPECT_EQ(recorder.add(large, start), "the recording would take more than 1 MB");
+}
+
 TEST_F(RecordingTest, CountsSharedFilesOnce) {
   Recorder recorder(target, 1'000'000);
   ASSERT_EQ(recorder.begin(), std::nullopt);
@@ -150,14 +219,33 @@ TEST_F(RecordingTest, CountsSharedFilesOnce) {
   }
 }
 
-/// Kills the recording process after some steps, in the middle of whatever it does then.
-void recordAndKill(const fs::path& recording, int stepCount) {
+/// Has three steps that it changes until it is killed; writes a byte after each change.
+[[noreturn]] void changeEndlessly(const fs::path& recording, int told) {
+  Recorder recorder(recording);
+  recorder.begin();
+  for (int step = 0; step < 3; ++step) {
+    recorder.add({{Question::usb, std::string(300'000, 'a')}, {Question::power, "same"}}, start);
+  }
+  for (char letter = 'a';; letter = letter == 'z' ? 'a' : static_cast<char>(letter + 1)) {
+    recorder.change([letter](std::size_t) {
+      return Answers{{Question::usb, std::string(300'000, letter)}, {Question::power, "same"}};
+    });
+    if (write(told, &letter, 1) != 1) {
+      _exit(1);
+    }
+  }
+}
+
+using Record = void (*)(const fs::path& recording, int told);
+
+/// Kills the recording process after it has told so often, in the middle of whatever it does then.
+void recordAndKill(Record record, const fs::path& recording, int stepCount) {
   std::array<int, 2> ends{};
   ASSERT_EQ(pipe(ends.data()), 0);
   const pid_t child = fork();
   ASSERT_GE(child, 0);
   if (child == 0) {
-    recordEndlessly(recording, ends[1]);
+    record(recording, ends[1]);
   }
   close(ends[1]);
   for (int step = 0; step < stepCount; ++step) {
@@ -172,11 +260,25 @@ void recordAndKill(const fs::path& recording, int stepCount) {
 TEST_F(RecordingTest, HasWholeStepsOnlyWhenItsProgramWasKilled) {
   for (int stepCount = 1; stepCount <= 10; ++stepCount) {
     const fs::path recording = folder.path() / std::to_string(stepCount);
-    recordAndKill(recording, stepCount);
+    recordAndKill(recordEndlessly, recording, stepCount);
     const std::vector<RecordedStep> steps = stepsIn(recording);
     EXPECT_GE(steps.size(), static_cast<std::size_t>(stepCount));
     for (const RecordedStep& step : steps) {
       EXPECT_EQ(fs::file_size(step.folder / "SPUSBDataType.json"), 300'000U) << step.folder;
+      EXPECT_EQ(fs::file_size(step.folder / "SPPowerDataType.json"), 4U) << step.folder;
+    }
+  }
+}
+
+TEST_F(RecordingTest, HasWholeFilesWhenItsProgramWasKilledWhileItChangedThem) {
+  for (int changeCount = 1; changeCount <= 10; ++changeCount) {
+    const fs::path recording = folder.path() / std::to_string(changeCount);
+    recordAndKill(changeEndlessly, recording, changeCount);
+    const std::vector<RecordedStep> steps = stepsIn(recording);
+    ASSERT_EQ(steps.size(), 3U);
+    for (const RecordedStep& step : steps) {
+      const std::string report = usbReportOf(step);
+      EXPECT_EQ(report, std::string(300'000, report.empty() ? ' ' : report.front())) << step.folder;
       EXPECT_EQ(fs::file_size(step.folder / "SPPowerDataType.json"), 4U) << step.folder;
     }
   }
@@ -187,6 +289,17 @@ TEST_F(RecordingTest, SaysWhyAStepCannotBeWritten) {
   ASSERT_EQ(recorder.begin(), std::nullopt);
   fs::remove(target);
   EXPECT_EQ(recorder.add({{Question::usb, "1"}}, start), "No such file or directory");
+}
+
+TEST_F(RecordingTest, SaysWhyAStepCannotBeChanged) {
+  Recorder recorder(target);
+  ASSERT_EQ(recorder.begin(), std::nullopt);
+  ASSERT_EQ(recorder.add({{Question::usb, "1"}}, start), std::nullopt);
+  fs::remove_all(target);
+  EXPECT_EQ(recorder.change([](std::size_t) {
+    return Answers{{Question::usb, "2"}};
+  }),
+            "No such file or directory");
 }
 
 } // namespace

@@ -71,6 +71,20 @@ TEST_F(WholeFilesTest, NeverWriteOverSomethingElse) {
   EXPECT_EQ(namesIn(target), std::set<std::string>{"else"});
 }
 
+TEST_F(WholeFilesTest, BecomeOtherNamesOfAFile) {
+  folder.save("file", "old");
+  folder.save("other", "new");
+  const fs::path file = folder.path() / "file";
+  for (int time = 1; time <= 2; ++time) {
+    EXPECT_TRUE(replaceByLink(file, folder.path() / "other"));
+    EXPECT_EQ(contentOf(file), "new");
+    EXPECT_EQ(fs::hard_link_count(file), 2U);
+  }
+  EXPECT_FALSE(replaceByLink(file, folder.path() / "missing"));
+  EXPECT_EQ(contentOf(file), "new");
+  EXPECT_EQ(namesIn(folder.path()), (std::set<std::string>{"file", "other"}));
+}
+
 TEST_F(WholeFilesTest, LeaveNothingAfterAFailure) {
   EXPECT_EQ(createFolder(target / "below", {{"a", "1"}}), "No such file or directory");
   EXPECT_EQ(createFolder(target, {{"a", "1"}, {"no/such/folder", "2"}}),

@@ -30,9 +30,9 @@ RecordingEvents printedEvents() {
               }};
 }
 
-std::optional<Anonymiser> anonymiserFor(const RecordCommand& command) {
+std::optional<AnonymousSteps> anonymousStepsFor(const RecordCommand& command) {
   return command.isAnonymous
-             ? std::optional<Anonymiser>(std::vector{QSysInfo::machineHostName().toStdString()})
+             ? std::optional<AnonymousSteps>(std::vector{QSysInfo::machineHostName().toStdString()})
              : std::nullopt;
 }
 
@@ -54,7 +54,7 @@ int run(const RecordCommand& command, const InspectOptions& options) {
                                  .machine = machine,
                                  .queue = scope.queue(),
                                  .recorder = std::move(recorder),
-                                 .anonymiser = anonymiserFor(command)},
+                                 .anonymousSteps = anonymousStepsFor(command)},
                                 printedEvents());
   const auto scan = scanner->scan();
   return QCoreApplication::exec();

@@ -156,6 +156,17 @@ WriteFailure createFile(const fs::path& file, std::string_view content) {
   return failure;
 }
 
+/// Renaming one name of a file to another of the same file does nothing, so the temporary one may
+/// still be there.
+bool replaceByLink(const fs::path& file, const fs::path& other) {
+  const fs::path temporary = unfinished(file);
+  unlink(temporary.c_str()); // of a process that was killed and had the same number
+  const bool isReplaced =
+      isLinked(temporary, other) && std::rename(temporary.c_str(), file.c_str()) == 0;
+  unlink(temporary.c_str());
+  return isReplaced;
+}
+
 WriteFailure replaceFile(const fs::path& file, std::string_view content) {
   struct stat status = {};
   if (lstat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {

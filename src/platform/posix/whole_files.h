@@ -32,6 +32,10 @@ WriteFailure createFile(const std::filesystem::path& file, std::string_view cont
 /// a folder, a link, a device.
 WriteFailure replaceFile(const std::filesystem::path& file, std::string_view content);
 
+/// Makes a file another name of `other`, which takes the place of the file. False if that cannot be
+/// done here: file systems of memory sticks have one name for each file.
+bool replaceByLink(const std::filesystem::path& file, const std::filesystem::path& other);
+
 /// The names of files and folders that were not finished begin with this.
 inline constexpr std::string_view unfinishedBeginning = ".unfinished-";
 

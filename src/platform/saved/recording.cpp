@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "platform/saved/saved_files.h"
+#include "platform/saved/saved_reports.h"
 
 #include <QDateTime>
 #include <QString>
@@ -33,17 +34,27 @@ std::uintmax_t occupied(std::uintmax_t bytes) {
 }
 
 /// What a step occupies beyond the files that it shares with the one before.
-std::uintmax_t ownBytesOf(const fs::path& step) {
+std::uintmax_t ownBytesOf(const fs::path& step, const fs::path& before) {
   std::uintmax_t bytes = occupied(0);
   std::error_code error;
   for (auto file = fs::directory_iterator(step, error); !error && file != fs::end(file);
        file.increment(error)) {
-    std::error_code unreadable;
-    const std::uintmax_t size = file->file_size(unreadable);
-    const bool isOwn = !unreadable && file->hard_link_count(unreadable) == 1;
-    bytes += isOwn ? occupied(size) : 0;
+    std::error_code missing;
+    const std::uintmax_t size = file->file_size(missing);
+    const bool isShared = fs::equivalent(file->path(), before / file->path().filename(), missing);
+    bytes += isShared ? 0 : occupied(size);
   }
   return bytes;
+}
+
+/// Replaces a file unless it has that content. `same` is a file with that content, or empty.
+WriteFailure changeFile(const fs::path& file, const std::string& content, const fs::path& same) {
+  std::error_code missing;
+  if (!same.empty() && (fs::equivalent(file, same, missing) || replaceByLink(file, same))) {
+    return std::nullopt;
+  }
+  const bool isUnchanged = readRegularFile(file, content.size(), Links::refuse).bytes == content;
+  return isUnchanged ? std::nullopt : replaceFile(file, content);
 }
 
 } // namespace
@@ -106,14 +117,14 @@ WriteFailure Recorder::begin() {
 }
 
 /// Why a step with these files would be too much.
-WriteFailure Recorder::refusalOf(const std::map<std::string, std::string>& files) const {
-  if (stepCount_ == maxSteps) {
+WriteFailure Recorder::refusalOf(const Files& files) const {
+  if (steps_.size() == maxSteps) {
     return "the recording has " + std::to_string(maxSteps) + " steps, and no more fit";
   }
   std::uintmax_t bytes = usedBytes_ + occupied(0);
   for (const auto& [name, content] : files) {
-    const auto before = lastFiles_.find(name);
-    const bool isShared = before != lastFiles_.end() && before->second == content;
+    const auto before = filesOfLastStep_.find(name);
+    const bool isShared = before != filesOfLastStep_.end() && before->second == content;
     bytes += isShared ? 0 : occupied(content.size());
   }
   constexpr std::uintmax_t megabyte = 1'000'000;
@@ -123,18 +134,42 @@ WriteFailure Recorder::refusalOf(const std::map<std::string, std::string>& files
 }
 
 WriteFailure Recorder::add(const Answers& answers, Time time) {
-  const fs::path step = folder_ / nameOfStep(stepCount_ + 1, time);
-  std::map<std::string, std::string> files = savedFiles(answers);
+  const fs::path step = folder_ / nameOfStep(steps_.size() + 1, time);
+  const fs::path before = steps_.empty() ? fs::path() : steps_.back();
+  Files files = savedFiles(answers);
   if (WriteFailure refusal = refusalOf(files)) {
     return refusal;
   }
-  if (WriteFailure failure = createFolderLike(step, files, lastFolder_, lastFiles_)) {
+  if (WriteFailure failure = createFolderLike(step, files, before, filesOfLastStep_)) {
     return failure;
   }
-  ++stepCount_;
-  usedBytes_ += ownBytesOf(step); // on some file systems, nothing is shared
-  lastFolder_ = step;
-  lastFiles_ = std::move(files);
+  usedBytes_ += ownBytesOf(step, before); // on some file systems, nothing is shared
+  steps_.push_back(step);
+  filesOfLastStep_ = std::move(files);
+  return std::nullopt;
+}
+
+WriteFailure Recorder::change(const std::function<Answers(std::size_t)>& answersOf) {
+  fs::path before;
+  Files filesBefore;
+  std::uintmax_t usedBytes = 0;
+  for (std::size_t index = 0; index < steps_.size(); ++index) {
+    const fs::path& step = steps_[index];
+    Files files = savedFiles(answersOf(index));
+    for (const auto& [name, content] : files) {
+      const auto earlier = filesBefore.find(name);
+      const bool isShared = earlier != filesBefore.end() && earlier->second == content;
+      if (WriteFailure failure =
+              changeFile(step / name, content, isShared ? before / name : fs::path())) {
+        return failure;
+      }
+    }
+    usedBytes += ownBytesOf(step, before);
+    before = step;
+    filesBefore = std::move(files);
+  }
+  usedBytes_ = usedBytes;
+  filesOfLastStep_ = std::move(filesBefore);
   return std::nullopt;
 }
 

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -47,18 +48,24 @@ public:
   /// Fails if the recording would become too large; what was recorded stays.
   WriteFailure add(const Answers& answers, std::chrono::system_clock::time_point time);
 
+  /// Changes the steps so far: `answersOf` returns those of a step, by its index. Files that do not
+  /// change are not written; the others are replaced, each whole or not at all. So a recording
+  /// whose program is killed meanwhile has whole steps, some of them as before.
+  WriteFailure change(const std::function<Answers(std::size_t index)>& answersOf);
+
   /// The name of the last step's folder.
-  std::string lastName() const { return lastFolder_.filename().string(); }
+  std::string lastName() const { return steps_.back().filename().string(); }
 
 private:
-  WriteFailure refusalOf(const std::map<std::string, std::string>& files) const;
+  using Files = std::map<std::string, std::string>;
+
+  WriteFailure refusalOf(const Files& files) const;
 
   std::filesystem::path folder_;
   std::uintmax_t maxBytes_;
   std::uintmax_t usedBytes_ = 0;
-  std::size_t stepCount_ = 0;
-  std::filesystem::path lastFolder_;
-  std::map<std::string, std::string> lastFiles_;
+  std::vector<std::filesystem::path> steps_;
+  Files filesOfLastStep_;
 };
 
 } // namespace tamberline

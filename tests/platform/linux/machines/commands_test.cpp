@@ -1,10 +1,8 @@
+#include "platform/linux/machines/hand_driven_recording.h"
 #include "platform/linux/machines/mocked_machine.h"
 #include "platform/posix/child_process_runner.h"
 #include "platform/saved/saved_reports.h"
-#include "platform/this_machine.h"
-#include "recording/recorded_scans.h"
 #include "support/event_loop.h"
-#include "support/hand_driven_queue.h"
 #include "support/temporary_folder.h"
 
 #include <QCoreApplication>
@@ -177,63 +175,35 @@ TEST_F(MachineCommands, RecordNoMoreThanTheirLimit) {
             "tamberline-inspect: a size is a number of megabytes from 1 to 1000000, not '0'");
 }
 
-/// Records this machine, whose events and reports are real, while the test moves the clock.
-class RecordedMachineOfTest {
-public:
-  explicit RecordedMachineOfTest(const std::filesystem::path& folder)
-      : folder_(folder), recording_({.scanner = scanner_,
-                                     .machine = kept_,
-                                     .queue = queue_,
-                                     .recorder = begunRecorder(),
-                                     .anonymiser = {}},
-                                    {.stepAdded = [this](const auto& name) { lastStep_ = name; },
-                                     .changeSkipped = [](const auto& why) { ADD_FAILURE() << why; },
-                                     .ended = [](const auto& why) { ADD_FAILURE() << why; }}) {
-    scanner_->scan();
-    queue_->advance(10s);
-  }
-
-  /// Waits for the step in which this name is.
-  bool hasStepWith(const std::string& name) {
-    return runEventsUntil([&] {
-      queue_->advance(500ms);
-      return usbReportOf(folder_ / lastStep_).find(name) != std::string::npos;
-    });
-  }
-
-  static std::string usbReportOf(const std::filesystem::path& step) {
-    return SavedReports(step).answer(Question::usb);
-  }
-
-private:
-  Recorder begunRecorder() const {
-    Recorder recorder(folder_);
-    EXPECT_EQ(recorder.begin(), std::nullopt);
-    return recorder;
-  }
-
-  std::filesystem::path folder_;
-  std::string lastStep_;
-  std::shared_ptr<KeptAnswers> kept_ = std::make_shared<KeptAnswers>(sourceOfThisMachine());
-  std::shared_ptr<HandDrivenQueue> queue_ = std::make_shared<HandDrivenQueue>();
-  std::shared_ptr<PortScanner> scanner_ = PortScanner::create(
-      {.acquisition = {.machine = kept_, .queue = queue_}, .events = eventsOfThisMachine()});
-  RecordedScans recording_;
-};
+std::string usbReportOf(const std::filesystem::path& step) {
+  return SavedReports(step).answer(Question::usb);
+}
 
 TEST_F(MachineCommands, RecordAHundredChangesInTheirOrder) {
   constexpr int changeCount = 100;
-  RecordedMachineOfTest recording(file("recording"));
+  Recorder recorder(file("recording"));
+  ASSERT_EQ(recorder.begin(), std::nullopt);
+  std::string lastStep;
+  HandDrivenRecording recording(std::move(recorder),
+                                {.stepAdded = [&](const auto& name) { lastStep = name; },
+                                 .changeSkipped = [](const auto& why) { ADD_FAILURE() << why; },
+                                 .ended = [](const auto& why) { ADD_FAILURE() << why; }});
+  const auto hasStepWith = [&](const std::string& name) {
+    return runEventsUntil([&] {
+      recording.moveClock(500ms);
+      return usbReportOf(folder.path() / "recording" / lastStep).find(name) != std::string::npos;
+    });
+  };
   for (int change = 1; change <= changeCount; ++change) {
     const std::string name = "Disk " + std::to_string(change);
     machine.detach(onMonitor);
     machine.attach(stickAt(onMonitor, name, 40 + change));
-    ASSERT_TRUE(recording.hasStepWith('"' + name + '"')) << change;
+    ASSERT_TRUE(hasStepWith('"' + name + '"')) << change;
   }
   std::string nextName = "\"Marble Stick\"";
   int change = 0;
   for (const RecordedStep& step : stepsIn(file("recording"))) {
-    if (RecordedMachineOfTest::usbReportOf(step.folder).find(nextName) != std::string::npos) {
+    if (usbReportOf(step.folder).find(nextName) != std::string::npos) {
       nextName = "\"Disk " + std::to_string(++change) + '"';
     }
   }
