@@ -79,6 +79,17 @@ TEST_F(PlaybackTest, GoesStepByStep) {
   EXPECT_EQ(afterTime(playback, milliseconds(0)), "c paused");
 }
 
+TEST_F(PlaybackTest, IsAtRestWhereItStays) {
+  Playback playback(fourSteps(), 1, queue, {});
+  EXPECT_FALSE(playback.isAtRest());
+  playback.togglePause();
+  EXPECT_TRUE(playback.isAtRest());
+  playback.togglePause();
+  EXPECT_FALSE(playback.isAtRest());
+  queue->advance(std::chrono::hours(1));
+  EXPECT_TRUE(playback.isAtRest());
+}
+
 TEST_F(PlaybackTest, BeginsWithAnyStep) {
   Playback playback(fourSteps(), 1, queue, {2, true});
   playback.start();
@@ -144,7 +155,10 @@ TEST_F(PlaybackTest, ShowsTheLastOfSeveralStepsDuringAScan) {
   playback.start();
   scanner->scan();
   queue->advanceWithoutBackground(milliseconds(100));
+  EXPECT_TRUE(playback.isAtRest());
+  EXPECT_FALSE(scans.isUpToDate());
   queue->settle();
+  EXPECT_TRUE(scans.isUpToDate());
   EXPECT_EQ(scanner->usbBuses.get().at(0).devices.begin()->name, "device 5");
 }
 

@@ -88,6 +88,12 @@ TEST_F(ReplayedRecording, IsShownInAPictureStepByStep) {
   EXPECT_EQ(pictureOf(recording, {"--step", "2"}), pictureOf(SAMPLES_FOLDER "/road", {}));
 }
 
+TEST_F(ReplayedRecording, IsShownInAPictureAtItsEndAfterPlaying) {
+  EXPECT_EQ(pictureOf(recording, {"--speed", "1000"}), pictureOf(SAMPLES_FOLDER "/road", {}));
+  EXPECT_EQ(pictureOf(recording, {"--speed", "1000", "--step", "1"}),
+            pictureOf(SAMPLES_FOLDER "/desk", {}));
+}
+
 TEST_F(ReplayedRecording, SaysWhatIsWrongWithItsArguments) {
   const std::string name = "tamberline-replay: ";
   EXPECT_EQ(complaint(recording, {"--step", "3"}), name + "the recording has 2 steps");

@@ -62,13 +62,15 @@ struct Replay {
   std::unique_ptr<RecordedMachinePlayer> player;
 };
 
-/// A picture shows one step.
+/// A picture shows one step: that of the option, the first one, or the last one after playing at a
+/// speed.
 Replay replayOf(const ReplayOptions& options, const std::shared_ptr<MainQueue>& queue,
                 const Clock& now) {
   if (options.steps.empty()) {
     return {scannerOf(options, queue, now), nullptr};
   }
-  const Playback::State first{options.step.value_or(1) - 1, options.step || options.screenshot};
+  const bool isPaused = options.step || (options.screenshot && !options.speed);
+  const Playback::State first{options.step.value_or(1) - 1, isPaused};
   auto playback =
       std::make_unique<Playback>(options.steps, options.speed.value_or(1), queue, first);
   const auto machine = std::make_shared<RecordedMachine>(playback->step().folder);
@@ -124,7 +126,8 @@ int run(const ReplayOptions& options, int& argc, char** argv) {
     animations->follow(
         [&shell](bool isAllowed) { shell.context().motion()->setAllowed(isAllowed); });
   }
-  const auto shown = showPanel(&shell, replay.scanner, queue, options);
+  const auto hasPlayed = [&replay] { return !replay.player || replay.player->hasPlayed(); };
+  const auto shown = showPanel(&shell, replay.scanner, hasPlayed, queue, options);
   return QApplication::exec();
 }
 

@@ -20,6 +20,9 @@ public:
                         std::shared_ptr<RecordedMachine> machine,
                         std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue);
 
+  /// Whether the scanner shows the step at which the playback stays.
+  bool hasPlayed() const { return playback_->isAtRest() && scans_.isUpToDate(); }
+
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 

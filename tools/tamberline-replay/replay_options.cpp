@@ -32,7 +32,8 @@ before.
   --screenshot FILE  writes a picture of the panel to FILE, whose name ends in .png, and
                      ends; needs no display
   --places FILE      with a picture: writes where each text and button is in it to FILE
-  --speed F          plays a recording F times as fast, from 0.01 to 1000
+  --speed F          plays a recording F times as fast, from 0.01 to 1000; a picture then
+                     shows its end, otherwise its first step or that of --step
   --step N           begins a recording with step N, paused
   --help, -h         prints this text
   --version, -V      prints the version

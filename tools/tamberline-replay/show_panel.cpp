@@ -31,8 +31,8 @@ QCoro::Task<> waitForStableSize(PanelWindow* window, std::shared_ptr<MainQueue> 
   }
 }
 
-QCoro::Task<> untilScanned(std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue) {
-  while (scanner->isScanning.get()) {
+QCoro::Task<> until(std::function<bool()> condition, std::shared_ptr<MainQueue> queue) {
+  while (!condition()) {
     Delay wait(queue, moment);
     co_await wait;
   }
@@ -67,10 +67,15 @@ int savePicture(PanelWindow& window, const ReplayOptions& options) {
 } // namespace
 
 QCoro::Task<> showPanel(PanelShell* shell, std::shared_ptr<PortScanner> scanner,
-                        std::shared_ptr<MainQueue> queue, ReplayOptions options) {
+                        std::function<bool()> hasPlayed, std::shared_ptr<MainQueue> queue,
+                        ReplayOptions options) {
   shell->open();
-  auto scanned = untilScanned(std::move(scanner), queue);
+  auto scanned = until([scanner] { return !scanner->isScanning.get(); }, queue);
   co_await scanned;
+  if (options.screenshot) {
+    auto played = until(std::move(hasPlayed), queue);
+    co_await played;
+  }
   if (options.expandsAll) {
     shell->context().panel()->expandAll();
   }

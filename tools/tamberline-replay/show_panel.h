@@ -7,14 +7,16 @@
 
 #include <QCoro/QCoroTask>
 
+#include <functional>
 #include <memory>
 
 namespace tamberline {
 
-/// Opens the panel and, after its first scan, applies the options. If they ask for a picture,
-/// writes it once the panel's size is stable and quits the application; with status 1, after
-/// reporting it, if the file cannot be written.
+/// Opens the panel and, after its first scan, applies the options. If they ask for a picture, waits
+/// for `hasPlayed` before, writes it once the panel's size is stable, and quits the application; with
+/// status 1, after reporting it, if the file cannot be written.
 QCoro::Task<> showPanel(PanelShell* shell, std::shared_ptr<PortScanner> scanner,
-                        std::shared_ptr<MainQueue> queue, ReplayOptions options);
+                        std::function<bool()> hasPlayed, std::shared_ptr<MainQueue> queue,
+                        ReplayOptions options);
 
 } // namespace tamberline

@@ -66,10 +66,10 @@ void Playback::set(State state) {
 }
 
 void Playback::scheduleNext() {
-  const auto [index, isPaused] = state_.get();
-  if (isPaused || index + 1 >= steps_.size()) {
+  if (isAtRest()) {
     return;
   }
+  const std::size_t index = state_.get().index;
   next_ = queue_->postLater(timeBetween(steps_[index], steps_[index + 1], speed_),
                             [this, after = State{index + 1}] { set(after); });
 }
@@ -80,6 +80,10 @@ PlaybackScans::PlaybackScans(Playback& playback, std::shared_ptr<RecordedMachine
       queue_(std::move(queue)), shownStep_(playback_.step().folder),
       ofPlayback_(playback_.observe([this] { scanIfBehind(); })),
       ofScanner_(scanner_->isScanning.observe([this] { scanIfBehind(); })) {}
+
+bool PlaybackScans::isUpToDate() const {
+  return !scanner_->isScanning.get() && shownStep_ == playback_.step().folder;
+}
 
 /// Scans on the next event-loop iteration, because an observer is called while a scan ends.
 void PlaybackScans::scanIfBehind() {

@@ -59,6 +59,8 @@ public:
   [[nodiscard]] Observation observe(std::function<void()> onChange);
   const RecordedStep& step() const { return steps_.at(state_.get().index); }
   std::size_t stepCount() const { return steps_.size(); }
+  /// Whether no further step comes by itself.
+  bool isAtRest() const { return state_.get().isPaused || state_.get().index + 1 >= stepCount(); }
 
 private:
   void stepTo(std::size_t index);
@@ -77,6 +79,9 @@ class PlaybackScans {
 public:
   PlaybackScans(Playback& playback, std::shared_ptr<RecordedMachine> machine,
                 std::shared_ptr<PortScanner> scanner, std::shared_ptr<MainQueue> queue);
+
+  /// Whether the scanner shows the step of the playback.
+  bool isUpToDate() const;
 
 private:
   void scanIfBehind();
