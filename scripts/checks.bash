@@ -179,7 +179,8 @@ check_desktops() { scripts/test-desktops build/bench; }
 check_technicians() {
   cmake --build --preset bench --target tamberline-inspect write_fleet_metrics &&
     tests/technicians/run_recipes.py build/bench &&
-    tests/metrics/check_metrics.py build/bench
+    tests/metrics/check_metrics.py build/bench &&
+    tests/metrics/check_units.py build/bench
 }
 
 check_manuals() { tests/manual/check_manuals.py build/bench; }
