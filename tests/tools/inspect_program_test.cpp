@@ -151,12 +151,19 @@ TEST(InspectProgram, RejectsInvalidArguments) {
   const TemporaryFolder folder;
   folder.save("file", "");
   const std::string file = (folder.path() / "file").string();
+  const std::string recording = (folder.path() / "recording").string();
+  const std::string step = recording + "/step-000001-20261122T133500.000Z";
+  std::filesystem::create_directories(step);
+  const std::string isRecording =
+      "'" + recording + "' is a recording: name one of its steps, such as '" + step + "'";
   const struct {
     std::vector<std::string> arguments;
     std::string message;
   } table[] = {
       {{"--reports", "/nowhere/at/all"}, "there is no folder '/nowhere/at/all'"},
       {{"--reports", file}, "'" + file + "' is not a folder"},
+      {{"--reports", recording}, isRecording},
+      {{"compare", recording}, isRecording},
       {{"--reports"}, "option '--reports' needs an argument"},
       {{"--reports", "--json"}, "there is no folder '--json'"},
       {{"--reports=", "--json"}, "there is no folder ''"},

@@ -11,6 +11,15 @@ namespace {
 
 using Text = std::string;
 
+/// Its steps are folders of saved reports; which one is meant is not known.
+void refuseRecording(const std::string& name) {
+  const std::vector<RecordedStep> steps = stepsIn(name);
+  if (!steps.empty()) {
+    throw WrongArgument("'" + name + "' is a recording: name one of its steps, such as '" +
+                        steps.front().folder.string() + "'");
+  }
+}
+
 std::filesystem::path existingFolder(const std::string& name) {
   std::error_code error;
   if (!std::filesystem::exists(name, error)) {
@@ -19,6 +28,7 @@ std::filesystem::path existingFolder(const std::string& name) {
   if (!std::filesystem::is_directory(name, error)) {
     throw WrongArgument("'" + name + "' is not a folder");
   }
+  refuseRecording(name);
   return name;
 }
 
@@ -27,6 +37,7 @@ std::filesystem::path existingState(const std::string& name) {
   if (!std::filesystem::exists(name, error)) {
     throw WrongArgument("there is no folder or document '" + name + "'");
   }
+  refuseRecording(name);
   return name;
 }
 
