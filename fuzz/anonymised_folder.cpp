@@ -176,6 +176,7 @@ void tryInput(std::string_view input) {
     replacements.requireNothingLeft();
     require(anonymiser.anonymised(answers) == anonymised,
             "the same answers get the same stand-ins");
+    require(!anonymiser.doesChangeEarlierAnswers(), "the same answers teach nothing");
   }
 }
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Runs the recipes of docs/technicians.md as they are, on the sample machine "desk", and checks what they
-leave. Also checks the file of expectations on that page against its schema.
+leave. Also checks the files of expectations on that page and in the man page against their schema.
 
 usage: tests/technicians/run_recipes.py BUILD_FOLDER
 """
@@ -21,6 +21,7 @@ import jsonschema
 PROJECT = Path(__file__).resolve().parents[2]
 PAGE = PROJECT / "docs/technicians.md"
 SCHEMA = PROJECT / "packaging/schemas/expectations.schema.json"
+MAN_PAGE = PROJECT / "packaging/linux/man/tamberline-inspect.1"
 SERIAL_NUMBER = "QP2T-40B81C"  # of a device of the sample
 
 
@@ -106,19 +107,29 @@ def check_recipes(build):
         print(f"recipe: {title}")
 
 
+def examples():
+    """The files of expectations in the documents."""
+    blocks = blocks_in(PAGE.read_text()) + re.findall(r"^\.RS\n(\{.*?^\}\n)", MAN_PAGE.read_text(),
+                                                      re.MULTILINE | re.DOTALL)
+    found = [block for block in blocks if '"expectations": 1' in block]
+    if len(found) != 2:
+        fail(f"{len(found)} examples")
+    return found
+
+
 def check_schema(build):
-    """The page's example and a written file follow the schema; files that the program refuses do not."""
+    """The examples and a written file follow the schema; files that the program refuses do not."""
     schema = json.loads(SCHEMA.read_text())
     jsonschema.Draft7Validator.check_schema(schema)
     validator = jsonschema.Draft7Validator(schema)
-    example = next(block for block in blocks_in(PAGE.read_text()) if '"expectations": 1' in block)
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)
         environment = put_on_the_path(build, folder)
-        (folder / "example.json").write_text(example)
-        outcome = run("tamberline-inspect expect example.json", folder, environment)
-        expect(outcome.returncode == 0, "the example of the page", outcome)
-        validator.validate(json.loads(re.sub("//.*", "", example)))
+        for example in examples():
+            (folder / "example.json").write_text(example)
+            outcome = run("tamberline-inspect expect example.json", folder, environment)
+            expect(outcome.returncode == 0, example, outcome)
+            validator.validate(json.loads(re.sub("//.*", "", example)))
         run("tamberline-inspect expect --write written.json", folder, environment)
         validator.validate(json.loads((folder / "written.json").read_text()))
         for wrong in ({}, {"devices": 1}, {"devices": [{}]}, {"devices": [{"port": 1}]},

@@ -47,11 +47,14 @@ Saves the machine's reports in the new folder DIR. Every program of Tamberline o
 in the place of a machine: tamberline-inspect --reports DIR, tamberline-replay DIR.
 
   --anonymise      replace serial numbers, identifiers, names of volumes, mount points
-                   and host names by stand-ins: the same one for the same text
+                   and host names by stand-ins: the same one for the same text. Saves
+                   nothing if a report (SP*.json) cannot be parsed, and leaves out a dump
+                   (*.plist) that cannot
   --reports DIR    save the machine whose reports are in that folder
 
 The folder is written whole or not at all, and never over something else. Names of
-devices and makers stay, even with --anonymise.
+devices and makers stay, even with --anonymise. Without it, what cannot be parsed is
+saved as it is. Standard error names everything that cannot be parsed.
 
 Exit status: 0 when it was saved, 1 when not, 2 for wrong arguments.
 )";
@@ -89,7 +92,7 @@ number, or serial number; on its port, at least as fast, and with its volumes.
   --reports DIR    the machine whose reports are in that folder
   --language CODE  the language of the text; without it, the system's
 
-docs/technicians.md describes the file. Two equal entries need two devices.
+"man tamberline-inspect" describes the file. Two equal entries need two devices.
 
 Exit status: 0 when everything is as expected, 1 when not, 2 when that could not be
 checked, for wrong arguments and a wrong file too.
@@ -103,7 +106,8 @@ folder DIR, until interrupted. tamberline-replay DIR plays it. Prints the name o
 step's folder, which every program of Tamberline opens in the place of a machine.
 
   --anonymise      replace serial numbers, identifiers, names of volumes, mount points
-                   and host names by stand-ins, as tamberline-inspect save does
+                   and host names by stand-ins, as tamberline-inspect save does; in
+                   earlier steps too, if only a later one shows what identifies
   --max-size MB    end the recording before it takes more than MB megabytes; without it,
                    before it takes more than 1000
   --reports DIR    record the machine whose reports are in that folder
@@ -126,8 +130,8 @@ Labels name ports and models of devices, never serial numbers.
                    of Prometheus's node exporter
   --reports DIR    the machine whose reports are in that folder
 
-Nothing listens on a network. docs/technicians.md says how to collect the figures of
-many machines.
+Nothing listens on a network. "man tamberline-inspect" names the timer that writes FILE
+every minute.
 
 Exit status: 0 when they were written, 1 when not, 2 for wrong arguments.
 )";
