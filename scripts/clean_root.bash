@@ -27,6 +27,6 @@ mount_in_root() {
 
 remove_root() {
   local root=$1
-  umount --recursive "$root" 2>/dev/null || true
+  umount --recursive --lazy "$root" 2>/dev/null || true # after an interruption, processes may still be in it
   rm -rf --one-file-system "$root"
 }
