@@ -2,6 +2,7 @@
 #include "platform/saved/saved_reports.h"
 #include "support/temporary_folder.h"
 
+#include <QByteArray>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -46,6 +47,30 @@ TEST_F(RecordingTest, KeepsEachStepWithItsTime) {
   EXPECT_EQ(steps[1].time, start + milliseconds(1500));
 }
 
+/// The local time zone of this process, until it is destroyed.
+class LocalTimeZone {
+public:
+  explicit LocalTimeZone(const char* rule)
+      : before_(qgetenv("TZ")), wasSet_(qEnvironmentVariableIsSet("TZ")) {
+    qputenv("TZ", rule);
+  }
+  ~LocalTimeZone() { wasSet_ ? qputenv("TZ", before_) : qunsetenv("TZ"); }
+  LocalTimeZone(const LocalTimeZone&) = delete;
+  LocalTimeZone& operator=(const LocalTimeZone&) = delete;
+
+private:
+  QByteArray before_;
+  bool wasSet_;
+};
+
+TEST_F(RecordingTest, ReadsTimesThatLocalClocksSkip) {
+  const LocalTimeZone centralEurope("CET-1CEST,M3.5.0,M10.5.0/3");
+  const auto time = timeOfStep("step-000001-20260329T023000.123Z");
+  ASSERT_TRUE(time);
+  EXPECT_EQ(*time, Time(milliseconds(1'774'751'400'123)));
+  EXPECT_EQ(nameOfStep(1, *time), "step-000001-20260329T023000.123Z");
+}
+
 TEST_F(RecordingTest, ReadsTheTimesThatItWrites) {
   for (const char* name : {"step-000007-20240229T235959.999Z", "step-000007-19700101T000000.000Z",
                            "step-000007-22611231T235959.999Z"}) {
@@ -55,7 +80,9 @@ TEST_F(RecordingTest, ReadsTheTimesThatItWrites) {
   }
   for (const char* name :
        {"step-000007-99991231T235959.999Z", "step-000007-22620101T000000.000Z",
-        "step-000007-19691231T235959.999Z", "step-000007--0011231T235959.999Z"}) {
+        "step-000007-19691231T235959.999Z", "step-000007--0011231T235959.999Z",
+        "step-000007-20260229T000000.000Z", "step-000007-20260228T240000.000Z",
+        "step-000007-20260228000000.000Z", "step-000007-20260228T000000.000", "step-000007-2026"}) {
     EXPECT_FALSE(timeOfStep(name)) << name;
   }
 }

@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <array>
@@ -22,7 +23,9 @@ using Time = std::chrono::system_clock::time_point;
 
 /// "step-000012-20261122T133500.123Z": the order of the names is that of the steps.
 constexpr std::string_view nameBeginning = "step-";
-constexpr auto timeFormat = "yyyyMMdd'T'HHmmss.zzz'Z'";
+constexpr QLatin1String dateFormat("yyyyMMdd");
+constexpr QLatin1String timeOfDayFormat("'T'HHmmss.zzz'Z'");
+constexpr qsizetype dateLength = 8;
 
 /// The names of more steps would not be in order.
 constexpr std::size_t maxSteps = 999'999;
@@ -62,11 +65,12 @@ WriteFailure changeFile(const fs::path& file, const std::string& content, const 
 std::string nameOfStep(std::size_t number, Time time) {
   const auto sinceEpoch =
       std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
-  const QDateTime moment = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), Qt::UTC);
+  const QDateTime moment = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), QTimeZone::utc());
   std::array<char, 16> digits{};
   std::snprintf(digits.data(), digits.size(), "%06zu", number);
   return std::string(nameBeginning) + digits.data() + "-" +
-         moment.toString(QLatin1String(timeFormat)).toStdString();
+         (moment.date().toString(dateFormat) + moment.time().toString(timeOfDayFormat))
+             .toStdString();
 }
 
 std::optional<Time> timeOfStep(const std::string& name) {
@@ -74,15 +78,17 @@ std::optional<Time> timeOfStep(const std::string& name) {
   if (parts.size() != 3 || !name.starts_with(nameBeginning) || !parseDecimal(parts[1])) {
     return std::nullopt;
   }
-  QDateTime moment = QDateTime::fromString(
-      QString::fromUtf8(parts[2].data(), static_cast<qsizetype>(parts[2].size())),
-      QLatin1String(timeFormat));
-  moment.setTimeSpec(Qt::UTC);
+  // Read apart: together they would be read as local time, in which an hour is missing in spring.
+  const QString text = QString::fromUtf8(parts[2].data(), static_cast<qsizetype>(parts[2].size()));
+  const QDate date = QDate::fromString(text.left(dateLength), dateFormat);
+  const QTime timeOfDay = QTime::fromString(text.mid(dateLength), timeOfDayFormat);
   // Nanoseconds since the epoch fit the clock only up to the year 2262.
-  const bool fitsClock = moment.date().year() >= 1970 && moment.date().year() <= 2261;
-  return moment.isValid() && fitsClock
-             ? std::optional(Time(std::chrono::milliseconds(moment.toMSecsSinceEpoch())))
-             : std::nullopt;
+  const bool fitsClock = date.year() >= 1970 && date.year() <= 2261;
+  if (!date.isValid() || !timeOfDay.isValid() || !fitsClock) {
+    return std::nullopt;
+  }
+  const QDateTime moment(date, timeOfDay, QTimeZone::utc());
+  return Time(std::chrono::milliseconds(moment.toMSecsSinceEpoch()));
 }
 
 std::vector<RecordedStep> stepsIn(const fs::path& recording) {
