@@ -5,7 +5,8 @@
 - each relative link leads to a file, and to a heading of it;
 - each path and each file name of the project that is named exists;
 - each option of the project's programs and scripts that is named exists, and man pages name all of them;
-- a section that says how long something took or how much memory it cost has a date and a commit.
+- a section that says how long something took or how much memory it cost has a date and a commit;
+- the pictures of the metainfo have the sizes that it states.
 
 usage: tests/documents/check_documents.py BUILD_FOLDER
 """
@@ -13,6 +14,7 @@ usage: tests/documents/check_documents.py BUILD_FOLDER
 import fnmatch
 import os
 import re
+import struct
 import subprocess
 import sys
 import tempfile
@@ -23,6 +25,7 @@ COMMANDS = Path(__file__).with_name("commands.txt")
 PROGRAMS = ("tamberline-inspect", "tamberline-replay")
 SUBCOMMANDS = ("save", "compare", "expect", "record", "metrics")
 MAN_PAGES = PROJECT / "packaging/linux/man"
+METAINFO = PROJECT / "packaging/linux/org.tamberline.Tamberline.metainfo.xml"
 SECONDS_FOR_A_COMMAND = 120
 
 # Options that are named without their program: those of others, and one that is refused.
@@ -245,6 +248,19 @@ def check_man_pages(known):
         expect(own == known[name], f"{name}.1 and --help differ in {own ^ known[name]}")
 
 
+def size_of_png(path):
+    """The width and height in its header."""
+    return struct.unpack(">II", path.read_bytes()[16:24])
+
+
+def check_pictures_of_metainfo():
+    pictures = re.findall(r'<image width="(\d+)" height="(\d+)">\S+/(\S+\.png)</image>', METAINFO.read_text(encoding="utf-8"))
+    expect(pictures, "the metainfo has no pictures")
+    for width, height, name in pictures:
+        size = size_of_png(PROJECT / "docs/images" / name)
+        expect(size == (int(width), int(height)), f"{METAINFO.name}: {name} is {size[0]} x {size[1]}, not {width} x {height}")
+
+
 def main():
     if len(sys.argv) != 2:
         sys.exit(__doc__)
@@ -258,6 +274,7 @@ def main():
     check_options(documents, known)
     check_figures(documents)
     check_man_pages(known)
+    check_pictures_of_metainfo()
     for failure in failures:
         print(failure, file=sys.stderr)
     print(f"{len(documents)} documents, {run} commands run here, {len(failures)} failures")
