@@ -70,7 +70,7 @@ WriteFailure RecordedScans::changeEarlierSteps() {
              : std::nullopt;
 }
 
-void RecordedScans::skip(const std::string& reason) {
+void RecordedScans::skip(const std::string& reason) const {
   events_.changeSkipped(reason + ", so this change is left out");
 }
 

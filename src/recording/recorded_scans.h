@@ -48,7 +48,7 @@ private:
   void recordIfChanged();
   void addStep();
   WriteFailure changeEarlierSteps();
-  void skip(const std::string& reason);
+  void skip(const std::string& reason) const;
   void end(const std::string& reason);
 
   Parts parts_;

@@ -106,7 +106,8 @@ TEST(ExpectationFile, IsQuotedWithoutControlCharacters) {
 }
 
 TEST(ExpectationFile, HasLimits) {
-  EXPECT_EQ(mistakeIn(std::string(maxExpectationFileBytes + 1, ' ')), "1: the file is larger than 1 MB");
+  EXPECT_EQ(mistakeIn(std::string(maxExpectationFileBytes + 1, ' ')),
+            "1: the file is larger than 1 MB");
   std::string devices = R"({"name": "A"})";
   for (std::size_t count = 0; count < maxExpectations; ++count) {
     devices += R"(, {"name": "A"})";

@@ -123,7 +123,7 @@ A: product=Disk 1\n
     std::ofstream(torn / "SPUSBDataType.json") << R"({"SPUSBDataType": [{"_na)";
   }
 
-  std::string documentOf(const fs::path& reports) const {
+  static std::string documentOf(const fs::path& reports) {
     return outputOf(INSPECT_PROGRAM, {"--json", "--language", "en", "--reports", reports.string()});
   }
 
