@@ -299,6 +299,9 @@ std::variant<std::vector<Expectation>, FileMistake> readExpectations(std::string
   if (content.size() > maxExpectationFileBytes) {
     return FileMistake{1, "the file is larger than 1 MB"};
   }
+  if (trimmed(content).empty()) { // the JSON library's releases describe it in different words
+    return FileMistake{1, "the file is empty"};
+  }
   std::size_t line = 1;
   std::size_t lineOfEnd = 1;
   FileReader reader(line);

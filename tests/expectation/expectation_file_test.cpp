@@ -53,8 +53,8 @@ TEST(ExpectationFile, GivesTheLineAndTheReasonOfAMistake) {
     std::string content;
     std::string mistake;
   } rows[] = {
-      {"", "1: syntax error while parsing value - unexpected end of input; expected '[', '{', or "
-           "a literal"},
+      {"", "1: the file is empty"},
+      {" \n\t", "1: the file is empty"},
       {"[]", "1: the file is not one object"},
       {"1", "1: the file is not one object"},
       {"{}", "1: the list 'devices' is missing"},
