@@ -110,6 +110,8 @@ double LineLayout::naturalWidth(const Parts& parts) const {
   return isEmpty ? 0 : indent_ + std::max(0.0, widthOf(parts.text)) + pinnedWidth_;
 }
 
+/// Trailing children can stand beside others that wrapped. Not beside figures with separators,
+/// where they would read as part of the last figure.
 std::vector<LineLayout::Line> LineLayout::breakIntoLines(const Line& text) const {
   if (text.empty()) {
     return {};
@@ -122,8 +124,11 @@ std::vector<LineLayout::Line> LineLayout::breakIntoLines(const Line& text) const
   std::vector<Line> lines;
   append({text.begin(), trailing}, lines);
   const Line group(trailing, text.end());
+  const bool hasSeparators =
+      std::any_of(text.begin(), text.end(), [](const Part& part) { return part.isSeparator; });
   const bool isBesideWrapped =
-      lines.size() > 1 && neededWidth(lines.back()) + spacing() + neededWidth(group) <= textWidth();
+      lines.size() > 1 && !hasSeparators &&
+      neededWidth(lines.back()) + spacing() + neededWidth(group) <= textWidth();
   if (!group.empty() && !isBesideWrapped) {
     lines.emplace_back();
   }

@@ -266,6 +266,12 @@ TEST_F(LineLayoutTest, ShowsSeparatorsOnlyBetweenTexts) {
   EXPECT_FALSE(shown()) << "at the end of the only line";
 }
 
+TEST_F(LineLayoutTest, PlacesTrailingFiguresBelowThoseWithSeparators) {
+  fill(60, {{30}, {.width = 4, .isSeparator = true}, {40}, {.width = 12, .isTrailing = true}});
+  EXPECT_EQ(children[2]->position(), QPointF(0, 12));
+  EXPECT_EQ(children[3]->position(), QPointF(0, 24));
+}
+
 TEST_F(LineLayoutTest, WantsToBeAsWideAsOneLine) {
   fill(50, {{30}, {40, 10, true}});
   EXPECT_EQ(layout.implicitWidth(), 75);
