@@ -27,10 +27,10 @@ class Look:
 
     def __init__(self, screen, desktop, path):
         self.screen, self.desktop, self.path = screen, desktop, path
-        screen.move(WIDTH // 2, HEIGHT - 150)
-        time.sleep(2) # bars appear at intervals
         wait_for("the desktop's bar", lambda: desktop.has_bar(screen.picture()))
-        self.empty = screen.still_picture()
+        screen.find_pointer()
+        # Bars appear at intervals, and a slow machine shows the same picture twice while a desktop fades in.
+        self.empty = screen.still_picture(repetitions=8)
         self.process = None
 
     def start(self, **environment):

@@ -126,13 +126,22 @@ class Screen:
             self._run(["xdotool", "key", name])
             time.sleep(0.1)
 
-    def still_picture(self):
-        """A picture that is the same as the previous one."""
+    def find_pointer(self):
+        """A desktop may add up the movements of the pointer from a place of its own until the pointer has met the
+        edges of the screen."""
+        for x, y in ((WIDTH - 1, HEIGHT - 1), (0, 0), (WIDTH // 2, HEIGHT - 150)):
+            self.move(x, y)
+            time.sleep(0.2)
+
+    def still_picture(self, repetitions=1):
+        """A picture that is the same as so many before it."""
         last = [self.picture()]
+        count = [0]
 
         def stands_still():
             before, last[0] = last[0], self.picture()
-            return before.pixels == last[0].pixels
+            count[0] = count[0] + 1 if before.pixels == last[0].pixels else 0
+            return count[0] >= repetitions
 
         wait_for("a screen that stands still", stands_still)
         return last[0]
