@@ -25,22 +25,6 @@ using nlohmann::json;
 const std::string onMonitor = "/devices/pci0000:00/0000:00:0d.0/usb1/1-2/1-2.4";
 const std::string onBoard = "/devices/pci0000:00/0000:00:14.0/usb5/5-3";
 
-/// The kernel numbers devices, so one that is plugged in again has another number.
-std::string stickAt(const std::string& socket, const std::string& name = "Marble Stick",
-                    int deviceNumber = 40) {
-  return "P: " + socket + R"(
-E: DEVTYPE=usb_device
-E: SUBSYSTEM=usb
-A: idVendor=0781\n
-A: idProduct=5567\n
-A: bDeviceClass=00\n
-A: speed=480\n
-A: serial=MS-0417\n
-A: bMaxPower=200mA\n
-A: devnum=)" +
-         std::to_string(deviceNumber) + "\\n\nA: product=" + name + "\\n\n";
-}
-
 struct Outcome {
   std::string output;
   std::optional<int> status;
@@ -55,7 +39,7 @@ Outcome inspect(std::vector<std::string> arguments) {
 
 class MachineCommands : public testing::Test {
 protected:
-  MachineCommands() { machine.attach(stickAt(onMonitor)); }
+  MachineCommands() { machine.attach(usbStickAt(onMonitor)); }
 
   std::string file(const std::string& name) const { return (folder.path() / name).string(); }
 
@@ -111,7 +95,7 @@ TEST_F(MachineCommands, CompareAndExpectADeviceThatWentMovedOrBecameSlower) {
   EXPECT_NE(inspect({"expect", file("desk.json")}).output.find("Missing  Marble Stick"),
             std::string::npos);
 
-  machine.attach(stickAt(onBoard));
+  machine.attach(usbStickAt(onBoard));
   const Outcome moved = inspect({"compare", file("before")});
   EXPECT_EQ(moved.status, 1);
   EXPECT_NE(
@@ -158,7 +142,7 @@ TEST_F(MachineCommands, RecordUntilTheyAreKilled) {
   };
   ASSERT_TRUE(waitForStep());
   machine.detach(onMonitor);
-  machine.attach(stickAt(onMonitor, "Stick 1", 41));
+  machine.attach(usbStickAt(onMonitor, "Stick 1", 41));
   ASSERT_TRUE(waitForStep());
   recording.kill();
   recording.waitForFinished();
@@ -197,7 +181,7 @@ TEST_F(MachineCommands, RecordAHundredChangesInTheirOrder) {
   for (int change = 1; change <= changeCount; ++change) {
     const std::string name = "Disk " + std::to_string(change);
     machine.detach(onMonitor);
-    machine.attach(stickAt(onMonitor, name, 40 + change));
+    machine.attach(usbStickAt(onMonitor, name, 40 + change));
     ASSERT_TRUE(hasStepWith('"' + name + '"')) << change;
   }
   std::string nextName = "\"Marble Stick\"";

@@ -61,19 +61,7 @@ private:
 /// A machine with a stick whose name the test changes, and a program that records it.
 class KilledRecording : public testing::Test {
 protected:
-  KilledRecording() {
-    machine.attach("P: " + stick + R"(
-E: DEVTYPE=usb_device
-E: SUBSYSTEM=usb
-A: idVendor=0781\n
-A: idProduct=5567\n
-A: bDeviceClass=00\n
-A: speed=480\n
-A: bMaxPower=200mA\n
-A: devnum=41\n
-A: product=Disk 1\n
-)");
-  }
+  KilledRecording() { machine.attach(usbStickAt(stick, "Disk 1", 41)); }
 
   /// The state of a step, from 1. Each has another name of the stick, which is read when the kernel
   /// has numbered it anew.

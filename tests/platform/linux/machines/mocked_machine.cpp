@@ -12,6 +12,20 @@ void MockedMachine::Release::operator()(UMockdevTestbed* testbed) const {
   g_object_unref(testbed);
 }
 
+std::string usbStickAt(const std::string& socket, const std::string& name, int deviceNumber) {
+  return "P: " + socket + R"(
+E: DEVTYPE=usb_device
+E: SUBSYSTEM=usb
+A: idVendor=0781\n
+A: idProduct=5567\n
+A: bDeviceClass=00\n
+A: speed=480\n
+A: serial=MS-0417\n
+A: bMaxPower=200mA\n
+A: devnum=)" +
+         std::to_string(deviceNumber) + "\\n\nA: product=" + name + "\\n\n";
+}
+
 MockedMachine::MockedMachine(const std::string& name) : testbed_(umockdev_testbed_new()) {
   if (name.empty()) {
     return;

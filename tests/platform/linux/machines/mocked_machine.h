@@ -8,6 +8,11 @@ using UMockdevTestbed = struct _UMockdevTestbed;
 
 namespace tamberline {
 
+/// A USB stick in a socket, described as in a recording. The kernel numbers devices, so one that is
+/// plugged in again has another number.
+std::string usbStickAt(const std::string& socket, const std::string& name = "Marble Stick",
+                       int deviceNumber = 40);
+
 /// Replaces the machine with one of the recordings in this folder, for this process and for
 /// programs that it starts, during its lifetime. Needs umockdev's preloaded library.
 class MockedMachine {

@@ -22,15 +22,7 @@ using nlohmann::json;
 const std::string controller = "/devices/pci0000:00/0000:00:14.0";
 const std::string stick = controller + "/usb1/1-6";
 
-const std::string stickRecording = "P: " + stick + R"(
-E: DEVTYPE=usb_device
-E: SUBSYSTEM=usb
-A: idVendor=0781\n
-A: idProduct=5567\n
-A: bDeviceClass=00\n
-A: speed=480\n
-A: product=Marble Stick\n
-
+const std::string stickRecording = usbStickAt(stick) + R"(
 P: )" + stick + R"(/1-6:1.0
 E: DEVTYPE=usb_interface
 E: SUBSYSTEM=usb
